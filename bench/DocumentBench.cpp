@@ -1,0 +1,127 @@
+#include "base/Windows1251.h"
+#include "document/rtf/RtfReader.h"
+#include "platform/qt/QtText.h"
+#include "platform/qt/QtTextSurface.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+
+#include <fstream>
+
+namespace quillshift {
+namespace {
+
+std::string Letter(std::int64_t bytes) {
+    const std::string line =
+        windows1251::Encode(u"Я помню чудное мгновенье: передо мной явилась ты, как гений\r\n");
+    std::string text;
+    text.reserve(static_cast<std::size_t>(bytes) + line.size());
+    while (text.size() < static_cast<std::size_t>(bytes))
+        text += line;
+    return text;
+}
+
+double ResidentMegabytes() {
+    std::ifstream statistics("/proc/self/statm");
+    long total = 0;
+    long resident = 0;
+    statistics >> total >> resident;
+    return static_cast<double>(resident) * 4096 / (1 << 20);
+}
+
+// From the file's bytes to the first paint; the argument is the size in bytes. "MB" is what the process grew
+// by.
+void OpenInTheSurface(benchmark::State& state) {
+    const std::string bytes = Letter(state.range(0));
+    while (state.KeepRunning()) {
+        const double before = ResidentMegabytes();
+        QtTextSurface surface;
+        surface.resize(760, 490);
+        surface.show();
+        surface.LoadPlain(windows1251::Decode(bytes));
+        surface.repaint();
+        QApplication::processEvents();
+        state.counters["MB"] = ResidentMegabytes() - before;
+    }
+}
+BENCHMARK(OpenInTheSurface)->Arg(1 << 20)->Arg(10 << 20)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+// The baseline: the bare widget with the same text.
+void OpenInTheBareWidget(benchmark::State& state) {
+    const std::string bytes = Letter(state.range(0));
+    while (state.KeepRunning()) {
+        const double before = ResidentMegabytes();
+        QTextEdit widget;
+        widget.resize(760, 490);
+        widget.show();
+        widget.setPlainText(ToQString(windows1251::Decode(bytes)));
+        widget.repaint();
+        QApplication::processEvents();
+        state.counters["MB"] = ResidentMegabytes() - before;
+    }
+}
+BENCHMARK(OpenInTheBareWidget)->Arg(1 << 20)->Arg(10 << 20)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+// Ten megabytes of RTF, from its bytes to the first paint; its baseline is the same text as a plain file.
+std::string RtfLetter() {
+    std::string rtf = "{\\rtf1\\ansi\\ansicpg1251{\\fonttbl{\\f0\\fcharset204 Arial;}}";
+    while (rtf.size() < 10 << 20)
+        rtf += "{\\b \\'dd\\'f2\\'ee} \\'ef\\'f0\\'ee\\'f1\\'f2\\'ee\\'e9 text in a line\\par\r\n";
+    return rtf + "}";
+}
+
+template <typename Load>
+void OpenLoaded(benchmark::State& state, Load load) {
+    while (state.KeepRunning()) {
+        QtTextSurface surface;
+        surface.resize(760, 490);
+        surface.show();
+        load(surface);
+        surface.repaint();
+        QApplication::processEvents();
+    }
+}
+
+void OpenTenMegabytesOfRtf(benchmark::State& state) {
+    const std::string rtf = RtfLetter();
+    OpenLoaded(state, [&](QtTextSurface& surface) { surface.LoadRich(ReadRtf(rtf)); });
+}
+BENCHMARK(OpenTenMegabytesOfRtf)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+void OpenItsTextAsPlain(benchmark::State& state) {
+    const std::string plain = windows1251::Encode(ReadRtf(RtfLetter()).text);
+    OpenLoaded(state, [&](QtTextSurface& surface) { surface.LoadPlain(windows1251::Decode(plain)); });
+}
+BENCHMARK(OpenItsTextAsPlain)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+// A typed character in the middle, and asking for the whole text behind it.
+void TypeInTheSurface(benchmark::State& state) {
+    QtTextSurface surface;
+    surface.resize(760, 490);
+    surface.show();
+    surface.LoadPlain(windows1251::Decode(Letter(state.range(0))));
+    surface.SetSelStart(surface.Text().size() / 2);
+    while (state.KeepRunning()) {
+        surface.SetSelText(u"я");
+        benchmark::DoNotOptimize(surface.Text().size());
+    }
+}
+BENCHMARK(TypeInTheSurface)->Arg(10 << 10)->Arg(1 << 20)->Arg(10 << 20)->Unit(benchmark::kMicrosecond);
+
+// The baseline: the same in the bare widget, without the text.
+void TypeInTheBareWidget(benchmark::State& state) {
+    QTextEdit widget;
+    widget.resize(760, 490);
+    widget.show();
+    widget.setPlainText(ToQString(windows1251::Decode(Letter(state.range(0)))));
+    QTextCursor cursor = widget.textCursor();
+    cursor.setPosition(widget.document()->characterCount() / 2);
+    widget.setTextCursor(cursor);
+    while (state.KeepRunning())
+        widget.insertPlainText(QStringLiteral("я"));
+}
+BENCHMARK(TypeInTheBareWidget)->Arg(10 << 10)->Arg(1 << 20)->Arg(10 << 20)->Unit(benchmark::kMicrosecond);
+
+} // namespace
+} // namespace quillshift

@@ -1,0 +1,36 @@
+#!/usr/bin/env bash
+# Installs the Debian packages that are missing for the named jobs: build, test, lint.
+# Run by ./run, ./test and .ci/run; does nothing, and needs no network, when all of them are there.
+set -euo pipefail
+
+build="build-essential cmake ninja-build ccache qt6-base-dev qt6-translations-l10n libsdl2-dev libsqlite3-dev
+       libgtest-dev libgmock-dev libbenchmark-dev fonts-liberation fonts-dejavu-core
+       libx11-dev libxtst-dev xvfb openbox imagemagick"
+test="xclip sqlite3"
+lint="clang clang-format clang-tidy libclang-rt-14-dev"
+
+wanted=
+for job in "$@"; do
+    case "$job" in
+        build) wanted+=" $build" ;;
+        test) wanted+=" $test" ;;
+        lint) wanted+=" $lint" ;;
+        *) echo "setup: unknown job $job" >&2; exit 2 ;;
+    esac
+done
+
+missing=()
+for package in $wanted; do
+    dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed || missing+=("$package")
+done
+[ ${#missing[@]} -eq 0 ] && exit 0
+
+echo "Installing: ${missing[*]}"
+as_root=
+if [ "$(id -u)" -ne 0 ]; then
+    command -v sudo >/dev/null || { echo "Please run this once as root: sudo is missing." >&2; exit 1; }
+    as_root=sudo
+fi
+export DEBIAN_FRONTEND=noninteractive
+$as_root apt-get update -q
+$as_root env DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends "${missing[@]}"

@@ -1,0 +1,39 @@
+#include "controls/Dialog.h"
+
+#include <QWindow>
+
+namespace quillshift {
+
+Dialog::Dialog(SettingsStore& settings, SoundEvents& sounds, QWidget* parent)
+    : QDialog(parent), sounds_(sounds) {
+    SetWindowTopMost(*this, settings.PreferenceIs("TopMost", u"1"));
+    sounds_.Play(sound_event::kFormLoad);
+}
+
+Dialog::~Dialog() {
+    sounds_.Play(sound_event::kFormUnload);
+}
+
+DialogButton::DialogButton(const QString& text, SoundEvents& sounds, QWidget* parent)
+    : QPushButton(text, parent), sounds_(sounds) {
+    setMouseTracking(true);
+}
+
+void DialogButton::mousePressEvent(QMouseEvent* event) {
+    sounds_.Play(sound_event::kButtonMouseClick);
+    QPushButton::mousePressEvent(event);
+}
+
+void DialogButton::mouseMoveEvent(QMouseEvent* event) {
+    sounds_.Play(sound_event::kButtonMouseMove);
+    QPushButton::mouseMoveEvent(event);
+}
+
+void SetWindowTopMost(QWidget& window, bool topMost) {
+    const Qt::WindowFlags flags = window.windowFlags().setFlag(Qt::WindowStaysOnTopHint, topMost);
+    window.overrideWindowFlags(flags);
+    if (QWindow* handle = window.windowHandle())
+        handle->setFlag(Qt::WindowStaysOnTopHint, topMost);
+}
+
+} // namespace quillshift

@@ -1,0 +1,283 @@
+#include "document/modDocument.h"
+
+#include "base/Error.h"
+#include "base/Texts.h"
+#include "base/Windows1251.h"
+#include "document/rtf/RtfReader.h"
+#include "settings/SoundEvents.h"
+
+namespace quillshift {
+namespace {
+
+constexpr std::u16string_view kFilter = u"Текстовые файлы (*.txt)|*.txt|Все файлы (*.*)|*.*|";
+constexpr std::u16string_view kExtension = u"*.txt|*.*";
+
+} // namespace
+
+bool LoadContents(TextSurface& surface, std::string_view bytes) {
+    if (IsRtf(bytes)) {
+        surface.LoadRich(ReadRtf(bytes));
+        return false;
+    }
+    surface.LoadPlain(windows1251::Decode(bytes));
+    return true;
+}
+
+// --- The commands
+
+BoxAnswer modDocument::AskToSave(BoxButtons buttons) {
+    if (!services_.state.DocumentModified || !services_.settings.PreferenceIs("SaveChange", u"1"))
+        return BoxAnswer::No;
+    return services_.platform.messageBox.Show(
+        BoxIcon::Question, buttons, kProgramTitle,
+        u"Документ был изменен. Вы хотите сохранить сделанные изменения?");
+}
+
+// Yes saves and ends the command there: the user gives it again once the text is safe.
+bool modDocument::MayDropText() {
+    const BoxAnswer answer = AskToSave(BoxButtons::YesNo);
+    if (answer == BoxAnswer::Yes)
+        ToolbarSave();
+    return answer == BoxAnswer::No;
+}
+
+void modDocument::New() {
+    if (MayDropText())
+        services_.document.SetText(u"");
+}
+
+void modDocument::Open() {
+    SoundEvents(services_.settings, services_.platform.sound).Play(sound_event::kFormLoad);
+    if (MayDropText())
+        OpenDocument();
+}
+
+void modDocument::MenuSave() {
+    if (SaveDocument())
+        services_.state.DocumentModified = false;
+}
+
+void modDocument::ToolbarSave() {
+    if (services_.state.SaveAvailable ? SaveDocument() : SaveDocumentAs())
+        services_.state.DocumentModified = false;
+}
+
+void modDocument::SaveAs() {
+    SoundEvents(services_.settings, services_.platform.sound).Play(sound_event::kFormLoad);
+    if (!SaveDocumentAs())
+        return;
+    services_.state.DocumentModified = false;
+    services_.state.SaveAvailable = true;
+}
+
+void modDocument::ImportRtf() {
+    SoundEvents(services_.settings, services_.platform.sound).Play(sound_event::kFormLoad);
+    if (ImportRtfFile(u"RTF файлы (*.rtf)|*.rtf", u"*.rtf", u"Импорт текста из *.rtf файла"))
+        InsertImported();
+}
+
+// --- Opening
+
+void modDocument::Report(const std::function<void()>& routine) {
+    try {
+        routine();
+    } catch (const Error& error) {
+        services_.platform.messageBox.Show(BoxIcon::Critical, BoxButtons::Ok, kProgramTitle,
+                                           FailureText(error.Number(), error.Description()));
+    }
+}
+
+void modDocument::SetUpDialog(std::u16string_view title) {
+    FileDialog& dialog = services_.platform.fileDialog;
+    dialog.Filter = kFilter;
+    dialog.DefaultExt = kExtension;
+    dialog.DialogTitle = title;
+    dialog.InitDir = services_.settings.Preference("FolderDocuments");
+}
+
+void modDocument::OpenDocument() {
+    Report([this] {
+        SetUpDialog(u"Открытие документа");
+        if (!services_.platform.fileDialog.ShowOpen())
+            return;
+        const bool plain = LoadBoth();
+        services_.state.ReopenAvailable = true;
+        PointSaveAtOpenedFile(plain);
+        ApplyCaptionRule();
+        if (services_.settings.PreferenceIs("StartAtOpen", u"1"))
+            services_.startDecode();
+    });
+}
+
+void modDocument::ReopenDocument() {
+    if (services_.platform.fileDialog.FileName.empty())
+        return;
+    Report([this] {
+        PointSaveAtOpenedFile(LoadBoth());
+        ApplyCaptionRule();
+    });
+}
+
+// The file is read whole before a surface is touched, so that a failure changes nothing.
+bool modDocument::LoadBoth() {
+    const std::string bytes = ReadOrThrow(services_.platform.fileDialog.FileName);
+    const bool plain = LoadContents(services_.document, bytes);
+    LoadContents(services_.backup, bytes);
+    return plain;
+}
+
+// Plain Save must never put this text into the file that was saved before it; and formatting is never
+// replaced by a plain save.
+void modDocument::PointSaveAtOpenedFile(bool plain) {
+    if (!services_.state.SaveAvailable)
+        return;
+    if (!plain) {
+        services_.state.SaveAvailable = false;
+        return;
+    }
+    services_.state.saveTarget = services_.platform.fileDialog.FileName;
+    services_.settings.SetPreference("SaveFileName", services_.state.saveTarget);
+}
+
+void modDocument::ApplyCaptionRule() {
+    const FileDialog& dialog = services_.platform.fileDialog;
+    const std::u16string shown = services_.settings.Preference("ShowInCaption");
+    if (shown != u"1" && shown != u"2")
+        return;
+    std::u16string title(kProgramTitle);
+    title += u" - [" + (shown == u"1" ? dialog.FileTitle : dialog.FileName) + u"]";
+    services_.mainWindow.SetTitle(title);
+}
+
+// --- Import
+
+bool modDocument::ImportRtfFile(std::u16string_view filter, std::u16string_view extension,
+                                std::u16string_view title) {
+    bool imported = false;
+    Report([&] {
+        FileDialog& dialog = services_.platform.fileDialog;
+        SetUpDialog(title);
+        dialog.Filter = filter;
+        dialog.DefaultExt = extension;
+        dialog.FileName.clear();
+        if (!dialog.ShowOpen())
+            return;
+        LoadContents(services_.import, ReadOrThrow(dialog.FileName));
+        services_.state.ReopenAvailable = true;
+        imported = true;
+        // On the present document: the imported text arrives only after it.
+        if (services_.settings.PreferenceIs("StartAtImport", u"1"))
+            services_.startDecode();
+    });
+    return imported;
+}
+
+void modDocument::InsertImported() {
+    TextSurface& import = services_.import;
+    import.SetFocus();
+    import.SetSelStart(0);
+    import.SetSelLength(import.Text().size());
+    services_.platform.clipboard.SetText(import.SelText());
+
+    TextSurface& document = services_.document;
+    const std::size_t place = document.SelStart();
+    const std::u16string inserted = services_.platform.clipboard.Text();
+    std::u16string text(document.Text());
+    text.insert(place, inserted);
+    document.SetText(text);
+
+    document.SetSelStart(place + inserted.size());
+    document.SetFocus();
+    document.SetSelStart(0);
+    document.SetSelLength(document.Text().size());
+    services_.state.DocumentModified = true;
+    document.SetSelLength(0);
+    import.SetSelStart(0);
+}
+
+// --- Saving
+
+std::string modDocument::ReadOrThrow(const FileName& path) {
+    FileContents contents = services_.platform.files.Read(path);
+    if (contents.failure)
+        throw Error(contents.failure->number, u"modDocument", contents.failure->description);
+    return std::move(contents.bytes);
+}
+
+void modDocument::WriteOrThrow(const FileName& path, std::u16string_view text) {
+    std::string bytes = windows1251::Encode(text);
+    bytes += "\r\n";
+    if (const auto failure = services_.platform.files.Write(path, bytes))
+        throw Error(failure->number, u"modDocument", failure->description);
+}
+
+bool modDocument::AskAboutLostCharacters() {
+    const auto lost = windows1251::FindUnencodable(services_.document.Text());
+    if (lost.count == 0)
+        return true;
+    const std::u16string text = u"Документ содержит символы, которых нет в кодировке Windows 1251 (всего: " +
+                                WholeNumberText(static_cast<int>(lost.count)) + u", например «" +
+                                lost.example +
+                                u"»). В файле вместо каждого из них будет знак «?».\r\nСохранить документ?";
+    return services_.platform.messageBox.Show(BoxIcon::Question, BoxButtons::YesNo, kProgramTitle, text) ==
+           BoxAnswer::Yes;
+}
+
+// The document first, then the backup, then what both of them show for.
+bool modDocument::WriteDocument() {
+    if (!AskAboutLostCharacters())
+        return false;
+    WriteOrThrow(services_.platform.fileDialog.FileName, services_.document.Text());
+    MakeBackup();
+    ApplyCaptionRule();
+    return true;
+}
+
+bool modDocument::SaveDocumentAs() {
+    bool written = false;
+    Report([&] {
+        SetUpDialog(u"Сохранение документа");
+        FileDialog& dialog = services_.platform.fileDialog;
+        if (!dialog.ShowSave() || !WriteDocument())
+            return;
+        services_.state.saveTarget = dialog.FileName;
+        services_.settings.SetPreference("SaveFileName", dialog.FileName);
+        written = true;
+    });
+    return written;
+}
+
+bool modDocument::SaveDocument() {
+    bool written = false;
+    Report([&] {
+        const FileName stored = services_.settings.Preference("SaveFileName");
+        const FileName& chosen = services_.state.saveTarget;
+        if (stored.empty())
+            return;
+        if (!chosen.empty() && stored != chosen)
+            throw Error(75, u"modDocument",
+                        u"Имя файла документа в настройках изменилось: «" + stored + u"» вместо «" + chosen +
+                            u"». Сохраните документ командой «Сохранить как».");
+        services_.platform.fileDialog.FileName = stored;
+        written = WriteDocument();
+    });
+    return written;
+}
+
+void modDocument::MakeBackup() {
+    SettingsStore& settings = services_.settings;
+    const FileDialog& dialog = services_.platform.fileDialog;
+    if (!settings.PreferenceIs("CreateBackup", u"1"))
+        return;
+    FileName target;
+    if (settings.PreferenceIs("CreateBackupIn", u"1"))
+        target = dialog.FileName;
+    else if (settings.PreferenceIs("CreateBackupIn", u"2"))
+        target = settings.Preference("BackupFolder") + dialog.FileTitle;
+    else
+        return;
+    WriteOrThrow(target + u".bak", services_.backup.Text());
+    LoadContents(services_.backup, ReadOrThrow(dialog.FileName));
+}
+
+} // namespace quillshift

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "document/DocumentState.h"
+#include "platform/Platform.h"
+#include "platform/TextSurface.h"
+#include "platform/Window.h"
+#include "settings/SettingsStore.h"
+
+#include <functional>
+#include <string_view>
+
+namespace quillshift {
+
+/// The document's way from disk into the surface and out again. A failure of a routine is shown in a box, and
+/// the routine ends where it stands.
+class modDocument {
+public:
+    struct Services {
+        DocumentState& state;
+        SettingsStore& settings;
+        Platform& platform;
+        TextSurface& document; ///< `RichTextBox`
+        TextSurface& backup;   ///< `RichTextBoxBackup`: the document as it last stood on disk
+        TextSurface& import;   ///< `RichTextBoxImport`: the file being imported
+        Window& mainWindow;
+        std::function<void()> startDecode;
+    };
+
+    explicit modDocument(Services services) : services_(std::move(services)) {}
+
+    // The commands.
+
+    void New();
+    void Open();
+    void MenuSave();
+    void ToolbarSave();
+    void SaveAs();
+    void ImportRtf();
+
+    // The routines behind them. Each reports its own failures; the saves answer whether a file was written.
+
+    void OpenDocument();
+    void ReopenDocument();
+    bool SaveDocumentAs();
+    bool SaveDocument();
+
+    /// Asks "Yes or No" or "Yes, No or Cancel" about a changed document. `No` when there is nothing to ask.
+    BoxAnswer AskToSave(BoxButtons buttons);
+
+private:
+    using FileName = std::u16string;
+
+    bool MayDropText();
+    void Report(const std::function<void()>& routine);
+    bool LoadBoth();
+    void PointSaveAtOpenedFile(bool plain);
+    bool ImportRtfFile(std::u16string_view filter, std::u16string_view extension, std::u16string_view title);
+    void InsertImported();
+    std::string ReadOrThrow(const FileName& path);
+    void WriteOrThrow(const FileName& path, std::u16string_view text);
+    bool AskAboutLostCharacters();
+    bool WriteDocument();
+    void MakeBackup();
+    void ApplyCaptionRule();
+    void SetUpDialog(std::u16string_view title);
+
+    Services services_;
+};
+
+/// Gives a surface the contents of a file: RTF where the bytes are RTF, plain text otherwise. True for plain.
+bool LoadContents(TextSurface& surface, std::string_view bytes);
+
+} // namespace quillshift

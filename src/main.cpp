@@ -1,0 +1,98 @@
+#include "base/Error.h"
+#include "base/Texts.h"
+#include "platform/qt/PosixFiles.h"
+#include "platform/qt/QtServices.h"
+#include "platform/qt/QtText.h"
+#include "platform/qt/SdlSound.h"
+#include "platform/qt/SqliteSettings.h"
+#include "platform/qt/XdgFolders.h"
+#include "settings/FirstValues.h"
+#include "shell/Layout.h"
+#include "shell/Program.h"
+#include "shell/frmMain.h"
+
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QPrinterInfo>
+#include <QTimer>
+#include <QTranslator>
+
+namespace quillshift {
+namespace {
+
+// The toolkit's own dialogs speak Russian, whatever the desktop's language is.
+void SpeakRussian(QApplication& application, QTranslator& translator) {
+    QLocale::setDefault(QLocale(QLocale::Russian));
+    if (translator.load(QLocale(QLocale::Russian), QStringLiteral("qtbase"), QStringLiteral("_"),
+                        QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        application.installTranslator(&translator);
+}
+
+// The stored font names stay as they are; what is shown is a near relative.
+void ShowFontRelatives() {
+    const QStringList relatives{QStringLiteral("Liberation Sans"), QStringLiteral("DejaVu Sans")};
+    for (const auto* name : {"MS Sans Serif", "Tahoma"})
+        QFont::insertSubstitutions(QLatin1String(name), relatives);
+}
+
+std::filesystem::path DataFolder() {
+    const std::filesystem::path data = XdgDataFolder();
+    if (data.empty())
+        return {}; // a user without a home: nothing is kept, and nothing litters the current folder
+    std::filesystem::path folder = data / "quillshift";
+    std::error_code ignored;
+    std::filesystem::create_directories(folder, ignored);
+    return folder;
+}
+
+// The size of the design, in the middle of the screen.
+TwipsRect FirstRectangle(const Screen& screen) {
+    const TwipsRect all = screen.Primary();
+    const Twips width = kDesignWidth + kFrameWidth;
+    const Twips height = kDesignHeight + kFrameHeight;
+    return {all.left + all.width / 2 - width / 2, all.top + all.height / 2 - height / 2, width, height};
+}
+
+void SetUpStore(SqliteSettings& store, const Platform& platform) {
+    store.SetUp([&](SettingsBackend& first) {
+        SettingsStore settings(first);
+        WriteFirstValues(settings,
+                         {.programFolder = platform.shell.ProgramFolder(),
+                          .printerName = FromQString(QPrinterInfo::availablePrinterNames().value(0)),
+                          .mainWindow = FirstRectangle(platform.screen)});
+    });
+}
+
+int Run(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("quillshift"));
+    QTranslator translator;
+    SpeakRussian(application, translator);
+    ShowFontRelatives();
+
+    const std::filesystem::path data = DataFolder();
+    SqliteSettings store(data / "settings.db");
+    SdlSound sound;
+    PosixFiles files;
+    QtFileDialog fileDialog;
+    QtMessageBox messageBox;
+    QtClipboard clipboard;
+    QtTimers timers;
+    QtScreens screen;
+    QtShell shell(data.empty() ? data : data / "running.lock");
+    Platform platform{store, sound, files, fileDialog, messageBox, clipboard, timers, screen, shell};
+    SetUpStore(store, platform);
+
+    Program* self = nullptr;
+    Program program(platform, [&] { return std::make_unique<frmMain>(*self, messageBox); });
+    self = &program;
+    QTimer::singleShot(0, &application, [&] { program.Main(); });
+    return QApplication::exec();
+}
+
+} // namespace
+} // namespace quillshift
+
+int main(int argc, char** argv) {
+    return quillshift::Run(argc, argv);
+}

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string_view>
+
+namespace quillshift {
+
+class SoundOutput {
+public:
+    virtual ~SoundOutput() = default;
+
+    /// Starts playing a wave file once and returns at once; what is playing now stops. Stays silent when the
+    /// file can't be played or the machine has no sound.
+    virtual void Play(std::u16string_view path) = 0;
+};
+
+} // namespace quillshift

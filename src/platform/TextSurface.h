@@ -1,0 +1,87 @@
+#pragma once
+
+#include "base/RichText.h"
+#include "base/Twips.h"
+
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace quillshift {
+
+/// The default font of a surface.
+struct SurfaceFont {
+    std::u16string name;
+    float points = 0;
+
+    bool operator==(const SurfaceFont&) const = default;
+};
+
+enum class FindOptions : unsigned { None = 0, WholeWord = 2, MatchCase = 4 };
+constexpr FindOptions operator|(FindOptions a, FindOptions b) {
+    return static_cast<FindOptions>(static_cast<unsigned>(a) | static_cast<unsigned>(b));
+}
+constexpr bool Has(FindOptions options, FindOptions one) {
+    return (static_cast<unsigned>(options) & static_cast<unsigned>(one)) != 0;
+}
+
+/// A rich-text editing control, and the only door to the text in it.
+///
+/// Positions are indexes of 16-bit units from 0. A line break counts as CR LF, two positions; a lone CR or LF
+/// given to the surface is a line break as well. A position between the two is taken as the one before them,
+/// a position behind the end as the end.
+class TextSurface {
+public:
+    virtual ~TextSurface() = default;
+
+    /// The whole plain text. The view is kept up to date by the surface and holds until the next change.
+    virtual std::u16string_view Text() const = 0;
+    /// Replaces everything, drops all formatting and puts the caret at 0. Raises `Change` and `SelChange`,
+    /// also for an equal text.
+    virtual void SetText(std::u16string_view text) = 0;
+
+    /// Replace the contents with those of a file, caret at 0. Raise `Change`, but not `SelChange`: a document
+    /// that was just loaded does not count as changed.
+    virtual void LoadPlain(std::u16string_view text) = 0;
+    virtual void LoadRich(const RichText& text) = 0;
+
+    virtual std::size_t SelStart() const = 0;
+    /// Puts the caret there; nothing is selected afterwards.
+    virtual void SetSelStart(std::size_t position) = 0;
+    virtual std::size_t SelLength() const = 0;
+    virtual void SetSelLength(std::size_t length) = 0;
+    virtual std::u16string SelText() const = 0;
+    /// Replaces the selection, leaves the rest and its formatting alone and puts the caret behind the new
+    /// text.
+    virtual void SetSelText(std::u16string_view text) = 0;
+    /// Deletes the selection; nothing happens without one.
+    virtual void Clear() = 0;
+
+    /// Left indent of the paragraphs of the selection; of the first of them when asked.
+    virtual Twips SelIndent() const = 0;
+    virtual void SetSelIndent(Twips indent) = 0;
+    /// Position at which lines wrap; 0: at the surface's right edge.
+    virtual void SetRightMargin(Twips margin) = 0;
+
+    virtual SurfaceFont Font() const = 0;
+    virtual void SetFont(const SurfaceFont& font) = 0;
+
+    /// Searches forward from `start`, selects the first match and gives its position.
+    virtual std::optional<std::size_t> Find(std::u16string_view wanted, std::size_t start,
+                                            FindOptions options) = 0;
+    /// Position of the first character of a line as it is laid out, the first line being 0. -1 asks for the
+    /// line of the caret; a line behind the last has none.
+    virtual std::optional<std::size_t> LineIndex(int line) const = 0;
+
+    virtual void SetFocus() = 0;
+
+    // Notifications, raised inside the operation that causes them.
+    std::function<void()> OnChange;    ///< the text may have changed
+    std::function<void()> OnSelChange; ///< caret or selection have changed
+    std::function<void()> OnKeyDown;   ///< a key went down, also by auto-repeat
+    std::function<void()> OnKeyPress;  ///< a key gave a character
+};
+
+} // namespace quillshift

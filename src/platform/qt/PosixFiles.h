@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/FileSystem.h"
+
+#include <cstddef>
+
+namespace quillshift {
+
+/// Files of the machine. A file is replaced by writing a neighbour and renaming it over; where that would
+/// lose the owner, a hard link or an access list, or the folder doesn't allow it, the file is overwritten
+/// while a safety copy of its old contents exists.
+class PosixFiles : public FileSystem {
+public:
+    /// The largest file that is read; a larger one is a failure.
+    static constexpr std::size_t kLargestFile = std::size_t{256} << 20U;
+
+    /// `safetyFolder`: where safety copies live; empty: the user's cache folder. Made when first needed.
+    explicit PosixFiles(std::string safetyFolder = {}) : safetyFolder_(std::move(safetyFolder)) {}
+
+    FileContents Read(std::u16string_view path) override;
+    /// Devices and pipes are written straight; one that accepts nothing for a few seconds is a failure. If
+    /// the old contents could neither be replaced nor put back, the description names their safety copy.
+    std::optional<FileFailure> Write(std::u16string_view path, std::string_view bytes) override;
+
+private:
+    std::optional<FileFailure> Overwrite(const std::string& path, std::string_view bytes) const;
+
+    std::string safetyFolder_;
+};
+
+} // namespace quillshift

@@ -1,0 +1,387 @@
+#include "platform/qt/QtTextSurface.h"
+
+#include "platform/qt/QtText.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextLayout>
+
+#include <algorithm>
+#include <utility>
+
+namespace quillshift {
+namespace {
+
+constexpr std::u16string_view kBreak = u"\r\n";
+
+// The separators of lines and paragraphs are breaks like any other here; left alone, the widget would keep
+// the first of them inside a line.
+QString WithPlainBreaks(std::u16string_view text) {
+    QString plain = ToQString(text);
+    plain.replace(QChar::LineSeparator, u'\n');
+    return plain;
+}
+
+bool IsWordCharacter(char16_t character) {
+    return QChar(character).isLetterOrNumber() || character == u'_';
+}
+
+bool IsWholeWord(std::u16string_view text, std::size_t at, std::size_t length) {
+    const bool before = at > 0 && IsWordCharacter(text[at - 1]);
+    const bool behind = at + length < text.size() && IsWordCharacter(text[at + length]);
+    return !before && !behind;
+}
+
+// Keys that the widget would take for its own clipboard and undo; the program's commands own these.
+bool IsOwnedByCommands(const QKeyEvent& event) {
+    constexpr QKeySequence::StandardKey kKeys[] = {
+        QKeySequence::Undo,  QKeySequence::Redo,      QKeySequence::Cut,    QKeySequence::Copy,
+        QKeySequence::Paste, QKeySequence::SelectAll, QKeySequence::Delete, QKeySequence::DeleteEndOfLine};
+    const bool plainDelete = event.key() == Qt::Key_Delete && event.modifiers() == Qt::NoModifier;
+    return !plainDelete &&
+           std::any_of(std::begin(kKeys), std::end(kKeys), [&](auto key) { return event.matches(key); });
+}
+
+QTextCharFormat ToQt(const CharacterFormat& from) {
+    QTextCharFormat to;
+    if (!from.font.empty())
+        to.setFontFamilies({ToQString(from.font)});
+    if (from.halfPoints > 0)
+        to.setFontPointSize(from.halfPoints / 2.0);
+    if (from.bold)
+        to.setFontWeight(QFont::Bold);
+    to.setFontItalic(from.italic);
+    to.setFontUnderline(from.underline);
+    to.setFontStrikeOut(from.strike);
+    if (from.script != Script::Normal)
+        to.setVerticalAlignment(from.script == Script::Superscript ? QTextCharFormat::AlignSuperScript
+                                                                   : QTextCharFormat::AlignSubScript);
+    if (from.colour)
+        to.setForeground(QColor(from.colour->Red(), from.colour->Green(), from.colour->Blue()));
+    return to;
+}
+
+QTextBlockFormat ToQt(const ParagraphFormat& from) {
+    const auto px = [](Twips length) { return static_cast<qreal>(length.value) / kTwipsPerPixel; };
+    QTextBlockFormat to;
+    switch (from.alignment) {
+    case Alignment::Left:
+        to.setAlignment(Qt::AlignLeft);
+        break;
+    case Alignment::Right:
+        to.setAlignment(Qt::AlignRight);
+        break;
+    case Alignment::Centre:
+        to.setAlignment(Qt::AlignHCenter);
+        break;
+    case Alignment::Justified:
+        to.setAlignment(Qt::AlignJustify);
+        break;
+    }
+    to.setLeftMargin(px(from.leftIndent));
+    to.setRightMargin(px(from.rightIndent));
+    to.setTextIndent(px(from.firstLineIndent));
+    to.setTopMargin(px(from.spaceBefore));
+    to.setBottomMargin(px(from.spaceAfter));
+    return to;
+}
+
+} // namespace
+
+QtTextSurface::QtTextSurface(QWidget* parent) : QTextEdit(parent) {
+    setFrameShape(QFrame::NoFrame);
+    setAcceptRichText(false);
+    document()->setUndoRedoEnabled(false);
+    connect(document(), &QTextDocument::contentsChange, this, &QtTextSurface::MirrorChange);
+    connect(document(), &QTextDocument::contentsChanged, this, &QtTextSurface::RaiseChange);
+    connect(this, &QTextEdit::cursorPositionChanged, this, &QtTextSurface::NoteSelection);
+    connect(this, &QTextEdit::selectionChanged, this, &QtTextSurface::NoteSelection);
+}
+
+// --- Positions and the mirror
+
+std::size_t QtTextSurface::SurfacePosition(int documentPosition) const {
+    return static_cast<std::size_t>(documentPosition + document()->findBlock(documentPosition).blockNumber());
+}
+
+int QtTextSurface::DocumentPosition(std::size_t surfacePosition) const {
+    const int wanted = static_cast<int>(std::min(surfacePosition, mirror_.size()));
+    int low = 0; // a block that begins at or before the position
+    int high = document()->blockCount();
+    while (high - low > 1) {
+        const int middle = low + (high - low) / 2;
+        if (document()->findBlockByNumber(middle).position() + middle <= wanted)
+            low = middle;
+        else
+            high = middle;
+    }
+    const QTextBlock block = document()->findBlockByNumber(low);
+    return std::min(wanted - low, block.position() + block.length() - 1);
+}
+
+std::u16string QtTextSurface::TextBetween(int from, int to) const {
+    std::u16string text;
+    text.reserve(static_cast<std::size_t>(to - from));
+    for (QTextBlock block = document()->findBlock(from); block.isValid() && block.position() <= to;
+         block = block.next()) {
+        const QString line = block.text();
+        const int begin = std::max(0, from - block.position());
+        const int end = std::min(static_cast<int>(line.size()), to - block.position());
+        text += ViewOf(line).substr(static_cast<std::size_t>(begin), static_cast<std::size_t>(end - begin));
+        if (block.position() + block.length() <= to)
+            text += kBreak;
+    }
+    return text;
+}
+
+// What stands before and behind a change is as it was, so its place in the old mirror follows from the new
+// document: as many positions from the front and from the back.
+void QtTextSurface::MirrorChange(int from, int /*removed*/, int added) {
+    const int last = document()->characterCount() - 1;
+    from = std::min(from, last);
+    const int to = std::min(from + added, last);
+    const std::size_t length = static_cast<std::size_t>(last + document()->blockCount() - 1);
+    const std::size_t begin = std::min(SurfacePosition(from), mirror_.size());
+    const std::size_t behind = std::min(length - SurfacePosition(to), mirror_.size() - begin);
+    const std::size_t oldLength = mirror_.size() - begin - behind;
+    const std::u16string text = TextBetween(from, to);
+    if (std::u16string_view(mirror_).substr(begin, oldLength) == text)
+        return;
+    mirror_.replace(begin, oldLength, text);
+    textMoved_ = true;
+}
+
+void QtTextSurface::RaiseChange() {
+    if (replacing_ || !std::exchange(textMoved_, false))
+        return;
+    if (OnChange)
+        OnChange();
+}
+
+void QtTextSurface::NoteSelection() {
+    if (replacing_)
+        return;
+    const Selection now = CurrentSelection();
+    if (std::exchange(noted_, now) == now)
+        return;
+    if (OnSelChange)
+        OnSelChange();
+}
+
+// --- Replacing everything
+
+void QtTextSurface::ReplaceAll(const std::function<void()>& fill) {
+    replacing_ = true;
+    // The widget would follow its caret to the end of the new text, and lay all of it out for that.
+    setTextCursor(QTextCursor());
+    fill();
+    setTextCursor(QTextCursor(document()));
+    setCurrentCharFormat({});
+    replacing_ = false;
+    textMoved_ = false;
+    noted_ = {};
+    if (OnChange)
+        OnChange();
+}
+
+void QtTextSurface::SetText(std::u16string_view text) {
+    LoadPlain(text);
+    if (OnSelChange)
+        OnSelChange();
+}
+
+void QtTextSurface::LoadPlain(std::u16string_view text) {
+    ReplaceAll([&, plain = WithPlainBreaks(text)] { document()->setPlainText(plain); });
+}
+
+void QtTextSurface::LoadRich(const RichText& rich) {
+    ReplaceAll([&] {
+        document()->clear();
+        QTextCursor cursor(document());
+        cursor.beginEditBlock();
+        const std::u16string_view text = rich.text;
+        std::size_t paragraph = 0;
+        std::size_t at = 0;
+        cursor.setBlockFormat(ToQt(rich.paragraphs.front()));
+        for (const RichText::Run& run : rich.runs) {
+            const QTextCharFormat format = ToQt(run.format);
+            const std::size_t end = at + run.length;
+            while (at < end) {
+                const std::size_t stop = std::min(text.find(kBreak, at), end);
+                cursor.insertText(ToQString(text.substr(at, stop - at)), format);
+                at = stop;
+                if (at == end)
+                    break;
+                cursor.insertBlock(ToQt(rich.paragraphs[++paragraph]), format);
+                at += kBreak.size();
+            }
+        }
+        cursor.endEditBlock();
+    });
+}
+
+// --- Selection
+
+std::size_t QtTextSurface::SelStart() const {
+    return SurfacePosition(textCursor().selectionStart());
+}
+
+std::size_t QtTextSurface::SelLength() const {
+    return SurfacePosition(textCursor().selectionEnd()) - SelStart();
+}
+
+void QtTextSurface::SetSelStart(std::size_t position) {
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(DocumentPosition(position));
+    setTextCursor(cursor);
+}
+
+void QtTextSurface::SetSelLength(std::size_t length) {
+    QTextCursor cursor = textCursor();
+    const std::size_t start = SelStart();
+    cursor.setPosition(cursor.selectionStart());
+    cursor.setPosition(DocumentPosition(start + std::min(length, mirror_.size() - start)),
+                       QTextCursor::KeepAnchor);
+    setTextCursor(cursor);
+}
+
+std::u16string QtTextSurface::SelText() const {
+    return mirror_.substr(SelStart(), SelLength());
+}
+
+void QtTextSurface::SetSelText(std::u16string_view text) {
+    QTextCursor cursor = textCursor();
+    cursor.insertText(WithPlainBreaks(text));
+    setTextCursor(cursor);
+    ensureCursorVisible();
+}
+
+void QtTextSurface::Clear() {
+    QTextCursor cursor = textCursor();
+    cursor.removeSelectedText();
+    setTextCursor(cursor);
+}
+
+// --- Formatting
+
+Twips QtTextSurface::SelIndent() const {
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(cursor.selectionStart());
+    return {static_cast<float>(cursor.blockFormat().leftMargin() * kTwipsPerPixel)};
+}
+
+void QtTextSurface::SetSelIndent(Twips indent) {
+    QTextBlockFormat format;
+    format.setLeftMargin(static_cast<qreal>(indent.value) / kTwipsPerPixel);
+    textCursor().mergeBlockFormat(format);
+}
+
+void QtTextSurface::SetRightMargin(Twips margin) {
+    setLineWrapMode(margin.value > 0 ? QTextEdit::FixedPixelWidth : QTextEdit::WidgetWidth);
+    setLineWrapColumnOrWidth(ToPixels(margin));
+}
+
+void QtTextSurface::SetFont(const SurfaceFont& font) {
+    font_ = font;
+    QFont shown = document()->defaultFont();
+    if (!font.name.empty())
+        shown.setFamilies({ToQString(font.name)});
+    if (font.points > 0)
+        shown.setPointSizeF(static_cast<qreal>(font.points));
+    setFont(shown);
+}
+
+// --- Searching and lines
+
+std::optional<std::size_t> QtTextSurface::Find(std::u16string_view wanted, std::size_t start,
+                                               FindOptions options) {
+    if (wanted.empty())
+        return std::nullopt;
+    const auto caseRule = Has(options, FindOptions::MatchCase) ? Qt::CaseSensitive : Qt::CaseInsensitive;
+    const QStringView text = ViewOf(std::u16string_view(mirror_));
+    for (qsizetype from = static_cast<qsizetype>(start);; ++from) {
+        from = text.indexOf(ViewOf(wanted), from, caseRule);
+        if (from < 0)
+            return std::nullopt;
+        const auto at = static_cast<std::size_t>(from);
+        if (Has(options, FindOptions::WholeWord) && !IsWholeWord(mirror_, at, wanted.size()))
+            continue;
+        SetSelStart(at);
+        SetSelLength(wanted.size());
+        return at;
+    }
+}
+
+std::optional<std::size_t> QtTextSurface::LineIndex(int line) const {
+    const auto lineStart = [this](const QTextBlock& block, int number) {
+        return SurfacePosition(block.position() + block.layout()->lineAt(number).textStart());
+    };
+    // Asking for a block's rectangle lays the document out up to it.
+    const auto linesOf = [this](const QTextBlock& block) {
+        document()->documentLayout()->blockBoundingRect(block);
+        return block.layout()->lineCount();
+    };
+    if (line == -1) {
+        const QTextCursor cursor = textCursor();
+        const QTextBlock block = cursor.block();
+        linesOf(block);
+        return lineStart(block, block.layout()->lineForTextPosition(cursor.positionInBlock()).lineNumber());
+    }
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        const int lines = linesOf(block);
+        if (line >= 0 && line < lines)
+            return lineStart(block, line);
+        line -= lines;
+    }
+    return std::nullopt;
+}
+
+// --- What the widget must leave to the program
+
+bool QtTextSurface::event(QEvent* event) {
+    // Not accepted, an offered shortcut goes to the program's commands.
+    if (event->type() == QEvent::ShortcutOverride && IsOwnedByCommands(*static_cast<QKeyEvent*>(event))) {
+        event->ignore();
+        return false;
+    }
+    return QTextEdit::event(event);
+}
+
+void QtTextSurface::keyPressEvent(QKeyEvent* event) {
+    if (OnKeyDown)
+        OnKeyDown();
+    if (IsOwnedByCommands(*event)) {
+        event->ignore();
+        return;
+    }
+    if (!event->text().isEmpty() && OnKeyPress)
+        OnKeyPress();
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isReturn && event->modifiers().testFlag(Qt::ShiftModifier)) {
+        // Shift would make a break inside the paragraph, which has no form in a plain file.
+        QKeyEvent plain(QEvent::KeyPress, event->key(), Qt::NoModifier, event->text());
+        QTextEdit::keyPressEvent(&plain);
+        return;
+    }
+    QTextEdit::keyPressEvent(event);
+}
+
+void QtTextSurface::contextMenuEvent(QContextMenuEvent* event) {
+    event->accept();
+}
+
+// For dragging and the primary selection: the text as it is, not as the widget would tell it.
+QMimeData* QtTextSurface::createMimeDataFromSelection() const {
+    auto* copy = new QMimeData;
+    copy->setText(ToQString(SelText()).replace(QLatin1String("\r\n"), QLatin1String("\n")));
+    return copy;
+}
+
+void QtTextSurface::insertFromMimeData(const QMimeData* source) {
+    SetSelText(FromQString(source->text()));
+}
+
+} // namespace quillshift

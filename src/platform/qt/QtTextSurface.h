@@ -1,0 +1,77 @@
+#pragma once
+
+#include "platform/TextSurface.h"
+
+#include <QTextEdit>
+
+namespace quillshift {
+
+/// The text surface on Qt's rich-text widget.
+///
+/// A mirror of the plain text is kept from the document's change notices, because the widget's own call for
+/// it turns U+00A0 into a blank. The widget counts a line break as one position and the surface as two, so a
+/// position differs by the number of its block.
+class QtTextSurface final : public QTextEdit, public TextSurface {
+    Q_OBJECT
+
+public:
+    explicit QtTextSurface(QWidget* parent = nullptr);
+
+    std::u16string_view Text() const override { return mirror_; }
+    void SetText(std::u16string_view text) override;
+    void LoadPlain(std::u16string_view text) override;
+    void LoadRich(const RichText& text) override;
+
+    std::size_t SelStart() const override;
+    void SetSelStart(std::size_t position) override;
+    std::size_t SelLength() const override;
+    void SetSelLength(std::size_t length) override;
+    std::u16string SelText() const override;
+    void SetSelText(std::u16string_view text) override;
+    void Clear() override;
+
+    Twips SelIndent() const override;
+    void SetSelIndent(Twips indent) override;
+    void SetRightMargin(Twips margin) override;
+
+    SurfaceFont Font() const override { return font_; }
+    void SetFont(const SurfaceFont& font) override;
+
+    std::optional<std::size_t> Find(std::u16string_view wanted, std::size_t start,
+                                    FindOptions options) override;
+    std::optional<std::size_t> LineIndex(int line) const override;
+
+    void SetFocus() override { setFocus(); }
+
+protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    QMimeData* createMimeDataFromSelection() const override;
+    void insertFromMimeData(const QMimeData* source) override;
+
+private:
+    struct Selection {
+        std::size_t start = 0;
+        std::size_t length = 0;
+        bool operator==(const Selection&) const = default;
+    };
+
+    std::size_t SurfacePosition(int documentPosition) const;
+    int DocumentPosition(std::size_t surfacePosition) const;
+    std::u16string TextBetween(int from, int to) const;
+    Selection CurrentSelection() const { return {SelStart(), SelLength()}; }
+
+    void ReplaceAll(const std::function<void()>& fill);
+    void MirrorChange(int from, int removed, int added);
+    void NoteSelection();
+    void RaiseChange();
+
+    std::u16string mirror_;
+    SurfaceFont font_;
+    Selection noted_;        // what the listeners were last told
+    bool textMoved_ = false; // the mirror changed since the last `Change`
+    bool replacing_ = false; // a call here replaces everything, and raises the notices itself
+};
+
+} // namespace quillshift

@@ -1,0 +1,218 @@
+#include "platform/qt/SdlSound.h"
+
+#include "base/Utf8.h"
+
+#include <SDL.h>
+
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <sys/stat.h>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+namespace quillshift {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using namespace std::chrono_literals;
+
+constexpr auto kKeepOpen = 2s;      // an open device wakes the program up many times a second
+constexpr auto kAfterFailure = 30s; // opening can take long where there is no sound
+constexpr auto kFarewell = 1s;      // a sound server that hangs must not keep the program from ending
+constexpr off_t kLargestFile = 16L << 20U;
+constexpr Uint16 kBufferFrames = 1024;
+
+// Which contents of which file: the same stamp means the same sound.
+struct Stamp {
+    std::string path;
+    ino_t inode = 0;
+    off_t size = 0;
+    time_t seconds = 0;
+    long nanoseconds = 0;
+
+    bool operator==(const Stamp&) const = default;
+};
+
+// Nothing for what is no ordinary file: reading a pipe or a device might never end.
+std::optional<Stamp> StampOf(const std::string& path) {
+    struct stat status {};
+    if (stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode) || status.st_size > kLargestFile)
+        return std::nullopt;
+    return Stamp{path, status.st_ino, status.st_size, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
+}
+
+struct Wave {
+    SDL_AudioSpec spec{};
+    std::vector<Uint8> samples;
+
+    Clock::duration Length() const {
+        const double bytesPerFrame = spec.channels * SDL_AUDIO_BITSIZE(spec.format) / 8.0;
+        const std::chrono::duration<double> length(static_cast<double>(samples.size()) / bytesPerFrame /
+                                                   spec.freq);
+        return std::chrono::duration_cast<Clock::duration>(length);
+    }
+};
+
+// A device that is asked for something odd fails as if there were no sound at all.
+bool IsPlayable(const SDL_AudioSpec& spec) {
+    return spec.freq >= 1000 && spec.freq <= 384000 &&
+           (spec.channels == 1 || (spec.channels % 2 == 0 && spec.channels <= 8));
+}
+
+std::optional<Wave> LoadWave(const std::string& path) {
+    Wave wave;
+    Uint8* samples = nullptr;
+    Uint32 size = 0;
+    if (SDL_LoadWAV(path.c_str(), &wave.spec, &samples, &size) == nullptr)
+        return std::nullopt;
+    wave.samples.assign(samples, samples + size);
+    SDL_FreeWAV(samples);
+    if (!IsPlayable(wave.spec))
+        return std::nullopt;
+    wave.spec.samples = kBufferFrames;
+    return wave;
+}
+
+} // namespace
+
+// What the caller and the playing thread share. The notes are guarded by the mutex; the rest is the thread's.
+class SdlSound::Player {
+public:
+    void Wish(std::u16string_view path) {
+        {
+            const std::lock_guard lock(mutex_);
+            wish_ = path;
+        }
+        wake_.notify_all();
+    }
+
+    // Whether the thread has ended within a decent time.
+    bool Leave() {
+        std::unique_lock lock(mutex_);
+        leaving_ = true;
+        wake_.notify_all();
+        return wake_.wait_for(lock, kFarewell, [this] { return gone_; });
+    }
+
+    void Run() {
+        std::unique_lock lock(mutex_);
+        while (true) {
+            const auto noted = [this] { return leaving_ || wish_; };
+            if (device_ == 0)
+                wake_.wait(lock, noted);
+            else
+                wake_.wait_until(lock, closeAt_, noted);
+            if (leaving_)
+                break;
+            const auto wish = std::exchange(wish_, std::nullopt);
+            lock.unlock();
+            if (wish)
+                Start(ToUtf8(*wish));
+            else
+                CloseDevice();
+            lock.lock();
+        }
+        lock.unlock();
+        CloseDevice();
+        SDL_TLSCleanup(); // the library can't see the end of a thread it didn't start
+        lock.lock();
+        gone_ = true;
+        wake_.notify_all();
+    }
+
+private:
+    void Start(const std::string& path) {
+        if (device_ != 0)
+            SDL_ClearQueuedAudio(device_);
+        closeAt_ = Clock::now() + kKeepOpen;
+        if (!Load(path) || !OpenDevice())
+            return;
+        SDL_QueueAudio(device_, wave_->samples.data(), static_cast<Uint32>(wave_->samples.size()));
+        SDL_PauseAudioDevice(device_, 0);
+        closeAt_ = Clock::now() + wave_->Length() + kKeepOpen;
+    }
+
+    // Pointer moves ask for the same file again and again.
+    bool Load(const std::string& path) {
+        const auto stamp = StampOf(path);
+        if (!stamp)
+            return false;
+        if (stamp != stamp_) {
+            stamp_ = stamp;
+            wave_ = LoadWave(path);
+        }
+        return wave_.has_value();
+    }
+
+    bool OpenDevice() {
+        const auto& wanted = wave_->spec;
+        const bool fits = wanted.freq == opened_.freq && wanted.format == opened_.format &&
+                          wanted.channels == opened_.channels;
+        if (device_ != 0 && fits && SDL_GetAudioDeviceStatus(device_) != SDL_AUDIO_STOPPED)
+            return true;
+        CloseDevice();
+        if (Clock::now() < notBefore_)
+            return false;
+        // The system's signals are the program's, not the library's.
+        SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+        SDL_SetHint(SDL_HINT_APP_NAME, "Quillshift");
+        if (SDL_InitSubSystem(SDL_INIT_AUDIO) == 0) {
+            device_ = SDL_OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
+            opened_ = wanted;
+            if (device_ == 0)
+                SDL_QuitSubSystem(SDL_INIT_AUDIO);
+        }
+        if (device_ == 0)
+            notBefore_ = Clock::now() + kAfterFailure;
+        return device_ != 0;
+    }
+
+    void CloseDevice() {
+        if (device_ == 0)
+            return;
+        SDL_CloseAudioDevice(device_);
+        SDL_QuitSubSystem(SDL_INIT_AUDIO);
+        device_ = 0;
+    }
+
+    std::mutex mutex_;
+    std::condition_variable wake_;
+    std::optional<std::u16string> wish_;
+    bool leaving_ = false;
+    bool gone_ = false;
+
+    std::optional<Stamp> stamp_;
+    std::optional<Wave> wave_; // of `stamp_`; nothing if that file can't be played
+    SDL_AudioDeviceID device_ = 0;
+    SDL_AudioSpec opened_{};
+    Clock::time_point closeAt_;
+    Clock::time_point notBefore_;
+};
+
+SdlSound::SdlSound() : player_(std::make_shared<Player>()) {}
+
+SdlSound::~SdlSound() {
+    if (!thread_.joinable())
+        return;
+    if (player_->Leave())
+        thread_.join();
+    else
+        thread_.detach(); // it holds what it needs
+}
+
+void SdlSound::Play(std::u16string_view path) {
+    player_->Wish(path);
+    if (thread_.joinable())
+        return;
+    try {
+        thread_ = std::thread([player = player_] { player->Run(); });
+    } catch (const std::system_error&) {
+        return; // no thread to be had: silent, and the next sound tries again
+    }
+}
+
+} // namespace quillshift

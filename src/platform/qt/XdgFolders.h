@@ -1,0 +1,11 @@
+#pragma once
+
+#include <filesystem>
+
+namespace quillshift {
+
+/// The folder for the user's data: `$XDG_DATA_HOME`, or `.local/share` in the home folder if that is unset or
+/// not absolute. Empty when the user has no home folder either.
+std::filesystem::path XdgDataFolder();
+
+} // namespace quillshift

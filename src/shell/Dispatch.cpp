@@ -1,0 +1,118 @@
+// From a command's key to its handler.
+
+#include "base/Error.h"
+#include "shell/Program.h"
+
+#include <array>
+#include <utility>
+
+namespace quillshift {
+namespace {
+
+// The last segments of the recoding commands, in the order of the directions' numbers.
+constexpr std::array<std::string_view, kDirections> kDirectionKeys{
+    "MENU:DECODE:DOS:DW", "MENU:DECODE:DOS:DK", "MENU:DECODE:DOS:DI", "MENU:DECODE:DOS:DM",
+    "MENU:DECODE:WIN:WD", "MENU:DECODE:WIN:WK", "MENU:DECODE:WIN:WI", "MENU:DECODE:WIN:WM",
+    "MENU:DECODE:KOI:KD", "MENU:DECODE:KOI:KW", "MENU:DECODE:KOI:KI", "MENU:DECODE:KOI:KM",
+    "MENU:DECODE:ISO:ID", "MENU:DECODE:ISO:IW", "MENU:DECODE:ISO:IK", "MENU:DECODE:ISO:IM",
+    "MENU:DECODE:MAC:MD", "MENU:DECODE:MAC:MW", "MENU:DECODE:MAC:MK", "MENU:DECODE:MAC:MI"};
+
+constexpr std::u16string_view kMailLink =
+    u"mailto:author@quillshift.example?subject=Morvane Quillshift 3.0.0 Preview";
+constexpr std::u16string_view kHomePage = u"https://quillshift.example/";
+
+} // namespace
+
+void Program::Dispatch(std::string_view commandKey) {
+    for (std::size_t number = 0; number < kDirectionKeys.size(); ++number)
+        if (commandKey == kDirectionKeys[number])
+            RunJob([&] { job_->StartDirection(DirectionOf(static_cast<int>(number))); });
+
+    using Handler = void (*)(Program&);
+    static constexpr auto kHandlers = std::to_array<std::pair<std::string_view, Handler>>({
+        {"MENU:FILE:NEW", [](Program& p) { p.modDocument_->New(); }},
+        {"TOOLBAR:NEW", [](Program& p) { p.modDocument_->New(); }},
+        {"MENU:FILE:OPEN", [](Program& p) { p.modDocument_->Open(); }},
+        {"TOOLBAR:OPEN", [](Program& p) { p.modDocument_->Open(); }},
+        {"MENU:FILE:REOPEN", [](Program& p) { p.modDocument_->ReopenDocument(); }},
+        {"TOOLBAR:REOPEN", [](Program& p) { p.modDocument_->ReopenDocument(); }},
+        {"MENU:FILE:SAVE", [](Program& p) { p.modDocument_->MenuSave(); }},
+        {"TOOLBAR:SAVE", [](Program& p) { p.modDocument_->ToolbarSave(); }},
+        {"MENU:FILE:SAVEAS", [](Program& p) { p.modDocument_->SaveAs(); }},
+        {"MENU:FILE:IMPORT:RTF", [](Program& p) { p.modDocument_->ImportRtf(); }},
+        {"MENU:FILE:EXIT", [](Program& p) { p.main_->Close(); }},
+        {"MENU:VIEW:ONTOP", [](Program& p) { p.SetOnTop(); }},
+        {"MENU:VIEW:TOOLBARS:TBSTANDART",
+         [](Program& p) { p.SwitchBar(1, "MENU:VIEW:TOOLBARS:TBSTANDART", "ToolBarStandart"); }},
+        {"MENU:VIEW:TOOLBARS:TBDECODE",
+         [](Program& p) { p.SwitchBar(2, "MENU:VIEW:TOOLBARS:TBDECODE", "ToolBarDecode"); }},
+        {"MENU:DECODE:UNDO", [](Program& p) { p.job_->UndoRecoding(); }},
+        {"TOOLBAR2:UNDO", [](Program& p) { p.job_->UndoRecoding(); }},
+        {"MENU:DECODE:DECODE", [](Program& p) { p.OpenDecodeDialog(); }},
+        {"MENU:DECODE:WIZARD", [](Program& p) { p.RunWizard(); }},
+        {"TOOLBAR:WIZARD", [](Program& p) { p.RunWizard(); }},
+        {"TOOLBAR2:START",
+         [](Program& p) {
+             if (!p.recoding_.walking)
+                 p.recoding_.StopRequested = false;
+             p.RunJob([&p] { p.job_->StartDecode(); });
+         }},
+        {"TOOLBAR2:STOP", [](Program& p) { p.job_->StopRecoding(); }},
+        {"MENU:HELP:AUTHORMAIL", [](Program& p) { p.platform_.shell.OpenWithDefault(kMailLink); }},
+        {"MENU:HELP:VISITHOMEPAGE", [](Program& p) { p.platform_.shell.OpenWithDefault(kHomePage); }},
+    });
+    for (const auto& [key, handler] : kHandlers)
+        if (key == commandKey)
+            handler(*this);
+    timerEdit_->StartOnce();
+}
+
+// A recoding on a road that has no report of its own.
+void Program::RunJob(const std::function<void()>& road) {
+    try {
+        road();
+    } catch (const Error& error) {
+        main_->Decoding().Destroy();
+        ReportFailure(error);
+    }
+}
+
+void Program::OnDirectionChange() {
+    if (!settings_.PreferenceIs("DecodeAtCodeChange", u"1") || main_->RichTextBox().Text().empty())
+        return;
+    const std::string number = std::to_string(main_->Direction());
+    settings_.SetPreference("DefaultCode", std::u16string(number.begin(), number.end()));
+    RunJob([this] { job_->StartDecode(); });
+}
+
+void Program::RecodeFromDialog(Direction direction) {
+    RunJob([&] { job_->StartDirection(direction); });
+}
+
+void Program::OpenDecodeDialog() {
+    if (main_->RichTextBox().Text().empty())
+        Inform(u"Документ не содержит текста!");
+    else
+        main_->ShowDecodeDialog();
+}
+
+void Program::RunWizard() {
+    if (!platform_.shell.StartProcess(platform_.shell.ProgramFolder() + u"/Wizard.exe"))
+        Inform(u"Мастер перекодирования не найден в папке программы.");
+}
+
+void Program::SetOnTop() {
+    const bool onTop = main_->IsChecked("MENU:VIEW:ONTOP");
+    settings_.SetPreference("TopMost", onTop ? u"1" : u"0");
+    main_->SetTopMost(onTop);
+}
+
+// The layout follows behind this command, not inside it.
+void Program::SwitchBar(int bar, std::string_view key, std::string_view setting) {
+    barShown_[bar] = main_->IsChecked(key);
+    settings_.SetPreference(setting, barShown_[bar] ? u"1" : u"0");
+    main_->SetBarVisible(bar, barShown_[bar]);
+    timerUpdate_->StartOnce();
+}
+
+} // namespace quillshift

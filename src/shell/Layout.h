@@ -1,0 +1,34 @@
+#pragma once
+
+#include "shell/MainView.h"
+
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace quillshift {
+
+/// The design's own frame: what its outer size has over the client area, whatever a window manager adds. The
+/// width is two borders; the height is such that the text area ends at the client's edge under a menu of one
+/// row.
+inline constexpr Twips kFrameWidth = 120_twips;
+inline constexpr Twips kMenuRowHeight = 375_twips;
+inline constexpr Twips kFrameHeight = 840_twips - kMenuRowHeight;
+
+/// Client area of the design.
+inline constexpr Twips kDesignWidth = 11580_twips;
+inline constexpr Twips kDesignHeight = 8685_twips;
+
+/// The smallest client area: every difference of the layout is positive, and the menu is in sight.
+inline constexpr Twips kLeastWidth = 6000_twips;
+inline constexpr Twips kLeastHeight = 3000_twips;
+
+/// The sizes for a window's outer height and width by the setting `UseLargeIcons` and by how many of the two
+/// toolbars are shown (0 to 2). Nothing for a setting other than "0" and "1".
+std::optional<MainView::EditorLayout> LayOutEditor(Twips height, Twips width,
+                                                   std::u16string_view useLargeIcons, int barsShown);
+
+/// A window's rectangle, moved so that its title can be reached on one of the monitors.
+TwipsRect WithinReach(const TwipsRect& bounds, const std::vector<TwipsRect>& workAreas);
+
+} // namespace quillshift

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "platform/TextSurface.h"
+#include "platform/Window.h"
+#include "recoding/DecodingView.h"
+#include "recoding/modDecode.h"
+
+#include <functional>
+#include <string_view>
+
+namespace quillshift {
+
+enum class ToolBarIcons { Small, Large };
+
+/// The main window, as the logic behind it sees it: it shows what it is told and forwards what happens.
+class MainView : public Window {
+public:
+    virtual TextSurface& RichTextBox() = 0;
+    virtual TextSurface& RichTextBoxBackup() = 0;
+    virtual TextSurface& RichTextBoxImport() = 0;
+    virtual DecodingView& Decoding() = 0;
+
+    virtual void BuildBars() = 0;
+    /// Bar 1 is the standard toolbar, bar 2 the recoding toolbar. A bar's line goes with it.
+    virtual void SetBarVisible(int bar, bool visible) = 0;
+    virtual void SetBarHeight(int bar, Twips height) = 0;
+    virtual void SetChecked(std::string_view key, bool checked) = 0;
+    virtual void SetEnabled(std::string_view key, bool enabled) = 0;
+    virtual bool IsChecked(std::string_view key) const = 0;
+
+    /// Place in the list of directions.
+    virtual int Direction() const = 0;
+    virtual void SetDirection(int number) = 0;
+
+    /// Sizes of the text area's parts, in the order in which they are set.
+    struct EditorLayout {
+        Twips picEditorHeight, shapeHeight, shapeWidth, surfaceHeight, surfaceWidth;
+        bool operator==(const EditorLayout&) const = default;
+    };
+    virtual void LayOut(const EditorLayout& layout) = 0;
+
+    /// Opens the recoding dialog and returns when it is closed.
+    virtual void ShowDecodeDialog() = 0;
+    virtual void Show() = 0;
+    /// Asks the window to close, as its own close box does.
+    virtual void Close() = 0;
+};
+
+} // namespace quillshift

@@ -1,0 +1,159 @@
+// The main window's load, its layout and its live states.
+
+#include "shell/Program.h"
+
+#include "base/Error.h"
+#include "base/Texts.h"
+#include "shell/Layout.h"
+
+#include <utility>
+
+namespace quillshift {
+
+Program::Program(Platform& platform, std::function<std::unique_ptr<MainView>()> mainView)
+    : platform_(platform),
+      makeMainView_(std::move(mainView)),
+      settings_(platform.settings),
+      sounds_(settings_, platform.sound) {}
+
+void Program::ShowMainWindow() {
+    main_ = makeMainView_();
+    job_ = std::make_unique<RecodingJob>(
+        RecodingJob::Services{recoding_, settings_, platform_.messageBox, main_->RichTextBox(), *main_,
+                              main_->Decoding(), platform_.fileDialog.FileName});
+    modDocument_ = std::make_unique<modDocument>(modDocument::Services{
+        document_, settings_, platform_, main_->RichTextBox(), main_->RichTextBoxBackup(),
+        main_->RichTextBoxImport(), *main_, [this] { job_->StartDecode(); }});
+    timerUpdate_ = platform_.timers.Make([this] { OnResize(); });
+    timerEdit_ = platform_.timers.Make([this] { UpdateStates(); });
+    timerClose_ = platform_.timers.Make([this] { main_->Close(); });
+    job_->OnEnded = [this] {
+        timerEdit_->StartOnce();
+        if (std::exchange(closeAfterJob_, false))
+            timerClose_->StartOnce();
+    };
+    // A load that fails on the way is reported over the window, not in its stead.
+    timerEdit_->StartOnce();
+    try {
+        LoadMainWindow();
+    } catch (const Error&) {
+        main_->Show();
+        throw;
+    }
+    main_->Show();
+}
+
+void Program::LoadMainWindow() {
+    UndoCapture = true;
+    document_.ReopenAvailable = false;
+    document_.SaveAvailable = false;
+    recoding_.RecodeUndoAvailable = false;
+    ConnectSurface();
+    main_->BuildBars();
+    LoadBars();
+    sounds_.Play(sound_event::kFormLoad);
+    recoding_.Combo1 = 0;
+    recoding_.Combo2 = 1;
+    const int direction = static_cast<int>(NumberIn(settings_.Preference("DefaultCode")));
+    main_->SetDirection(direction >= 0 && direction < kDirections ? direction : 0);
+    barShown_[1] = settings_.PreferenceIs("ToolBarStandart", u"1");
+    barShown_[2] = settings_.PreferenceIs("ToolBarDecode", u"1");
+    main_->SetChecked("MENU:VIEW:TOOLBARS:TBSTANDART", barShown_[1]);
+    main_->SetBarVisible(1, barShown_[1]);
+    main_->SetChecked("MENU:VIEW:TOOLBARS:TBDECODE", barShown_[2]);
+    main_->SetBarVisible(2, barShown_[2]);
+    const bool topMost = settings_.PreferenceIs("TopMost", u"1");
+    main_->SetChecked("MENU:VIEW:ONTOP", topMost);
+    main_->SetTopMost(topMost);
+    LoadPlace();
+    LoadTitle();
+    if (OpenAtStart)
+        modDocument_->OpenDocument();
+    if (settings_.PreferenceIs("StartAtStartup", u"1")) {
+        main_->RichTextBox().SetText(platform_.clipboard.Text());
+        job_->StartDecode();
+    }
+    main_->RichTextBox().SetFont(
+        {settings_.Preference("FontName"), NumberIn(settings_.Preference("FontSize"))});
+    OnResize();
+    UpdateStates();
+}
+
+void Program::LoadBars() {
+    const bool large =
+        settings_.ReadString(Hive::CurrentUser, settings_path::kToolBars, "UseLargeIcons") == u"1";
+    for (const int bar : {1, 2})
+        main_->SetBarHeight(bar, large ? 435_twips : 375_twips);
+}
+
+void Program::LoadPlace() {
+    if (settings_.PreferenceIs("SaveWindowPositionAndSize", u"1")) {
+        const auto stored = [this](std::string_view name) {
+            return Twips{NumberIn(settings_.Preference(name))};
+        };
+        const TwipsRect bounds{stored("MainLeft"), stored("MainTop"), stored("MainWidth"),
+                               stored("MainHeight")};
+        main_->SetBounds(WithinReach(bounds, platform_.screen.WorkAreas()));
+    } else {
+        const TwipsRect screen = platform_.screen.Primary();
+        TwipsRect bounds = main_->Bounds();
+        bounds.left = screen.left + screen.width / 2 - bounds.width / 2;
+        bounds.top = screen.top + screen.height / 2 - bounds.height / 2;
+        main_->SetBounds(bounds);
+    }
+    // After the rectangle, which is that of the window when it is not maximised.
+    if (settings_.PreferenceIs("WindowState", u"0"))
+        main_->SetState(WindowState::Normal);
+    else if (settings_.PreferenceIs("WindowState", u"2"))
+        main_->SetState(WindowState::Maximised);
+}
+
+void Program::LoadTitle() {
+    const std::u16string shown = settings_.Preference("ShowInCaption");
+    if (shown == u"1")
+        main_->SetTitle(u"Morvane Quillshift 3.0 Preview - [Документ]");
+    else if (shown == u"2")
+        main_->SetTitle(u"Morvane Quillshift 3.0 Preview - [Документ не сохранен]");
+    else if (shown == u"3")
+        main_->SetTitle(kProgramTitle);
+}
+
+void Program::ConnectSurface() {
+    TextSurface& surface = main_->RichTextBox();
+    surface.OnChange = [this] { timerEdit_->StartOnce(); };
+    surface.OnSelChange = [this] { document_.DocumentModified = true; };
+    surface.OnKeyPress = [this] { document_.DocumentModified = true; };
+    surface.OnKeyDown = [this] { sounds_.Play(sound_event::kKeyDown); };
+}
+
+void Program::OnResize() {
+    if (!main_ || main_->State() == WindowState::Minimised)
+        return;
+    const TwipsRect bounds = main_->Bounds();
+    const auto large = settings_.ReadString(Hive::CurrentUser, settings_path::kToolBars, "UseLargeIcons");
+    const int bars = (barShown_[1] ? 1 : 0) + (barShown_[2] ? 1 : 0);
+    if (const auto layout = LayOutEditor(bounds.height, bounds.width, large.value_or(u""), bars))
+        main_->LayOut(*layout);
+}
+
+void Program::UpdateStates() {
+    const bool text = !main_->RichTextBox().Text().empty();
+    for (const std::string_view key : {"TOOLBAR2:START", "TOOLBAR2:STOP", "TOOLBAR2:DECODE"})
+        main_->SetEnabled(key, text);
+    for (const std::string_view key : {"MENU:DECODE:UNDO", "TOOLBAR2:UNDO"})
+        main_->SetEnabled(key, recoding_.RecodeUndoAvailable);
+    for (const std::string_view key : {"MENU:FILE:REOPEN", "TOOLBAR:REOPEN"})
+        main_->SetEnabled(key, document_.ReopenAvailable);
+    main_->SetEnabled("MENU:FILE:SAVE", document_.SaveAvailable);
+}
+
+void Program::Inform(std::u16string_view text) {
+    platform_.messageBox.Show(BoxIcon::Information, BoxButtons::Ok, kProgramTitle, text);
+}
+
+void Program::ReportFailure(const Error& error) {
+    platform_.messageBox.Show(BoxIcon::Critical, BoxButtons::Ok, kProgramTitle,
+                              FailureText(error.Number(), error.Description()));
+}
+
+} // namespace quillshift

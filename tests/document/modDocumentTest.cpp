@@ -1,0 +1,178 @@
+#include "support/TestProgram.h"
+
+#include <gtest/gtest.h>
+
+namespace quillshift {
+namespace {
+
+struct modDocumentTest : testing::Test {
+    TestProgram test;
+    FakeMainView& window = test.Start();
+
+    void Dispatch(std::string_view key) { test.program.Dispatch(key); }
+    void SaveAs(std::u16string_view path) {
+        test.fileDialog.chosen.emplace_back(path);
+        Dispatch("MENU:FILE:SAVEAS");
+    }
+    std::string File(std::u16string_view path) { return test.files.files[std::u16string(path)]; }
+};
+
+TEST_F(modDocumentTest, KeepsEveryByteFromOpenToSave) {
+    std::string bytes;
+    for (int i = 0; i < 256; ++i)
+        if (i != '\r' && i != '\n')
+            bytes.push_back(static_cast<char>(i));
+    test.OpenFile(u"/d/a.txt", bytes);
+    EXPECT_FALSE(test.program.Document().DocumentModified);
+    SaveAs(u"/d/b.txt");
+    EXPECT_EQ(File(u"/d/b.txt"), bytes + "\r\n");
+}
+
+TEST_F(modDocumentTest, ShowsTheNameAsTheSettingSays) {
+    test.Set("ShowInCaption", u"1");
+    test.OpenFile(u"/d/a.txt", "x");
+    EXPECT_EQ(window.title, u"Morvane Quillshift 3.0 Preview - [a.txt]");
+    test.Set("ShowInCaption", u"2");
+    Dispatch("MENU:FILE:REOPEN");
+    EXPECT_EQ(window.title, u"Morvane Quillshift 3.0 Preview - [/d/a.txt]");
+}
+
+TEST_F(modDocumentTest, AMissingFileIsReportedAndTouchesNothing) {
+    test.OpenFile(u"/d/a.txt", "text");
+    test.fileDialog.chosen.emplace_back(u"/d/none.txt");
+    Dispatch("MENU:FILE:OPEN");
+    EXPECT_EQ(test.LastBox(), u"Произошла ошибка № 53\r\nФайл не найден");
+    EXPECT_EQ(test.messageBox.shown.back().icon, BoxIcon::Critical);
+    EXPECT_EQ(window.document.Text(), u"text");
+    EXPECT_EQ(window.backup.loads, 1);
+}
+
+TEST_F(modDocumentTest, AsksBeforeAChangedTextIsDropped) {
+    test.Set("SaveChange", u"1");
+    window.document.SetText(u"x");
+    Dispatch("MENU:FILE:NEW"); // Escape
+    EXPECT_EQ(window.document.Text(), u"x");
+
+    test.messageBox.answers = {BoxAnswer::No};
+    Dispatch("MENU:FILE:NEW");
+    EXPECT_EQ(window.document.Text(), u"");
+
+    window.document.SetText(u"x");
+    test.messageBox.answers = {BoxAnswer::Yes};
+    test.fileDialog.chosen = {u"/d/x.txt"};
+    Dispatch("MENU:FILE:NEW");
+    EXPECT_EQ(File(u"/d/x.txt"), "x\r\n");
+    EXPECT_EQ(window.document.Text(), u"x") << "Yes saves and stops";
+    EXPECT_FALSE(test.program.Document().DocumentModified);
+    Dispatch("MENU:FILE:NEW");
+    EXPECT_EQ(window.document.Text(), u"");
+    EXPECT_EQ(test.messageBox.shown.size(), 3U);
+}
+
+TEST_F(modDocumentTest, PlainSaveIsOfferedOnlyAfterSaveAs) {
+    window.document.SetText(u"one");
+    test.fileDialog.chosen = {u"/d/one.txt"};
+    Dispatch("TOOLBAR:SAVE");
+    EXPECT_FALSE(test.program.Document().SaveAvailable) << "the button does not open the menu's way";
+    SaveAs(u"/d/two.txt");
+    EXPECT_TRUE(test.program.Document().SaveAvailable);
+    window.document.SetText(u"three");
+    Dispatch("MENU:FILE:SAVE");
+    EXPECT_EQ(File(u"/d/two.txt"), "three\r\n");
+    EXPECT_EQ(File(u"/d/one.txt"), "one\r\n");
+    EXPECT_FALSE(test.program.Document().DocumentModified);
+}
+
+TEST_F(modDocumentTest, PlainSaveNeverHitsAnotherFile) {
+    SaveAs(u"/d/first.txt");
+    test.OpenFile(u"/d/second.txt", "second");
+    Dispatch("MENU:FILE:SAVE");
+    EXPECT_EQ(File(u"/d/first.txt"), "\r\n");
+    EXPECT_EQ(File(u"/d/second.txt"), "second\r\n");
+
+    test.Set("SaveFileName", u"/d/of-another-copy.txt");
+    Dispatch("MENU:FILE:SAVE");
+    EXPECT_FALSE(test.files.files.contains(u"/d/of-another-copy.txt"));
+    EXPECT_EQ(test.messageBox.shown.back().icon, BoxIcon::Critical);
+
+    SaveAs(u"/d/\u65E5.txt"); // a name that the store can't hold
+    const auto files = test.files.files.size();
+    Dispatch("MENU:FILE:SAVE");
+    EXPECT_EQ(test.files.files.size(), files);
+    EXPECT_EQ(test.messageBox.shown.back().icon, BoxIcon::Critical);
+}
+
+TEST_F(modDocumentTest, AnRtfFileWithdrawsPlainSave) {
+    SaveAs(u"/d/first.txt");
+    test.OpenFile(u"/d/letter.rtf", "{\\rtf1 x}");
+    EXPECT_FALSE(test.program.Document().SaveAvailable);
+}
+
+TEST_F(modDocumentTest, TheBackupHoldsTheVersionBefore) {
+    test.Set("CreateBackup", u"1").Set("CreateBackupIn", u"1");
+    window.document.SetText(u"1");
+    SaveAs(u"/d/a.txt");
+    EXPECT_EQ(File(u"/d/a.txt.bak"), "\r\n");
+    window.document.SetText(u"2");
+    Dispatch("MENU:FILE:SAVE");
+    EXPECT_EQ(File(u"/d/a.txt.bak"), "1\r\n\r\n");
+
+    test.Set("CreateBackupIn", u"2").Set("BackupFolder", u"/backups/");
+    Dispatch("MENU:FILE:SAVE");
+    EXPECT_EQ(File(u"/backups/a.txt.bak"), "2\r\n\r\n");
+}
+
+TEST_F(modDocumentTest, AFailedSaveOrBackupLeavesTheDocumentModified) {
+    test.Set("CreateBackup", u"1").Set("CreateBackupIn", u"1");
+    window.document.SetText(u"x");
+    test.files.unwritable = {u"/d/a.txt"};
+    SaveAs(u"/d/a.txt");
+    EXPECT_EQ(test.LastBox(), u"Произошла ошибка № 61\r\nНа диске нет места");
+    EXPECT_TRUE(test.files.files.empty());
+    EXPECT_EQ(test.settings.Preference("SaveFileName"), u"");
+
+    test.files.unwritable = {u"/d/a.txt.bak"};
+    SaveAs(u"/d/a.txt");
+    EXPECT_EQ(File(u"/d/a.txt"), "x\r\n");
+    EXPECT_EQ(test.settings.Preference("SaveFileName"), u"");
+    EXPECT_TRUE(test.program.Document().DocumentModified);
+    EXPECT_FALSE(test.program.Document().SaveAvailable);
+}
+
+TEST_F(modDocumentTest, AsksBeforeCharactersAreLost) {
+    window.document.SetText(u"a\u4E2D\u4E2D");
+    SaveAs(u"/d/a.txt");
+    EXPECT_TRUE(test.files.files.empty());
+    EXPECT_NE(test.LastBox().find(u"всего: 2, например «\u4E2D»"), std::u16string::npos);
+    test.messageBox.answers = {BoxAnswer::Yes};
+    SaveAs(u"/d/a.txt");
+    EXPECT_EQ(File(u"/d/a.txt"), "a??\r\n");
+}
+
+TEST_F(modDocumentTest, ImportInsertsAtTheCaretAndKeepsTheSelection) {
+    window.document.SetText(u"onetwo");
+    window.document.SetSelStart(3);
+    window.document.SetSelLength(3);
+    test.files.files[u"/d/i.rtf"] = "middle";
+    test.fileDialog.chosen = {u"/d/i.rtf"};
+    Dispatch("MENU:FILE:IMPORT:RTF");
+    EXPECT_EQ(window.document.Text(), u"onemiddletwo");
+    EXPECT_EQ(window.document.SelStart(), 0U);
+    EXPECT_EQ(test.clipboard.text, u"middle");
+    EXPECT_TRUE(test.program.Document().ReopenAvailable);
+}
+
+TEST_F(modDocumentTest, RecodesWhatIsOpenedWhereThatIsAskedForButNotOnReopen) {
+    test.Set("StartAtOpen", u"1").Set("DefaultCode", u"0");
+    test.OpenFile(u"/d/dos.txt", "\x8F\xE0\xA8\xA2\xA5\xE2");
+    EXPECT_EQ(window.document.Text(), u"Привет");
+    Dispatch("MENU:FILE:REOPEN");
+    EXPECT_NE(window.document.Text(), u"Привет");
+
+    test.OpenFile(u"/d/long.txt", std::string(40000, '\x8F'));
+    EXPECT_EQ(test.LastBox(), u"Произошла ошибка № 6\r\nOverflow");
+    EXPECT_EQ(window.document.Text().size(), 40000U);
+}
+
+} // namespace
+} // namespace quillshift

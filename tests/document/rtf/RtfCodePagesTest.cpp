@@ -1,0 +1,50 @@
+#include "document/rtf/RtfCodePages.h"
+
+#include <gtest/gtest.h>
+
+#include <iconv.h>
+
+namespace quillshift {
+namespace {
+
+// What the C library makes of one byte; U+FFFD where the page leaves it open.
+char16_t Published(const char* page, char byte) {
+    iconv_t converter = iconv_open("UTF-16LE", page);
+    char16_t out = 0xFFFD;
+    char* in = &byte;
+    char* target = reinterpret_cast<char*>(&out);
+    std::size_t inLeft = 1;
+    std::size_t outLeft = sizeof out;
+    iconv(converter, &in, &inLeft, &target, &outLeft);
+    iconv(converter, nullptr, nullptr, &target, &outLeft); // one page holds letters back for an accent
+    iconv_close(converter);
+    return out;
+}
+
+TEST(RtfCodePages, AgreeWithThePublishedPages) {
+    const std::pair<int, const char*> pages[] = {
+        {437, "CP437"},   {850, "CP850"},       {866, "CP866"},         {1250, "CP1250"}, {1252, "CP1252"},
+        {1253, "CP1253"}, {1254, "CP1254"},     {1255, "CP1255"},       {1256, "CP1256"}, {1257, "CP1257"},
+        {1258, "CP1258"}, {10000, "MACINTOSH"}, {10007, "MAC-CYRILLIC"}};
+    for (const auto& [number, name] : pages)
+        for (int byte = 0x80; byte < 0x100; ++byte) {
+            const char single = static_cast<char>(byte);
+            std::u16string read;
+            AppendDecoded(read, {&single, 1}, number);
+            EXPECT_EQ(read, std::u16string(1, Published(name, single))) << name << " byte " << byte;
+        }
+}
+
+TEST(RtfCodePages, ReadWindows1251AsTheProgramDoesAndDoubleBytesAsOneUnknown) {
+    std::u16string read;
+    AppendDecoded(read, "\x98\xCF", 1251);
+    EXPECT_EQ(read, u"\u0098П");
+    read.clear();
+    AppendDecoded(read, "a\x83\x41\x83\x01z\x83", 932);
+    EXPECT_EQ(read, u"a\uFFFD\uFFFD\u0001z\uFFFD") << "a control is no second byte";
+    EXPECT_EQ(CodePageOfCharset(204, 437), 1251);
+    EXPECT_EQ(CodePageOfCharset(1, 866), 866);
+}
+
+} // namespace
+} // namespace quillshift

@@ -1,0 +1,138 @@
+#include "platform/qt/SdlSound.h"
+#include "settings/TemporaryFolder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdint>
+#include <sys/stat.h>
+#include <thread>
+#include <vector>
+
+namespace quillshift {
+namespace {
+
+namespace fs = std::filesystem;
+
+// A wave file of one value all through, so that a listener knows whose sample it hears.
+void PutWave(const fs::path& file, std::int16_t sample, int seconds) {
+    constexpr std::uint32_t kRate = 44100;
+    const std::uint32_t size = kRate * 2 * static_cast<std::uint32_t>(seconds);
+    std::string bytes;
+    const auto add = [&](std::uint32_t value, int count) {
+        for (; count > 0; --count, value >>= 8U)
+            bytes.push_back(static_cast<char>(value & 0xFFU));
+    };
+    bytes += "RIFF";
+    add(36 + size, 4);
+    bytes += "WAVEfmt ";
+    add(16, 4);
+    add(1, 2); // PCM
+    add(1, 2); // channels
+    add(kRate, 4);
+    add(kRate * 2, 4);
+    add(2, 2);
+    add(16, 2);
+    bytes += "data";
+    add(size, 4);
+    for (std::uint32_t i = 0; i < size; i += 2)
+        add(static_cast<std::uint16_t>(sample), 2);
+    Put(file, bytes);
+}
+
+class SdlSoundTest : public testing::Test {
+protected:
+    static constexpr std::int16_t kLow = -4000;
+    static constexpr std::int16_t kHigh = 4000;
+
+    void SetUp() override {
+        setenv("SDL_AUDIODRIVER", "disk", 1);
+        setenv("SDL_DISKAUDIOFILE", heard_.c_str(), 1);
+        setenv("SDL_DISKAUDIODELAY", "5", 1);
+        PutWave(long_, kHigh, 60);
+        PutWave(short_, kLow, 1);
+    }
+
+    std::vector<std::int16_t> Heard() const {
+        const std::string bytes = Contents(heard_);
+        std::vector<std::int16_t> samples(bytes.size() / 2);
+        std::copy_n(bytes.data(), samples.size() * 2, reinterpret_cast<char*>(samples.data()));
+        return samples;
+    }
+    bool Hears(std::int16_t sample) const {
+        const auto samples = Heard();
+        return std::find(samples.begin(), samples.end(), sample) != samples.end();
+    }
+    bool HearsSilenceAfter(std::int16_t sample) const {
+        const auto samples = Heard();
+        const bool silent = !samples.empty() && samples.back() == 0;
+        return silent && std::find(samples.begin(), samples.end(), sample) != samples.end();
+    }
+    template <typename Condition>
+    static bool Soon(Condition condition) {
+        for (int i = 0; i < 1000 && !condition(); ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        return condition();
+    }
+
+    TemporaryFolder folder_;
+    fs::path heard_ = folder_ / "heard.raw";
+    fs::path long_ = folder_ / "длинный.wav";
+    fs::path short_ = folder_ / "short.wav";
+};
+
+TEST_F(SdlSoundTest, ANewSoundCutsTheRunningOneAndEndsByItself) {
+    SdlSound sound;
+    sound.Play(long_.u16string());
+    ASSERT_TRUE(Soon([&] { return Hears(kHigh); }));
+    sound.Play(short_.u16string());
+    ASSERT_TRUE(Soon([&] { return HearsSilenceAfter(kLow); }));
+    const auto samples = Heard();
+    const auto secondStart = std::find(samples.begin(), samples.end(), kLow);
+    EXPECT_EQ(std::find(secondStart, samples.end(), kHigh), samples.end()) << "the first one went on";
+    EXPECT_EQ(std::count(samples.begin(), samples.end(), kLow), 44100) << "the second one was not whole";
+}
+
+TEST_F(SdlSoundTest, WhatCannotBePlayedIsSilentAndStillCutsTheRunningSound) {
+    ASSERT_EQ(mkfifo((folder_ / "pipe").c_str(), 0600), 0);
+    Put(folder_ / "text.wav", "not a sound");
+    SdlSound sound;
+    for (const fs::path& unplayable : {fs::path(), folder_ / "missing.wav", folder_ / "pipe",
+                                       folder_ / "text.wav", folder_.Path(), fs::path("/dev/zero")}) {
+        sound.Play(long_.u16string());
+        ASSERT_TRUE(Soon([&] { return Hears(kHigh) && Heard().back() == kHigh; })) << unplayable;
+        sound.Play(unplayable.u16string());
+        ASSERT_TRUE(Soon([&] { return HearsSilenceAfter(kHigh); })) << unplayable;
+    }
+}
+
+TEST_F(SdlSoundTest, AMachineWithoutSoundStaysSilentWithoutWaiting) {
+    setenv("SDL_AUDIODRIVER", "no such driver", 1);
+    SdlSound sound;
+    const auto start = std::chrono::steady_clock::now();
+    for (int i = 0; i < 1000; ++i)
+        sound.Play(short_.u16string());
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
+    EXPECT_FALSE(fs::exists(heard_));
+}
+
+TEST_F(SdlSoundTest, TheProgramsOwnSoundsArePlayableAndQuiet) {
+    for (const char* name : {"ButtonMove", "ButtonClick", "FormLoad", "FormUnload", "KeyDown"}) {
+        fs::remove(heard_);
+        SdlSound sound;
+        sound.Play((fs::path(SOUNDS) / (std::string(name) + ".wav")).u16string());
+        const auto loudest = [this] {
+            int peak = 0;
+            for (const std::int16_t sample : Heard())
+                peak = std::max(peak, std::abs(static_cast<int>(sample)));
+            return peak;
+        };
+        EXPECT_TRUE(Soon([&] { return loudest() > 300 && Heard().back() == 0; })) << name;
+        EXPECT_LT(loudest(), 8000) << name;
+    }
+}
+
+} // namespace
+} // namespace quillshift

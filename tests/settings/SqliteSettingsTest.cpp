@@ -1,0 +1,205 @@
+#include "platform/qt/SqliteSettings.h"
+#include "platform/qt/XdgFolders.h"
+#include "settings/FirstValues.h"
+#include "settings/TemporaryFolder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace quillshift {
+namespace {
+
+namespace fs = std::filesystem;
+
+const StoredValue kOne{ValueType::Text, "1"};
+const StoredValue kTwo{ValueType::Text, "2"};
+
+std::string OutputOf(const std::string& command) {
+    std::string output;
+    std::array<char, 4096> buffer{};
+    FILE* pipe = popen(command.c_str(), "r");
+    while (const auto count = fread(buffer.data(), 1, buffer.size(), pipe))
+        output.append(buffer.data(), count);
+    pclose(pipe);
+    return output;
+}
+
+class SqliteSettingsTest : public testing::Test {
+protected:
+    // A store with enough in it to have many pages.
+    void MakeStore() {
+        SqliteSettings settings(file_);
+        for (int i = 0; i < 400; ++i)
+            settings.Write("P", std::to_string(i), {ValueType::Text, std::string(100, 'x')});
+        settings.Write("P", "a", kOne);
+    }
+
+    TemporaryFolder folder_;
+    fs::path file_ = folder_ / "new/quillshift/settings.db";
+    fs::path aside_ = folder_ / "new/quillshift/settings.db.damaged-1";
+};
+
+TEST_F(SqliteSettingsTest, KeepsValuesBetweenRunsWhateverTheCaseAndSize) {
+    StoredValue large{ValueType::Text, std::string(5 << 20, '\xDF')};
+    large.data[1 << 20] = '\0';
+    {
+        SqliteSettings settings(file_);
+        EXPECT_EQ(settings.Read("P", "a"), std::nullopt);
+        EXPECT_FALSE(fs::exists(folder_ / "new")) << "a read creates nothing";
+        settings.Write("Some\\Path", "ToolBarDecode", {ValueType::Number, std::string("\0\1\2\3", 4)});
+        settings.Write("Some\\Path", "ToolbarDecode", kOne);
+        settings.Write("Some\\Path", "Empty", {ValueType::Text, ""});
+        settings.Write("P", "large", large);
+    }
+    SqliteSettings settings(file_);
+    EXPECT_EQ(settings.Read("SOME\\path", "TOOLBARDECODE"), kOne);
+    EXPECT_EQ(settings.Read("Some\\Path", "Empty"), (StoredValue{ValueType::Text, ""}));
+    EXPECT_EQ(settings.Read("Some", "Empty"), std::nullopt);
+    EXPECT_TRUE(settings.Read("P", "large") == large);
+    EXPECT_EQ(fs::status(file_.parent_path()).permissions(), fs::perms::owner_all) << "for its owner only";
+}
+
+TEST_F(SqliteSettingsTest, ADamagedFileIsSetAsideAtTheFirstUse) {
+    MakeStore();
+    const std::string good = Contents(file_);
+    const std::string damages[] = {"garbage", std::string(100000, '\xA5'), good.substr(0, good.size() / 2),
+                                   good.substr(0, 100)};
+    int number = 0;
+    for (const std::string& damaged : damages) {
+        Put(file_, damaged);
+        SqliteSettings settings(file_);
+        EXPECT_EQ(settings.Read("P", "a"), std::nullopt);
+        settings.Write("P", "b", kTwo);
+        EXPECT_EQ(settings.Read("P", "b"), kTwo);
+        EXPECT_TRUE(Contents(file_.string() + ".damaged-" + std::to_string(++number)) == damaged) << number;
+    }
+}
+
+TEST_F(SqliteSettingsTest, DamageFoundWhileRunningEndsInAnEmptyStore) {
+    MakeStore();
+    const std::string good = Contents(file_);
+    SqliteSettings settings(file_);
+    ASSERT_EQ(settings.Read("P", "a"), kOne);
+    // Only pages that weren't read yet: the connection notices when it comes to them.
+    std::fstream(file_, std::ios::in | std::ios::out | std::ios::binary).seekp(4096)
+        << std::string(good.size() - 4096, '\xA5');
+    for (int i = 0; i < 400; ++i)
+        settings.Read("P", std::to_string(i));
+    EXPECT_TRUE(fs::exists(aside_));
+    settings.Write("P", "b", kTwo);
+    EXPECT_EQ(settings.Read("P", "b"), kTwo);
+    EXPECT_EQ(settings.Read("P", "1"), std::nullopt);
+}
+
+TEST_F(SqliteSettingsTest, AnotherProgramsDatabaseIsSetAside) {
+    MakeStore();
+    OutputOf("sqlite3 " + file_.string() + " 'DROP TABLE value; CREATE TABLE value(x)'");
+    SqliteSettings settings(file_);
+    settings.Write("P", "b", kTwo);
+    EXPECT_EQ(settings.Read("P", "b"), kTwo);
+    EXPECT_TRUE(fs::exists(aside_));
+}
+
+TEST_F(SqliteSettingsTest, DeletionAndReplacementAreNoticed) {
+    MakeStore();
+    SqliteSettings settings(file_);
+    settings.Write("P", "a", kTwo);
+    fs::remove(file_); // its log stays behind
+    EXPECT_EQ(settings.Read("P", "a"), std::nullopt);
+    settings.Write("P", "b", kTwo);
+    EXPECT_EQ(SqliteSettings(file_).Read("P", "b"), kTwo);
+    EXPECT_EQ(SqliteSettings(file_).Read("P", "a"), std::nullopt) << "came back from the old log";
+
+    {
+        SqliteSettings other(folder_ / "other.db");
+        other.Write("P", "c", kOne);
+    }
+    fs::rename(folder_ / "other.db", file_);
+    EXPECT_EQ(settings.Read("P", "c"), kOne);
+    EXPECT_EQ(settings.Read("P", "b"), std::nullopt);
+    fs::remove_all(file_.parent_path());
+    settings.Write("P", "d", kOne);
+    EXPECT_EQ(settings.Read("P", "d"), kOne);
+}
+
+TEST_F(SqliteSettingsTest, WhereNoStoreCanBeNothingHappens) {
+    fs::create_directories(file_ / "folder");
+    ASSERT_EQ(mkfifo((folder_ / "pipe").c_str(), 0600), 0);
+    Put(folder_ / "plain", "");
+    for (const fs::path& file :
+         {file_, folder_ / "pipe", folder_ / "plain/settings.db", fs::path("/proc/quillshift/settings.db"),
+          fs::path("relative/settings.db")}) {
+        SqliteSettings settings(file);
+        EXPECT_FALSE(settings.SetUp([](SettingsBackend&) {})) << file;
+        settings.Write("P", "a", kOne);
+        EXPECT_EQ(settings.Read("P", "a"), std::nullopt) << file;
+    }
+    EXPECT_FALSE(fs::exists("relative"));
+}
+
+// Runs the checks as a user whom mode bits bind; the superuser may write anywhere.
+TEST_F(SqliteSettingsTest, AReadOnlyStoreIsReadAndNotWritten) {
+    MakeStore();
+    for (const fs::path& open : {folder_.Path(), folder_ / "new", file_.parent_path()})
+        fs::permissions(open, static_cast<fs::perms>(0555));
+    fs::permissions(file_, static_cast<fs::perms>(0444));
+    const pid_t child = fork();
+    if (child == 0) {
+        constexpr uid_t kNobody = 65534;
+        if (getuid() == 0 && setuid(kNobody) != 0)
+            _exit(3);
+        SqliteSettings settings(file_);
+        settings.Write("P", "a", kTwo);
+        settings.SetUp([](SettingsBackend&) {});
+        _exit(settings.Read("P", "a") == kOne ? 0 : 1);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+    for (const fs::path& open : {folder_.Path(), folder_ / "new", file_.parent_path()})
+        fs::permissions(open, fs::perms::owner_all);
+    EXPECT_EQ(SqliteSettings(file_).Read("P", "a"), kOne);
+}
+
+TEST_F(SqliteSettingsTest, SetUpValuesAreReadableWithTheCommandLineTool) {
+    SqliteSettings settings(file_);
+    EXPECT_TRUE(settings.SetUp([](SettingsBackend& backend) {
+        SettingsStore store(backend);
+        WriteFirstValues(store, {u"/opt", u"", {}});
+    }));
+    settings.Write("P", "a", kOne); // the running program does not keep others out
+    const std::string select = "sqlite3 " + file_.string() + " \"SELECT type, hex(data) FROM value WHERE ";
+    EXPECT_EQ(OutputOf(select + "path LIKE '%\\standart' AND name='39'\""), "4|FFFFFFFF\n");
+    EXPECT_EQ(OutputOf(select + "name='texTExample'\""), "1|4578616D706C652C20CEE1F0E0E7E5F6\n");
+}
+
+TEST_F(SqliteSettingsTest, SetUpTouchesNoExistingStoreButADamagedOne) {
+    const auto fill = [](SettingsBackend& backend) { backend.Write("P", "a", kOne); };
+    fs::create_directories(file_.parent_path());
+    Put(file_, "");
+    EXPECT_FALSE(SqliteSettings(file_).SetUp(fill));
+    EXPECT_EQ(SqliteSettings(file_).Read("P", "a"), std::nullopt);
+
+    Put(file_, std::string(5000, 'x'));
+    SqliteSettings settings(file_);
+    EXPECT_TRUE(settings.SetUp(fill));
+    EXPECT_EQ(settings.Read("P", "a"), kOne);
+    EXPECT_TRUE(fs::exists(aside_));
+}
+
+TEST(XdgFolders, FollowTheEnvironment) {
+    setenv("HOME", "/home/somebody", 1);
+    setenv("XDG_DATA_HOME", "/data", 1);
+    EXPECT_EQ(XdgDataFolder(), "/data");
+    setenv("XDG_DATA_HOME", "relative", 1);
+    EXPECT_EQ(XdgDataFolder(), "/home/somebody/.local/share");
+    unsetenv("HOME");
+    EXPECT_TRUE(XdgDataFolder().is_absolute());
+    EXPECT_NE(XdgDataFolder(), "/home/somebody/.local/share");
+}
+
+} // namespace
+} // namespace quillshift

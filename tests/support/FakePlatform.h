@@ -1,0 +1,172 @@
+#pragma once
+
+#include "platform/Platform.h"
+#include "support/FakeSettings.h"
+#include "support/FakeSound.h"
+
+#include <deque>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace quillshift {
+
+class FakeFiles final : public FileSystem {
+public:
+    FileContents Read(std::u16string_view path) override {
+        const auto found = files.find(std::u16string(path));
+        if (found == files.end())
+            return {.bytes = {}, .failure = FileFailure{53, u"Файл не найден"}};
+        return {.bytes = found->second, .failure = {}};
+    }
+    std::optional<FileFailure> Write(std::u16string_view path, std::string_view bytes) override {
+        if (unwritable.contains(std::u16string(path)))
+            return FileFailure{61, u"На диске нет места"};
+        files[std::u16string(path)] = bytes;
+        return std::nullopt;
+    }
+    std::map<std::u16string, std::string> files;
+    std::set<std::u16string> unwritable;
+};
+
+/// Answers with the paths of `chosen`, one after another; with none left the user cancels.
+class FakeFileDialog final : public FileDialog {
+public:
+    bool ShowOpen() override { return Choose(); }
+    bool ShowSave() override { return Choose(); }
+    std::deque<std::u16string> chosen;
+    std::vector<std::u16string> shown; ///< titles of the dialogs shown
+
+private:
+    bool Choose() {
+        shown.push_back(DialogTitle);
+        if (chosen.empty())
+            return false;
+        FileName = chosen.front();
+        FileTitle = FileName.substr(FileName.rfind(u'/') + 1);
+        chosen.pop_front();
+        return true;
+    }
+};
+
+/// Answers with `answers`, one after another; with none left as a user who presses Escape.
+class FakeMessageBox final : public MessageBox {
+public:
+    BoxAnswer Show(BoxIcon icon, BoxButtons buttons, std::u16string_view title,
+                   std::u16string_view text) override {
+        shown.push_back({icon, buttons, std::u16string(title), std::u16string(text)});
+        if (buttons == BoxButtons::Ok)
+            return BoxAnswer::Ok;
+        if (answers.empty())
+            return BoxAnswer::Cancel;
+        const BoxAnswer answer = answers.front();
+        answers.pop_front();
+        return answer;
+    }
+    struct Box {
+        BoxIcon icon;
+        BoxButtons buttons;
+        std::u16string title, text;
+    };
+    std::vector<Box> shown;
+    std::deque<BoxAnswer> answers;
+};
+
+class FakeClipboard final : public Clipboard {
+public:
+    std::u16string Text() override { return text; }
+    void SetText(std::u16string_view value) override { text = value; }
+    void Clear() override { text.clear(); }
+    std::u16string text;
+};
+
+/// Ticks when the test says so.
+class FakeTimers final : public Timers {
+public:
+    std::unique_ptr<Timer> Make(std::function<void()> tick) override {
+        auto timer = std::make_unique<OneTimer>(*this, std::move(tick));
+        all_.insert(timer.get());
+        return timer;
+    }
+    /// One tick of each running timer.
+    void Tick() {
+        const auto timers = all_;
+        for (auto* timer : timers)
+            if (all_.contains(timer))
+                timer->Tick();
+    }
+
+private:
+    class OneTimer final : public Timer {
+    public:
+        OneTimer(FakeTimers& owner, std::function<void()> tick) : owner_(owner), tick_(std::move(tick)) {}
+        ~OneTimer() override { owner_.all_.erase(this); }
+        OneTimer(const OneTimer&) = delete;
+        OneTimer& operator=(const OneTimer&) = delete;
+        void StartInterval(std::chrono::milliseconds) override { Start(false); }
+        void StartOnce(std::chrono::milliseconds) override { Start(true); }
+        void Stop() override { running_ = false; }
+        bool IsRunning() const override { return running_; }
+        void Tick() {
+            if (!running_)
+                return;
+            running_ = !once_;
+            tick_();
+        }
+
+    private:
+        void Start(bool once) {
+            once_ = once;
+            running_ = true;
+        }
+        FakeTimers& owner_;
+        std::function<void()> tick_;
+        bool running_ = false;
+        bool once_ = false;
+    };
+    std::set<OneTimer*> all_;
+};
+
+class FakeScreen final : public Screen {
+public:
+    TwipsRect Primary() const override { return {0_twips, 0_twips, 19200_twips, 12000_twips}; }
+    std::vector<TwipsRect> WorkAreas() const override { return {Primary()}; }
+};
+
+class FakeShell final : public Shell {
+public:
+    std::u16string ProgramFolder() const override { return u"/program"; }
+    bool AnotherCopyRuns() const override { return anotherCopyRuns; }
+    bool StartProcess(std::u16string_view program) override {
+        started.emplace_back(program);
+        return programsExist;
+    }
+    bool OpenWithDefault(std::u16string_view link) override {
+        started.emplace_back(link);
+        return true;
+    }
+    void RunPendingEvents() override {}
+    void EndProcess() override { ended = true; }
+
+    bool anotherCopyRuns = false;
+    bool programsExist = false;
+    bool ended = false;
+    std::vector<std::u16string> started;
+};
+
+/// All services at once.
+struct FakePlatform {
+    FakeSettings store;
+    FakeSound sound;
+    FakeFiles files;
+    FakeFileDialog fileDialog;
+    FakeMessageBox messageBox;
+    FakeClipboard clipboard;
+    FakeTimers timers;
+    FakeScreen screen;
+    FakeShell shell;
+    Platform platform{store, sound, files, fileDialog, messageBox, clipboard, timers, screen, shell};
+};
+
+} // namespace quillshift

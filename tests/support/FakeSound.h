@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/SoundOutput.h"
+
+#include <string>
+#include <vector>
+
+namespace quillshift {
+
+/// Plays nothing and remembers the paths it was to play.
+class FakeSound : public SoundOutput {
+public:
+    void Play(std::u16string_view path) override { played.emplace_back(path); }
+
+    std::vector<std::u16string> played;
+};
+
+} // namespace quillshift

@@ -1,0 +1,168 @@
+#include "platform/qt/QtTextSurface.h"
+
+#include "base/Windows1251.h"
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+#include <QTextBlock>
+
+#include <random>
+
+namespace quillshift {
+namespace {
+
+struct QtTextSurfaceTest : testing::Test {
+    QtTextSurfaceTest() {
+        surface.OnChange = [this] { heard += "change "; };
+        surface.OnSelChange = [this] { heard += "sel "; };
+        surface.resize(400, 300);
+    }
+    std::string Heard() { return std::exchange(heard, {}); }
+
+    QtTextSurface surface;
+    std::string heard;
+};
+
+std::u16string AllBytes() {
+    std::string bytes;
+    for (int i = 0; i < 256; ++i)
+        if (i != '\r' && i != '\n')
+            bytes.push_back(static_cast<char>(i));
+    return windows1251::Decode(bytes);
+}
+
+TEST_F(QtTextSurfaceTest, KeepsEveryCharacterThroughLoadingAndEditing) {
+    const std::u16string all = AllBytes();
+    surface.LoadPlain(all);
+    EXPECT_EQ(surface.Text(), all);
+    surface.SetSelStart(128);
+    surface.SetSelText(all);
+    EXPECT_EQ(surface.Text(), all.substr(0, 128) + all + all.substr(128));
+    surface.SetSelStart(128);
+    surface.SetSelLength(all.size());
+    EXPECT_EQ(surface.SelText(), all);
+    surface.Clear();
+    EXPECT_EQ(surface.Text(), all);
+}
+
+TEST_F(QtTextSurfaceTest, CountsEveryKindOfLineBreakAsTwo) {
+    surface.SetText(u"a\rb\nc\r\nd\n\re\u2028f");
+    EXPECT_EQ(surface.Text(), u"a\r\nb\r\nc\r\nd\r\n\r\ne\r\nf");
+    surface.SetSelStart(4);
+    EXPECT_EQ(surface.SelStart(), 4U) << "the end of the second line";
+    surface.SetSelStart(5);
+    EXPECT_EQ(surface.SelStart(), 4U) << "between CR and LF";
+    surface.SetSelStart(3);
+    surface.SetSelLength(4);
+    EXPECT_EQ(surface.SelText(), u"b\r\nc");
+    surface.SetSelStart(1000);
+    EXPECT_EQ(surface.SelStart(), surface.Text().size());
+    surface.SetText(u"\U0001F600x");
+    EXPECT_EQ(surface.Text().size(), 3U);
+}
+
+TEST_F(QtTextSurfaceTest, RaisesItsNoticesInsideTheCall) {
+    surface.SetText(u"same");
+    EXPECT_EQ(Heard(), "change sel ");
+    surface.SetText(u"same");
+    EXPECT_EQ(Heard(), "change sel ");
+    surface.LoadPlain(u"from a file");
+    EXPECT_EQ(Heard(), "change ");
+    surface.SetSelStart(2);
+    EXPECT_EQ(Heard(), "sel ");
+    surface.SetSelStart(2);
+    EXPECT_EQ(Heard(), "");
+    surface.SetSelText(u"x");
+    EXPECT_EQ(Heard(), "sel change ");
+    surface.SetSelIndent(300_twips);
+    EXPECT_EQ(Heard(), "") << "a format is no change of the text";
+    EXPECT_EQ(surface.SelIndent(), 300_twips);
+}
+
+TEST_F(QtTextSurfaceTest, TheMirrorFollowsRandomEdits) {
+    std::mt19937 random(20260101);
+    const auto upTo = [&](std::size_t n) { return random() % (n + 1); };
+    const std::u16string_view pieces[] = {u"", u"x", u"\r\n", u"а\u00A0б", u"\r\n\r\nдлиннее\r\n", u"\n"};
+    std::u16string model;
+    for (int step = 0; step < 3000; ++step) {
+        // Only places between whole breaks: the surface has no others.
+        surface.SetSelStart(upTo(model.size()));
+        const std::size_t start = surface.SelStart();
+        surface.SetSelLength(upTo(std::min<std::size_t>(model.size() - start, 12)));
+        const std::size_t length = surface.SelLength();
+        ASSERT_EQ(surface.SelText(), model.substr(start, length)) << "step " << step;
+        const std::u16string_view piece = pieces[upTo(5)];
+        surface.SetSelText(piece);
+        model.replace(start, length, piece == u"\n" ? u"\r\n" : piece);
+        ASSERT_EQ(surface.Text(), model) << "step " << step;
+        if (model.size() > 400) {
+            model.clear();
+            surface.SetText(u"");
+        }
+    }
+}
+
+TEST_F(QtTextSurfaceTest, FindsForwardByWordAndCase) {
+    surface.SetText(u"Слово, словом\r\nСЛОВО слово_");
+    EXPECT_EQ(surface.Find(u"слово", 0, FindOptions::None), 0U);
+    EXPECT_EQ(surface.SelText(), u"Слово");
+    EXPECT_EQ(surface.Find(u"слово", 0, FindOptions::MatchCase), 7U);
+    EXPECT_EQ(surface.Find(u"слово", 1, FindOptions::WholeWord), 15U);
+    EXPECT_EQ(surface.SelText(), u"СЛОВО");
+    EXPECT_FALSE(surface.Find(u"слово", 1, FindOptions::WholeWord | FindOptions::MatchCase));
+    EXPECT_EQ(surface.SelText(), u"СЛОВО") << "without a match the selection stays";
+    EXPECT_FALSE(surface.Find(u"", 0, FindOptions::None));
+}
+
+TEST_F(QtTextSurfaceTest, KnowsWhereItsLinesBegin) {
+    surface.show();
+    surface.SetText(u"one\r\n" + std::u16string(200, u'w') + u"\r\nlast");
+    EXPECT_EQ(surface.LineIndex(0), 0U);
+    EXPECT_EQ(surface.LineIndex(1), 5U);
+    const auto third = surface.LineIndex(2);
+    ASSERT_TRUE(third);
+    EXPECT_LT(*third, 205U) << "a long paragraph wraps";
+    surface.SetSelStart(surface.Text().size());
+    EXPECT_EQ(surface.LineIndex(-1), 207U);
+    EXPECT_FALSE(surface.LineIndex(10000));
+}
+
+TEST_F(QtTextSurfaceTest, ShowsFormattingUntilThePlainTextIsSet) {
+    RichText rich;
+    rich.text = u"bold\r\nright";
+    CharacterFormat bold;
+    bold.bold = true;
+    rich.runs = {{4, bold}, {7, {}}};
+    rich.paragraphs = {{}, {}};
+    rich.paragraphs[1].alignment = Alignment::Right;
+    surface.LoadRich(rich);
+    EXPECT_EQ(surface.Text(), rich.text);
+    QTextCursor cursor(surface.document());
+    cursor.setPosition(2);
+    EXPECT_EQ(cursor.charFormat().fontWeight(), QFont::Bold);
+    EXPECT_EQ(surface.document()->lastBlock().blockFormat().alignment(), Qt::AlignRight);
+    surface.SetText(rich.text);
+    cursor.setPosition(2);
+    EXPECT_NE(cursor.charFormat().fontWeight(), QFont::Bold);
+    EXPECT_NE(surface.document()->lastBlock().blockFormat().alignment(), Qt::AlignRight);
+}
+
+TEST_F(QtTextSurfaceTest, LeavesClipboardAndUndoKeysToTheProgram) {
+    surface.SetText(u"text");
+    surface.SetSelStart(0);
+    surface.SetSelLength(4);
+    for (const auto& [key, modifier] : {std::pair{Qt::Key_X, Qt::ControlModifier},
+                                        {Qt::Key_V, Qt::ControlModifier},
+                                        {Qt::Key_Insert, Qt::ShiftModifier},
+                                        {Qt::Key_Delete, Qt::ShiftModifier}})
+        QTest::keyClick(&surface, key, modifier);
+    EXPECT_EQ(surface.Text(), u"text");
+    QTest::keyClick(&surface, Qt::Key_Return, Qt::ShiftModifier);
+    EXPECT_EQ(surface.Text(), u"\r\n");
+    QTest::keyClick(&surface, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(surface.Text(), u"\r\n");
+}
+
+} // namespace
+} // namespace quillshift
