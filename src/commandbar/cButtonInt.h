@@ -1,0 +1,66 @@
+#pragma once
+
+#include "base/Colour.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace quillshift {
+
+class cCommandBarInt;
+class PanelControl;
+
+enum class ButtonStyle {
+    Normal = 0,
+    Separator = 1,
+    Split = 2,
+    Panel = 3,
+    Check = 4,
+    Radio = 5,
+    RadioNullable = 6
+};
+
+/// State of a row in the add-or-remove list.
+enum class CustomiseState { NotTicked = 0, Ticked = 1, PlainCommand = 2 };
+
+/// Bits of a shortcut's modifiers.
+namespace modifier {
+inline constexpr int kShift = 1;
+inline constexpr int kCtrl = 2;
+inline constexpr int kAlt = 4;
+} // namespace modifier
+
+/// The record of a button, which exists once however many bars it stands on. Read by layout and painting;
+/// changed only through its handle, which announces each change.
+struct ButtonRecord {
+    int ItemMargin = 4;  ///< inner margin of a toolbar item, pixels
+    int SplitWidth = 11; ///< width of the arrow part of a split item, pixels
+    int MenuGap = 20;    ///< fixed part of a menu row's width, pixels
+    std::string Key;
+    std::u16string Caption;         ///< "&" marks the mnemonic
+    int IconIndex = -1;             ///< 0-based in the bar's icon list; -1 none
+    std::optional<Colour> ColorBox; ///< a swatch in the icon's place when there is no icon
+    bool ShowCaptionInToolbar = false;
+    bool ShowDropDownInToolbar = false;
+    ButtonStyle Style = ButtonStyle::Normal;
+    int PanelWidth = 16;
+    PanelControl* Panel = nullptr; ///< not owned
+    bool Enabled = true;
+    bool Locked = false; ///< never becomes hot or pressed, painted as usual
+    bool Visible = true;
+    bool Infrequent = false;
+    bool Checked = false;
+    std::u16string ToolTip;
+    std::int16_t ShortcutKey = 0; ///< virtual key code; 0 none
+    int ShortcutModifiers = 0;
+    cCommandBarInt* Bar = nullptr; ///< the sub-menu it opens; not owned
+    quillshift::CustomiseState CustomiseState = quillshift::CustomiseState::PlainCommand;
+    std::u16string Tag;
+    std::int32_t itemData = 0;
+
+    bool HasIcon() const { return IconIndex >= 0; }
+    bool HasPicture() const { return HasIcon() || ColorBox.has_value(); }
+};
+
+} // namespace quillshift

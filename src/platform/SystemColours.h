@@ -1,0 +1,48 @@
+#pragma once
+
+#include "base/Colour.h"
+#include "base/Geometry.h"
+
+#include <optional>
+#include <string>
+
+namespace quillshift {
+
+class Surface;
+
+/// The colours of the desktop that the command bars derive theirs from.
+enum class SystemColour {
+    ButtonFace,
+    ButtonShadow,
+    Highlight3D,
+    DarkShadow3D,
+    Light3D,
+    Highlight,
+    HighlightText,
+    Window,
+    WindowText,
+    Menu,
+    GrayText,
+};
+
+class SystemColours {
+public:
+    virtual ~SystemColours() = default;
+    virtual Colour Of(SystemColour name) const = 0;
+    virtual int BitsPerPixel() const = 0;
+    virtual bool HighContrast() const = 0;
+};
+
+/// The desktop's theme, where it has one.
+class ThemeService {
+public:
+    virtual ~ThemeService() = default;
+    /// Name of the theme's colours ("NormalColor", "Metallic", "Homestead" or another); nothing without a
+    /// theme.
+    virtual std::optional<std::u16string> ColourName() const = 0;
+    /// Draws a part of the class "TOOLBAR" in a state, both by the theme's numbers. False if there is no
+    /// theme to do it; nothing is drawn then.
+    virtual bool DrawToolbarPart(Surface& surface, int part, int state, const Rect& area) const = 0;
+};
+
+} // namespace quillshift
