@@ -20,12 +20,31 @@
 namespace quillshift {
 namespace {
 
+// What the toolkit's own Russian leaves out: the kinds of files in its file dialog.
+class MissingWords final : public QTranslator {
+public:
+    using QTranslator::QTranslator;
+
+    QString translate(const char* /*context*/, const char* source, const char* /*hint*/,
+                      int /*number*/) const override {
+        static constexpr std::pair<std::string_view, const char16_t*> kWords[] = {
+            {"Folder", u"Папка"}, {"File", u"Файл"}, {"%1 File", u"Файл %1"}, {"Drive", u"Диск"}};
+        for (const auto& [english, russian] : kWords)
+            if (english == source)
+                return QString::fromUtf16(russian);
+        return {};
+    }
+    bool isEmpty() const override { return false; }
+};
+
 // The toolkit's own dialogs speak Russian, whatever the desktop's language is.
-void SpeakRussian(QApplication& application, QTranslator& translator) {
+void SpeakRussian(QApplication& application) {
     QLocale::setDefault(QLocale(QLocale::Russian));
-    if (translator.load(QLocale(QLocale::Russian), QStringLiteral("qtbase"), QStringLiteral("_"),
-                        QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        application.installTranslator(&translator);
+    QCoreApplication::installTranslator(new MissingWords(&application));
+    auto* translator = new QTranslator(&application);
+    if (translator->load(QLocale(QLocale::Russian), QStringLiteral("qtbase"), QStringLiteral("_"),
+                         QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(translator);
 }
 
 // The stored font names stay as they are; what is shown is a near relative.
@@ -64,10 +83,10 @@ void SetUpStore(SqliteSettings& store, const Platform& platform) {
 }
 
 int Run(int argc, char** argv) {
+    qputenv("LC_TIME", "ru_RU.UTF-8"); // for the dates in the file dialog, which follow the environment
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("quillshift"));
-    QTranslator translator;
-    SpeakRussian(application, translator);
+    SpeakRussian(application);
     ShowFontRelatives();
 
     const std::filesystem::path data = DataFolder();

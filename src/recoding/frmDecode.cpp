@@ -52,8 +52,8 @@ frmDecode::frmDecode(SettingsStore& settings, SoundEvents& sounds, QWidget* pare
 
     for (QRadioButton* option : sourceOptions)
         connect(option, &QRadioButton::toggled, this, &frmDecode::UpdateTargets);
-    sourceOptions[0]->setChecked(true);
     targetOptions[1]->setChecked(true);
+    sourceOptions[0]->setChecked(true);
     cmdDecode->setDefault(true);
     connect(cmdDecode, &QPushButton::clicked, this, &frmDecode::Recode);
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
@@ -71,10 +71,17 @@ QGroupBox* frmDecode::OptionFrame(const QString& caption, const QString& nameEnd
     return frame;
 }
 
-// A disabled target that is chosen stays chosen.
+// A disabled target that is chosen stays chosen. TAB then reaches the group at its first option instead.
 void frmDecode::UpdateTargets() {
     for (std::size_t i = 0; i < targetOptions.size(); ++i)
         targetOptions[i]->setEnabled(!sourceOptions[i]->isChecked());
+    const auto enabled = [](const auto* option) { return option->isEnabled(); };
+    const auto chosen = [&](const auto* option) { return option->isChecked() && enabled(option); };
+    auto* entry = std::find_if(targetOptions.begin(), targetOptions.end(), chosen);
+    if (entry == targetOptions.end())
+        entry = std::find_if(targetOptions.begin(), targetOptions.end(), enabled);
+    for (QRadioButton* option : targetOptions)
+        option->setFocusPolicy(option == *entry ? Qt::StrongFocus : Qt::ClickFocus);
 }
 
 void frmDecode::Recode() {

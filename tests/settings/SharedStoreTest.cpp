@@ -1,5 +1,5 @@
 #include "platform/qt/SqliteSettings.h"
-#include "settings/TemporaryFolder.h"
+#include "support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

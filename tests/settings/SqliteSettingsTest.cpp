@@ -1,7 +1,7 @@
 #include "platform/qt/SqliteSettings.h"
 #include "platform/qt/XdgFolders.h"
 #include "settings/FirstValues.h"
-#include "settings/TemporaryFolder.h"
+#include "support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

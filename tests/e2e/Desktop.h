@@ -1,0 +1,97 @@
+#pragma once
+
+#include "base/Geometry.h"
+#include "e2e/Process.h"
+#include "support/TemporaryFolder.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+struct _XDisplay;
+
+namespace quillshift::e2e {
+
+/// A window as the X server numbers it; 0 is none.
+using XWindow = unsigned long;
+
+/// A desktop of its own: an X server without a monitor, a window manager, and the hands and eyes of a user.
+/// Nothing here waits for a time; what waits, waits for a condition, and throws with its name when it does
+/// not come true for half a minute. Where the variable QUILLSHIFT_FAILURE_PICTURE names a PNG file, a picture
+/// of the screen is left there then.
+class Desktop {
+public:
+    /// `density`: device pixels per logical pixel that programs are to use.
+    explicit Desktop(Size size = {1280, 800}, int density = 1);
+    ~Desktop();
+    Desktop(const Desktop&) = delete;
+    Desktop& operator=(const Desktop&) = delete;
+
+    /// What a program needs to know to come here; its user's folders lie under `home`.
+    Environment ProgramEnvironment(const std::string& home) const;
+
+    // Hands
+
+    /// One key with its modifiers, such as "Ctrl+Shift+S", "Alt" or "Return".
+    void Press(std::string_view chord);
+    /// Latin and Russian text, on a keyboard with both layouts.
+    void Type(std::u16string_view text);
+    void MoveTo(Point place);
+    /// Button 1 is the left one, 3 the right one.
+    void Click(Point place, int button = 1);
+    void HoldButton(Point place, int button = 1);
+    void ReleaseButton(int button = 1);
+    /// Asks a window to close, as its close box does.
+    void AskToClose(XWindow window);
+    void Resize(XWindow window, Size client);
+
+    // Eyes
+
+    /// The windows the window manager knows, the oldest first.
+    std::vector<XWindow> Windows() const;
+    /// The first window with this title; 0 if there is none.
+    XWindow Find(std::u16string_view title) const;
+    /// The window that has the keyboard, by the window manager's word and the server's.
+    XWindow Active() const;
+    std::u16string Title(XWindow window) const;
+    /// The client area on the screen, in device pixels.
+    Rect Place(XWindow window) const;
+    bool IsDialog(XWindow window) const;
+    bool IsAboveOthers(XWindow window) const;
+    /// The windows that no window manager decorates, such as menus: where they stand on the screen.
+    std::vector<Rect> Popups() const;
+    /// Red, green and blue, red in the high byte.
+    std::uint32_t Pixel(Point place) const;
+    /// Leaves a picture of the whole screen in a PNG file.
+    void TakePicture(const std::filesystem::path& file) const;
+
+    // Waiting
+
+    void WaitUntil(const std::string& what, const std::function<bool()>& condition) const;
+    /// Waits until a window with this title is there and has the keyboard.
+    XWindow WaitForWindow(std::u16string_view title) const;
+    void WaitUntilGone(std::u16string_view title) const;
+    /// Waits until the program, the X server and the window manager have nothing left to do.
+    void WaitUntilQuiet(const Process& program) const;
+
+private:
+    void StartServer(Size size);
+    void StartWindowManager();
+    void SetKeyboardLayouts();
+    void Send(unsigned code, bool down) const;
+    std::vector<unsigned long> Property(XWindow window, const char* name) const;
+    bool Lists(XWindow window, const char* property, const char* atom) const;
+    unsigned long Atom(const char* name) const;
+
+    int density_;
+    TemporaryFolder home_;
+    std::string displayName_;
+    std::unique_ptr<Process> server_;
+    std::unique_ptr<Process> windowManager_;
+    _XDisplay* display_ = nullptr;
+};
+
+} // namespace quillshift::e2e

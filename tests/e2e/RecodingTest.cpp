@@ -1,0 +1,174 @@
+#include "e2e/EditorTest.h"
+
+#include "recoding/modDecode.h"
+#include "support/Iconv.h"
+
+#include <algorithm>
+#include <array>
+
+namespace quillshift::e2e {
+namespace {
+
+struct PublishedSet {
+    const char* sample;
+    const char* name;
+};
+constexpr std::array<PublishedSet, kCharsets> kSets{{{"text/pushkin-dos866.txt", "CP866"},
+                                                     {"text/pushkin-win1251.txt", "CP1251"},
+                                                     {"text/pushkin-koi8r.txt", "KOI8-R"},
+                                                     {"text/pushkin-iso88595.txt", "ISO-8859-5"},
+                                                     {"text/pushkin-mac.txt", "MAC-CYRILLIC"}}};
+
+const PublishedSet& SetOf(Charset number) {
+    return kSets[static_cast<std::size_t>(number - 1)];
+}
+
+std::filesystem::path SampleIn(Charset number) {
+    return Sample(SetOf(number).sample);
+}
+
+// What a saved recoding must hold: iconv's answer, but for ё, which no direction moves.
+std::string Expected(Direction direction) {
+    const PublishedSet& source = SetOf(direction.source);
+    const std::string yo = Iconv("ё", "UTF-8", source.name);
+    std::string expected;
+    for (const char byte : Contents(SampleIn(direction.source)))
+        expected += byte == yo[0] ? yo : Iconv({&byte, 1}, source.name, SetOf(direction.target).name);
+    return expected + "\r\n";
+}
+
+std::string KeyOf(Direction direction) {
+    constexpr std::string_view kLetters = "DWKIM";
+    constexpr std::array<const char*, kCharsets> kMenus{"DOS", "WIN", "KOI", "ISO", "MAC"};
+    const auto source = static_cast<std::size_t>(direction.source - 1);
+    const auto target = static_cast<std::size_t>(direction.target - 1);
+    return std::string("MENU:DECODE:") + kMenus[source] + ":" + kLetters[source] + kLetters[target];
+}
+
+class Recoding : public EditorTest {
+protected:
+    // A text whose walk lasts for many seconds.
+    std::filesystem::path LongLetter() {
+        std::string text;
+        while (text.size() < 1000000)
+            text += Contents(SampleIn(1));
+        Put(Path("long.txt"), text);
+        return Path("long.txt");
+    }
+    // In the dialog, whose options are reached by TAB and the arrows. The keyboard enters the targets at the
+    // chosen one, or at the first one while that is disabled; the arrows pass a disabled one over.
+    void ChooseInTheDialog(Direction direction) {
+        constexpr int kChosenFirst = 2;
+        Walk(1, direction.source, 0);
+        desktop.Press("Tab");
+        if (direction.source == kChosenFirst)
+            desktop.Press("space");
+        Walk(direction.source == kChosenFirst ? 1 : kChosenFirst, direction.target, direction.source);
+    }
+
+private:
+    void Walk(int from, int to, int disabled) {
+        const int steps = std::abs(to - from);
+        const bool passes = disabled > std::min(from, to) && disabled < std::max(from, to);
+        for (int i = 0; i < steps - (passes ? 1 : 0); ++i)
+            desktop.Press(to > from ? "Down" : "Up");
+    }
+};
+
+TEST_F(Recoding, ALetterFromDosIsReadTakenBackRecodedAgainAndSaved) {
+    editor.Start().Open(SampleIn(1));
+    editor.Choose("MENU:DECODE:DOS:DW");
+    editor.Settle();
+    EXPECT_TRUE(Saved() == Expected({1, 2}));
+    desktop.Press("Ctrl+F9");
+    EXPECT_TRUE(Saved() == Contents(SampleIn(1)) + "\r\n");
+    editor.Choose("MENU:DECODE:DOS:DW");
+    editor.Settle();
+    EXPECT_TRUE(Saved() == Expected({1, 2}));
+    desktop.AskToClose(editor.Window());
+    EXPECT_EQ(editor.WaitForEnd(), 0);
+}
+
+TEST_F(Recoding, EveryDirectionByTheMenu) {
+    editor.Set("SaveChange", u"0").Start();
+    for (int number = 0; number < kDirections; ++number) {
+        const Direction direction = DirectionOf(number);
+        editor.Open(SampleIn(direction.source));
+        editor.Choose(KeyOf(direction));
+        editor.Settle();
+        EXPECT_TRUE(Saved() == Expected(direction)) << KeyOf(direction);
+    }
+}
+
+TEST_F(Recoding, EveryDirectionOnOpening) {
+    editor.Set("SaveChange", u"0").Set("StartAtOpen", u"1").Start();
+    for (int number = 0; number < kDirections; ++number) {
+        const Direction direction = DirectionOf(number);
+        const std::string text = std::to_string(number);
+        editor.Set("DefaultCode", std::u16string(text.begin(), text.end()));
+        editor.Open(SampleIn(direction.source));
+        editor.Settle();
+        EXPECT_TRUE(Saved() == Expected(direction)) << number;
+    }
+}
+
+TEST_F(Recoding, EveryDirectionByTheDialog) {
+    editor.Set("SaveChange", u"0").Start();
+    for (int number = 0; number < kDirections; ++number) {
+        const Direction direction = DirectionOf(number);
+        editor.Open(SampleIn(direction.source));
+        desktop.Press("F9");
+        editor.SettleIn(u"Перекодирование");
+        ChooseInTheDialog(direction);
+        desktop.Press("Return");
+        editor.SettleIn(u"Перекодирование");
+        desktop.Press("Escape");
+        editor.Settle();
+        EXPECT_TRUE(Saved() == Expected(direction)) << number;
+    }
+}
+
+TEST_F(Recoding, CancellingAStepLeavesTheTextAlone) {
+    const std::string before = Contents(LongLetter());
+    editor.Set("SaveChange", u"0").Start().Open(LongLetter());
+    editor.Choose("MENU:DECODE:DOS:DW");
+    desktop.WaitForWindow(u"Перекодирование...");
+    desktop.Press("Escape");
+    editor.AnswerBox(BoxAnswer::No);
+    desktop.WaitForWindow(u"Перекодирование...");
+    desktop.Press("Escape");
+    editor.AnswerBox(BoxAnswer::Yes);
+    editor.Settle();
+    EXPECT_TRUE(Saved() == before + "\r\n");
+}
+
+TEST_F(Recoding, ATextOverTheLimitIsReportedAndKept) {
+    const std::string before(33000, '\xE0');
+    Put(Path("long.txt"), before);
+    editor.Set("SaveChange", u"0").Start().Open(Path("long.txt"));
+    editor.Choose("MENU:DECODE:DOS:DW");
+    editor.AnswerBox(BoxAnswer::Ok);
+    editor.Settle();
+    EXPECT_TRUE(Saved() == before + "\r\n");
+}
+
+TEST_F(Recoding, ClosingTheWindowDuringTheWalkEndsTheProgram) {
+    editor.Start().Open(LongLetter());
+    editor.Choose("MENU:DECODE:DOS:DW");
+    desktop.WaitForWindow(u"Перекодирование...");
+    desktop.AskToClose(editor.Window());
+    EXPECT_EQ(editor.WaitForEnd(), 0);
+}
+
+TEST_F(Recoding, TheClipboardIsTakenInAndRecodedAtTheStart) {
+    Put(Path("clipboard.txt"), "Џа");
+    Process("xclip", {"-selection", "clipboard", "-i", Path("clipboard.txt")},
+            desktop.ProgramEnvironment(editor.home.Path()))
+        .WaitForEnd();
+    editor.Set("StartAtStartup", u"1").Set("SaveChange", u"0").Start();
+    editor.Settle();
+    EXPECT_EQ(Saved(), Iconv("Пр\r\n", "UTF-8", "CP1251"));
+}
+
+} // namespace
+} // namespace quillshift::e2e

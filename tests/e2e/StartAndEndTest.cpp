@@ -1,0 +1,71 @@
+#include "e2e/EditorTest.h"
+
+namespace quillshift::e2e {
+namespace {
+
+using StartAndEnd = EditorTest;
+
+TEST_F(StartAndEnd, TheFirstStartTellsItsNoticeAndFillsTheStore) {
+    editor.DeleteStore();
+    editor.Launch();
+    editor.AnswerBox(BoxAnswer::Ok);
+    editor.Settle();
+    EXPECT_EQ(editor.Settings().Preference("FirstRun"), u"0");
+    EXPECT_EQ(editor.Settings().Preference("FontName"), u"MS Sans Serif");
+}
+
+TEST_F(StartAndEnd, ASecondCopyIsRefused) {
+    editor.Start();
+    Process second(QUILLSHIFT_PROGRAM, {}, desktop.ProgramEnvironment(editor.home.Path()));
+    editor.AnswerBox(BoxAnswer::Ok);
+    EXPECT_EQ(second.WaitForEnd(), 0);
+    EXPECT_TRUE(editor.Runs());
+}
+
+TEST_F(StartAndEnd, LeavingAsksCleansUpAndKeepsThePlaceOfTheWindow) {
+    const Environment environment = desktop.ProgramEnvironment(editor.home.Path());
+    Put(Path("clipboard.txt"), "secret");
+    Process("xclip", {"-selection", "clipboard", "-i", Path("clipboard.txt")}, environment).WaitForEnd();
+    editor.Set("MessageOnExit", u"1").Set("ClearClipboard", u"1").Start();
+    desktop.Resize(editor.Window(), {700, 500});
+    const auto resized = [&] { return desktop.Place(editor.Window()).Width() == 700; };
+    desktop.WaitUntil("the window is resized", resized);
+    const Rect place = desktop.Place(editor.Window());
+
+    desktop.AskToClose(editor.Window());
+    editor.AnswerBox(BoxAnswer::No);
+    editor.Settle();
+    EXPECT_EQ(Process("xclip", {"-selection", "clipboard", "-o"}, environment).WaitForEnd(), 1)
+        << "the clipboard is emptied before the last question";
+    desktop.AskToClose(editor.Window());
+    editor.AnswerBox(BoxAnswer::Yes);
+    EXPECT_EQ(editor.WaitForEnd(), 0);
+
+    editor.Start();
+    desktop.WaitUntil("the window is where it was", [&] { return desktop.Place(editor.Window()) == place; });
+}
+
+TEST_F(StartAndEnd, AMaximisedWindowComesBackMaximised) {
+    editor.Set("WindowState", u"2").Start();
+    desktop.WaitUntil("the window is as wide as the screen",
+                      [&] { return desktop.Place(editor.Window()).Width() >= 1270; });
+    desktop.AskToClose(editor.Window());
+    editor.WaitForEnd();
+    EXPECT_EQ(editor.Settings().Preference("WindowState"), u"2");
+    EXPECT_EQ(editor.Settings().Preference("MainWidth"), u"11700");
+}
+
+TEST_F(StartAndEnd, TheWindowGoesAboveOthersByItsCommandAndAtTheNextStart) {
+    editor.Start();
+    EXPECT_FALSE(desktop.IsAboveOthers(editor.Window()));
+    editor.Choose("MENU:VIEW:ONTOP");
+    desktop.WaitUntil("the window is above others", [&] { return desktop.IsAboveOthers(editor.Window()); });
+    desktop.AskToClose(editor.Window());
+    editor.WaitForEnd();
+    editor.Start();
+    desktop.WaitUntil("the window is above others again",
+                      [&] { return desktop.IsAboveOthers(editor.Window()); });
+}
+
+} // namespace
+} // namespace quillshift::e2e
