@@ -314,8 +314,9 @@ std::uint32_t Desktop::Pixel(Point place) const {
     return pixel;
 }
 
-void Desktop::TakePicture(const std::filesystem::path& file) const {
-    Process("import", {"-window", "root", file}, ProgramEnvironment(home_.Path())).WaitForEnd();
+void Desktop::TakePicture(const std::filesystem::path& file, XWindow window) const {
+    const std::string shown = window == 0 ? "root" : std::to_string(window);
+    Process("import", {"-frame", "-window", shown, file}, ProgramEnvironment(home_.Path())).WaitForEnd();
 }
 
 // --- Waiting

@@ -65,8 +65,8 @@ public:
     std::vector<Rect> Popups() const;
     /// Red, green and blue, red in the high byte.
     std::uint32_t Pixel(Point place) const;
-    /// Leaves a picture of the whole screen in a PNG file.
-    void TakePicture(const std::filesystem::path& file) const;
+    /// Leaves a picture in a PNG file: of a window with its frame, or of the whole screen.
+    void TakePicture(const std::filesystem::path& file, XWindow window = 0) const;
 
     // Waiting
 
