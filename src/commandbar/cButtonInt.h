@@ -1,10 +1,15 @@
 #pragma once
 
 #include "base/Colour.h"
+#include "base/KeyedCollection.h"
+#include "commandbar/BarTypes.h"
+#include "commandbar/cMeasureButtonParams.h"
+#include "platform/WindowId.h"
 
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace quillshift {
 
@@ -61,6 +66,31 @@ struct ButtonRecord {
 
     bool HasIcon() const { return IconIndex >= 0; }
     bool HasPicture() const { return HasIcon() || ColorBox.has_value(); }
+    bool IsRadio() const { return Style == ButtonStyle::Radio || Style == ButtonStyle::RadioNullable; }
+    /// Whether `Checked` means anything for its style.
+    bool IsCheckable() const { return Style == ButtonStyle::Check || IsRadio(); }
+    /// Whether the item can become hot and be clicked where it stands.
+    bool IsSelectable(DisplayMode mode, Orientation orientation) const;
+    /// Whether the key with this code is the one behind the caption's "&".
+    bool HasMnemonic(int virtualKey) const;
+    /// Such as "Ctrl+Shift+Del"; empty without a shortcut or for a key that has no name.
+    std::u16string ShortcutText() const;
+    /// The tool tip with the shortcut behind it.
+    std::u16string FullToolTip() const;
+};
+
+/// A button as the model keeps it: the record and the ties to bars and windows, all of which the model keeps
+/// tidy. Nothing here is owned.
+class cButtonInt : public ButtonRecord {
+public:
+    explicit cButtonInt(std::string key) { Key = std::move(key); }
+    cButtonInt(const cButtonInt&) = delete;
+    cButtonInt& operator=(const cButtonInt&) = delete;
+
+    MeasureCache Measured;
+    KeyedCollection<cCommandBarInt*> ParentBars; ///< by bar key: each bar that holds it
+    /// By top-level window: the control that the button's shortcut reaches from there.
+    KeyedCollection<WindowId> OwnerWindows;
 };
 
 } // namespace quillshift

@@ -1,0 +1,329 @@
+#include "base/Error.h"
+#include "support/FakeBarControl.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace quillshift {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// Number of the error that an operation fails with; 0 when it does not fail.
+int FailureOf(const std::function<void()>& operation) {
+    try {
+        operation();
+        return 0;
+    } catch (const Error& error) {
+        return error.Number();
+    }
+}
+constexpr int kNoControl = static_cast<int>(0x800462AEU);
+constexpr int kNoSuchItem = static_cast<int>(0x800462AFU);
+constexpr int kKeyInUse = 457;
+
+TEST(Keys, AreRefusedWhenTakenOrNumeric) {
+    TestBars test;
+    test.buttons.Add("Cut", 3, u"Cut");
+    EXPECT_EQ(FailureOf([&] { test.buttons.Add("CUT", 4, u"Other"); }), kKeyInUse);
+    EXPECT_EQ(test.buttons.Item("cut").Caption(), u"Cut");
+    EXPECT_EQ(FailureOf([&] { test.bars.Add("Cut"); }), 0) << "bars and buttons have keys of their own";
+    for (const char* numeric : {"12", "-1.5", " 7 ", "+3", ".5", "1e5", "5-", "1,000", "&HFF", "&17"})
+        EXPECT_EQ(FailureOf([&] { test.buttons.Add(numeric); }), 13) << numeric;
+    for (const char* text : {"B:12", "12:", "1-2", "e5", "-", ".", "1e", "&HG", "F1", "1 2"})
+        EXPECT_EQ(FailureOf([&] { test.buttons.Add(text); }), 0) << text;
+    EXPECT_EQ(FailureOf([&] { test.bars.Add(""); }), static_cast<int>(0x800462B3U));
+}
+
+TEST(Keys, ThatAreMissingFailByWhatWasAsked) {
+    TestBars test;
+    const cCommandBar bar = test.Bar("BAR", {"A", "B"});
+    const cButton loose = test.buttons.Add("LOOSE");
+    const cCommandBarButtons on = bar.Buttons();
+    EXPECT_EQ(FailureOf([&] { on.Item("LOOSE"); }), 5);
+    EXPECT_EQ(FailureOf([&] { on.Item(3); }), 9);
+    EXPECT_EQ(FailureOf([&] { on.Item(0); }), 9);
+    EXPECT_EQ(FailureOf([&] { on.Remove("LOOSE"); }), kNoSuchItem);
+    EXPECT_EQ(FailureOf([&] { test.buttons.Remove("NONE"); }), kNoSuchItem);
+    EXPECT_EQ(FailureOf([&] { test.bars.Remove("NONE"); }), kNoSuchItem);
+    EXPECT_EQ(FailureOf([&] { on.InsertBefore(test.buttons.Item("A"), loose); }), kNoSuchItem);
+    EXPECT_EQ(FailureOf([&] { on.Add(std::nullopt); }), 91);
+    EXPECT_EQ(FailureOf([&] { on.InsertAfter(loose, std::nullopt); }), 91);
+    EXPECT_EQ(FailureOf([&] { on.Add(test.buttons.Item("A")); }), kKeyInUse);
+    test.buttons.Remove("LOOSE");
+    EXPECT_EQ(FailureOf([&] { loose.SetCaption(u"x"); }), kNoSuchItem);
+}
+
+TEST(AHandle, OutlivesItsControlWithItsKeyAlone) {
+    TestBars test;
+    const cButton button = test.buttons.Add("A");
+    const cCommandBar bar = test.Bar("BAR", {});
+    const cCommandBarButtons on = bar.Buttons();
+    test.directory.controls.clear();
+    EXPECT_EQ(button.Key(), "A");
+    EXPECT_EQ(bar.Key(), "BAR");
+    try {
+        button.SetEnabled(false);
+        FAIL();
+    } catch (const Error& error) {
+        EXPECT_EQ(error.Number(), kNoControl);
+        EXPECT_EQ(error.Source(), u"quillshift.qsPicker");
+        EXPECT_EQ(error.Description(), u"Owning qsCommandBar Control does not exist.");
+    }
+    EXPECT_EQ(FailureOf([&] { on.count(); }), kNoControl);
+    EXPECT_EQ(FailureOf([&] { bar.Buttons(); }), kNoControl);
+    EXPECT_EQ(FailureOf([&] { test.bars.count(); }), kNoControl);
+    EXPECT_EQ(cButtons(test.model, 0).count(), 0);
+    EXPECT_EQ(FailureOf([&] { cButtons(test.model, 0).Item(1); }), kNoControl);
+}
+
+TEST(AButton, StaysOneRecordOnTwoBars) {
+    TestBars test;
+    FakeBarControl second(test.directory, 2, 100);
+    const cButton cut = test.Bar("MENU", {"CUT", "COPY"}).Buttons().Item(1);
+    const cCommandBarButtons tools = test.Bar("TOOLS", {"X"}).Buttons();
+    tools.InsertBefore(cut, test.buttons.Item("X"));
+    tools.InsertAfter(test.buttons.Item("COPY"), cut);
+    EXPECT_EQ(test.Keys("TOOLS"), " CUT COPY X");
+    test.Show("MENU");
+    test.Show("TOOLS", second);
+
+    tools.Item("cut").SetCaption(u"Cut");
+    EXPECT_EQ(cut.Caption(), u"Cut");
+    EXPECT_THAT(test.control.Notices(), ElementsAre("MENU 4 CUT"));
+    EXPECT_THAT(second.Notices(), ElementsAre("TOOLS 4 CUT"));
+
+    test.buttons.Remove("CUT");
+    EXPECT_EQ(test.Keys("MENU"), " COPY");
+    EXPECT_EQ(test.Keys("TOOLS"), " COPY X");
+    EXPECT_THAT(test.control.Notices(), ElementsAre("MENU 1"));
+    EXPECT_THAT(second.Notices(), ElementsAre("TOOLS 1"));
+
+    test.bars.Remove("TOOLS");
+    EXPECT_THAT(second.Notices(), ElementsAre("TOOLS 1"));
+    EXPECT_EQ(test.buttons.Item("X").Key(), "X");
+    test.buttons.Item("COPY").SetEnabled(false);
+    EXPECT_THAT(second.Notices(), IsEmpty());
+    EXPECT_THAT(test.control.Notices(), ElementsAre("MENU 5 COPY"));
+}
+
+TEST(AChange, IsAnnouncedByItsKindAndOnlyWhenItIsOne) {
+    struct Case {
+        const char* what;
+        std::function<void(const cButton&)> change;
+        const char* notice; ///< null for none
+    };
+    const cMeasureButtonParams params;
+    for (const Case& c : {
+             Case{"icon", [](const cButton& b) { b.SetIconIndex(2); }, "BAR 4 A"},
+             Case{"swatch", [](const cButton& b) { b.SetColorBox(Rgb(1, 2, 3)); }, "BAR 4 A"},
+             Case{"hidden", [](const cButton& b) { b.SetVisible(false); }, "BAR 4 A"},
+             Case{"panel width", [](const cButton& b) { b.SetPanelWidth(168); }, "BAR 4 A"},
+             Case{"no panel", [](const cButton& b) { b.SetPanelControl(nullptr); }, "BAR 4 A"},
+             Case{"caption", [](const cButton& b) { b.SetShowCaptionInToolbar(true); }, "BAR 4 A"},
+             Case{"arrow", [](const cButton& b) { b.SetShowDropDownInToolbar(true); }, "BAR 4 A"},
+             Case{"disabled", [](const cButton& b) { b.SetEnabled(false); }, "BAR 5 A"},
+             Case{"locked", [](const cButton& b) { b.SetLocked(true); }, "BAR 5 A"},
+             Case{"checked", [](const cButton& b) { b.SetChecked(true); }, "BAR 6 A"},
+             Case{"as before", [](const cButton& b) { b.SetEnabled(true); }, nullptr},
+             Case{"tip", [](const cButton& b) { b.SetToolTip(u"tip"); }, nullptr},
+             Case{"shortcut", [](const cButton& b) { b.SetShortcutKey(65); }, nullptr},
+             Case{"sub-bar", [](const cButton& b) { b.SetBar(std::nullopt); }, nullptr},
+         }) {
+        TestBars test;
+        const cButton button = test.Bar("BAR", {"A"}, ButtonStyle::Check).Buttons().Item(1);
+        test.Show("BAR");
+        MeasureCache& measured = test.model.FindButton("A")->Measured;
+        measured.Add(params, {10, 20});
+        c.change(button);
+        const std::vector<std::string> expected =
+            c.notice ? std::vector<std::string>{c.notice} : std::vector<std::string>{};
+        EXPECT_EQ(test.control.Notices(), expected) << c.what;
+        EXPECT_TRUE(!c.notice || c.notice[4] != '4' || !measured.Find(params)) << c.what;
+    }
+}
+
+TEST(AChange, ReachesTheControlsThatCanOpenTheBar) {
+    TestBars test;
+    const cButton menu = test.Bar("MENU", {"FILE"}).Buttons().Item(1);
+    const cCommandBar file = test.Bar("FILE", {"OPEN"});
+    test.Show("MENU");
+    menu.SetBar(file);
+    file.SetTitle(u"File");
+    EXPECT_THAT(test.control.Notices(), ElementsAre("FILE 3"));
+    FakeBarControl popup(test.directory, 2, 100);
+    test.Show("FILE", popup);
+    file.Buttons().Item(1).SetEnabled(false);
+    EXPECT_THAT(popup.Notices(), ElementsAre("FILE 5 OPEN"));
+    EXPECT_THAT(test.control.Notices(), ElementsAre("FILE 5 OPEN"));
+    test.model.Leave(popup.Window());
+    menu.SetBar(std::nullopt);
+    file.Buttons().Clear();
+    EXPECT_THAT(popup.Notices(), IsEmpty());
+    EXPECT_THAT(test.control.Notices(), IsEmpty());
+}
+
+TEST(ARadioGroup, EndsAtSeparatorsAndKeepsOneCheckedUnlessNullable) {
+    for (const auto style : {ButtonStyle::Radio, ButtonStyle::RadioNullable}) {
+        TestBars test;
+        test.Bar("BAR", {"A", "B", "C", "-SEP", "D", "E"}, style);
+        const auto click = [&](const char* key) { test.model.ApplyClick(*test.model.FindButton(key)); };
+        click("A");
+        click("E");
+        click("B");
+        EXPECT_EQ(test.Checked("BAR"), " B E");
+        click("B");
+        EXPECT_EQ(test.Checked("BAR"), style == ButtonStyle::Radio ? " B E" : " E");
+        click("D");
+        EXPECT_EQ(test.Checked("BAR"), style == ButtonStyle::Radio ? " B D" : " D");
+        EXPECT_FALSE(test.model.FindBar("BAR")->InGroupUpdate);
+    }
+}
+
+TEST(ARadioGroup, IsTakenOnEachBarByItself) {
+    TestBars test;
+    const cCommandBar first = test.Bar("FIRST", {"A", "B"}, ButtonStyle::RadioNullable);
+    const cCommandBar second = test.Bar("SECOND", {"C", "D"}, ButtonStyle::RadioNullable);
+    second.Buttons().InsertAfter(test.buttons.Item("A"), test.buttons.Item("C"));
+    test.buttons.Item("B").SetChecked(true);
+    test.buttons.Item("C").SetChecked(true);
+    EXPECT_TRUE(test.buttons.Item("B").Checked());
+    test.buttons.Item("A").SetChecked(true);
+    EXPECT_EQ(test.Checked("FIRST"), " A");
+    EXPECT_EQ(test.Checked("SECOND"), " A");
+}
+
+TEST(ARadioGroup, ComesToRestWhenTheBarsDisagree) {
+    TestBars test;
+    test.Bar("BOTH", {"A", "B"}, ButtonStyle::Radio);
+    test.Bar("ONLY-A", {}).Buttons().Add(test.buttons.Item("A"));
+    test.Bar("ONLY-B", {}).Buttons().Add(test.buttons.Item("B"));
+    test.buttons.Item("A").SetChecked(true);
+    test.buttons.Item("B").SetChecked(true);
+    EXPECT_EQ(test.Checked("BOTH"), " A B")
+        << "each is the whole group of another bar, which may not be empty";
+}
+
+TEST(AClick, FlipsOnlyWhatHasACheckMarkAndTicksARowToCustomise) {
+    TestBars test;
+    test.Bar("BAR", {"PLAIN"});
+    test.Bar("CHECKS", {"CHECK"}, ButtonStyle::Check);
+    cButtonInt& plain = *test.model.FindButton("PLAIN");
+    cButtonInt& check = *test.model.FindButton("CHECK");
+    test.model.ApplyClick(plain);
+    test.model.ApplyClick(check);
+    EXPECT_FALSE(plain.Checked);
+    EXPECT_EQ(plain.CustomiseState, CustomiseState::PlainCommand);
+    EXPECT_TRUE(check.Checked);
+    plain.CustomiseState = CustomiseState::Ticked;
+    test.model.ApplyClick(plain);
+    EXPECT_EQ(plain.CustomiseState, CustomiseState::NotTicked);
+    test.model.ApplyClick(plain);
+    EXPECT_EQ(plain.CustomiseState, CustomiseState::Ticked);
+}
+
+TEST(APanel, MovesIntoTheBarControlUnlessThatIsAPopup) {
+    TestBars test;
+    FakePanel first;
+    FakePanel second;
+    const cButton button = test.buttons.Add("LIST", -1, {}, ButtonStyle::Panel);
+    button.SetPanelControl(&first);
+    EXPECT_TRUE(first.visible);
+    EXPECT_EQ(first.container, 1);
+    button.SetPanelControl(&second);
+    EXPECT_FALSE(first.visible);
+    EXPECT_TRUE(second.visible);
+    test.control.popup = true;
+    button.SetPanelControl(&first);
+    EXPECT_EQ(button.PanelControl(), &second);
+    EXPECT_FALSE(first.visible);
+}
+
+/// The key of the button that Ctrl with a letter reaches from a top-level window; empty for none.
+std::string Reached(const TestBars& test, char letter, WindowId top = 100) {
+    const auto match = test.model.FindShortcut(top, letter, modifier::kCtrl);
+    return match ? match->button->Key + " " + std::to_string(match->control) : std::string();
+}
+
+TEST(AShortcut, IsFoundInTheOrderOfMakingWithSubBarsFirst) {
+    TestBars test;
+    const cCommandBarButtons menu = test.Bar("MENU", {"FILE"}).Buttons();
+    const cButton other = test.buttons.Add("OTHER", -1, u"", ButtonStyle::Normal, u"", 'S', modifier::kCtrl);
+    const cButton save = test.buttons.Add("SAVE", -1, u"", ButtonStyle::Normal, u"", 'S', modifier::kCtrl);
+    const cCommandBar file = test.Bar("FILE", {});
+    file.Buttons().Add(save);
+    menu.Add(other);
+    EXPECT_EQ(Reached(test, 'S'), "") << "no control shows the bars";
+    test.Show("MENU");
+    EXPECT_EQ(Reached(test, 'S'), "OTHER 1");
+    menu.Item("FILE").SetBar(file);
+    EXPECT_EQ(Reached(test, 'S'), "SAVE 1");
+    save.SetEnabled(false);
+    EXPECT_EQ(Reached(test, 'S'), "OTHER 1");
+    save.SetEnabled(true);
+    menu.Item("FILE").SetEnabled(false);
+    EXPECT_EQ(Reached(test, 'S'), "OTHER 1");
+    other.SetEnabled(false);
+    EXPECT_EQ(Reached(test, 'S'), "SAVE 1") << "reached by itself, though its menu is disabled";
+    EXPECT_EQ(Reached(test, 'T'), "");
+    EXPECT_EQ(Reached(test, 'S', 200), "") << "another window";
+    EXPECT_FALSE(test.model.FindShortcut(100, 'S', modifier::kCtrl | modifier::kShift));
+}
+
+TEST(AShortcut, StaysReachableOverAnotherBarAndGoesToTheFirstControl) {
+    TestBars test;
+    FakeBarControl second(test.directory, 2, 100);
+    FakeBarControl elsewhere(test.directory, 3, 300);
+    const cButton save = test.buttons.Add("SAVE", -1, u"", ButtonStyle::Normal, u"", 'S', modifier::kCtrl);
+    const cCommandBarButtons menu = test.Bar("MENU", {"X"}).Buttons();
+    const cCommandBarButtons tools = test.Bar("TOOLS", {"Y"}).Buttons();
+    menu.Add(save);
+    tools.Add(save);
+    test.Show("MENU");
+    test.Show("TOOLS", second);
+    test.Show("TOOLS", elsewhere);
+    EXPECT_EQ(Reached(test, 'S'), "SAVE 1");
+    EXPECT_EQ(Reached(test, 'S', 300), "SAVE 3");
+    menu.Remove("SAVE");
+    EXPECT_EQ(Reached(test, 'S'), "SAVE 2");
+    test.Show("MENU", second);
+    EXPECT_EQ(Reached(test, 'S'), "");
+    test.bars.Remove("TOOLS");
+    EXPECT_EQ(Reached(test, 'S', 300), "");
+}
+
+TEST(ABar, MayHangBelowItself) {
+    TestBars test;
+    const cCommandBar bar = test.Bar("RING", {"A"});
+    bar.Buttons().Item("A").SetBar(bar);
+    test.Show("RING");
+    bar.Buttons().Item("A").SetEnabled(false);
+    EXPECT_THAT(test.control.Notices(), ElementsAre("RING 5 A"));
+    bar.Buttons().Item("A").SetEnabled(true);
+    EXPECT_EQ(Reached(test, 'S'), "");
+    test.bars.Remove("RING");
+    EXPECT_FALSE(test.buttons.Item("A").Bar());
+}
+
+TEST(TheBuiltInBars, HangTogetherAndComeBackAfterTheLastControl) {
+    TestBars test;
+    test.buttons.Add("MINE");
+    test.model.Close();
+    EXPECT_EQ(test.bars.count(), 0);
+    test.model.Open();
+    test.model.Open();
+    EXPECT_EQ(test.buttons.count(), 6);
+    EXPECT_EQ(test.Keys("CHEVRON:ADDORREMOVE"), " CHEVRON:ADDORREMOVE:SEPARATOR CHEVRON:ADDORREMOVE:RESET");
+    EXPECT_EQ(test.Keys("CHEVRON:ADDORREMOVEBAR"),
+              " CHEVRON:ADDORREMOVEBAR CHEVRON:SEPARATOR CHEVRON:CUSTOMISE");
+    EXPECT_EQ(test.Keys("CHEVRON"), " CHEVRON:ADDORREMOVE");
+    EXPECT_EQ(test.buttons.Item("CHEVRON:ADDORREMOVE").Bar()->Key(), "CHEVRON:ADDORREMOVEBAR");
+    EXPECT_EQ(test.buttons.Item("CHEVRON:ADDORREMOVEBAR").Bar()->Key(), "CHEVRON:ADDORREMOVE");
+    EXPECT_FALSE(test.buttons.Item("CHEVRON:CUSTOMISE").Enabled());
+}
+
+} // namespace
+} // namespace quillshift

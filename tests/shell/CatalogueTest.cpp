@@ -1,0 +1,103 @@
+#include "shell/Catalogue.h"
+#include "commandbar/VirtualKeys.h"
+#include "support/FakeBarControl.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <set>
+
+namespace quillshift {
+namespace {
+
+using testing::ElementsAre;
+
+struct TestCatalogue : TestBars {
+    FakePanel cmbDecode;
+
+    TestCatalogue() {
+        AddCatalogue(buttons, cmbDecode);
+        BuildBars(buttons, bars);
+    }
+};
+
+TEST(Catalogue, HasNoEntryTwiceNoShortcutTwiceAndNoneWithoutItsMenu) {
+    std::set<std::string_view> keys{"MENU", "TOOLBAR", "TOOLBAR2"};
+    std::set<std::pair<int, int>> shortcuts;
+    for (const CatalogueEntry& entry : Catalogue()) {
+        EXPECT_TRUE(keys.contains(entry.Key.substr(0, entry.Key.rfind(':')))) << entry.Key;
+        EXPECT_TRUE(keys.insert(entry.Key).second) << entry.Key;
+        if (entry.ShortcutKey != 0) {
+            EXPECT_TRUE(shortcuts.emplace(entry.ShortcutKey, entry.ShortcutModifiers).second) << entry.Key;
+        }
+    }
+    EXPECT_EQ(keys.size(), 153U);
+}
+
+TEST(Catalogue, TakesEachPictureFromTheListOfItsBar) {
+    const auto menu = IconsOf(CatalogueIcons::Menu).icons;
+    const auto toolbar = IconsOf(CatalogueIcons::ToolbarLarge).icons;
+    const auto decode = IconsOf(CatalogueIcons::DecodeSmall).icons;
+    EXPECT_EQ(menu.size(), 33U);
+    EXPECT_EQ(toolbar.size(), 28U);
+    std::size_t pictured = 0;
+    for (const CatalogueEntry& entry : Catalogue()) {
+        if (entry.IconIndex < 0)
+            continue;
+        ++pictured;
+        const auto& list = entry.Key.starts_with("MENU:")      ? menu
+                           : entry.Key.starts_with("TOOLBAR:") ? toolbar
+                                                               : decode;
+        ASSERT_LT(static_cast<std::size_t>(entry.IconIndex), list.size()) << entry.Key;
+        if (entry.Key.starts_with("TOOLBAR:")) { // where the names are those of the pictures
+            EXPECT_EQ(SplitKey(entry.Key)[1], list[static_cast<std::size_t>(entry.IconIndex)].key);
+        }
+    }
+    EXPECT_EQ(pictured, 33U + 28U + 3U) << "each picture is used once";
+}
+
+TEST(Catalogue, BecomesBarsByItsKeys) {
+    TestCatalogue test;
+    EXPECT_EQ(test.Keys("MENU"), " MENU:FILE MENU:EDIT MENU:FIND MENU:VIEW MENU:INSERT MENU:FORMAT"
+                                 " MENU:SERVICE MENU:DECODE MENU:HELP");
+    EXPECT_EQ(test.Keys("MENU:VIEW:TOOLBARS"),
+              " MENU:VIEW:TOOLBARS:TBSTANDART MENU:VIEW:TOOLBARS:TBDECODE MENU:VIEW:TOOLBARS:SEP1"
+              " MENU:VIEW:TOOLBARS:TBCUSTOMIZE");
+    EXPECT_EQ(test.buttons.Item("MENU:VIEW:TOOLBARS").Bar()->Key(), "MENU:VIEW:TOOLBARS");
+    EXPECT_FALSE(test.buttons.Item("MENU:VIEW:TOOLBARS:TBSTANDART").Bar());
+    EXPECT_EQ(test.model.FindBar("MENU:VIEW:TOOLBARS:TBSTANDART"), nullptr);
+    EXPECT_EQ(test.bars.Item("TOOLBAR").Buttons().count(), 40);
+    EXPECT_EQ(test.bars.Item("TOOLBAR2").Buttons().count(), 8);
+    // The toolkit's three, the roots, the nine menus and the nine menus below those.
+    EXPECT_EQ(test.bars.count(), 3 + 3 + 9 + 9);
+    EXPECT_EQ(test.bars.Item("MENU:DECODE:KOI").Title(), u"MENU:DECODE:KOI");
+}
+
+TEST(Catalogue, GivesItsButtonsWhatTheyShow) {
+    TestCatalogue test;
+    EXPECT_TRUE(test.buttons.Item("MENU:HELP").ShowCaptionInToolbar());
+    EXPECT_TRUE(test.buttons.Item("TOOLBAR2:STOP").ShowCaptionInToolbar());
+    EXPECT_FALSE(test.buttons.Item("TOOLBAR2:UNDO").ShowCaptionInToolbar());
+    EXPECT_FALSE(test.buttons.Item("MENU:FILE:NEW").ShowCaptionInToolbar());
+    const cButton directions = test.buttons.Item("TOOLBAR2:DECODE");
+    EXPECT_EQ(directions.PanelWidth(), 168);
+    EXPECT_EQ(directions.PanelControl(), &test.cmbDecode);
+    EXPECT_TRUE(test.cmbDecode.visible);
+    EXPECT_EQ(test.model.FindButton("MENU:FILE:SAVEAS")->ShortcutText(), u"Ctrl+Shift+S");
+    EXPECT_EQ(test.model.FindButton("MENU:EDIT:REDO")->ShortcutText(), u"F4");
+    EXPECT_EQ(test.model.FindButton("MENU:FILE:EXIT")->ShortcutText(), u"");
+
+    test.Show("MENU");
+    const auto match = test.model.FindShortcut(100, FunctionKey(9), modifier::kCtrl);
+    ASSERT_TRUE(match);
+    EXPECT_EQ(match->button->Key, "MENU:DECODE:UNDO");
+}
+
+TEST(AKey, SplitsAtItsColons) {
+    EXPECT_THAT(SplitKey("MENU:FILE:OPEN"), ElementsAre("MENU", "FILE", "OPEN"));
+    EXPECT_THAT(SplitKey("MENU"), ElementsAre("MENU"));
+    EXPECT_THAT(SplitKey("MENU:"), ElementsAre("MENU", ""));
+}
+
+} // namespace
+} // namespace quillshift
