@@ -4,6 +4,7 @@
 #include "e2e/Editor.h"
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstdio>
 #include <fstream>
@@ -39,9 +40,9 @@ double TimeToFirstPaint(const Desktop& desktop, Clock::time_point start) {
 
 template <typename Run>
 double MedianOf(Run run) {
-    std::vector<double> times;
-    for (int i = 0; i < kRuns; ++i)
-        times.push_back(run());
+    std::array<double, kRuns> times{};
+    for (double& time : times)
+        time = run();
     std::nth_element(times.begin(), times.begin() + kRuns / 2, times.end());
     return times[kRuns / 2];
 }

@@ -139,8 +139,9 @@ void Desktop::Press(std::string_view chord) {
     }
     for (const unsigned code : codes)
         Send(code, true);
-    for (auto code = codes.rbegin(); code != codes.rend(); ++code)
-        Send(*code, false);
+    std::reverse(codes.begin(), codes.end());
+    for (const unsigned code : codes)
+        Send(code, false);
 }
 
 void Desktop::Type(std::u16string_view text) {

@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-struct _XDisplay;
+struct _XDisplay; // NOLINT(bugprone-reserved-identifier): the X library calls it so
 
 namespace quillshift::e2e {
 

@@ -1,5 +1,6 @@
 #include "e2e/Process.h"
 
+#include <algorithm>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
@@ -22,15 +23,14 @@ Process::Process(const std::string& program, const std::vector<std::string>& arg
                  const Environment& environment) {
     std::vector<std::string> variables;
     for (const auto& [name, value] : environment)
-        variables.push_back(name + "=" + value);
+        variables.emplace_back(name).append("=").append(value);
     std::vector<char*> argv{const_cast<char*>(program.c_str())};
     for (const std::string& argument : arguments)
         argv.push_back(const_cast<char*>(argument.c_str()));
     argv.push_back(nullptr);
-    std::vector<char*> envp;
-    for (std::string& variable : variables)
-        envp.push_back(variable.data());
-    envp.push_back(nullptr);
+    std::vector<char*> envp(variables.size() + 1); // the last one stays null
+    std::transform(variables.begin(), variables.end(), envp.begin(),
+                   [](std::string& variable) { return variable.data(); });
 
     pid_ = fork();
     if (pid_ < 0)

@@ -1,5 +1,5 @@
-// A demonstration that needs no display: opens a letter written under DOS, re-codes it by the menu, and leaves
-// a picture of the main window.
+// A demonstration that needs no display: opens a letter written under DOS, re-codes it by the menu, and
+// leaves a picture of the main window.
 
 #include "e2e/Editor.h"
 
