@@ -1,0 +1,87 @@
+#include "commandbar/mHooks.h"
+
+#include "commandbar/cButtonInt.h"
+
+#include <algorithm>
+
+namespace quillshift {
+
+KeyDecision DecideKey(const KeyEvent& event, bool menuMode, bool foreground) {
+    const bool isAlt = event.key == kAltKey;
+    const bool alt = isAlt || (event.modifiers & modifier::kAlt) != 0;
+    if (menuMode) {
+        if (event.up)
+            return KeyDecision::PassOn;
+        return alt ? KeyDecision::LeaveMenuMode : KeyDecision::DriveMenu;
+    }
+    if (event.up) {
+        if (!alt || !foreground)
+            return KeyDecision::PassOn;
+        return isAlt ? KeyDecision::EnterMainMenu : KeyDecision::OpenFromMainMenu;
+    }
+    return alt && !isAlt && foreground ? KeyDecision::OpenThenFindShortcut : KeyDecision::FindShortcut;
+}
+
+bool mHooks::KeyboardFilter(const KeyEvent& event) {
+    if (host_.Controls().empty())
+        return false;
+    switch (DecideKey(event, state_.MenuMode, host_.ForegroundWindow() != 0)) {
+    case KeyDecision::PassOn:
+        break;
+    case KeyDecision::LeaveMenuMode:
+        tracking_.SetMenuMode(false);
+        break;
+    case KeyDecision::DriveMenu:
+        state_.KeyboardMode = true;
+        host_.DeliverKey(state_.ActiveWindow, event.key, event.modifiers);
+        return true;
+    case KeyDecision::EnterMainMenu:
+    case KeyDecision::OpenFromMainMenu:
+        return EnterMainMenu(event);
+    case KeyDecision::OpenThenFindShortcut:
+        EnterMainMenu(event);
+        return FindShortcut(event);
+    case KeyDecision::FindShortcut:
+        return FindShortcut(event);
+    }
+    return false;
+}
+
+// False if the window with the keyboard has no main menu to enter.
+bool mHooks::EnterMainMenu(const KeyEvent& event) {
+    const auto controls = host_.Controls();
+    const WindowId top = host_.ForegroundWindow();
+    const auto menu = std::find_if(controls.begin(), controls.end(), [top](const MenuControl& control) {
+        return control.topWindow == top && control.isMainMenu && control.enabled;
+    });
+    if (menu == controls.end())
+        return false;
+    state_.ActiveWindow = menu->window;
+    if (event.key == kAltKey)
+        host_.MakeFirstItemHot(menu->window);
+    tracking_.SetMenuMode(true, menu->window);
+    if (event.key != kAltKey)
+        host_.DeliverKey(menu->window, event.key, event.modifiers);
+    return true;
+}
+
+void mHooks::MouseFilter(MouseEvent event) {
+    if (!state_.MenuMode)
+        return;
+    state_.KeyboardMode = false;
+    if (event == MouseEvent::Press && !KeepsMenuMode(host_.WindowUnderPointer()))
+        tracking_.SetMenuMode(false);
+}
+
+bool mHooks::KeepsMenuMode(WindowId pressed) const {
+    if (pressed == state_.ActiveWindow)
+        return true;
+    const auto controls = host_.Controls();
+    const auto control = std::find_if(controls.begin(), controls.end(),
+                                      [pressed](const MenuControl& c) { return c.window == pressed; });
+    if (control == controls.end())
+        return false;
+    return pressed == state_.MenuSource ? host_.HasItemUnderPointer(pressed) : control->isPopup;
+}
+
+} // namespace quillshift

@@ -1,0 +1,73 @@
+#include "commandbar/cMenuDropShadow.h"
+
+#include <gmock/gmock.h>
+
+namespace quillshift {
+namespace {
+
+using testing::ElementsAre;
+
+constexpr Rect kPopup{100, 50, 130, 70};
+
+// Blue, green, red and alpha of a pixel, counted from the top left.
+std::vector<int> PixelAt(const PixelView& view, int x, int y) {
+    const std::ptrdiff_t at = std::ptrdiff_t{view.height - 1 - y} * view.width + x;
+    const std::uint8_t* pixel = view.bits + 4 * at;
+    return {pixel[0], pixel[1], pixel[2], pixel[3]};
+}
+
+TEST(cMenuDropShadowTest, LiesBehindTheRightAndTheBottomEdge) {
+    cMenuDropShadow right(ShadowEdge::Right);
+    right.Create(kPopup);
+    EXPECT_EQ(right.Target(), RectAt(130, 55, 5, 20));
+    cMenuDropShadow bottom(ShadowEdge::Bottom);
+    bottom.Create(kPopup);
+    EXPECT_EQ(bottom.Target(), RectAt(105, 70, 30, 6));
+}
+
+TEST(cMenuDropShadowTest, FadesAcrossAndOverItsLastPixels) {
+    struct Case {
+        ShadowEdge edge;
+        int x, y, alpha;
+    };
+    for (const Case& c : {
+             Case{ShadowEdge::Right, 0, 0, 255},
+             {ShadowEdge::Right, 1, 0, 204},
+             {ShadowEdge::Right, 4, 0, 51},
+             {ShadowEdge::Right, 0, 15, 255},
+             {ShadowEdge::Right, 0, 16, 204},
+             {ShadowEdge::Right, 2, 17, 91},
+             {ShadowEdge::Right, 4, 19, 10},
+             {ShadowEdge::Bottom, 0, 0, 255},
+             {ShadowEdge::Bottom, 0, 1, 212},
+             {ShadowEdge::Bottom, 0, 5, 42},
+             {ShadowEdge::Bottom, 25, 0, 255},
+             {ShadowEdge::Bottom, 29, 0, 51},
+             {ShadowEdge::Bottom, 29, 5, 8},
+         }) {
+        cMenuDropShadow shadow(c.edge);
+        shadow.Create(kPopup);
+        EXPECT_EQ(PixelAt(shadow.Pixels(), c.x, c.y)[3], c.alpha)
+            << static_cast<int>(c.edge) << " at " << c.x << "," << c.y;
+    }
+}
+
+TEST(cMenuDropShadowTest, StoresItsColourTimesAlphaOrBlendedOverTheScreen) {
+    cMenuDropShadow shadow(ShadowEdge::Right);
+    shadow.ShadowColor = Rgb(100, 0, 192);
+    shadow.Create(kPopup);
+    EXPECT_THAT(PixelAt(shadow.Pixels(), 1, 0), ElementsAre(153, 0, 80, 204));
+
+    std::vector<std::uint8_t> white(std::size_t{5} * 20 * 4, 255);
+    white[0] = 55; // the bottom left pixel's blue
+    ASSERT_TRUE(shadow.CreateOver(kPopup, {white.data(), 5, 20}));
+    EXPECT_THAT(PixelAt(shadow.Pixels(), 0, 0), ElementsAre(192, 0, 100, 255));
+    EXPECT_THAT(PixelAt(shadow.Pixels(), 4, 0), ElementsAre(204 + 38, 204, 204 + 20, 255));
+    EXPECT_THAT(PixelAt(shadow.Pixels(), 0, 19), ElementsAre(44 + 38, 204, 204 + 20, 255));
+
+    EXPECT_FALSE(shadow.CreateOver(kPopup, {white.data(), 4, 20}));
+    EXPECT_TRUE(shadow.Target().IsEmpty()) << "no strip without a copy of the screen";
+}
+
+} // namespace
+} // namespace quillshift

@@ -1,0 +1,321 @@
+#include "base/Error.h"
+#include "controls/hooks/CTimer.h"
+#include "controls/hooks/GSubclass.h"
+#include "controls/hooks/MSubclass.h"
+#include "platform/qt/clsLibrary.h"
+#include "support/FakeWindowMessages.h"
+
+#include <gmock/gmock.h>
+
+#include <deque>
+
+namespace quillshift {
+namespace {
+
+using testing::ElementsAre;
+using testing::StartsWith;
+
+constexpr WindowId kWindow = 31;
+constexpr int kMessage = 43;
+
+// The failure that an action throws; number 0 if it throws none.
+template <typename Action>
+Error FailureOf(Action action) {
+    try {
+        action();
+    } catch (const Error& error) {
+        return error;
+    }
+    return {0, u"", u""};
+}
+
+constexpr int Based(int number) {
+    return number | -2147221504;
+}
+
+struct MSubclassTest : testing::Test {
+    MSubclassTest() { windows.Open(kWindow); }
+
+    std::vector<std::string> Sent(int message) {
+        windows.log.clear();
+        answer = windows.Send(kWindow, message);
+        return windows.log;
+    }
+
+    FakeWindowMessages windows;
+    std::vector<std::string> trace;
+    MSubclass hooks{windows, u"program", [this](std::string_view line) { trace.emplace_back(line); }};
+    FakeSubclass first{"first", windows.log, 1};
+    FakeSubclass second{"second", windows.log, 2};
+    MessageValue answer = 0;
+};
+
+TEST_F(MSubclassTest, TheFirstClientDecidesWhenTheOldHandlerRuns) {
+    using Calls = std::vector<std::string>;
+    struct Case {
+        MessageResponse response;
+        Calls alone, together;
+        MessageValue answer;
+    };
+    second.response = MessageResponse::Consume; // is never asked while there is a first
+    for (const Case& c : {Case{MessageResponse::Consume, {"first"}, {"second", "first"}, 1},
+                          Case{MessageResponse::After,
+                               {"first", "old"},
+                               {"second", "first", "old"},
+                               FakeWindowMessages::kOldAnswer},
+                          Case{MessageResponse::Before, {"old", "first"}, {"second", "old", "first"}, 1}}) {
+        first.response = c.response;
+        hooks.AttachMessage(first, kWindow, kMessage);
+        EXPECT_EQ(Sent(kMessage), c.alone);
+        EXPECT_EQ(answer, c.answer);
+        hooks.AttachMessage(second, kWindow, kMessage);
+        EXPECT_EQ(Sent(kMessage), c.together);
+        EXPECT_EQ(answer, c.answer);
+        EXPECT_EQ(hooks.CurrentMessage(), kMessage);
+        EXPECT_THAT(Sent(kMessage + 1), ElementsAre("old")) << "a message that nobody is on";
+        hooks.DetachMessage(first, kWindow, kMessage);
+        EXPECT_THAT(Sent(kMessage), ElementsAre("second")) << "which is the first by now";
+        hooks.DetachMessage(second, kWindow, kMessage);
+        EXPECT_TRUE(windows.PropertiesOf(kWindow).empty());
+    }
+}
+
+TEST_F(MSubclassTest, HooksAWindowOnceAndGivesItBackWithTheLastAttachment) {
+    hooks.AttachMessage(first, kWindow, kMessage);
+    hooks.AttachMessage(first, kWindow, 5);
+    EXPECT_EQ(windows.Property(kWindow, "31C"), 2);
+    EXPECT_EQ(windows.Property(kWindow, "31#43#1"), AsValue<ISubclass>(&first));
+    hooks.DetachMessage(first, kWindow, kMessage);
+    hooks.DetachMessage(first, kWindow, kMessage);
+    hooks.DetachMessage(second, kWindow, 5);
+    EXPECT_TRUE(windows.IsHooked(kWindow));
+    hooks.DetachMessage(first, kWindow, 5);
+    EXPECT_FALSE(windows.IsHooked(kWindow));
+    EXPECT_TRUE(windows.PropertiesOf(kWindow).empty());
+    windows.Destroy(kWindow);
+    hooks.DetachMessage(first, kWindow, kMessage);
+}
+
+TEST_F(MSubclassTest, RefusesWhatItCantHook) {
+    constexpr WindowId kForeign = 77;
+    windows.Open(kForeign);
+    windows.foreign = {kForeign};
+    hooks.AttachMessage(first, kWindow, kMessage);
+    struct Case {
+        WindowId window;
+        int number;
+        std::u16string text;
+    };
+    for (const Case& c :
+         {Case{99, 13083, u"Invalid window"}, Case{kForeign, 13084, u"Can't modify external window"},
+          Case{kWindow, 13082, u"Message already handled by another class"}}) {
+        const Error error = FailureOf([&] { hooks.AttachMessage(first, c.window, kMessage); });
+        EXPECT_EQ(error.Number(), Based(c.number));
+        EXPECT_EQ(error.Source(), u"program.WindowProc");
+        EXPECT_EQ(error.Description(), c.text);
+    }
+    GSubclass twin(hooks);
+    EXPECT_EQ(FailureOf([&] { twin.AttachMessage(first, kWindow, kMessage); }).Number(), Based(13082))
+        << "one registry for both";
+    EXPECT_FALSE(twin.IsWindowLocal(kForeign));
+}
+
+TEST_F(MSubclassTest, LeavesTheRegistryAsItWasWhenAttachingFails) {
+    const auto expectNoTrace = [&](int number) {
+        const auto before = windows.PropertiesOf(kWindow);
+        const bool hooked = windows.IsHooked(kWindow);
+        EXPECT_EQ(FailureOf([&] { hooks.AttachMessage(second, kWindow, kMessage); }).Number(), number);
+        EXPECT_EQ(windows.PropertiesOf(kWindow), before);
+        EXPECT_EQ(windows.IsHooked(kWindow), hooked);
+    };
+    windows.handlersFixed = true;
+    expectNoTrace(Based(13081));
+    windows.handlersFixed = false;
+    for (int write = 1; write <= 4; ++write) { // message count, client, old handler, count
+        windows.failingWrite = write;
+        expectNoTrace(5);
+    }
+    hooks.AttachMessage(first, kWindow, kMessage);
+    for (int write = 1; write <= 3; ++write) {
+        windows.failingWrite = write;
+        expectNoTrace(5);
+    }
+    EXPECT_THAT(Sent(kMessage), ElementsAre("first", "old"));
+}
+
+TEST_F(MSubclassTest, LetsGoOfAWindowThatIsDestroyed) {
+    hooks.AttachMessage(first, kWindow, kMessage);
+    EXPECT_THAT(Sent(message::kDestroy), ElementsAre("old"));
+    EXPECT_FALSE(windows.IsHooked(kWindow));
+    EXPECT_EQ(windows.Property(kWindow, "31"), 0);
+    EXPECT_EQ(windows.Property(kWindow, "31C"), 0);
+    hooks.DetachMessage(first, kWindow, kMessage);
+    EXPECT_TRUE(windows.PropertiesOf(kWindow).empty());
+
+    constexpr WindowId kOther = 32;
+    windows.Open(kOther);
+    hooks.AttachMessage(first, kOther, message::kDestroy);
+    hooks.AttachMessage(first, kOther, kMessage);
+    first.react = [&] {
+        hooks.DetachMessage(first, kOther, kMessage);
+        hooks.DetachMessage(first, kOther, message::kDestroy);
+    };
+    windows.log.clear();
+    windows.Send(kOther, message::kDestroy);
+    EXPECT_THAT(windows.log, ElementsAre("first", "old")) << "the message reaches the window all the same";
+    EXPECT_TRUE(windows.PropertiesOf(kOther).empty());
+}
+
+TEST_F(MSubclassTest, DispatchesAMessageThatAClientSends) {
+    hooks.AttachMessage(first, kWindow, kMessage);
+    hooks.AttachMessage(second, kWindow, kMessage);
+    hooks.AttachMessage(first, kWindow, 5);
+    second.react = [&] { windows.Send(kWindow, 5); };
+    first.response = MessageResponse::Consume;
+    EXPECT_THAT(Sent(kMessage), ElementsAre("second", "first", "first"));
+    second.react = [&] { hooks.DetachMessage(first, kWindow, kMessage); };
+    EXPECT_THAT(Sent(kMessage), ElementsAre("second", "second", "old"))
+        << "the next one is asked in its place";
+    second.react = {};
+    hooks.AttachMessage(first, kWindow, kMessage);
+    first.react = [&] {
+        hooks.DetachMessage(first, kWindow, kMessage);
+        hooks.DetachMessage(second, kWindow, kMessage);
+    };
+    EXPECT_THAT(Sent(kMessage), ElementsAre("first", "old")) << "nobody is left to consume it";
+    EXPECT_EQ(hooks.CallOldWindowProc(kWindow, kMessage, 0, 0), FakeWindowMessages::kOldAnswer);
+}
+
+TEST_F(MSubclassTest, TracesEachChangeInHexadecimal) {
+    hooks.AttachMessage(first, kWindow, kMessage);
+    EXPECT_THAT(trace, ElementsAre("Changed message count for 1F Message 2B to 1",
+                                   StartsWith("Changed message class for 1F Message 2B Index 1 to "),
+                                   StartsWith("Changed Window Proc for 1F to "),
+                                   "Changed message count for 1F to 1"));
+    trace.clear();
+    hooks.DetachMessage(first, kWindow, kMessage);
+    EXPECT_THAT(trace, ElementsAre("Changed message class for 1F Message 2B Index 1 to 0",
+                                   "Changed message count for 1F Message 2B to 0",
+                                   "Changed Window Proc for 1F to 0", "Changed message count for 1F to 0"));
+}
+
+// Timers that can be refused, and that count their starts.
+class CountingTimers final : public Timers {
+public:
+    std::unique_ptr<Timer> Make(std::function<void()> tick) override {
+        return refuses ? nullptr : std::make_unique<OneTimer>(*this, std::move(tick));
+    }
+    void Tick() {
+        const auto ticks = running;
+        for (const auto& [timer, tick] : ticks)
+            if (running.contains(timer))
+                tick();
+    }
+    bool refuses = false;
+    int starts = 0;
+    std::map<const Timer*, std::function<void()>> running;
+
+private:
+    class OneTimer final : public Timer {
+    public:
+        OneTimer(CountingTimers& owner, std::function<void()> tick) : owner_(owner), tick_(std::move(tick)) {}
+        void StartInterval(std::chrono::milliseconds) override {
+            ++owner_.starts;
+            owner_.running[this] = tick_;
+        }
+        void StartOnce(std::chrono::milliseconds) override {}
+        void Stop() override { owner_.running.erase(this); }
+        bool IsRunning() const override { return owner_.running.contains(this); }
+
+    private:
+        CountingTimers& owner_;
+        std::function<void()> tick_;
+    };
+};
+
+struct CTimerTest : testing::Test {
+    CountingTimers timers;
+    MTimer table{timers, u"program"};
+};
+
+TEST_F(CTimerTest, RaisesItsEventUntilItIsSwitchedOff) {
+    CTimer timer(table);
+    int ticks = 0;
+    timer.ThatTime = [&] {
+        if (++ticks == 3)
+            timer.SetInterval(0);
+    };
+    timer.SetInterval(50);
+    timer.SetInterval(50);
+    EXPECT_EQ(timers.starts, 1) << "the same value leaves it as it was";
+    timers.Tick();
+    timer.SetInterval(20);
+    EXPECT_EQ(timers.starts, 2);
+    for (int i = 0; i < 5; ++i)
+        timers.Tick();
+    EXPECT_EQ(ticks, 3);
+    EXPECT_EQ(timer.Interval(), 0);
+    EXPECT_TRUE(timers.running.empty());
+}
+
+TEST_F(CTimerTest, MayEndInsideItsEvent) {
+    auto timer = std::make_unique<CTimer>(table);
+    int ticks = 0;
+    timer->ThatTime = [&timer, &ticks] {
+        timer.reset();
+        ++ticks;
+    };
+    timer->SetInterval(1);
+    timers.Tick();
+    timers.Tick();
+    EXPECT_EQ(ticks, 1);
+}
+
+TEST_F(CTimerTest, TheTableHoldsAHundred) {
+    std::deque<CTimer> running;
+    for (std::size_t i = 0; i < MTimer::kSlots; ++i)
+        running.emplace_back(table).SetInterval(10);
+    CTimer late(table);
+    const Error error = FailureOf([&] { late.SetInterval(10); });
+    EXPECT_EQ(error.Number(), Based(13651));
+    EXPECT_EQ(error.Source(), u"program.WindowProc");
+    EXPECT_EQ(error.Description(), u"No more than 10 timers allowed per class");
+    EXPECT_EQ(late.Interval(), 0);
+
+    int ticks = 0;
+    late.ThatTime = [&] { ++ticks; };
+    running[41].SetInterval(-1);
+    late.SetInterval(10);
+    timers.Tick();
+    EXPECT_EQ(ticks, 1);
+}
+
+TEST_F(CTimerTest, StaysOffWhenTheSystemGivesNone) {
+    timers.refuses = true;
+    CTimer timer(table);
+    const Error error = FailureOf([&] { timer.SetInterval(10); });
+    EXPECT_EQ(error.Number(), Based(13652));
+    EXPECT_EQ(error.Description(), u"Can't create system timer");
+    timers.refuses = false;
+    timer.SetInterval(10);
+    EXPECT_EQ(timers.running.size(), 1U);
+}
+
+TEST(clsLibraryTest, HoldsOneLibraryOrTellsWhyNot) {
+    clsLibrary library(u"program");
+    library.SetFilename(u"libm.so.6");
+    EXPECT_EQ(library.Filename(), u"libm.so.6");
+    EXPECT_TRUE(library.hModule());
+
+    const std::u16string missing = u"/nowhere/" + std::u16string(300, u'ж');
+    const Error error = FailureOf([&] { library.SetFilename(missing); });
+    EXPECT_EQ(error.Number(), -2147221504 + 1049);
+    EXPECT_EQ(error.Source(), u"program.cLibrary");
+    EXPECT_EQ(error.Description().size(), 256U);
+    EXPECT_TRUE(error.Description().starts_with(u"/nowhere/ж"));
+    EXPECT_TRUE(library.Filename().empty());
+    EXPECT_FALSE(library.hModule());
+}
+
+} // namespace
+} // namespace quillshift
