@@ -20,7 +20,7 @@ struct cMeasureButtonParams {
     DisplayMode Mode = DisplayMode::Toolbar;
     quillshift::Orientation Orientation = quillshift::Orientation::Top;
     TextPosition ButtonTextPosition = TextPosition::BesideIcon;
-    int ClientWidth = 0;
+    int Width = 0;
 
     /// Whether an item measures the same under both; the client's width plays no part in that.
     bool CompareTo(const cMeasureButtonParams& other) const {

@@ -84,7 +84,7 @@ TEST(MeasuredSizes, AreTakenAgainOnlyUnderTheSameParameters) {
     params.Font = {u"Tahoma", 8};
     cache.Add(params, {30, 22});
     cMeasureButtonParams wider = params;
-    wider.ClientWidth = 500;
+    wider.Width = 500;
     ASSERT_TRUE(cache.Find(wider));
     EXPECT_EQ(*cache.Find(wider), (Size{30, 22}));
     cMeasureButtonParams larger = params;

@@ -1,0 +1,180 @@
+#include "commandbar/Tracking.h"
+#include "commandbar/Selectable.h"
+#include "commandbar/Walking.h"
+#include "support/TestBar.h"
+
+#include <gmock/gmock.h>
+
+namespace quillshift {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Optional;
+
+// A toolbar of items of 30 pixels: plain, disabled, separator, split, plain.
+class Tracking : public testing::Test {
+protected:
+    Tracking() {
+        bar.Icon();
+        bar.Icon().Enabled = false;
+        bar.Separator();
+        bar.Icon().Style = ButtonStyle::Split;
+        bar.Icon();
+        for (int i = 0; i < 5; ++i)
+            items.push_back({.Left = 30 * i, .Top = 0, .Right = 30 * i + 30, .Bottom = 24});
+        tracked.buttons = bar.Buttons();
+    }
+    static Point Over(int index, int x = 10) { return {30 * index + x, 12}; }
+    // The flags of an item: over, down, and the same for the arrow.
+    std::string Flags(std::size_t index) const {
+        std::string flags;
+        flags += items[index].MouseOver ? "o" : "";
+        flags += items[index].MouseDown ? "d" : "";
+        flags += items[index].MouseOverSplit ? "O" : "";
+        flags += items[index].MouseDownSplit ? "D" : "";
+        return flags;
+    }
+
+    TestBar bar;
+    std::vector<cDisplayButtonInfo> items;
+    TrackedBar tracked;
+};
+
+TEST_F(Tracking, BothEndsBelongToAnItemAndTheFirstHitWins) {
+    EXPECT_THAT(HitTest(items, {0, 0}), Optional(0U));
+    EXPECT_THAT(HitTest(items, {30, 24}), Optional(0U));
+    EXPECT_THAT(HitTest(items, {31, 24}), Optional(1U));
+    EXPECT_THAT(HitTest(items, {150, 24}), Optional(4U));
+    EXPECT_EQ(HitTest(items, {151, 0}), std::nullopt);
+    EXPECT_EQ(HitTest(items, {0, 25}), std::nullopt);
+    EXPECT_EQ(HitTest(std::vector{kUnplacedItem}, {0, 0}), std::nullopt);
+}
+
+TEST_F(Tracking, TheArrowIsTheLastPartOfASplitItem) {
+    const auto over = [&](std::size_t index, int x, bool rightToLeft) {
+        return IsOverArrow(bar[index], items[index], items[index].Left + x, rightToLeft);
+    };
+    EXPECT_FALSE(over(3, 19, false));
+    EXPECT_TRUE(over(3, 20, false));
+    EXPECT_TRUE(over(3, 10, true));
+    EXPECT_FALSE(over(3, 11, true));
+    EXPECT_FALSE(over(0, 29, false));
+}
+
+TEST_F(Tracking, OnlyASelectableItemBecomesHotAndOnlyChangesRepaint) {
+    Tracked step = TrackMove(items, tracked, Over(0));
+    EXPECT_THAT(step.changed, ElementsAre(0U));
+    EXPECT_TRUE(step.isNew);
+    step = TrackMove(items, tracked, Over(0, 11));
+    EXPECT_THAT(step.changed, IsEmpty());
+    EXPECT_FALSE(step.isNew);
+    step = TrackMove(items, tracked, Over(3));
+    EXPECT_THAT(step.changed, ElementsAre(0U, 3U));
+    EXPECT_TRUE(step.isNew);
+    step = TrackMove(items, tracked, Over(3, 25));
+    EXPECT_EQ(Flags(3), "O");
+    EXPECT_FALSE(step.isNew) << "the arrow is part of the same item";
+    step = TrackMove(items, tracked, Over(1));
+    EXPECT_THAT(step.changed, ElementsAre(3U));
+    EXPECT_THAT(step.hit, Optional(1U));
+    EXPECT_EQ(step.hot, std::nullopt);
+}
+
+TEST_F(Tracking, APressAndReleaseOnOneItemIsAClick) {
+    EXPECT_THAT(TrackPress(items, tracked, Over(0)).changed, ElementsAre(0U));
+    EXPECT_EQ(Flags(0), "od");
+    const Tracked release = TrackRelease(items, tracked, Over(0));
+    EXPECT_THAT(release.clicked, Optional(0U));
+    EXPECT_THAT(release.changed, ElementsAre(0U));
+    EXPECT_EQ(Flags(0), "o");
+}
+
+TEST_F(Tracking, LeavingAPressedItemTakesThePressBack) {
+    TrackPress(items, tracked, Over(0));
+    TrackMove(items, tracked, Over(4));
+    EXPECT_EQ(TrackRelease(items, tracked, Over(4)).clicked, std::nullopt);
+    TrackPress(items, tracked, Over(0));
+    bar[0].Enabled = false; // as the press may bring about
+    EXPECT_EQ(TrackRelease(items, tracked, Over(0)).clicked, std::nullopt);
+    EXPECT_EQ(Flags(0), "");
+}
+
+TEST_F(Tracking, APressOnAnArrowDropsTheMenuDownAndIsNoClick) {
+    EXPECT_EQ(TrackPress(items, tracked, Over(3)).droppedDown, std::nullopt);
+    TrackRelease(items, tracked, Over(3));
+    EXPECT_THAT(TrackPress(items, tracked, Over(3, 25)).droppedDown, Optional(3U));
+    EXPECT_EQ(Flags(3), "OD");
+    EXPECT_EQ(TrackRelease(items, tracked, Over(3, 25)).clicked, std::nullopt);
+}
+
+TEST_F(Tracking, WalkingWrapsAndSkipsWhatItMust) {
+    items[4] = kUnplacedItem;
+    using enum Step;
+    EXPECT_THAT(WalkRows(bar.Buttons(), items, std::nullopt, Next), Optional(0U));
+    EXPECT_THAT(WalkRows(bar.Buttons(), items, 0, Next), Optional(1U)) << "disabled rows are reached";
+    EXPECT_THAT(WalkRows(bar.Buttons(), items, 1, Next), Optional(3U));
+    EXPECT_THAT(WalkRows(bar.Buttons(), items, 3, Next), Optional(0U));
+    EXPECT_THAT(WalkRows(bar.Buttons(), items, std::nullopt, Previous), Optional(3U));
+    EXPECT_THAT(WalkStrip(bar.Buttons(), items, 0, Next), Optional(3U));
+    EXPECT_THAT(WalkStrip(bar.Buttons(), items, 0, Previous), Optional(3U));
+    bar[1].Style = ButtonStyle::Panel;
+    EXPECT_THAT(WalkStrip(bar.Buttons(), items, 0, Next), Optional(1U)) << "a panel is reached";
+    bar[0].Enabled = false;
+    EXPECT_THAT(EndRow(bar.Buttons(), items, DisplayMode::PopupMenu, Next), Optional(3U));
+    EXPECT_EQ(WalkRows({}, {}, std::nullopt, Next), std::nullopt);
+}
+
+TEST_F(Tracking, AMnemonicFindsTheFirstItemWithItsKey) {
+    bar[0].Caption = u"File";
+    bar[1].Caption = u"E&xit&";
+    bar[3].Caption = u"&";
+    const auto keyOf = [](char16_t letter) { return 0x100 | (letter - u'a' + 'A'); };
+    EXPECT_THAT(MnemonicItem(bar.Buttons(), items, 'X', keyOf), Optional(1U));
+    EXPECT_EQ(MnemonicItem(bar.Buttons(), items, 'F', keyOf), std::nullopt);
+}
+
+TEST(IsSelectable, FollowsStyleStateAndPlace) {
+    using enum DisplayMode;
+    const auto check = [](auto change, DisplayMode mode, Orientation orientation) {
+        ButtonRecord button;
+        change(button);
+        return IsSelectable(button, mode, orientation);
+    };
+    EXPECT_TRUE(check([](ButtonRecord&) {}, PopupMenu, Orientation::Top));
+    EXPECT_FALSE(check([](ButtonRecord& b) { b.Locked = true; }, Toolbar, Orientation::Top));
+    EXPECT_FALSE(check([](ButtonRecord& b) { b.Visible = false; }, Toolbar, Orientation::Top));
+    const auto hiddenRow = [](ButtonRecord& b) {
+        b.Visible = false, b.CustomiseState = CustomiseState::NotTicked;
+    };
+    EXPECT_TRUE(check(hiddenRow, AddOrRemoveList, Orientation::Top));
+    EXPECT_FALSE(check(hiddenRow, PopupMenu, Orientation::Top));
+    const auto panel = [](ButtonRecord& b) { b.Style = ButtonStyle::Panel, b.IconIndex = 0; };
+    EXPECT_FALSE(check(panel, Toolbar, Orientation::Bottom));
+    EXPECT_TRUE(check(panel, Toolbar, Orientation::Right));
+    EXPECT_FALSE(check([](ButtonRecord& b) { b.Style = ButtonStyle::Panel; }, Toolbar, Orientation::Right));
+}
+
+TEST(OutcomeOfClick, DependsOnSubBarListAndMenuMode) {
+    using enum DisplayMode;
+    ButtonRecord plain;
+    ButtonRecord opener;
+    opener.Bar = SomeBar();
+    ButtonRecord split = opener;
+    split.Style = ButtonStyle::Split;
+    ButtonRecord row;
+    row.CustomiseState = CustomiseState::Ticked;
+    const cDisplayButtonInfo closed;
+    const cDisplayButtonInfo open{.ShowingMenu = true};
+    EXPECT_EQ(OutcomeOfClick(plain, closed, Toolbar, false), (ClickOutcome{.raisesClick = true}));
+    EXPECT_EQ(OutcomeOfClick(plain, closed, PopupMenu, true),
+              (ClickOutcome{.endsMenuMode = true, .raisesClick = true}));
+    EXPECT_EQ(OutcomeOfClick(opener, closed, Toolbar, false), (ClickOutcome{.opensBar = true}));
+    EXPECT_EQ(OutcomeOfClick(opener, open, MainMenu, true), ClickOutcome{});
+    EXPECT_EQ(OutcomeOfClick(split, closed, Toolbar, false), (ClickOutcome{.raisesClick = true}));
+    EXPECT_EQ(OutcomeOfClick(row, closed, AddOrRemoveList, true),
+              (ClickOutcome{.ticksRow = true, .raisesClick = true}));
+}
+
+} // namespace
+} // namespace quillshift

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "platform/Surface.h"
+#include "platform/SystemColours.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillshift {
+
+/// Text of a fixed pitch: each character 6 pixels wide and 13 high.
+inline Size FixedPitchExtent(std::u16string_view text, bool mnemonics) {
+    int width = 0;
+    for (const char16_t character : text)
+        width += mnemonics && character == u'&' ? 0 : 6;
+    return {width, 13};
+}
+
+/// Writes down what is drawn, one line each, such as "fill 1,1-23,23 d4d0c8" (red, green, blue).
+class RecordingSurface final : public Surface {
+public:
+    Size TextExtent(std::u16string_view text, const FontSpec&, bool mnemonics) const override {
+        return FixedPitchExtent(text, mnemonics);
+    }
+    void FillRect(const Rect& area, Colour colour) override { Note("fill " + Text(area) + Text(colour)); }
+    void FillGradient(const Rect& area, Colour start, Colour end, bool horizontal) override {
+        Note((horizontal ? "across " : "down ") + Text(area) + Text(start) + Text(end));
+    }
+    void FrameRect(const Rect& area, Colour colour) override { Note("frame " + Text(area) + Text(colour)); }
+    void DrawLine(Point from, Point to, Colour colour) override {
+        Note("line " + Text(Rect{from.x, from.y, to.x, to.y}) + Text(colour));
+    }
+    void DrawText(const Rect& area, std::u16string_view text, const FontSpec&, Colour colour,
+                  const TextLayout& layout) override {
+        constexpr const char* kAligns[] = {" left", " centre", " right"};
+        Note("text " + Text(area) + Text(colour) + kAligns[static_cast<int>(layout.align)] +
+             (layout.rotated ? " rotated " : " ") + std::string(text.begin(), text.end()));
+    }
+    void Composite(const Rect& target, const PixelView&, const Rect&, std::uint8_t) override {
+        Note("composite " + Text(target));
+    }
+    void SetClip(const Rect& area) override { Note("clip " + Text(area)); }
+    void ClearClip() override { Note("unclip"); }
+    double Density() const override { return 1; }
+
+    void Note(std::string line) { drawn.push_back(std::move(line)); }
+    static std::string Text(const Rect& area) {
+        const auto number = [](int value) { return std::to_string(value); };
+        return number(area.left) + "," + number(area.top) + "-" + number(area.right) + "," +
+               number(area.bottom);
+    }
+    static std::string Text(Colour colour) {
+        constexpr const char* kDigits = "0123456789abcdef";
+        std::string text = " ";
+        for (const int channel : {colour.Red(), colour.Green(), colour.Blue()})
+            for (const int digit : {channel / 16, channel % 16})
+                text += kDigits[digit];
+        return text;
+    }
+
+    std::vector<std::string> drawn;
+};
+
+/// A desktop with or without a theme; its parts are written down on a recording surface.
+class FakeTheme final : public ThemeService {
+public:
+    std::optional<std::u16string> ColourName() const override { return name; }
+    bool DrawToolbarPart(Surface& surface, int part, int state, const Rect& area) const override {
+        if (!name)
+            return false;
+        dynamic_cast<RecordingSurface&>(surface).Note("part " + std::to_string(part) + " state " +
+                                                      std::to_string(state) + " " +
+                                                      RecordingSurface::Text(area));
+        return true;
+    }
+
+    std::optional<std::u16string> name;
+};
+
+} // namespace quillshift
