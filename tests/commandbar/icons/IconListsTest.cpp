@@ -1,0 +1,234 @@
+#include "base/Error.h"
+#include "commandbar/icons/cCommandBarImageList.h"
+#include "commandbar/icons/clsImageList.h"
+#include "support/CompositeRecorder.h"
+#include "support/FakePlatform.h"
+#include "support/IconFiles.h"
+
+#include <gtest/gtest.h>
+
+namespace quillshift {
+namespace {
+
+const Pixel kNothing{0, 0, 0, 0};
+constexpr Colour kDisabled = Rgb(200, 100, 50);
+constexpr Colour kHighlight = Rgb(10, 20, 250);
+
+/// A list of one-pixel icons, so that a look is one pixel.
+class IconLists : public testing::Test {
+protected:
+    IconLists() {
+        list.IconSizeX = list.IconSizeY = 1;
+        list.Create();
+        bar.SetDisabledColor(kDisabled);
+        bar.SetHighlightColor(kHighlight);
+    }
+    void Add(Pixel pixel, std::string_view key = {}) {
+        files.files[u"icon"] = IconFile({SolidImage(1, pixel)});
+        list.AddFromFile(u"icon", clsImageList::ImageType::Icon, key);
+    }
+    Pixel Drawn(int iconIndex, IconMode mode) {
+        bar.Draw(surface, iconIndex, mode, 0, 0);
+        const auto call = surface.Take();
+        return call.pixels.size() == 1 ? call.pixels.front() : kNothing;
+    }
+
+    FakeFiles files;
+    clsImageList list{files};
+    cCommandBarImageList bar;
+    CompositeRecorder surface;
+};
+
+TEST_F(IconLists, KeepNumbersRightWhenAFileIsMissing) {
+    Add({1, 1, 1, 255}, "A");
+    list.AddFromFile(u"missing", clsImageList::ImageType::Icon, "B");
+    Add({3, 3, 3, 255}, "C");
+    EXPECT_EQ(list.ImageCount(), 3);
+    EXPECT_EQ(list.ItemIndex("C"), 3);
+    list.DrawImage("B", surface, {0, 0});
+    EXPECT_EQ(surface.Take().pixels, std::vector{kNothing});
+    list.RemoveImage("A");
+    EXPECT_EQ(list.ItemKey(1), "B");
+    list.SetItemKey(1, "D");
+    list.DrawImage(2, surface, {5, 6});
+    const auto call = surface.Take();
+    EXPECT_EQ(call.pixels, (std::vector<Pixel>{{3, 3, 3, 255}}));
+    EXPECT_EQ(call.target, RectAt(5, 6, 1, 1));
+    EXPECT_TRUE(list.KeyExists("D") && !list.KeyExists("B"));
+    list.DrawImage("C", surface, {0, 0}, Rgb(255, 101, 3));
+    EXPECT_EQ(surface.Take().pixels, (std::vector<Pixel>{{3, 52, 129, 255}})) << "half in another colour";
+}
+
+TEST_F(IconLists, RefuseImagesThatAreNotThere) {
+    Add({1, 1, 1, 255});
+    for (const ImageReference& reference : {ImageReference(0), ImageReference(2), ImageReference(-1),
+                                            ImageReference("no such"), ImageReference("")}) {
+        try {
+            list.ItemIndex(reference);
+            ADD_FAILURE() << reference.index();
+        } catch (const Error& error) {
+            EXPECT_EQ(error.Number(), 9);
+            EXPECT_EQ(error.Source(), u"quillshift.qsImageList");
+        }
+    }
+    clsImageList uncreated(files);
+    uncreated.AddFromFile(u"icon");
+    EXPECT_EQ(uncreated.ImageCount(), 0);
+}
+
+TEST_F(IconLists, LoadTheSharperImageForADenserDisplay) {
+    files.files[u"icon"] = IconFile({SolidImage(16, {1, 1, 1, 255}), SolidImage(32, {2, 2, 2, 255})});
+    for (const int density : {1, 2}) {
+        list.IconSizeX = list.IconSizeY = 16;
+        list.Density = density;
+        list.Create();
+        list.AddFromFile(u"icon");
+        bar.InitialiseFromVariant(list.hIml());
+        EXPECT_EQ(bar.IconWidth(), 16);
+        for (const IconMode mode : {IconMode::Source, IconMode::Plain}) {
+            bar.Draw(surface, 0, mode, 3, 4, -1, 8);
+            const auto call = surface.Take();
+            EXPECT_EQ(call.target, RectAt(3, 4, 16, 8));
+            EXPECT_EQ(call.part, RectAt(0, 0, 16 * density, 8 * density));
+            EXPECT_EQ(call.pixels.front(), (Pixel{density, density, density, 255}));
+        }
+    }
+}
+
+TEST_F(IconLists, CutABitmapIntoIcons) {
+    files.files[u"strip"] =
+        "BM" + std::string(8, '\0') + Little(54, 4) + BitmapHeader(3, 1, 32) + "1111222x3333";
+    list.AddFromFile(u"strip", clsImageList::ImageType::Bitmap);
+    ASSERT_EQ(list.ImageCount(), 3);
+    list.DrawImage(2, surface, {0, 0});
+    EXPECT_EQ(surface.Take().pixels, (std::vector<Pixel>{{'2', '2', '2', 255}}));
+}
+
+TEST_F(IconLists, DeriveLooksByTheRules) {
+    struct Case {
+        Pixel icon;
+        Pixel disabled, plain, highlighted;
+    };
+    const std::vector<Case> cases{
+        // Black keeps the full shape, other colours by their darkness.
+        {{0, 0, 0, 255}, {50, 100, 200, 255}, {0, 0, 0, 255}, {0, 0, 0, 255}},
+        // Luminance (222 * 200 + 707 * 100 + 71 * 50) / 1000 = 118.65, so alpha 136.
+        {{50, 100, 200, 255}, {26, 53, 106, 136}, {50, 100, 200, 255}, {50, 100, 200, 255}},
+        // White alone is solid.
+        {{255, 255, 255, 255}, {50, 100, 200, 255}, {255, 255, 255, 255}, {255, 255, 255, 255}},
+        // The two greys: alpha 28 and 34, then 50 and 90. A neighbour of theirs is a colour like any other.
+        {{227, 227, 227, 255}, {5, 10, 21, 28}, {44, 44, 44, 50}, {88, 7, 3, 90}},
+        {{221, 221, 221, 255}, {6, 13, 26, 34}, {43, 43, 43, 50}, {88, 7, 3, 90}},
+        {{227, 227, 221, 255}, {5, 11, 22, 29}, {227, 227, 221, 255}, {227, 227, 221, 255}},
+        // A soft edge stays in proportion, and what is transparent vanishes.
+        {{0, 0, 0, 128}, {25, 50, 100, 128}, {0, 0, 0, 128}, {0, 0, 0, 128}},
+        {{227, 227, 227, 128}, {2, 5, 10, 14}, {22, 22, 22, 25}, {44, 3, 1, 45}},
+        {{255, 255, 255, 0}, kNothing, kNothing, kNothing},
+    };
+    for (const Case& c : cases)
+        Add(c.icon);
+    bar.InitialiseFromVariant(list.hIml());
+    for (int i = 0; i < static_cast<int>(cases.size()); ++i) {
+        const Case& c = cases[static_cast<std::size_t>(i)];
+        EXPECT_EQ(Drawn(i, IconMode::Disabled), c.disabled) << i;
+        EXPECT_EQ(Drawn(i, IconMode::Plain), c.plain) << i;
+        EXPECT_EQ(Drawn(i, IconMode::Highlighted), c.highlighted) << i;
+        const int alpha = c.icon[3];
+        const Pixel premultiplied{c.icon[0] * alpha / 255, c.icon[1] * alpha / 255, c.icon[2] * alpha / 255,
+                                  alpha};
+        EXPECT_EQ(Drawn(i, IconMode::Source), premultiplied) << i;
+    }
+}
+
+TEST(DisabledIcon, LosesItsWhiteUnlessThereIsNothingElse) {
+    const Pixel white{255, 255, 255, 255};
+    const Pixel grey{221, 221, 221, 255};
+    auto monochrome = BitmapOf<cAlphaDIBSection>(3, {white, grey, {9, 9, 9, 0}});
+    DeriveIcon(monochrome, IconMode::Disabled, kDisabled, kHighlight);
+    EXPECT_EQ(PixelOf(monochrome.View(), 0, 0), (Pixel{50, 100, 200, 255}));
+    auto coloured = BitmapOf<cAlphaDIBSection>(3, {white, grey, {254, 255, 255, 1}});
+    DeriveIcon(coloured, IconMode::Disabled, kDisabled, kHighlight);
+    EXPECT_EQ(PixelOf(coloured.View(), 0, 0), kNothing);
+}
+
+TEST_F(IconLists, MakeEachLookOnceAndKeepItWhenTheStripGrows) {
+    for (int i = 0; i < 12; ++i)
+        Add({i, i, i, 255});
+    bar.InitialiseFromVariant(list.hIml());
+    for (int i : {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 0, 9, 11})
+        EXPECT_EQ(Drawn(i, IconMode::Plain), (Pixel{i, i, i, 255}));
+    EXPECT_EQ(bar.count(), 12);
+    EXPECT_EQ(bar.IndexOf(11, IconMode::Plain), 12);
+    EXPECT_EQ(bar.IndexOf(11, IconMode::Disabled), 0);
+    EXPECT_EQ(bar.IconIndexOf(12), 11);
+    EXPECT_EQ(bar.IconIndexOf(13), -1);
+    bar.DrawStrip(surface, 2, 0);
+    const auto strip = surface.Take();
+    EXPECT_EQ(strip.target, RectAt(2, 0, 20, 1));
+    ASSERT_EQ(strip.pixels.size(), 20U);
+    EXPECT_EQ(strip.pixels[7], (Pixel{7, 7, 7, 255}));
+    EXPECT_EQ(strip.pixels[12], kNothing);
+}
+
+TEST_F(IconLists, FollowANewColourInPlace) {
+    Add({0, 0, 0, 255});
+    Add({227, 227, 227, 255});
+    bar.InitialiseFromVariant(list.hIml());
+    Drawn(0, IconMode::Disabled);
+    Drawn(1, IconMode::Highlighted);
+    bar.SetDisabledColor(Rgb(1, 2, 3));
+    bar.SetHighlightColor(Rgb(255, 255, 0));
+    EXPECT_EQ(Drawn(0, IconMode::Disabled), (Pixel{3, 2, 1, 255}));
+    EXPECT_EQ(Drawn(1, IconMode::Highlighted), (Pixel{0, 90, 90, 90}));
+    EXPECT_EQ(bar.count(), 2);
+}
+
+TEST_F(IconLists, PaintNothingForAnIconThatIsNotThere) {
+    EXPECT_EQ(Drawn(0, IconMode::Source), kNothing) << "no source yet";
+    Add({9, 9, 9, 255});
+    bar.InitialiseFromVariant(list.hIml());
+    for (const int index : {-1, 1}) {
+        EXPECT_EQ(Drawn(index, IconMode::Source), kNothing);
+        EXPECT_EQ(Drawn(index, IconMode::Plain), kNothing);
+    }
+    list.Destroy();
+    EXPECT_EQ(Drawn(0, IconMode::Source), kNothing);
+    EXPECT_EQ(Drawn(0, IconMode::Plain), kNothing);
+}
+
+TEST_F(IconLists, ShareASourceButNotTheirLooks) {
+    Add({0, 0, 0, 255});
+    bar.InitialiseFromVariant(list.hIml());
+    Drawn(0, IconMode::Disabled);
+    cCommandBarImageList popup;
+    popup.InitialiseFromInstance(bar);
+    EXPECT_EQ(popup.count(), 0);
+    popup.Draw(surface, 0, IconMode::Disabled, 0, 0, 100, 100);
+    const auto call = surface.Take();
+    EXPECT_EQ(call.target, RectAt(0, 0, 1, 1)) << "cut down to the icon";
+    EXPECT_EQ(call.pixels, (std::vector<Pixel>{{0, 0, 0, 255}})) << "the popup's own colour";
+}
+
+TEST_F(IconLists, TakeWhatAControlPaintsAndNothingFromOneThatFails) {
+    class Painter final : public ImageControl {
+    public:
+        int ImageWidth() const override { return 2; }
+        int ImageHeight() const override { return 1; }
+        void DrawListImage(int index, DibSection& target) const override {
+            if (index != 0)
+                throw Error(35601, u"", u"");
+            std::fill_n(target.DIBSectionBitsPtr(), 3, std::uint8_t{255}); // the left pixel white
+        }
+    };
+    const Painter control;
+    bar.InitialiseFromVariant(control);
+    bar.Draw(surface, 0, IconMode::Disabled, 0, 0);
+    EXPECT_EQ(surface.Take().pixels, (std::vector<Pixel>{{50, 100, 200, 255}, kNothing}));
+    bar.Draw(surface, 0, IconMode::Source, 0, 0);
+    EXPECT_EQ(surface.Take().pixels, (std::vector<Pixel>{{255, 255, 255, 255}, kNothing}));
+    bar.Draw(surface, 1, IconMode::Disabled, 0, 0);
+    EXPECT_EQ(surface.Take().pixels, (std::vector<Pixel>{kNothing, kNothing}));
+}
+
+} // namespace
+} // namespace quillshift

@@ -1,0 +1,220 @@
+#include "base/Error.h"
+#include "base/Utf8.h"
+#include "controls/bitmaps/cAlphaDIBSection.h"
+#include "controls/bitmaps/pcDibSection.h"
+#include "controls/bitmaps/pcMemDC.h"
+#include "settings/TemporaryFolder.h"
+#include "support/Pixels.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace quillshift {
+namespace {
+
+constexpr int kMost = std::numeric_limits<int>::max();
+
+Pixel First(const DibSection& bitmap) {
+    return PixelOf(bitmap.View(), 0, 0);
+}
+
+TEST(Bitmap, IsEmptyAfterAFailureAndKeepsItsSizeWhenCleared) {
+    cAlphaDIBSection bitmap;
+    EXPECT_TRUE(bitmap.Create(3, 2));
+    EXPECT_EQ(bitmap.BytesPerScanLine(), 12);
+    bitmap.ClearUp();
+    EXPECT_EQ(bitmap.Width(), 3);
+    EXPECT_EQ(bitmap.View().bits, nullptr);
+    EXPECT_FALSE(bitmap.Picture());
+    for (const Size size : {Size{0, 4}, Size{4, 0}, Size{-1, -1}, Size{kMost, 1}, Size{kMost, kMost}}) {
+        EXPECT_TRUE(bitmap.Create(1, 1));
+        EXPECT_FALSE(bitmap.Create(size.width, size.height));
+        EXPECT_TRUE(bitmap.IsEmpty());
+    }
+    EXPECT_FALSE(bitmap.CreateFromHBitmap({}));
+}
+
+TEST(Bitmap, HandsItsPixelsOverOrCopiesThem) {
+    auto bitmap = BitmapOf<cAlphaDIBSection>(1, {{1, 2, 3, 4}, {5, 6, 7, 8}});
+    cAlphaDIBSection copy;
+    EXPECT_TRUE(copy.CreateFromPicture(bitmap.Picture().value()));
+    const BitmapPicture taken = bitmap.ExtractDib();
+    EXPECT_EQ(taken.bits, (std::vector<std::uint8_t>{5, 6, 7, 8, 1, 2, 3, 4})) << "lines run bottom up";
+    EXPECT_TRUE(bitmap.IsEmpty());
+    EXPECT_EQ(bitmap.Width(), 0);
+    EXPECT_EQ(PixelOf(copy.View(), 0, 1), (Pixel{5, 6, 7, 8}));
+}
+
+TEST(Bitmap, CopiesTheBlockThatLiesInBoth) {
+    const auto source = BitmapOf<pcDibSection>(2, {{1, 1, 1, 1}, {2, 2, 2, 2}, {3, 3, 3, 3}, {4, 4, 4, 4}});
+    struct Case {
+        int x, y, width, height, sourceX, sourceY;
+        std::array<int, 9> expected; // a digit for each pixel, from the top left
+    };
+    for (const Case& c : {Case{0, 0, -1, -1, 0, 0, {1, 2, 0, 3, 4, 0, 0, 0, 0}},
+                          Case{1, 1, 1, 2, 1, 0, {0, 0, 0, 0, 2, 0, 0, 4, 0}},
+                          Case{2, 2, -1, -1, 0, 0, {0, 0, 0, 0, 0, 0, 0, 0, 1}},
+                          Case{-1, -1, -1, -1, 0, 0, {4, 0, 0, 0, 0, 0, 0, 0, 0}},
+                          Case{0, 0, kMost, kMost, -2, -1, {0, 0, 0, 0, 0, 1, 0, 0, 3}},
+                          Case{kMost, kMost, kMost, kMost, kMost, kMost, {}}, Case{0, 0, 0, 0, 0, 0, {}}}) {
+        pcDibSection target;
+        target.Create(3, 3);
+        source.PaintPicture(target, c.x, c.y, c.width, c.height, c.sourceX, c.sourceY);
+        for (int i = 0; i < 9; ++i)
+            EXPECT_EQ(PixelOf(target.View(), i % 3, i / 3)[0], c.expected[static_cast<std::size_t>(i)])
+                << i << " at " << c.x;
+    }
+}
+
+TEST(Bitmap, LoadsByRasterOperations) {
+    const auto source = BitmapOf<pcDibSection>(2, {{9, 9, 9, 9}, {0b0011, 0, 255, 7}});
+    for (const auto& [operation, expected] : {std::pair{RasterOperation::Copy, Pixel{0b0011, 0, 255, 7}},
+                                              {RasterOperation::And, Pixel{0b0001, 0, 1, 7}},
+                                              {RasterOperation::Or, Pixel{0b0111, 9, 255, 255}},
+                                              {RasterOperation::Xor, Pixel{0b0110, 9, 254, 248}}}) {
+        auto bitmap = BitmapOf<pcDibSection>(1, {{0b0101, 9, 1, 255}});
+        bitmap.LoadPictureBlt(source.View(), 1, 0, -1, -1, operation);
+        EXPECT_EQ(First(bitmap), expected);
+    }
+}
+
+TEST(Bitmap, CompositesByBothAlphas) {
+    const auto source = BitmapOf<cAlphaDIBSection>(1, {{50, 0, 128, 128}});
+    struct Case {
+        std::uint8_t constantAlpha;
+        bool perPixel;
+        Pixel expected;
+    };
+    for (const Case& c : {Case{255, true, {100, 50, 178, 255}},   // 50 + 100 * 127 / 255, ...
+                          Case{128, true, {100, 75, 139, 255}},   // alpha 128 * 128 / 255 = 64.25
+                          Case{128, false, {75, 50, 114, 191}},   // half of each
+                          Case{0, true, {100, 100, 100, 255}}}) { // nothing of the source
+        auto target = BitmapOf<cAlphaDIBSection>(1, {{100, 100, 100, 255}});
+        source.AlphaPaintPicture(target, 0, 0, -1, -1, 0, 0, c.constantAlpha, c.perPixel);
+        EXPECT_EQ(First(target), c.expected) << int{c.constantAlpha} << c.perPixel;
+    }
+}
+
+TEST(Bitmap, SavesAFileOfKnownBytes) {
+    const TemporaryFolder folder;
+    const auto bitmap = BitmapOf<pcDibSection>(1, {{1, 2, 3, 4}, {5, 6, 7, 8}});
+    EXPECT_TRUE(bitmap.SavePicture(FromUtf8((folder / "Фон.bmp").string())));
+    const std::string expected("BM\x42\0\0\0\0\0\0\0\x3A\0\0\0"             // 66 bytes, pixels at 58
+                               "\x28\0\0\0\x01\0\0\0\x02\0\0\0\x01\0\x20\0" // 40, 1 x 2, 1 plane, 32 bits
+                               "\0\0\0\0\x08\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0"
+                               "\5\6\7\10\1\2\3\4",
+                               66);
+    EXPECT_EQ(Contents(folder / "Фон.bmp"), expected);
+}
+
+TEST(Bitmap, TellsAFileItCannotCreateFromOneItCannotFill) {
+    const auto bitmap = BitmapOf<pcDibSection>(1, {{1, 2, 3, 4}});
+    try {
+        bitmap.SavePicture(u"/nowhere/at/all.bmp");
+        ADD_FAILURE() << "no error";
+    } catch (const Error& error) {
+        EXPECT_EQ(error.Number(), 17);
+        EXPECT_EQ(error.Source(), u"quillshift.cDIBSection");
+        EXPECT_FALSE(error.Description().empty());
+    }
+    EXPECT_FALSE(bitmap.SavePicture(u"/dev/full"));
+    const TemporaryFolder folder;
+    EXPECT_FALSE(pcDibSection().SavePicture(FromUtf8((folder / "empty.bmp").string())));
+}
+
+TEST(Bitmap, ResamplesBetweenItsPixelsFromTheBottomUp) {
+    const auto square =
+        BitmapOf<pcDibSection>(2, {{200, 0, 0, 9}, {40, 0, 0, 9}, {0, 0, 0, 9}, {100, 0, 0, 9}});
+    const pcDibSection large = square.Resample(4, 4); // a quarter of the way with each line and column
+    EXPECT_EQ(PixelOf(large.View(), 0, 3), (Pixel{0, 0, 0, 0}));
+    EXPECT_EQ(PixelOf(large.View(), 2, 1), (Pixel{85, 0, 0, 0})); // half of 100 and 70
+    EXPECT_EQ(PixelOf(large.View(), 3, 2), (Pixel{76, 0, 0, 0})); // 50 / 4 + 85 * 3 / 4
+    EXPECT_EQ(PixelOf(square.Resample(1, 1).View(), 0, 0), (Pixel{0, 0, 0, 0}));
+    EXPECT_EQ(PixelOf(square.Resample(2, 2).View(), 1, 0), (Pixel{40, 0, 0, 9})) << "a copy, alpha and all";
+    const auto dot = BitmapOf<cAlphaDIBSection>(1, {{7, 8, 9, 10}});
+    EXPECT_EQ(PixelOf(dot.Resample(2, 3).View(), 2, 0), (Pixel{7, 8, 9, 0}));
+    EXPECT_TRUE(dot.Resample(0, 3).IsEmpty());
+}
+
+TEST(Hls, ConvertsCornersOfTheColourSpaceAndBack) {
+    struct Case {
+        Colour colour;
+        float hue, luminance, saturation;
+    };
+    for (const Case& c : {Case{Rgb(255, 0, 0), 0, 0.5F, 1}, Case{Rgb(0, 255, 0), 2, 0.5F, 1},
+                          Case{Rgb(0, 0, 255), 4, 0.5F, 1}, Case{Rgb(255, 0, 255), -1, 0.5F, 1},
+                          Case{Rgb(255, 255, 255), 0, 1, 0}, Case{Rgb(0, 0, 0), 0, 0, 0},
+                          Case{Rgb(204, 204, 255), 4, 0.9F, 1}, Case{Rgb(51, 153, 51), 2, 0.4F, 0.5F}}) {
+        const Hls hls = ToHls(c.colour);
+        EXPECT_NEAR(hls.hue, c.hue, 1e-5);
+        EXPECT_NEAR(hls.luminance, c.luminance, 1e-5);
+        EXPECT_NEAR(hls.saturation, c.saturation, 1e-5);
+    }
+    for (int red = 0; red < 256; red += 15)
+        for (int green = 0; green < 256; green += 15)
+            for (int blue = 0; blue < 256; blue += 15) {
+                const Colour colour = Rgb(static_cast<std::uint8_t>(red), static_cast<std::uint8_t>(green),
+                                          static_cast<std::uint8_t>(blue));
+                ASSERT_EQ(ToRgb(ToHls(colour)), colour) << red << ' ' << green << ' ' << blue;
+            }
+}
+
+TEST(AlphaBitmap, TakesOnHueAndLuminance) {
+    const Pixel ochre{0, 100, 200, 77};
+    struct Case {
+        int hue, luminance;
+        float saturation;
+        Pixel expected;
+    };
+    for (const Case& c : {Case{-1, -1, -1, ochre},                // nothing asked for, nothing done
+                          Case{85, -1, 0, {0, 200, 200, 77}},     // 85 is yellow
+                          Case{-1, 255, 0, {255, 255, 255, 77}},  // white
+                          Case{0, -1, -1, {100, 100, 100, 77}},   // grey
+                          Case{-1, 200, -3, {200, 200, 200, 77}}, // held at grey
+                          Case{255, -1, 9, {200, 0, 200, 77}}}) { // the circle's end, as full as can be
+        auto bitmap = BitmapOf<cAlphaDIBSection>(1, {ochre});
+        bitmap.AdjustHLS(c.hue, c.luminance, c.saturation);
+        EXPECT_EQ(First(bitmap), c.expected) << c.hue << ' ' << c.luminance;
+    }
+}
+
+TEST(ProgressBitmap, ScalesItsColoursAndStopsAtWhite) {
+    const auto changed = [](auto change) {
+        auto bitmap = BitmapOf<pcDibSection>(1, {{0, 0, 100, 5}});
+        change(bitmap);
+        return First(bitmap);
+    };
+    EXPECT_EQ(changed([](auto& bitmap) { bitmap.ModifyHLS(1, 2, 1); }), (Pixel{0, 0, 200, 5}));
+    EXPECT_EQ(changed([](auto& bitmap) { bitmap.ModifyHLS(1, 1, 0); }), (Pixel{50, 50, 50, 5}));
+    EXPECT_EQ(changed([](auto& bitmap) { bitmap.Lighten(50); }), (Pixel{0, 0, 150, 5}));
+    EXPECT_EQ(changed([](auto& bitmap) { bitmap.Lighten(500); }), (Pixel{255, 255, 255, 5}));
+    EXPECT_EQ(changed([](auto& bitmap) { bitmap.ModifyHLS(-99, -99, -99); })[3], 5) << "out of all ranges";
+    EXPECT_EQ(changed([](auto& bitmap) { bitmap.Clear(); }), (Pixel{0, 0, 0, 0}));
+}
+
+TEST(ProgressBitmap, BlendsByHand) {
+    const auto source = BitmapOf<pcDibSection>(2, {{200, 0, 255, 1}, {0, 0, 0, 1}});
+    auto target = BitmapOf<pcDibSection>(3, {{9, 9, 9, 9}, {100, 5, 0, 9}, {100, 100, 100, 9}});
+    pcDibSection::CodeAlphaBlend(target, source, 1, 0, -1, -1, 51); // a fifth
+    EXPECT_EQ(PixelOf(target.View(), 0, 0), (Pixel{9, 9, 9, 9}));
+    EXPECT_EQ(PixelOf(target.View(), 1, 0), (Pixel{120, 4, 51, 9}));
+    EXPECT_EQ(PixelOf(target.View(), 2, 0), (Pixel{80, 80, 80, 9}));
+}
+
+TEST(OffScreenBitmap, GrowsOnlyWhenItIsTooSmall) {
+    pcMemDC memory;
+    memory.hdc(4, 4).RandomiseBits(false);
+    const Pixel before = PixelOf(memory.hdc(2, 4).View(), 1, 1);
+    EXPECT_EQ(memory.hdc(4, 3).Width(), 4);
+    DibSection copy;
+    copy.Create(3, 3);
+    memory.Draw(copy, 0, 0, 0, 0, 1, 1);
+    EXPECT_EQ(PixelOf(copy.View(), 2, 2), before);
+    EXPECT_EQ(First(copy), (Pixel{0, 0, 0, 0}));
+    EXPECT_EQ(memory.hdc(2, 5).Height(), 5);
+    EXPECT_EQ(memory.hdc(2, 5).Width(), 2);
+}
+
+} // namespace
+} // namespace quillshift

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "platform/Surface.h"
+#include "support/Pixels.h"
+
+#include <utility>
+#include <vector>
+
+namespace quillshift {
+
+/// A surface that only remembers what was composited on to it.
+class CompositeRecorder final : public Surface {
+public:
+    struct Call {
+        Rect target;
+        Rect part;
+        std::vector<Pixel> pixels; ///< of the part, line by line from the top
+    };
+    std::vector<Call> calls;
+
+    /// What was painted by the one call there was since the last look.
+    Call Take() {
+        Call call = calls.size() == 1 ? calls.front() : Call{};
+        calls.clear();
+        return call;
+    }
+
+    void Composite(const Rect& target, const PixelView& source, const Rect& part, std::uint8_t) override {
+        Call call{target, part, {}};
+        for (int y = part.top; y < part.bottom; ++y)
+            for (int x = part.left; x < part.right; ++x)
+                call.pixels.push_back(PixelOf(source, x, y));
+        calls.push_back(std::move(call));
+    }
+    Size TextExtent(std::u16string_view, const FontSpec&, bool) const override { return {}; }
+    void FillRect(const Rect&, Colour) override {}
+    void FillGradient(const Rect&, Colour, Colour, bool) override {}
+    void FrameRect(const Rect&, Colour) override {}
+    void DrawLine(Point, Point, Colour) override {}
+    void DrawText(const Rect&, std::u16string_view, const FontSpec&, Colour, const TextLayout&) override {}
+    void SetClip(const Rect&) override {}
+    void ClearClip() override {}
+    double Density() const override { return 1; }
+};
+
+} // namespace quillshift

@@ -1,0 +1,263 @@
+#include "platform/qt/QtSurface.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+
+namespace quillshift {
+namespace {
+
+constexpr Colour kRed = Rgb(255, 0, 0);
+constexpr Colour kBlue = Rgb(0, 0, 255);
+const FontSpec kFont{.name = u"Tahoma", .points = 8};
+
+/// A white sheet of 60 by 40 logical pixels in a density of its own.
+class Sheet {
+public:
+    explicit Sheet(double density = 1)
+        : image_(qRound(60 * density), qRound(40 * density), QImage::Format_ARGB32_Premultiplied) {
+        image_.setDevicePixelRatio(density);
+        image_.fill(Qt::white);
+    }
+    template <class Paint>
+    Sheet& Painted(Paint paint) {
+        QPainter painter(&image_);
+        QtSurface surface(painter, texts_);
+        paint(static_cast<Surface&>(surface));
+        return *this;
+    }
+    QRgb At(int x, int y) const { return image_.pixel(x, y); }
+    /// The device's pixels that are no longer white, as the least rectangle around them.
+    QRect Inked() const {
+        QRect inked;
+        for (int y = 0; y < image_.height(); ++y)
+            for (int x = 0; x < image_.width(); ++x)
+                if (At(x, y) != qRgb(255, 255, 255))
+                    inked |= QRect(x, y, 1, 1);
+        return inked;
+    }
+    int Count(QRgb colour) const {
+        int count = 0;
+        for (int y = 0; y < image_.height(); ++y)
+            for (int x = 0; x < image_.width(); ++x)
+                count += At(x, y) == colour;
+        return count;
+    }
+    const QImage& Image() const { return image_; }
+
+private:
+    QtTextMeasurer texts_;
+    QImage image_;
+};
+
+QRgb ToRgb(Colour colour) {
+    return qRgb(colour.Red(), colour.Green(), colour.Blue());
+}
+
+TEST(QtSurface, FillsAndFramesWholePixelsInEveryDensity) {
+    for (const double density : {1.0, 1.25, 1.5, 2.0}) {
+        Sheet sheet(density);
+        sheet.Painted([density](Surface& surface) {
+            EXPECT_EQ(surface.Density(), density);
+            surface.FillRect(RectAt(3, 5, 9, 7), kRed);
+            surface.FrameRect(RectAt(3, 5, 9, 7), kBlue);
+            surface.FillRect({12, 5, 3, 12}, kBlue); // turned over: nothing
+        });
+        const auto device = [density](int edge) { return qRound(edge * density); };
+        const QRect expected(QPoint(device(3), device(5)), QPoint(device(12) - 1, device(12) - 1));
+        EXPECT_EQ(sheet.Inked(), expected) << density;
+        const int inside = (device(11) - device(4)) * (device(11) - device(6));
+        EXPECT_EQ(sheet.Count(ToRgb(kRed)), inside) << density;
+        EXPECT_EQ(sheet.Count(ToRgb(kBlue)), expected.width() * expected.height() - inside) << "no blends";
+    }
+}
+
+TEST(QtSurface, DrawsLinesWithBothEnds) {
+    struct Case {
+        Point from, to;
+        QRect inked;
+        int pixels;
+    };
+    for (const Case& c : {Case{{2, 3}, {8, 3}, {2, 3, 7, 1}, 7}, Case{{4, 9}, {4, 2}, {4, 2, 1, 8}, 8},
+                          Case{{5, 5}, {5, 5}, {5, 5, 1, 1}, 1}, Case{{1, 1}, {6, 6}, {1, 1, 6, 6}, 6},
+                          Case{{6, 1}, {1, 6}, {1, 1, 6, 6}, 6}}) {
+        for (const int density : {1, 2}) {
+            Sheet sheet(density);
+            sheet.Painted([&](Surface& surface) { surface.DrawLine(c.from, c.to, kRed); });
+            EXPECT_EQ(sheet.Inked(), QRect(c.inked.topLeft() * density, c.inked.size() * density));
+            EXPECT_EQ(sheet.Count(ToRgb(kRed)), c.pixels * density * density);
+        }
+    }
+}
+
+TEST(QtSurface, RunsAGradientFromStartToEnd) {
+    for (const bool horizontal : {true, false}) {
+        Sheet sheet;
+        sheet.Painted([&](Surface& surface) {
+            surface.FillGradient(RectAt(0, 0, 40, 40), Rgb(0, 200, 0), Rgb(200, 0, 0), horizontal);
+        });
+        for (const int at : {0, 10, 20, 39}) {
+            const QRgb along = horizontal ? sheet.At(at, 20) : sheet.At(20, at);
+            EXPECT_NEAR(qRed(along), 200 * (at + 0.5) / 40, 2) << at;
+            EXPECT_NEAR(qGreen(along), 200 - 200 * (at + 0.5) / 40, 2) << at;
+            EXPECT_EQ(along, horizontal ? sheet.At(at, 3) : sheet.At(3, at));
+        }
+    }
+}
+
+TEST(QtSurface, TouchesNothingOutsideTheClip) {
+    for (const double density : {1.0, 1.5}) {
+        Sheet sheet(density);
+        sheet.Painted([](Surface& surface) {
+            surface.SetClip(RectAt(10, 10, 5, 5));
+            surface.SetClip(RectAt(20, 10, 5, 5)); // in place of the other
+            surface.FillRect(RectAt(0, 0, 60, 40), kRed);
+        });
+        const QRect clip(QPoint(qRound(20 * density), qRound(10 * density)),
+                         QPoint(qRound(25 * density) - 1, qRound(15 * density) - 1));
+        EXPECT_EQ(sheet.Inked(), clip);
+        sheet.Painted([](Surface& surface) {
+            surface.SetClip(RectAt(20, 10, 5, 5));
+            surface.ClearClip();
+            surface.FillRect(RectAt(0, 0, 1, 1), kRed);
+        });
+        EXPECT_EQ(sheet.At(0, 0), ToRgb(kRed));
+    }
+}
+
+// Blue over green on the left, red over half black on the right; memory runs bottom up.
+constexpr std::array<std::uint8_t, 16> kSquare{0, 255, 0, 255, 0, 0, 0, 128, 255, 0, 0, 255, 0, 0, 255, 255};
+const PixelView kSquareView{kSquare.data(), 2, 2};
+
+TEST(QtSurface, CompositesTheRightWayUp) {
+    for (const int density : {1, 2}) {
+        Sheet sheet(density);
+        sheet.Painted([](Surface& surface) {
+            surface.Composite(RectAt(10, 5, 2, 2), kSquareView, RectAt(0, 0, 2, 2));
+            surface.Composite(RectAt(30, 20, 8, 4), kSquareView, RectAt(0, 0, 2, 2)); // sharp blocks
+            surface.Composite(RectAt(20, 5, 3, 3), kSquareView, RectAt(0, 1, 1, 1));  // one pixel of it
+        });
+        const auto block = [&](const QRect& place, QRgb colour) {
+            for (int y = place.top() * density; y < (place.bottom() + 1) * density; ++y)
+                for (int x = place.left() * density; x < (place.right() + 1) * density; ++x)
+                    EXPECT_EQ(sheet.At(x, y), colour) << x << ' ' << y;
+        };
+        const QRgb half = qRgb(127, 127, 127); // 255 * (255 - 128) / 255
+        block({10, 5, 1, 1}, qRgb(0, 0, 255));
+        block({11, 5, 1, 1}, qRgb(255, 0, 0));
+        block({10, 6, 1, 1}, qRgb(0, 255, 0));
+        block({11, 6, 1, 1}, half);
+        block({30, 20, 4, 2}, qRgb(0, 0, 255));
+        block({34, 20, 4, 2}, qRgb(255, 0, 0));
+        block({30, 22, 4, 2}, qRgb(0, 255, 0));
+        block({34, 22, 4, 2}, half);
+        block({20, 5, 3, 3}, qRgb(0, 255, 0));
+        const int inked = (4 + 32 + 9) * density * density;
+        EXPECT_EQ(sheet.Count(qRgb(255, 255, 255)), 60 * 40 * density * density - inked);
+    }
+}
+
+TEST(QtSurface, CompositesWithAConstantAlphaOnTop) {
+    Sheet sheet;
+    sheet.Painted([](Surface& surface) {
+        surface.Composite(RectAt(0, 0, 1, 1), kSquareView, RectAt(1, 0, 1, 1), 96);
+        surface.Composite(RectAt(1, 0, 1, 1), kSquareView, RectAt(1, 1, 1, 1), 96);
+        surface.Composite(RectAt(2, 0, 1, 1), kSquareView, RectAt(1, 0, 1, 1));
+    });
+    EXPECT_NEAR(qGreen(sheet.At(0, 0)), 255 - 96, 2);
+    EXPECT_NEAR(qRed(sheet.At(0, 0)), 255, 2);
+    EXPECT_NEAR(qRed(sheet.At(1, 0)), 255 - 96 * 128 / 255.0, 2);
+    EXPECT_EQ(sheet.At(2, 0), qRgb(255, 0, 0)) << "back to none";
+}
+
+Sheet WithText(std::u16string_view text, const Rect& area, const TextLayout& layout = {}) {
+    Sheet sheet;
+    sheet.Painted([&](Surface& surface) { surface.DrawText(area, text, kFont, Rgb(0, 0, 0), layout); });
+    return sheet;
+}
+
+TEST(QtSurface, AlignsTextAndCutsItAtItsArea) {
+    const Rect area = RectAt(5, 5, 50, 30);
+    using Align = TextLayout::Align;
+    const QRect left = WithText(u"ll", area, {.align = Align::Left}).Inked();
+    const QRect centre = WithText(u"ll", area, {.align = Align::Centre}).Inked();
+    const QRect right = WithText(u"ll", area, {.align = Align::Right}).Inked();
+    EXPECT_NEAR(left.left(), 5, 2);
+    EXPECT_NEAR(centre.center().x(), 30, 2);
+    EXPECT_NEAR(right.right(), 54, 2);
+    EXPECT_NEAR(left.center().y(), 20, 3);
+
+    const QRect cut = WithText(u"MMMMMMMMMMMMMMMM", RectAt(10, 16, 20, 6)).Inked();
+    EXPECT_TRUE(QRect(10, 16, 20, 6).contains(cut)) << "no further than the area";
+    EXPECT_GE(cut.right(), 27) << "and no dots in place of its end";
+}
+
+TEST(QtSurface, TurnsTextDownwards) {
+    const Rect area = RectAt(20, 2, 20, 36);
+    const QRect upright = WithText(u"L", area).Inked();
+    const Sheet turned = WithText(u"L", area, {.rotated = true});
+    const QRect lying = turned.Inked();
+    EXPECT_NEAR(lying.top(), 2, 2) << "the text begins at the top";
+    EXPECT_NEAR(lying.center().x(), 30, 3);
+    EXPECT_NEAR(upright.width(), lying.height(), 1);
+    EXPECT_NEAR(upright.height(), lying.width(), 1);
+    // Letters stand with their feet to the left: there the "L" has its longest stroke across.
+    const auto inkOfColumn = [&](int x) {
+        int ink = 0;
+        for (int y = 0; y < 40; ++y)
+            ink += 255 - qGray(turned.At(x, y));
+        return ink;
+    };
+    EXPECT_GT(inkOfColumn(lying.left()) + inkOfColumn(lying.left() + 1),
+              inkOfColumn(lying.right()) + inkOfColumn(lying.right() - 1));
+}
+
+TEST(QtSurface, ShowsMnemonicsByUnderlines) {
+    const Rect area = RectAt(2, 2, 56, 36);
+    const Sheet plain = WithText(u"nnn", area);
+    const QRect marked = WithText(u"n&nn", area).Inked();
+    EXPECT_EQ(marked.width(), plain.Inked().width()) << "the sign takes no room";
+    EXPECT_GT(marked.bottom(), plain.Inked().bottom()) << "the line below";
+    EXPECT_EQ(WithText(u"nnn&", area).Image(), plain.Image());
+    EXPECT_EQ(WithText(u"n&&n", area).Image(), WithText(u"n&n", area, {.mnemonics = false}).Image());
+}
+
+TEST(QtTextMeasurer, MeasuresWhatIsShown) {
+    const QtTextMeasurer texts;
+    const auto width = [&](std::u16string_view text, bool mnemonics = true) {
+        return texts.TextExtent(text, kFont, mnemonics).width;
+    };
+    EXPECT_EQ(width(u"&Файл"), width(u"Файл"));
+    EXPECT_GT(width(u"&Файл", false), width(u"Файл"));
+    const int height = texts.TextExtent(u"Xy", kFont).height;
+    EXPECT_GT(texts.TextExtent(u"Xy", {.name = u"Tahoma", .points = 16}).height, height * 3 / 2);
+    // 8 points at the screen's 96 dots to the inch.
+    EXPECT_EQ(texts.FontOf(kFont).pixelSize(), 11);
+    EXPECT_EQ(&texts.FontOf(kFont), &texts.FontOf(kFont)) << "made once";
+}
+
+TEST(QtMemorySurface, CopiesTheControlOutOnceInTheDensityOfTheTarget) {
+    for (const double density : {1.0, 1.5, 2.0}) {
+        const QtTextMeasurer texts;
+        QtMemorySurface memory(texts);
+        QImage target(qRound(20 * density), qRound(20 * density), QImage::Format_RGB32);
+        target.setDevicePixelRatio(density);
+        target.fill(Qt::white);
+        QPainter painter(&target);
+        memory.Paint(painter, {10, 10},
+                     [](Surface& surface) { surface.FillRect(RectAt(0, 0, 9, 9), kBlue); });
+        memory.Paint(painter, {10, 10}, [&](Surface& surface) {
+            EXPECT_EQ(surface.Density(), density);
+            surface.FillRect(RectAt(2, 2, 30, 1), kRed);
+            EXPECT_EQ(target.pixel(qRound(3 * density), qRound(2 * density)), qRgb(0, 0, 255)) << "not yet";
+        });
+        memory.Paint(painter, {0, 0}, [](Surface&) { ADD_FAILURE() << "nothing to paint"; });
+        painter.end();
+        EXPECT_EQ(target.pixel(qRound(3 * density), qRound(2 * density)), qRgb(255, 0, 0));
+        EXPECT_EQ(target.pixel(qRound(10 * density) - 1, qRound(2 * density)), qRgb(255, 0, 0));
+        EXPECT_EQ(target.pixel(qRound(10 * density), qRound(2 * density)), qRgb(255, 255, 255));
+    }
+}
+
+} // namespace
+} // namespace quillshift
