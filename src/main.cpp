@@ -1,6 +1,7 @@
 #include "base/Error.h"
 #include "base/Texts.h"
 #include "platform/qt/PosixFiles.h"
+#include "platform/qt/QtBarSystem.h"
 #include "platform/qt/QtServices.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/SdlSound.h"
@@ -103,7 +104,15 @@ int Run(int argc, char** argv) {
     SetUpStore(store, platform);
 
     Program* self = nullptr;
-    Program program(platform, [&] { return std::make_unique<frmMain>(*self, messageBox); });
+    QtWindowMessages windowIds;
+    MSubclass subclass(windowIds, u"quillshift");
+    const QtTextMeasurer texts;
+    QtBarSystem barSystem(windowIds);
+    const QtSystemColours colours;
+    const QtTheme theme;
+    mCommandBars bars({barSystem, windowIds, subclass, colours, theme, timers});
+    const MainWindowServices services{messageBox, bars, windowIds, texts, files, shell.ProgramFolder()};
+    Program program(platform, [&] { return std::make_unique<frmMain>(*self, services); });
     self = &program;
     QTimer::singleShot(0, &application, [&] { program.Main(); });
     return QApplication::exec();

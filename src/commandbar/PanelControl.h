@@ -15,6 +15,8 @@ public:
     /// Window of the bar control that holds it.
     virtual WindowId Container() const = 0;
     virtual void SetContainer(WindowId control) = 0;
+    /// Pixels; a bar leaves it as it is.
+    virtual int Height() const = 0;
     /// Places it in client pixels of its container.
     virtual void Move(const Rect& area) = 0;
 };

@@ -87,7 +87,7 @@ public:
     cButtonInt(const cButtonInt&) = delete;
     cButtonInt& operator=(const cButtonInt&) = delete;
 
-    MeasureCache Measured;
+    mutable MeasureCache Measured;               ///< what measuring it gave; no part of what it is
     KeyedCollection<cCommandBarInt*> ParentBars; ///< by bar key: each bar that holds it
     /// By top-level window: the control that the button's shortcut reaches from there.
     KeyedCollection<WindowId> OwnerWindows;

@@ -13,8 +13,8 @@ namespace quillshift {
 struct cMeasureButtonParams {
     WindowId Window = 0;
     FontSpec Font;
-    int IconWidth = 0;
-    int IconHeight = 0;
+    int IconWidth = 16;
+    int IconHeight = 16;
     int Height = 0; ///< of the client area; 0 for a row of a menu
     bool RightToLeft = false;
     DisplayMode Mode = DisplayMode::Toolbar;

@@ -29,6 +29,12 @@ struct CatalogueEntry {
 /// toolbar, the recoding toolbar.
 std::span<const CatalogueEntry> Catalogue();
 
+/// The key without its last segment; empty for a root.
+constexpr std::string_view ParentKey(std::string_view key) {
+    const auto colon = key.rfind(':');
+    return colon == std::string_view::npos ? std::string_view() : key.substr(0, colon);
+}
+
 /// The segments of a key, between its colons.
 std::vector<std::string_view> SplitKey(std::string_view key);
 

@@ -21,7 +21,70 @@ constexpr std::u16string_view kMailLink =
     u"mailto:author@quillshift.example?subject=Morvane Quillshift 3.0.0 Preview";
 constexpr std::u16string_view kHomePage = u"https://quillshift.example/";
 
+// The commands that are still to come: their entries stand on the bars, greyed, and do nothing.
+constexpr auto kToCome = std::to_array<std::string_view>({
+    "MENU:FILE:PRINT",
+    "MENU:FILE:PRINTSETTINGS",
+    "MENU:FILE:PROPERTIES",
+    "MENU:EDIT:UNDO",
+    "MENU:EDIT:REDO",
+    "MENU:EDIT:CUT",
+    "MENU:EDIT:COPY",
+    "MENU:EDIT:PASTE",
+    "MENU:EDIT:DELETE",
+    "MENU:EDIT:SELECTALL",
+    "MENU:EDIT:CLEAR",
+    "MENU:FIND:FIND",
+    "MENU:FIND:FINDNEXT",
+    "MENU:FIND:REPLACE",
+    "MENU:FIND:GOTO",
+    "MENU:VIEW:TOOLBARS:TBCUSTOMIZE",
+    "MENU:VIEW:FULLSCREEN",
+    "MENU:VIEW:CUSTOMIZE",
+    "MENU:INSERT:TIMEANDDATE",
+    "MENU:INSERT:TEXTFILE",
+    "MENU:FORMAT:FONT",
+    "MENU:FORMAT:ALLTEXTCASE:CASEU",
+    "MENU:FORMAT:ALLTEXTCASE:CASEL",
+    "MENU:FORMAT:SELTEXTCASE:CASEU",
+    "MENU:FORMAT:SELTEXTCASE:CASEL",
+    "MENU:FORMAT:OUTDENT",
+    "MENU:FORMAT:INDENT",
+    "MENU:SERVICE:SETTINGS",
+    "MENU:SERVICE:LOCKED",
+    "MENU:HELP:LICENSE",
+    "MENU:HELP:ABOUT",
+    "TOOLBAR:PRINT",
+    "TOOLBAR:PRINTSETTINGS",
+    "TOOLBAR:FULLSCREEN",
+    "TOOLBAR:CUT",
+    "TOOLBAR:COPY",
+    "TOOLBAR:PASTE",
+    "TOOLBAR:DELETE",
+    "TOOLBAR:CLEAR",
+    "TOOLBAR:UNDO",
+    "TOOLBAR:REDO",
+    "TOOLBAR:FIND",
+    "TOOLBAR:REPLACE",
+    "TOOLBAR:GOTO",
+    "TOOLBAR:OUTDENT",
+    "TOOLBAR:INDENT",
+    "TOOLBAR:FONT",
+    "TOOLBAR:TIMEANDDATE",
+    "TOOLBAR:TEXTFILE",
+    "TOOLBAR:SETTINGS",
+    "TOOLBAR:LOCKED",
+    "TOOLBAR:PROPERTIES",
+    "TOOLBAR:LICENSE",
+    "TOOLBAR:ABOUT",
+});
+
 } // namespace
+
+void Program::GreyWhatIsToCome() {
+    for (const std::string_view key : kToCome)
+        main_->SetEnabled(key, false);
+}
 
 void Program::Dispatch(std::string_view commandKey) {
     for (std::size_t number = 0; number < kDirectionKeys.size(); ++number)

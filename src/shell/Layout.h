@@ -12,7 +12,7 @@ namespace quillshift {
 /// width is two borders; the height is such that the text area ends at the client's edge under a menu of one
 /// row.
 inline constexpr Twips kFrameWidth = 120_twips;
-inline constexpr Twips kMenuRowHeight = 375_twips;
+inline constexpr Twips kMenuRowHeight = 315_twips;
 inline constexpr Twips kFrameHeight = 840_twips - kMenuRowHeight;
 
 /// Client area of the design.

@@ -20,13 +20,23 @@ public:
     virtual TextSurface& RichTextBoxImport() = 0;
     virtual DecodingView& Decoding() = 0;
 
+    // The command bars, in the order in which they come to be.
+
+    /// Makes the buttons and bars of the whole catalogue, with their icons.
     virtual void BuildBars() = 0;
+    /// "System" and "OfficeXP" name a style; any other text leaves it.
+    virtual void SetBarStyle(std::u16string_view style) = 0;
+    virtual void AttachMenu() = 0;
+    /// Gives bar 1 or 2 its icons and what it shows.
+    virtual void AttachToolBar(int bar, ToolBarIcons icons) = 0;
+    /// Extent of the menu, which wraps to further rows in a narrow window.
+    virtual Twips MenuHeight() const = 0;
     /// Bar 1 is the standard toolbar, bar 2 the recoding toolbar. A bar's line goes with it.
     virtual void SetBarVisible(int bar, bool visible) = 0;
-    virtual void SetBarHeight(int bar, Twips height) = 0;
     virtual void SetChecked(std::string_view key, bool checked) = 0;
     virtual void SetEnabled(std::string_view key, bool enabled) = 0;
     virtual bool IsChecked(std::string_view key) const = 0;
+    virtual void SetItemVisible(std::string_view key, bool visible) = 0;
 
     /// Place in the list of directions.
     virtual int Direction() const = 0;

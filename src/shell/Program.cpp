@@ -4,6 +4,7 @@
 
 #include "base/Error.h"
 #include "base/Texts.h"
+#include "shell/Catalogue.h"
 #include "shell/Layout.h"
 
 #include <utility>
@@ -50,7 +51,10 @@ void Program::LoadMainWindow() {
     recoding_.RecodeUndoAvailable = false;
     ConnectSurface();
     main_->BuildBars();
-    LoadBars();
+    GreyWhatIsToCome();
+    main_->SetBarStyle(settings_.Preference("Style"));
+    main_->AttachMenu();
+    LoadToolBars();
     sounds_.Play(sound_event::kFormLoad);
     recoding_.Combo1 = 0;
     recoding_.Combo2 = 1;
@@ -79,11 +83,25 @@ void Program::LoadMainWindow() {
     UpdateStates();
 }
 
-void Program::LoadBars() {
+void Program::LoadToolBars() {
     const bool large =
         settings_.ReadString(Hive::CurrentUser, settings_path::kToolBars, "UseLargeIcons") == u"1";
     for (const int bar : {1, 2})
-        main_->SetBarHeight(bar, large ? 435_twips : 375_twips);
+        main_->AttachToolBar(bar, large ? ToolBarIcons::Large : ToolBarIcons::Small);
+    LoadItems("TOOLBAR", settings_path::kToolBarsStandart);
+    LoadItems("TOOLBAR2", settings_path::kToolBarsDecode);
+}
+
+// The store has a number for each item of a toolbar, in order: "00" and up.
+void Program::LoadItems(std::string_view root, std::string_view path) {
+    int item = 0;
+    for (const CatalogueEntry& entry : Catalogue()) {
+        if (ParentKey(entry.Key) != root)
+            continue;
+        const std::string digits = std::to_string(item++);
+        const std::string name = digits.size() < 2 ? "0" + digits : digits;
+        main_->SetItemVisible(entry.Key, settings_.ReadDword(Hive::CurrentUser, path, name) != 0);
+    }
 }
 
 void Program::LoadPlace() {
@@ -132,7 +150,8 @@ void Program::OnResize() {
     const TwipsRect bounds = main_->Bounds();
     const auto large = settings_.ReadString(Hive::CurrentUser, settings_path::kToolBars, "UseLargeIcons");
     const int bars = (barShown_[1] ? 1 : 0) + (barShown_[2] ? 1 : 0);
-    if (const auto layout = LayOutEditor(bounds.height, bounds.width, large.value_or(u""), bars))
+    const Twips moreRows = main_->MenuHeight() - kMenuRowHeight;
+    if (const auto layout = LayOutEditor(bounds.height - moreRows, bounds.width, large.value_or(u""), bars))
         main_->LayOut(*layout);
 }
 

@@ -57,7 +57,9 @@ private:
     bool RefusesSecondCopy();
     void ShowMainWindow();
     void LoadMainWindow();
-    void LoadBars();
+    void GreyWhatIsToCome();
+    void LoadToolBars();
+    void LoadItems(std::string_view root, std::string_view path);
     void LoadPlace();
     void LoadTitle();
     void ConnectSurface();

@@ -1,8 +1,8 @@
 #include "shell/frmMain.h"
 
+#include "commandbar/PanelControl.h"
 #include "platform/qt/QtText.h"
 #include "recoding/frmDecode.h"
-#include "shell/CommandBars.h"
 #include "shell/Layout.h"
 #include "shell/Program.h"
 
@@ -10,12 +10,42 @@
 #include <QComboBox>
 #include <QVBoxLayout>
 
+#include <cmath>
+
 namespace quillshift {
 
-frmMain::frmMain(Program& program, MessageBox& messageBox)
+// The list of directions as an item of the recoding toolbar.
+class frmMain::DirectionsPanel final : public PanelControl {
+public:
+    DirectionsPanel(QComboBox& list, QtWindowMessages& windowIds) : list_(list), windowIds_(windowIds) {}
+
+    bool Visible() const override { return !list_.isHidden(); }
+    void SetVisible(bool visible) override { list_.setVisible(visible); }
+    WindowId Container() const override { return container_; }
+    void SetContainer(WindowId control) override {
+        container_ = control;
+        list_.setParent(windowIds_.Widget(control));
+    }
+    int Height() const override { return list_.height(); }
+    void Move(const Rect& area) override {
+        list_.setGeometry(area.left, area.top, area.Width(), area.Height());
+    }
+
+private:
+    QComboBox& list_;
+    QtWindowMessages& windowIds_;
+    WindowId container_ = 0;
+};
+
+frmMain::frmMain(Program& program, const MainWindowServices& services)
     : program_(program),
-      decoding_(program.Settings(), program.Sounds(), messageBox, this),
+      decoding_(program.Settings(), program.Sounds(), services.messageBox, this),
       cmbDecode_(new QComboBox(this)),
+      directionsPanel_(std::make_unique<DirectionsPanel>(*cmbDecode_, services.windowIds)),
+      barWindows_{new QtBarWindow(services.windowIds, services.texts, this),
+                  new QtBarWindow(services.windowIds, services.texts, this),
+                  new QtBarWindow(services.windowIds, services.texts, this)},
+      bars_(services.bars, BarsHost(services)),
       picEditor_(new QWidget(this)),
       shapeRichTextBox_(new QFrame(picEditor_)),
       richTextBox_(new QtTextSurface(picEditor_)) {
@@ -28,54 +58,55 @@ frmMain::frmMain(Program& program, MessageBox& messageBox)
     richTextBox_->setFocus();
     for (int number = 0; number < kDirections; ++number)
         cmbDecode_->addItem(ToQString(DirectionName(DirectionOf(number))));
+    cmbDecode_->setFont(QFont(QStringLiteral("Tahoma"), 8));
+    cmbDecode_->resize(cmbDecode_->width(), 21);
+    connect(cmbDecode_, &QComboBox::currentIndexChanged, this, [this] { program_.OnDirectionChange(); });
+    // The keyboard goes back to the text once a direction is chosen.
+    connect(cmbDecode_, &QComboBox::activated, this, [this] { richTextBox_->setFocus(); });
     decoding_.StopRecoding = [this] { program_.Job().StopRecoding(); };
+    StackBars();
 }
 
 frmMain::~frmMain() = default;
 
-QFrame* frmMain::Line() {
-    auto* line = new QFrame;
-    line->setFrameShape(QFrame::HLine);
-    line->setFrameShadow(QFrame::Sunken);
-    line->setFixedHeight(ToPixels(30_twips));
-    return line;
+MainBars::Host frmMain::BarsHost(const MainWindowServices& services) {
+    return {.windows = {barWindows_[0], barWindows_[1], barWindows_[2]},
+            .popupWindow = [this, &ids = services.windowIds, &texts = services.texts]() -> BarWindow& {
+                return *new QtBarWindow(ids, texts, this);
+            },
+            .cmbDecode = *directionsPanel_,
+            .dispatch = [this](std::string_view key) { program_.Dispatch(key); },
+            .menuResized = [this] { program_.OnResize(); },
+            .files = services.files,
+            .programFolder = services.programFolder,
+            .density = static_cast<int>(std::ceil(devicePixelRatioF()))};
 }
 
-void frmMain::BuildBars() {
-    bars_ = new CommandBars(
-        cmbDecode_, [this](std::string_view key) { program_.Dispatch(key); }, this);
+void frmMain::StackBars() {
     auto* stack = new QVBoxLayout(this);
     stack->setContentsMargins(0, 0, 0, 0);
     stack->setSpacing(0);
-    for (int bar = 0; bar < 3; ++bar) {
-        stack->addWidget(bars_->Bar(bar));
-        stack->addWidget(lines_[bar] = Line());
+    for (std::size_t bar = 0; bar < barWindows_.size(); ++bar) {
+        auto* line = new QFrame;
+        line->setFrameShape(QFrame::HLine);
+        line->setFrameShadow(QFrame::Sunken);
+        line->setFixedHeight(ToPixels(30_twips));
+        stack->addWidget(barWindows_[bar]);
+        stack->addWidget(lines_[bar] = line);
     }
-    bars_->Bar(0)->setFixedHeight(ToPixels(kMenuRowHeight));
     stack->addWidget(picEditor_);
     stack->addStretch();
-    connect(cmbDecode_, &QComboBox::currentIndexChanged, this, [this] { program_.OnDirectionChange(); });
 }
 
 void frmMain::SetBarVisible(int bar, bool visible) {
-    bars_->Bar(bar)->setVisible(visible);
+    barWindows_[static_cast<std::size_t>(bar)]->setVisible(visible);
     lines_[bar]->setVisible(visible);
 }
 
-void frmMain::SetBarHeight(int bar, Twips height) {
-    bars_->Bar(bar)->setFixedHeight(ToPixels(height));
-}
-
-void frmMain::SetChecked(std::string_view key, bool checked) {
-    bars_->SetChecked(key, checked);
-}
-
 void frmMain::SetEnabled(std::string_view key, bool enabled) {
-    bars_->SetEnabled(key, enabled);
-}
-
-bool frmMain::IsChecked(std::string_view key) const {
-    return bars_->IsChecked(key);
+    bars_.Button(key).SetEnabled(enabled);
+    if (key == "TOOLBAR2:DECODE")
+        cmbDecode_->setEnabled(enabled);
 }
 
 int frmMain::Direction() const {

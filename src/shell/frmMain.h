@@ -1,8 +1,9 @@
 #pragma once
 
+#include "platform/qt/QtBarWindow.h"
 #include "platform/qt/QtTextSurface.h"
 #include "recoding/frmDecoding.h"
-#include "shell/MainView.h"
+#include "shell/MainBars.h"
 
 #include <QFrame>
 #include <QWidget>
@@ -11,15 +12,24 @@ class QComboBox;
 
 namespace quillshift {
 
-class CommandBars;
 class Program;
+
+/// What the main window is built on; all of it outlives the window.
+struct MainWindowServices {
+    MessageBox& messageBox;
+    mCommandBars& bars;
+    QtWindowMessages& windowIds;
+    const QtTextMeasurer& texts;
+    FileSystem& files;
+    std::u16string programFolder;
+};
 
 /// The main window: shows state and forwards events to the program.
 class frmMain final : public QWidget, public MainView {
     Q_OBJECT
 
 public:
-    frmMain(Program& program, MessageBox& messageBox);
+    frmMain(Program& program, const MainWindowServices& services);
     ~frmMain() override;
 
     TextSurface& RichTextBox() override { return *richTextBox_; }
@@ -27,12 +37,18 @@ public:
     TextSurface& RichTextBoxImport() override { return richTextBoxImport_; }
     DecodingView& Decoding() override { return decoding_; }
 
-    void BuildBars() override;
+    void BuildBars() override { bars_.Build(); }
+    void SetBarStyle(std::u16string_view style) override { bars_.ApplyStyle(style); }
+    void AttachMenu() override { bars_.AttachMenu(); }
+    void AttachToolBar(int bar, ToolBarIcons icons) override { bars_.AttachToolBar(bar, icons); }
+    Twips MenuHeight() const override { return FromPixels(barWindows_[0]->height()); }
     void SetBarVisible(int bar, bool visible) override;
-    void SetBarHeight(int bar, Twips height) override;
-    void SetChecked(std::string_view key, bool checked) override;
+    void SetChecked(std::string_view key, bool checked) override { bars_.Button(key).SetChecked(checked); }
     void SetEnabled(std::string_view key, bool enabled) override;
-    bool IsChecked(std::string_view key) const override;
+    bool IsChecked(std::string_view key) const override { return bars_.Button(key).Checked(); }
+    void SetItemVisible(std::string_view key, bool visible) override {
+        bars_.Button(key).SetVisible(visible);
+    }
     int Direction() const override;
     void SetDirection(int number) override;
     void LayOut(const EditorLayout& layout) override;
@@ -54,12 +70,17 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    QFrame* Line();
+    class DirectionsPanel;
+
+    void StackBars();
+    MainBars::Host BarsHost(const MainWindowServices& services);
 
     Program& program_;
     DecodingDialog decoding_;
-    CommandBars* bars_ = nullptr;
     QComboBox* cmbDecode_;
+    std::unique_ptr<DirectionsPanel> directionsPanel_;
+    std::array<QtBarWindow*, 3> barWindows_; // owned by the window, as the popups' windows are
+    mutable MainBars bars_;
     QWidget* picEditor_;
     QFrame* shapeRichTextBox_;
     QtTextSurface* richTextBox_;

@@ -3,7 +3,7 @@
 #include "controls/bitmaps/cAlphaDIBSection.h"
 #include "controls/bitmaps/pcDibSection.h"
 #include "controls/bitmaps/pcMemDC.h"
-#include "settings/TemporaryFolder.h"
+#include "support/TemporaryFolder.h"
 #include "support/Pixels.h"
 
 #include <gtest/gtest.h>

@@ -3,7 +3,7 @@
 #include "base/Texts.h"
 #include "base/Utf8.h"
 #include "settings/FirstValues.h"
-#include "shell/CommandTable.h"
+#include "shell/Catalogue.h"
 
 #include <algorithm>
 
@@ -14,10 +14,10 @@ std::vector<int> MenuPlaces(std::string_view commandKey) {
     for (std::string_view key = commandKey; !ParentKey(key).empty(); key = ParentKey(key)) {
         int place = 0;
         bool found = false;
-        for (const CommandEntry& entry : CommandTable()) {
-            if (ParentKey(entry.key) != ParentKey(key) || entry.style == CommandStyle::Separator)
+        for (const CatalogueEntry& entry : Catalogue()) {
+            if (ParentKey(entry.Key) != ParentKey(key) || entry.Style == ButtonStyle::Separator)
                 continue;
-            found = entry.key == key;
+            found = entry.Key == key;
             if (found)
                 break;
             ++place;

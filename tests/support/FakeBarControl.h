@@ -56,6 +56,7 @@ public:
     void SetVisible(bool value) override { visible = value; }
     WindowId Container() const override { return container; }
     void SetContainer(WindowId control) override { container = control; }
+    int Height() const override { return 21; }
     void Move(const Rect& value) override { area = value; }
 
     bool visible = false;

@@ -44,8 +44,14 @@ public:
     DecodingView& Decoding() override { return decoding; }
 
     void BuildBars() override {}
+    void SetBarStyle(std::u16string_view style) override { barStyle = style; }
+    void AttachMenu() override {}
+    void AttachToolBar(int bar, ToolBarIcons icons) override { barIcons[bar] = icons; }
+    Twips MenuHeight() const override { return menuHeight; }
+    void SetItemVisible(std::string_view key, bool visible) override {
+        itemVisible[std::string(key)] = visible;
+    }
     void SetBarVisible(int bar, bool visible) override { barVisible[bar] = visible; }
-    void SetBarHeight(int bar, Twips height) override { barHeight[bar] = height; }
     void SetChecked(std::string_view key, bool on) override { checked[std::string(key)] = on; }
     void SetEnabled(std::string_view key, bool on) override { enabled[std::string(key)] = on; }
     bool IsChecked(std::string_view key) const override { return checked.at(std::string(key)); }
@@ -68,8 +74,10 @@ public:
     FakeSurface document, backup, import;
     FakeDecoding decoding;
     std::map<int, bool> barVisible;
-    std::map<int, Twips> barHeight;
-    std::map<std::string, bool> checked, enabled;
+    std::map<int, ToolBarIcons> barIcons;
+    std::u16string barStyle;
+    Twips menuHeight = 315_twips;
+    std::map<std::string, bool> checked, enabled, itemVisible;
     std::vector<EditorLayout> layouts;
     int direction = 0;
     int decodeDialogs = 0;

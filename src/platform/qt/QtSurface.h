@@ -52,6 +52,9 @@ public:
     void ClearClip() override;
     double Density() const override;
 
+    /// For what the interface has no words for, such as the parts of a theme.
+    QPainter& Painter() { return painter_; }
+
 private:
     QPainter& painter_;
     const QtTextMeasurer& texts_;

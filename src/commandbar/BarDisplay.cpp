@@ -1,0 +1,159 @@
+// How a control lays its bar out and paints it.
+
+#include "commandbar/MenuLayout.h"
+#include "commandbar/PanelControl.h"
+#include "commandbar/ToolbarLayout.h"
+#include "commandbar/qsCommandBar.h"
+
+#include <algorithm>
+
+namespace quillshift {
+
+void qsCommandBar::Layout() {
+    const std::vector<cDisplayButtonInfo> before = std::exchange(items_, {});
+    const std::vector<cButtonInt*> buttonsBefore = buttons_;
+    CollectButtons();
+    if (ShownBar() == nullptr) {
+        Repaint();
+        return;
+    }
+    const cMeasureButtonParams params = MeasureParams();
+    const ItemMeasure measure = [&](const ButtonRecord& record) {
+        MeasureCache& cache = static_cast<const cButtonInt&>(record).Measured;
+        if (const Size* known = cache.Find(params))
+            return *known;
+        const Size size = MeasureItem(record, IsMenu(params.Mode) ? record.ShortcutText() : std::u16string(),
+                                      params, window_.Texts());
+        cache.Add(params, size);
+        return size;
+    };
+    if (IsMenu(params.Mode))
+        LayOutRows(params, measure);
+    else
+        LayOutStrip(params, measure);
+    KeepStates(before, buttonsBefore);
+    PlacePanels();
+    Repaint();
+}
+
+void qsCommandBar::CollectButtons() {
+    buttons_.clear();
+    records_.clear();
+    if (const cCommandBarInt* const bar = ShownBar())
+        for (const auto& [key, button] : bar->Buttons) {
+            buttons_.push_back(button);
+            records_.push_back(button);
+        }
+}
+
+// What is hot, and which menu is open, outlives a layout.
+void qsCommandBar::KeepStates(std::span<const cDisplayButtonInfo> before,
+                              std::span<cButtonInt* const> buttons) {
+    for (std::size_t i = 0; i < before.size() && i < buttons.size(); ++i) {
+        const auto found = std::ranges::find(buttons_, buttons[i]);
+        if (found == buttons_.end())
+            continue;
+        cDisplayButtonInfo& item = items_[static_cast<std::size_t>(found - buttons_.begin())];
+        item.MouseOver = before[i].MouseOver;
+        item.ShowingMenu = before[i].ShowingMenu;
+        item.MenuWindow = before[i].MenuWindow;
+    }
+}
+
+cMeasureButtonParams qsCommandBar::MeasureParams() const {
+    const Size client = window_.ClientSize();
+    const Size icon = IconSizeOf(Icons());
+    return {.Window = Window(),
+            .Font = font_,
+            .IconWidth = icon.width,
+            .IconHeight = icon.height,
+            .Height = IsMenu(Mode()) ? 0 : client.height,
+            .RightToLeft = window_.RightToLeft(),
+            .Mode = Mode(),
+            .Orientation = orientation_,
+            .ButtonTextPosition = textPosition_,
+            .Width = client.width};
+}
+
+void qsCommandBar::LayOutRows(const cMeasureButtonParams& params, const ItemMeasure& measure) {
+    const bool leavesOut = bars_.HideInfrequentlyUsed && !bars_.Menu().MenuExpanded;
+    MenuLayout layout =
+        LayOutMenu(records_, params, leavesOut ? Infrequent::LeftOut : Infrequent::Shown, measure);
+    items_ = std::move(layout.items);
+    menuSize_ = layout.size;
+    // An open menu keeps its place and takes its new size.
+    if (isPopup_ && bars_.Menu().popups.Find(Window()) != nullptr) {
+        place_.rect = RectAt(place_.rect.left, place_.rect.top, menuSize_.width, menuSize_.height);
+        ShowAt(place_);
+    }
+}
+
+// A longer bar gets back one hidden group a time.
+void qsCommandBar::LayOutStrip(const cMeasureButtonParams& params, const ItemMeasure& measure) {
+    do {
+        stripLayout_ = LayOutToolbar(records_, params, stripLayout_, measure);
+    } while (stripLayout_.cameBack);
+    items_ = stripLayout_.items;
+    window_.SetDepth(stripLayout_.depth);
+}
+
+void qsCommandBar::PlacePanels() {
+    if (isPopup_)
+        return;
+    for (std::size_t i = 0; i < items_.size(); ++i) {
+        PanelControl* const panel = buttons_[i]->Panel;
+        if (panel == nullptr)
+            continue;
+        const bool shown =
+            !IsUpright(orientation_) && buttons_[i]->Visible && !items_[i].Hidden && IsPlaced(items_[i]);
+        if (shown)
+            panel->Move(PanelControlArea(items_[i], panel->Height()));
+        if (panel->Visible() != shown)
+            panel->SetVisible(shown);
+    }
+}
+
+BarView qsCommandBar::View() const {
+    const bool across =
+        place_.direction == PopupDirection::Below || place_.direction == PopupDirection::Above;
+    const int origin = across ? place_.rect.left : place_.rect.top;
+    return {.window = Window(),
+            .mode = Mode(),
+            .orientation = orientation_,
+            .textPosition = textPosition_,
+            .rightToLeft = window_.RightToLeft(),
+            .keyboardMode = bars_.Menu().KeyboardMode,
+            .client = window_.ClientSize(),
+            .parentClient = window_.ParentClient(),
+            .background = background_.View(),
+            .gap = {place_.direction, place_.anchorPosition - origin, place_.anchorSize},
+            .font = font_,
+            .icons = Icons(),
+            .buttons = records_,
+            .items = items_,
+            .shortcutText = [](const ButtonRecord& record) { return record.ShortcutText(); }};
+}
+
+void qsCommandBar::OnPaint(Surface& surface, const Rect& part) {
+    const BarPainter painter(bars_.Colours());
+    const BarView view = View();
+    for (std::size_t i = 0; i < items_.size(); ++i)
+        if (IsPlaced(items_[i]) && AreaOf(items_[i]) == part) {
+            painter.PaintItem(surface, view, i);
+            return;
+        }
+    painter.PaintBar(surface, view);
+}
+
+void qsCommandBar::Repaint() {
+    const Size client = window_.ClientSize();
+    if (redraw_)
+        window_.Repaint({0, 0, client.width, client.height});
+}
+
+void qsCommandBar::RepaintItem(std::size_t index) {
+    if (redraw_ && IsPlaced(items_[index]))
+        window_.Repaint(AreaOf(items_[index]));
+}
+
+} // namespace quillshift

@@ -1,0 +1,93 @@
+#pragma once
+
+#include "commandbar/CommandBarHandles.h"
+#include "commandbar/CommandBarModel.h"
+#include "commandbar/MenuMode.h"
+#include "commandbar/mCommandBarColours.h"
+#include "commandbar/mHooks.h"
+#include "controls/hooks/MSubclass.h"
+#include "platform/BarWindow.h"
+#include "platform/SystemColours.h"
+#include "platform/Timer.h"
+
+#include <vector>
+
+namespace quillshift {
+
+class qsCommandBar;
+
+/// What the toolkit needs of the machine. All of it outlives the toolkit.
+struct BarServices {
+    BarSystem& system;
+    WindowMessages& windows;
+    MSubclass& subclass;
+    const SystemColours& colours;
+    const ThemeService& theme;
+    Timers& timers;
+};
+
+/// All that the bars of the process share: the model, the colours, menu mode, the list of controls and the
+/// pool of popups. The first control opens it and the last one closes it.
+class mCommandBars final : private ControlDirectory, private MenuModeHost, private InputFilter {
+public:
+    explicit mCommandBars(const BarServices& services);
+    ~mCommandBars() override;
+    mCommandBars(const mCommandBars&) = delete;
+    mCommandBars& operator=(const mCommandBars&) = delete;
+
+    const BarServices& Services() const { return services_; }
+    CommandBarModel& Model() { return model_; }
+    mCommandBarColours& Colours() { return colours_; }
+    const MenuState& Menu() const { return menu_; }
+    MenuTracking& Tracking() { return tracking_; }
+
+    /// Menus leave out what is rarely used.
+    bool HideInfrequentlyUsed = false;
+
+    BarStyle Style() const { return colours_.Style(); }
+    /// Another style repaints every control.
+    void SetStyle(BarStyle style);
+    /// The desktop's colours or style have changed.
+    void OnDesktopChange();
+
+    void Register(qsCommandBar& control);
+    void Unregister(qsCommandBar& control);
+    qsCommandBar* Find(WindowId control) const;
+
+    /// A control for one more popup, marked in use: one from the pool, or a new one of the host's. Null if
+    /// the host gives none.
+    qsCommandBar* ObtainPopup();
+
+private:
+    BarControl* ControlOf(WindowId window) const override;
+
+    std::vector<MenuControl> Controls() const override;
+    void SetEnabled(WindowId control, bool enabled) override;
+    void SetMouseFilter(bool on) override;
+    void FreePool() override;
+    std::vector<WindowId> OpenMenus(WindowId control) const override;
+    void ForgetMenu(WindowId control, WindowId menu) override;
+    void AnnounceClosed(WindowId popup) override;
+    void HidePopup(WindowId popup) override;
+    void ClearHot(WindowId control) override;
+    void MakeFirstItemHot(WindowId control) override;
+    void DeliverKey(WindowId control, int key, int modifiers) override;
+    bool RunShortcut(int key, int modifiers) override;
+    WindowId ForegroundWindow() const override;
+    WindowId WindowUnderPointer() const override;
+    bool HasItemUnderPointer(WindowId control) const override;
+
+    bool FilterKey(int virtualKey, bool up, int modifiers) override;
+    void FilterMouse(bool press) override;
+
+    BarServices services_;
+    CommandBarModel model_;
+    mCommandBarColours colours_;
+    MenuState menu_;
+    MenuTracking tracking_;
+    mHooks hooks_;
+    std::vector<qsCommandBar*> controls_; // in order of registration
+    std::vector<qsCommandBar*> pool_;     // those of them ever taken for a popup
+};
+
+} // namespace quillshift

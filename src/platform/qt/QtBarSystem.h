@@ -1,0 +1,53 @@
+#pragma once
+
+#include "platform/BarWindow.h"
+#include "platform/SystemColours.h"
+#include "platform/qt/QtWindowMessages.h"
+
+#include <QObject>
+
+namespace quillshift {
+
+/// The input of the process and the screens, as the command bars see them.
+class QtBarSystem final : public QObject, public BarSystem {
+    Q_OBJECT
+
+public:
+    /// `ids` outlives it.
+    explicit QtBarSystem(QtWindowMessages& ids);
+
+    void SetKeyboardFilter(InputFilter* filter) override { keyboardFilter_ = filter; }
+    void SetMouseFilter(InputFilter* filter) override { mouseFilter_ = filter; }
+    Point PointerPosition() const override;
+    WindowId WindowUnderPointer() const override;
+    WindowId ForegroundWindow() const override;
+    std::vector<MonitorInfo> Monitors() const override;
+    bool Layered() const override;
+    ScreenCopy CopyOfScreen(const Rect& part) const override;
+
+private:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    bool FilterKey(const QKeyEvent& event);
+
+    QtWindowMessages& ids_;
+    InputFilter* keyboardFilter_ = nullptr;
+    InputFilter* mouseFilter_ = nullptr;
+    bool altAlone_ = false; // Alt is down, and no other key or button has been since
+};
+
+/// The desktop's palette as the colours of the command bars.
+class QtSystemColours final : public SystemColours {
+public:
+    Colour Of(SystemColour name) const override;
+    int BitsPerPixel() const override;
+    bool HighContrast() const override { return false; } // the toolkit has no word for it
+};
+
+/// The desktop's style as the theme of the command bars.
+class QtTheme final : public ThemeService {
+public:
+    std::optional<std::u16string> ColourName() const override { return std::nullopt; }
+    bool DrawToolbarPart(Surface& surface, int part, int state, const Rect& area) const override;
+};
+
+} // namespace quillshift
