@@ -25,7 +25,7 @@ public:
     Scheme(const mCommandBarColours& colours) : colours_(colours) {}
 
     std::optional<Colour> ColourOf(Slot slot) const {
-        const ColourRule& rule = RuleOf(slot, colours_.Style(), colours_.ThemeColour());
+        const ColourRule& rule = RuleOf(slot, StyleOf(slot), colours_.ThemeColour());
         if (!colours_.HighColour())
             return ColourOf(rule.otherwise);
         const std::optional<Colour> a = ColourOf(rule.a);
@@ -36,6 +36,16 @@ public:
     }
 
 private:
+    // Without a theme the themed menus are nearly white, but their text is the desktop's: on a dark desktop,
+    // where that is light, they take the fill that follows the desktop.
+    BarStyle StyleOf(Slot slot) const {
+        const bool fixed = slot == Slot::MenuFillStart && colours_.Style() == BarStyle::Themed &&
+                           colours_.ThemeColour() == ThemeColour::None;
+        const Colour text = colours_.Of(SystemColour::WindowText);
+        const bool isLight = text.Red() + text.Green() + text.Blue() > 3 * 128;
+        return fixed && isLight ? BarStyle::OfficeXP : colours_.Style();
+    }
+
     std::optional<Colour> ColourOf(const ColourSource& source) const {
         switch (source.kind) {
         case ColourSource::Kind::None:

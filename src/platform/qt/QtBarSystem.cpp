@@ -140,7 +140,8 @@ std::vector<MonitorInfo> QtBarSystem::Monitors() const {
 
 bool QtBarSystem::Layered() const {
     const auto* const x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
-    return x11 == nullptr || IsComposited(x11->display());
+    auto* const display = x11 != nullptr ? x11->display() : nullptr;
+    return display == nullptr || IsComposited(display);
 }
 
 ScreenCopy QtBarSystem::CopyOfScreen(const Rect& part) const {

@@ -1,0 +1,301 @@
+#include "shell/MainBars.h"
+
+#include "support/FakeBarControl.h"
+#include "support/FakeBarWindow.h"
+#include "support/FakeDesktop.h"
+#include "support/FakePlatform.h"
+#include "support/FakeWindowMessages.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <deque>
+
+namespace quillshift {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+namespace key {
+constexpr int kEnter = 13;
+constexpr int kAlt = 18;
+constexpr int kEscape = 27;
+constexpr int kLeft = 37;
+constexpr int kRight = 39;
+constexpr int kDown = 40;
+} // namespace key
+
+constexpr WindowId kTop = 1;
+constexpr WindowId kElsewhere = 99;
+
+/// The bars of the main window on a fake desktop, with a hand for mouse and keyboard.
+class MainBarsTest : public testing::Test {
+protected:
+    MainBarsTest() {
+        bars.Build();
+        bars.AttachMenu();
+        bars.AttachToolBar(1, ToolBarIcons::Small);
+        bars.AttachToolBar(2, ToolBarIcons::Small);
+        system.foreground = kTop;
+    }
+
+    FakeBarWindow& Open(WindowId id, Rect place) {
+        messages.Open(id);
+        return windows.emplace_back(id, id < 10 ? kTop : id, place);
+    }
+    FakeBarWindow& Popup(std::size_t number) { return windows[3 + number]; }
+    std::vector<std::size_t> OpenPopups() {
+        std::vector<std::size_t> open;
+        for (std::size_t i = 3; i < windows.size(); ++i)
+            if (windows[i].visible)
+                open.push_back(i - 3);
+        return open;
+    }
+
+    // Where an item of a window stands, by its place in the bar.
+    Point Middle(FakeBarWindow& window, std::size_t item) {
+        const cDisplayButtonInfo& info = toolkit.Find(window.Id())->Items()[item];
+        return {(info.Left + info.Right) / 2, (info.Top + info.Bottom) / 2};
+    }
+    void Hover(FakeBarWindow& window, std::size_t item) {
+        const Point at = Middle(window, item);
+        system.pointer = window.ToScreen(at);
+        system.underPointer = window.Id();
+        if (system.mouse)
+            system.mouse->FilterMouse(false);
+        window.listener->OnMouseMove(at);
+    }
+    void Press(WindowId window) {
+        system.underPointer = window;
+        if (system.mouse)
+            system.mouse->FilterMouse(true);
+    }
+    void Click(FakeBarWindow& window, std::size_t item) {
+        Hover(window, item);
+        Press(window.Id());
+        window.listener->OnMousePress(Middle(window, item), MouseButton::Left);
+        window.listener->OnMouseRelease(Middle(window, item), MouseButton::Left);
+    }
+    bool Key(int virtualKey, int modifiers = 0) {
+        return system.keyboard->FilterKey(virtualKey, false, modifiers);
+    }
+    void Alt() {
+        system.keyboard->FilterKey(key::kAlt, false, modifier::kAlt);
+        system.keyboard->FilterKey(key::kAlt, true, 0);
+    }
+    void ExpectAllIsBack() {
+        EXPECT_THAT(OpenPopups(), IsEmpty());
+        EXPECT_FALSE(toolkit.Menu().MenuMode);
+        for (int bar = 0; bar < 3; ++bar)
+            EXPECT_TRUE(bars.Bar(bar).Enabled()) << bar;
+    }
+
+    FakePlatform platform;
+    FakeWindowMessages messages;
+    FakeBarSystem system;
+    FakeSystemColours colours;
+    FakeTheme theme;
+    MSubclass subclass{messages, u"test"};
+    mCommandBars toolkit{{system, messages, subclass, colours, theme, platform.timers}};
+    std::deque<FakeBarWindow> windows;
+    FakePanel panel;
+    std::vector<std::string> clicked;
+    FakeBarWindow& menu = (messages.Open(kTop), Open(2, RectAt(100, 100, 780, 21)));
+    FakeBarWindow& toolbar = Open(3, RectAt(100, 123, 780, 24));
+    FakeBarWindow& decode = Open(4, RectAt(100, 149, 780, 24));
+    MainBars bars{toolkit,
+                  {.windows = {&menu, &toolbar, &decode},
+                   .popupWindow = [this]() -> BarWindow& {
+                       return Open(static_cast<WindowId>(10 + windows.size()), {});
+                   },
+                   .cmbDecode = panel,
+                   .dispatch = [this](std::string_view command) { clicked.emplace_back(command); },
+                   .menuResized = {},
+                   .files = platform.files,
+                   .programFolder = u"/program",
+                   .density = 1}};
+};
+
+TEST_F(MainBarsTest, AHeadingOpensItsMenuBelowItAndARowRunsItsCommandOnce) {
+    Click(menu, 0);
+    ASSERT_THAT(OpenPopups(), ElementsAre(0));
+    EXPECT_EQ(Popup(0).place.left, menu.place.left);
+    EXPECT_EQ(Popup(0).place.top, menu.place.bottom);
+    EXPECT_EQ(Popup(0).shadows[0].left, Popup(0).place.right);
+    EXPECT_THAT(clicked, IsEmpty());
+    EXPECT_FALSE(bars.Bar(1).Enabled());
+    Click(Popup(0), 1);
+    EXPECT_THAT(clicked, ElementsAre("MENU:FILE:OPEN"));
+    ExpectAllIsBack();
+}
+
+TEST_F(MainBarsTest, ASecondClickOnAHeadingClosesItsMenu) {
+    Click(menu, 0);
+    Click(menu, 0);
+    ExpectAllIsBack();
+}
+
+TEST_F(MainBarsTest, GoingAlongTheStripOpensTheNextMenuAndClosesTheFormer) {
+    Click(menu, 0);
+    Hover(menu, 3);
+    EXPECT_THAT(OpenPopups(), SizeIs(1));
+    Click(Popup(OpenPopups()[0]), 0);
+    EXPECT_THAT(clicked, ElementsAre("MENU:VIEW:ONTOP"));
+    EXPECT_TRUE(bars.Button("MENU:VIEW:ONTOP").Checked());
+}
+
+TEST_F(MainBarsTest, ASubMenuOpensForTheRowThatThePointerRestsOn) {
+    Click(menu, 7);
+    Hover(Popup(0), 0);
+    Hover(Popup(0), 1);
+    EXPECT_THAT(OpenPopups(), SizeIs(1)) << "before the delay is over";
+    platform.timers.Tick();
+    ASSERT_THAT(OpenPopups(), ElementsAre(0, 1));
+    Click(Popup(1), 0);
+    EXPECT_THAT(clicked, ElementsAre("MENU:DECODE:WIN:WD"));
+    ExpectAllIsBack();
+}
+
+TEST_F(MainBarsTest, AreDrivenByTheKeyboardAlone) {
+    Alt();
+    for (int i = 0; i < 7; ++i)
+        EXPECT_TRUE(Key(key::kRight));
+    Key(key::kDown);
+    Key(key::kDown);
+    Key(key::kRight);
+    ASSERT_THAT(OpenPopups(), SizeIs(2));
+    Key(key::kLeft);
+    EXPECT_THAT(OpenPopups(), SizeIs(1)) << "back in the parent menu";
+    Key(key::kRight);
+    Key(key::kDown);
+    Key(key::kEnter);
+    EXPECT_THAT(clicked, ElementsAre("MENU:DECODE:WIN:WK"));
+    ExpectAllIsBack();
+}
+
+TEST_F(MainBarsTest, ArrowsWalkFromMenuToMenuAndWrap) {
+    Alt();
+    Key(key::kDown);
+    Key(key::kLeft);
+    EXPECT_THAT(OpenPopups(), SizeIs(1));
+    Key(key::kEnter);
+    EXPECT_THAT(clicked, ElementsAre("MENU:HELP:LICENSE"));
+}
+
+TEST_F(MainBarsTest, EscapeGoesBackStepByStep) {
+    Alt();
+    Key(key::kDown);
+    Key(key::kEscape);
+    EXPECT_THAT(OpenPopups(), IsEmpty());
+    EXPECT_TRUE(toolkit.Menu().MenuMode) << "the heading is still hot";
+    Key(key::kEscape);
+    ExpectAllIsBack();
+    EXPECT_FALSE(Key(key::kEscape)) << "the text gets its keys again";
+}
+
+TEST_F(MainBarsTest, EveryRoadClosesWhatItShould) {
+    Click(menu, 0);
+    Press(kElsewhere);
+    ExpectAllIsBack();
+
+    Click(menu, 7);
+    Hover(Popup(OpenPopups()[0]), 0);
+    platform.timers.Tick();
+    ASSERT_THAT(OpenPopups(), SizeIs(2));
+    messages.Send(kTop, message::kActivateApplication);
+    ExpectAllIsBack();
+
+    Click(menu, 0);
+    Alt(); // goes back to the headings
+    EXPECT_THAT(OpenPopups(), IsEmpty());
+    Key(key::kEscape);
+    ExpectAllIsBack();
+
+    Click(menu, 0);
+    Press(toolbar.Id()); // another bar
+    ExpectAllIsBack();
+}
+
+TEST_F(MainBarsTest, ARightClickOnAToolbarOpensTheListOfToolbars) {
+    toolbar.listener->OnMousePress({700, 10}, MouseButton::Right);
+    ASSERT_THAT(OpenPopups(), ElementsAre(0));
+    EXPECT_EQ(Popup(0).place.left, 800);
+    EXPECT_EQ(toolkit.Find(Popup(0).Id())->Toolbar()->Key(), "MENU:VIEW:TOOLBARS");
+    Click(Popup(0), 1);
+    EXPECT_THAT(clicked, ElementsAre("MENU:VIEW:TOOLBARS:TBDECODE"));
+    ExpectAllIsBack();
+    menu.listener->OnMousePress({700, 10}, MouseButton::Right);
+    EXPECT_THAT(OpenPopups(), IsEmpty());
+}
+
+TEST_F(MainBarsTest, PopupsStayOnTheScreen) {
+    menu.place = menu.place.MovedBy(500, 600);
+    Click(menu, 7);
+    const Rect place = Popup(0).place;
+    EXPECT_LE(place.right, 1280);
+    EXPECT_LE(place.bottom, menu.place.top + 2) << "above the strip, where there is room";
+}
+
+TEST_F(MainBarsTest, ShortcutsRunFromTheWindowThatHasTheKeyboardAndOnlyOnce) {
+    EXPECT_TRUE(Key('N', modifier::kCtrl));
+    EXPECT_THAT(clicked, ElementsAre("MENU:FILE:NEW"));
+    bars.Button("MENU:FILE:NEW").SetEnabled(false);
+    EXPECT_FALSE(Key('N', modifier::kCtrl));
+    system.foreground = kElsewhere;
+    EXPECT_FALSE(Key('O', modifier::kCtrl));
+    EXPECT_THAT(clicked, SizeIs(1));
+}
+
+TEST_F(MainBarsTest, OneItemRepaintsWhenThePointerComesOverIt) {
+    toolbar.repainted.clear();
+    Hover(toolbar, 2);
+    EXPECT_THAT(toolbar.repainted, SizeIs(1));
+    EXPECT_EQ(toolbar.toolTip, u"Открыть документ");
+    toolbar.listener->OnMouseLeave();
+    system.pointer = {0, 0};
+    platform.timers.Tick();
+    EXPECT_THAT(toolbar.repainted, SizeIs(2));
+    EXPECT_EQ(toolbar.toolTip, u"");
+}
+
+TEST_F(MainBarsTest, ANarrowToolbarLosesItsLastGroupsAndAWideOneHasThemBack) {
+    const auto shown = [&] {
+        const auto items = toolkit.Find(toolbar.Id())->Items();
+        return std::count_if(items.begin(), items.end(), [](const auto& item) { return item.Right > 0; });
+    };
+    const auto all = shown();
+    toolbar.Widen(400);
+    EXPECT_LT(shown(), all);
+    toolbar.Widen(780);
+    EXPECT_EQ(shown(), all);
+}
+
+TEST_F(MainBarsTest, TheChevronMenuHidesAButtonBehindItself) {
+    bars.Bar(1).ShowChevronMenu({200, 200});
+    Key(key::kDown);
+    Key(key::kRight);
+    Key(key::kRight);
+    ASSERT_THAT(OpenPopups(), SizeIs(3));
+    Key(key::kEnter);
+    EXPECT_FALSE(bars.Button("TOOLBAR:NEW").Visible());
+    EXPECT_THAT(OpenPopups(), SizeIs(3)) << "the list stays open";
+}
+
+TEST_F(MainBarsTest, ABarThatGoesWhileItsMenuIsOpenLeavesNothingBehind) {
+    Click(menu, 0);
+    bars.Bar(0).Buttons().Remove("MENU:FILE:OPEN");
+    Click(Popup(0), 1);
+    EXPECT_THAT(clicked, ElementsAre("MENU:FILE:REOPEN")) << "the rows have moved up";
+    Click(menu, 0);
+    bars.Bar(0).CommandBars().Remove("MENU:FILE");
+    Key(key::kDown);
+    Key(key::kEnter);
+    Key(key::kEscape);
+    Key(key::kEscape);
+    ExpectAllIsBack();
+}
+
+} // namespace
+} // namespace quillshift
