@@ -1,0 +1,132 @@
+#include "commandbar/PanelControl.h"
+#include "platform/qt/PosixFiles.h"
+#include "platform/qt/QtBarSystem.h"
+#include "platform/qt/QtBarWindow.h"
+#include "platform/qt/QtServices.h"
+#include "shell/MainBars.h"
+#include "support/FakeBarControl.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QTest>
+#include <QTextEdit>
+#include <QVBoxLayout>
+#include <QWindow>
+
+#include <random>
+
+namespace quillshift {
+namespace {
+
+/// The bars of the main window in real widgets, above a text that has the keyboard.
+class BarsTest : public testing::Test {
+protected:
+    BarsTest() {
+        bars.Build();
+        toolkit.SetStyle(BarStyle::OfficeXP);
+        bars.AttachMenu();
+        bars.AttachToolBar(1, ToolBarIcons::Small);
+        bars.AttachToolBar(2, ToolBarIcons::Small);
+        auto* stack = new QVBoxLayout(&window);
+        for (QtBarWindow* bar : barWindows)
+            stack->addWidget(bar);
+        stack->addWidget(text);
+        window.resize(700, 400);
+        window.show();
+        window.activateWindow();
+        text->setContextMenuPolicy(Qt::NoContextMenu); // as in the program
+        text->setFocus();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+
+    std::vector<QtBarWindow*> OpenPopups() const {
+        std::vector<QtBarWindow*> open;
+        for (QtBarWindow* popup : popups)
+            if (popup->isVisible())
+                open.push_back(popup);
+        return open;
+    }
+
+    QtWindowMessages ids;
+    MSubclass subclass{ids, u"test"};
+    QtTextMeasurer texts;
+    QtBarSystem system{ids};
+    QtSystemColours colours;
+    QtTheme theme;
+    QtTimers timers;
+    PosixFiles files;
+    mCommandBars toolkit{{system, ids, subclass, colours, theme, timers}};
+    QWidget window;
+    QTextEdit* text = new QTextEdit(&window);
+    std::array<QtBarWindow*, 3> barWindows{new QtBarWindow(ids, texts, &window),
+                                           new QtBarWindow(ids, texts, &window),
+                                           new QtBarWindow(ids, texts, &window)};
+    std::vector<QtBarWindow*> popups;
+    FakePanel panel;
+    int commands = 0;
+    MainBars bars{toolkit,
+                  {.windows = {barWindows[0], barWindows[1], barWindows[2]},
+                   .popupWindow = [this]() -> BarWindow& {
+                       popups.push_back(new QtBarWindow(ids, texts, &window));
+                       return *popups.back();
+                   },
+                   .cmbDecode = panel,
+                   .dispatch = [this](std::string_view) { ++commands; },
+                   .menuResized = {},
+                   .files = files,
+                   .programFolder = u"/nowhere",
+                   .density = 1}};
+};
+
+TEST_F(BarsTest, TenThousandRandomEventsLeaveNothingOpenDisabledOrWithoutTheKeyboard) {
+    std::mt19937 random(20261124);
+    const auto below = [&](int limit) { return std::uniform_int_distribution<int>(0, limit - 1)(random); };
+    constexpr Qt::Key kKeys[] = {Qt::Key_Alt,  Qt::Key_Left,   Qt::Key_Right, Qt::Key_Up,   Qt::Key_Down,
+                                 Qt::Key_Down, Qt::Key_Return, Qt::Key_Home,  Qt::Key_End,  Qt::Key_Escape,
+                                 Qt::Key_X,    Qt::Key_F9,     Qt::Key_Tab,   Qt::Key_Space};
+    std::size_t deepest = 0;
+    for (int event = 0; event < 10000; ++event) {
+        const auto open = OpenPopups();
+        deepest = std::max(deepest, open.size());
+        // Mostly where something is to be hit: on an open menu, or on the bars at the top of the window.
+        QWidget* const target = !open.empty() && below(4) != 0
+                                    ? static_cast<QWidget*>(open[std::size_t(below(int(open.size())))])
+                                    : &window;
+        const QPoint at(below(target->width()), below(target == &window ? text->y() : target->height()));
+        switch (below(6)) {
+        case 0:
+            QTest::keyClick(window.windowHandle(), kKeys[below(std::size(kKeys))],
+                            below(10) == 0 ? Qt::ControlModifier : Qt::NoModifier);
+            break;
+        case 1:
+            QCursor::setPos(target->mapToGlobal(at));
+            QTest::mouseClick(target->windowHandle(), below(5) == 0 ? Qt::RightButton : Qt::LeftButton,
+                              Qt::NoModifier, at);
+            break;
+        default:
+            QCursor::setPos(target->mapToGlobal(at));
+            QTest::mouseMove(target->windowHandle(), at);
+        }
+        if (below(500) == 0)
+            window.resize(300 + below(600), 400);
+        if (below(400) == 0)
+            QTest::qWait(260); // long enough for a sub-menu to open
+    }
+    EXPECT_GT(commands, 100);
+    EXPECT_GE(deepest, 2U);
+
+    for (int level = 0; level < 10; ++level)
+        QTest::keyClick(window.windowHandle(), Qt::Key_Escape);
+    EXPECT_TRUE(OpenPopups().empty());
+    EXPECT_FALSE(toolkit.Menu().MenuMode);
+    for (int bar = 0; bar < 3; ++bar)
+        EXPECT_TRUE(bars.Bar(bar).Enabled()) << bar;
+    EXPECT_TRUE(text->hasFocus());
+    text->clear();
+    QTest::keyClick(window.windowHandle(), Qt::Key_Y);
+    EXPECT_EQ(text->toPlainText(), QStringLiteral("y"));
+}
+
+} // namespace
+} // namespace quillshift
