@@ -82,8 +82,9 @@ void qsCommandBar::LayOutRows(const cMeasureButtonParams& params, const ItemMeas
     items_ = std::move(layout.items);
     menuSize_ = layout.size;
     // An open menu keeps its place and takes its new size.
-    if (isPopup_ && bars_.Menu().popups.Find(Window()) != nullptr) {
-        place_.rect = RectAt(place_.rect.left, place_.rect.top, menuSize_.width, menuSize_.height);
+    const Rect now = RectAt(place_.rect.left, place_.rect.top, menuSize_.width, menuSize_.height);
+    if (bars_.Menu().popups.Find(Window()) != nullptr && now != place_.rect) {
+        place_.rect = now;
         ShowAt(place_);
     }
 }
