@@ -19,6 +19,10 @@ ThemeColour ThemeNamed(std::u16string_view name) {
     return name == u"Homestead" ? ThemeColour::Homestead : ThemeColour::None;
 }
 
+bool IsLight(Colour colour) {
+    return colour.Red() + colour.Green() + colour.Blue() > 3 * 128;
+}
+
 // The colour of a slot as its rule has it, whatever its override.
 class Scheme {
 public:
@@ -41,9 +45,8 @@ private:
     BarStyle StyleOf(Slot slot) const {
         const bool fixed = slot == Slot::MenuFillStart && colours_.Style() == BarStyle::Themed &&
                            colours_.ThemeColour() == ThemeColour::None;
-        const Colour text = colours_.Of(SystemColour::WindowText);
-        const bool isLight = text.Red() + text.Green() + text.Blue() > 3 * 128;
-        return fixed && isLight ? BarStyle::OfficeXP : colours_.Style();
+        return fixed && IsLight(colours_.Of(SystemColour::WindowText)) ? BarStyle::OfficeXP
+                                                                       : colours_.Style();
     }
 
     std::optional<Colour> ColourOf(const ColourSource& source) const {

@@ -53,6 +53,11 @@ void mCommandBars::SetStyle(BarStyle style) {
         OnDesktopChange();
 }
 
+void mCommandBars::SetCustomColor(int slot, std::optional<Colour> colour) {
+    colours_.SetCustomColor(slot, colour);
+    OnDesktopChange();
+}
+
 void mCommandBars::OnDesktopChange() {
     for (qsCommandBar* const control : controls_) {
         control->ApplyIconColours();

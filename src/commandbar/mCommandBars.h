@@ -10,6 +10,7 @@
 #include "platform/SystemColours.h"
 #include "platform/Timer.h"
 
+#include <optional>
 #include <vector>
 
 namespace quillshift {
@@ -47,6 +48,8 @@ public:
     BarStyle Style() const { return colours_.Style(); }
     /// Another style repaints every control.
     void SetStyle(BarStyle style);
+    /// Overrides a colour of the table, or no longer does, and repaints every control.
+    void SetCustomColor(int slot, std::optional<Colour> colour);
     /// The desktop's colours or style have changed.
     void OnDesktopChange();
 

@@ -60,8 +60,12 @@ bool mHooks::EnterMainMenu(const KeyEvent& event) {
     if (event.key == kAltKey)
         host_.MakeFirstItemHot(menu->window);
     tracking_.SetMenuMode(true, menu->window);
-    if (event.key != kAltKey)
-        host_.DeliverKey(menu->window, event.key, event.modifiers);
+    if (event.key == kAltKey)
+        return true;
+    host_.DeliverKey(menu->window, event.key, event.modifiers);
+    // Without a mnemonic the next keys must not go to a menu that shows nothing.
+    if (host_.OpenMenus(menu->window).empty())
+        tracking_.SetMenuMode(false);
     return true;
 }
 

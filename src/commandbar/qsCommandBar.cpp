@@ -108,6 +108,14 @@ void qsCommandBar::SetBackgroundImage(const PixelView& picture) {
     Repaint();
 }
 
+BitmapPicture qsCommandBar::AdjustImage(const PixelView& picture, int hue, int luminance, float saturation) {
+    cAlphaDIBSection copy;
+    copy.CreateFromHBitmap(picture);
+    if (hue > -1 && luminance > -1)
+        copy.AdjustHLS(hue, luminance, saturation);
+    return copy.ExtractDib();
+}
+
 void qsCommandBar::AdjustBackgroundImage(int hue, int luminance, float saturation) {
     background_.AdjustHLS(hue, luminance, saturation);
     Repaint();

@@ -64,6 +64,21 @@ public:
     void SetBackgroundImage(const PixelView& picture);
     void AdjustBackgroundImage(int hue, int luminance, float saturation);
 
+    /// A copy of a picture, in other colours where hue and luminance are both given (0 to 255, else -1).
+    static BitmapPicture AdjustImage(const PixelView& picture, int hue, int luminance, float saturation);
+
+    // Of the toolkit as a whole, whichever control is asked
+
+    BarStyle Style() const { return bars_.Style(); }
+    void SetStyle(BarStyle style) { bars_.SetStyle(style); }
+    bool HideInfrequentlyUsed() const { return bars_.HideInfrequentlyUsed; }
+    void SetHideInfrequentlyUsed(bool on) { bars_.HideInfrequentlyUsed = on; }
+    /// The colours by slot number, 0 to 31; any other throws Error 9. An override of nothing clears it.
+    std::optional<Colour> StyleColor(int slot) const { return bars_.Colours().StyleColor(slot); }
+    bool UseStyleColor(int slot) const { return bars_.Colours().UseStyleColor(slot); }
+    std::optional<Colour> CustomColor(int slot) const { return bars_.Colours().CustomColor(slot); }
+    void SetCustomColor(int slot, std::optional<Colour> colour) { bars_.SetCustomColor(slot, colour); }
+
     cCommandBars CommandBars() { return {bars_.Model(), Window()}; }
     cButtons Buttons() { return {bars_.Model(), Window()}; }
     Point ClientCoordinatesToScreen(Point client) const { return window_.ToScreen(client); }

@@ -105,12 +105,17 @@ TEST_F(MenuModeTest, KeysGoWhereTheForegroundWindowLetsThem) {
     };
     const WindowId top = FakeMenuModeHost::kTop;
     host.shortcut = kF;
+    host.onKey = [this](WindowId control, int key) {
+        if (key == kF) // the only mnemonic
+            host.Open(kPopup, control);
+    };
     for (const Case& c : {
              Case{"a shortcut", top, kF, false, modifier::kCtrl, true, true, false},
              {"no shortcut", top, 'G', false, modifier::kCtrl, false, true, false},
              {"a shortcut going up", top, kF, true, modifier::kCtrl, false, false, false},
              {"a letter let go while Alt is held", top, kF, true, modifier::kAlt, true, false, true},
              {"Alt with a shortcut that is a mnemonic too", top, kF, false, modifier::kAlt, true, true, true},
+             {"Alt with a letter that is no mnemonic", top, 'G', false, modifier::kAlt, false, true, false},
              {"Alt let go over a disabled window", 0, kAltKey, true, 0, false, false, false},
              {"Alt with a letter over a disabled window", 0, 'G', false, modifier::kAlt, false, true, false},
              {"Alt let go over a window without a menu", 200, kAltKey, true, 0, false, false, false},

@@ -91,6 +91,13 @@ TEST_F(CommandBarColours, DarkHasNoSystemColours) {
     Expect({{Slot::HotText, Rgb(255, 223, 127)}, {Slot::CheckedFillEnd, Rgb(70, 70, 70)}});
 }
 
+TEST_F(CommandBarColours, ThemedMenusFollowADarkDesktop) {
+    system.colours[SystemColour::WindowText] = kWhite;
+    system.colours[SystemColour::Window] = Rgb(0, 0, 0);
+    system.colours[SystemColour::ButtonFace] = Rgb(0, 0, 0);
+    Expect({{Slot::MenuFillStart, Rgb(0, 0, 0)}, {Slot::MenuText, kWhite}});
+}
+
 TEST_F(CommandBarColours, SystemHasNoBarFill) {
     colours.SetStyle(BarStyle::System);
     Expect({{Slot::CheckedFillEnd, Rgb(249, 249, 247)},
