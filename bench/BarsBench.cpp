@@ -1,41 +1,16 @@
-#include "commandbar/PanelControl.h"
-#include "platform/qt/PosixFiles.h"
-#include "platform/qt/QtBarSystem.h"
-#include "platform/qt/QtBarWindow.h"
-#include "platform/qt/QtServices.h"
-#include "shell/MainBars.h"
+#include "support/WidgetBars.h"
 
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
-#include <QVBoxLayout>
 
 namespace quillshift {
 namespace {
 
-class NoPanel final : public PanelControl {
-public:
-    bool Visible() const override { return false; }
-    void SetVisible(bool /*visible*/) override {}
-    WindowId Container() const override { return 0; }
-    void SetContainer(WindowId /*control*/) override {}
-    int Height() const override { return 0; }
-    void Move(const Rect& /*area*/) override {}
-};
-
-/// The bars of the main window in a window 1280 pixels wide.
-struct BarsInAWindow {
-    BarsInAWindow() {
-        bars.Build();
-        toolkit.SetStyle(BarStyle::OfficeXP);
-        bars.AttachMenu();
-        bars.AttachToolBar(1, ToolBarIcons::Small);
-        bars.AttachToolBar(2, ToolBarIcons::Small);
-        auto* stack = new QVBoxLayout(&window);
-        stack->setContentsMargins(0, 0, 0, 0);
-        for (QtBarWindow* bar : barWindows)
-            stack->addWidget(bar);
-        stack->addStretch();
+/// In a window 1280 pixels wide.
+struct BarsInAWindow : WidgetBars {
+    BarsInAWindow() : WidgetBars(u"" QUILLSHIFT_PROGRAM_FOLDER) {
+        static_cast<QVBoxLayout*>(window.layout())->addStretch();
         window.resize(1280, 400);
         window.show();
         QApplication::processEvents();
@@ -44,30 +19,6 @@ struct BarsInAWindow {
         for (const auto& [key, button] : toolkit.Model().Buttons())
             button->Measured.Clear();
     }
-
-    QtWindowMessages ids;
-    MSubclass subclass{ids, u"bench"};
-    QtTextMeasurer texts;
-    QtBarSystem system{ids};
-    QtSystemColours colours;
-    QtTheme theme;
-    QtTimers timers;
-    PosixFiles files;
-    mCommandBars toolkit{{system, ids, subclass, colours, theme, timers}};
-    QWidget window;
-    std::array<QtBarWindow*, 3> barWindows{new QtBarWindow(ids, texts, &window),
-                                           new QtBarWindow(ids, texts, &window),
-                                           new QtBarWindow(ids, texts, &window)};
-    NoPanel panel;
-    MainBars bars{toolkit,
-                  {.windows = {barWindows[0], barWindows[1], barWindows[2]},
-                   .popupWindow = [this]() -> BarWindow& { return *new QtBarWindow(ids, texts, &window); },
-                   .cmbDecode = panel,
-                   .dispatch = [](std::string_view /*key*/) {},
-                   .menuResized = {},
-                   .files = files,
-                   .programFolder = u"" QUILLSHIFT_PROGRAM_FOLDER,
-                   .density = 1}};
 };
 
 // The layout of the toolbar of forty items, every item measured anew. At most 200 us.

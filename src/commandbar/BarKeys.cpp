@@ -1,6 +1,5 @@
 // What the keys do in a control while a menu has the keyboard.
 
-#include "commandbar/VirtualKeys.h"
 #include "commandbar/Walking.h"
 #include "commandbar/qsCommandBar.h"
 
@@ -117,7 +116,7 @@ void qsCommandBar::OpenOrClick(std::size_t index) {
 }
 
 void qsCommandBar::OnMnemonic(int virtualKey) {
-    if (const ItemIndex found = MnemonicItem(records_, items_, virtualKey, VirtualKeyOf))
+    if (const ItemIndex found = MnemonicItem(records_, items_, virtualKey))
         OpenOrClick(*found);
 }
 

@@ -1,7 +1,6 @@
 #include "commandbar/BarPainter.h"
 
 #include "commandbar/MenuRowPainter.h"
-#include "commandbar/Selectable.h"
 #include "commandbar/ToolbarItemPainter.h"
 
 #include <algorithm>
@@ -38,7 +37,7 @@ cDrawButtonParams DrawParamsOf(const BarView& bar, std::size_t index) {
             .ShowingMenu = item.ShowingMenu,
             .Mode = bar.mode,
             .Orientation = bar.orientation,
-            .Selectable = IsSelectable(*bar.buttons[index], bar.mode, bar.orientation),
+            .Selectable = bar.buttons[index]->IsSelectable(bar.mode, bar.orientation),
             .Width = item.Right - item.Left,
             .Icons = bar.icons,
             .ButtonTextPosition = bar.textPosition,

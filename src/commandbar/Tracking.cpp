@@ -1,7 +1,5 @@
 #include "commandbar/Tracking.h"
 
-#include "commandbar/Selectable.h"
-
 #include <algorithm>
 
 namespace quillshift {
@@ -38,7 +36,7 @@ Tracked Track(std::vector<cDisplayButtonInfo>& items, ItemIndex target, Part par
 }
 
 bool Selectable(const TrackedBar& bar, std::size_t index) {
-    return IsSelectable(*bar.buttons[index], bar.mode, bar.orientation);
+    return bar.buttons[index]->IsSelectable(bar.mode, bar.orientation);
 }
 
 Tracked TrackAt(std::vector<cDisplayButtonInfo>& items, const TrackedBar& bar, Point at, bool press) {

@@ -1,7 +1,5 @@
 #include "commandbar/Walking.h"
 
-#include "commandbar/Selectable.h"
-
 namespace quillshift {
 namespace {
 
@@ -37,16 +35,12 @@ ItemIndex WalkStrip(BarButtons buttons, std::span<const cDisplayButtonInfo> item
 
 ItemIndex EndRow(BarButtons buttons, std::span<const cDisplayButtonInfo> items, DisplayMode mode, Step step) {
     return Walk(buttons, items, std::nullopt, step,
-                [mode](const ButtonRecord& button) { return IsSelectable(button, mode, Orientation::Top); });
+                [mode](const ButtonRecord& button) { return button.IsSelectable(mode, Orientation::Top); });
 }
 
-ItemIndex MnemonicItem(BarButtons buttons, std::span<const cDisplayButtonInfo> items, int key,
-                       const std::function<int(char16_t)>& keyOf) {
-    return Walk(buttons, items, std::nullopt, Step::Next, [&](const ButtonRecord& button) {
-        const std::size_t mark = button.Caption.find(u'&');
-        return mark != std::u16string::npos && mark + 1 < button.Caption.size() &&
-               (keyOf(button.Caption[mark + 1]) & 0xFF) == key;
-    });
+ItemIndex MnemonicItem(BarButtons buttons, std::span<const cDisplayButtonInfo> items, int key) {
+    return Walk(buttons, items, std::nullopt, Step::Next,
+                [key](const ButtonRecord& button) { return button.HasMnemonic(key); });
 }
 
 } // namespace quillshift

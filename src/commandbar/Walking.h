@@ -2,8 +2,6 @@
 
 #include "commandbar/HitTest.h"
 
-#include <functional>
-
 namespace quillshift {
 
 enum class Step { Previous, Next };
@@ -18,9 +16,7 @@ ItemIndex WalkStrip(BarButtons buttons, std::span<const cDisplayButtonInfo> item
 /// The first selectable row of a popup for `Step::Next`, the last for `Step::Previous`.
 ItemIndex EndRow(BarButtons buttons, std::span<const cDisplayButtonInfo> items, DisplayMode mode, Step step);
 
-/// The first shown item whose mnemonic is typed with a key. `keyOf` gives the virtual key code of a
-/// character; its low byte counts.
-ItemIndex MnemonicItem(BarButtons buttons, std::span<const cDisplayButtonInfo> items, int key,
-                       const std::function<int(char16_t)>& keyOf);
+/// The first shown item whose mnemonic is typed with a key.
+ItemIndex MnemonicItem(BarButtons buttons, std::span<const cDisplayButtonInfo> items, int key);
 
 } // namespace quillshift

@@ -3,7 +3,6 @@
 #include "commandbar/qsCommandBar.h"
 
 #include "commandbar/PanelControl.h"
-#include "commandbar/Selectable.h"
 
 #include <algorithm>
 
@@ -48,7 +47,7 @@ BarIcons* qsCommandBar::Icons() const {
 }
 
 bool qsCommandBar::IsSelectable(std::size_t index) const {
-    return quillshift::IsSelectable(*records_[index], Mode(), orientation_);
+    return records_[index]->IsSelectable(Mode(), orientation_);
 }
 
 // --- Properties

@@ -1,5 +1,4 @@
 #include "commandbar/Tracking.h"
-#include "commandbar/Selectable.h"
 #include "commandbar/Walking.h"
 #include "support/TestBar.h"
 
@@ -129,30 +128,8 @@ TEST_F(Tracking, AMnemonicFindsTheFirstItemWithItsKey) {
     bar[0].Caption = u"File";
     bar[1].Caption = u"E&xit&";
     bar[3].Caption = u"&";
-    const auto keyOf = [](char16_t letter) { return 0x100 | (letter - u'a' + 'A'); };
-    EXPECT_THAT(MnemonicItem(bar.Buttons(), items, 'X', keyOf), Optional(1U));
-    EXPECT_EQ(MnemonicItem(bar.Buttons(), items, 'F', keyOf), std::nullopt);
-}
-
-TEST(IsSelectable, FollowsStyleStateAndPlace) {
-    using enum DisplayMode;
-    const auto check = [](auto change, DisplayMode mode, Orientation orientation) {
-        ButtonRecord button;
-        change(button);
-        return IsSelectable(button, mode, orientation);
-    };
-    EXPECT_TRUE(check([](ButtonRecord&) {}, PopupMenu, Orientation::Top));
-    EXPECT_FALSE(check([](ButtonRecord& b) { b.Locked = true; }, Toolbar, Orientation::Top));
-    EXPECT_FALSE(check([](ButtonRecord& b) { b.Visible = false; }, Toolbar, Orientation::Top));
-    const auto hiddenRow = [](ButtonRecord& b) {
-        b.Visible = false, b.CustomiseState = CustomiseState::NotTicked;
-    };
-    EXPECT_TRUE(check(hiddenRow, AddOrRemoveList, Orientation::Top));
-    EXPECT_FALSE(check(hiddenRow, PopupMenu, Orientation::Top));
-    const auto panel = [](ButtonRecord& b) { b.Style = ButtonStyle::Panel, b.IconIndex = 0; };
-    EXPECT_FALSE(check(panel, Toolbar, Orientation::Bottom));
-    EXPECT_TRUE(check(panel, Toolbar, Orientation::Right));
-    EXPECT_FALSE(check([](ButtonRecord& b) { b.Style = ButtonStyle::Panel; }, Toolbar, Orientation::Right));
+    EXPECT_THAT(MnemonicItem(bar.Buttons(), items, 'X'), Optional(1U));
+    EXPECT_EQ(MnemonicItem(bar.Buttons(), items, 'F'), std::nullopt);
 }
 
 TEST(OutcomeOfClick, DependsOnSubBarListAndMenuMode) {

@@ -1,17 +1,10 @@
-#include "commandbar/PanelControl.h"
-#include "platform/qt/PosixFiles.h"
-#include "platform/qt/QtBarSystem.h"
-#include "platform/qt/QtBarWindow.h"
-#include "platform/qt/QtServices.h"
-#include "shell/MainBars.h"
-#include "support/FakeBarControl.h"
+#include "support/WidgetBars.h"
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QTest>
 #include <QTextEdit>
-#include <QVBoxLayout>
 #include <QWindow>
 
 #include <random>
@@ -19,23 +12,15 @@
 namespace quillshift {
 namespace {
 
-/// The bars of the main window in real widgets, above a text that has the keyboard.
-class BarsTest : public testing::Test {
+/// Above a text that has the keyboard.
+class BarsTest : public testing::Test, protected WidgetBars {
 protected:
-    BarsTest() {
-        bars.Build();
-        toolkit.SetStyle(BarStyle::OfficeXP);
-        bars.AttachMenu();
-        bars.AttachToolBar(1, ToolBarIcons::Small);
-        bars.AttachToolBar(2, ToolBarIcons::Small);
-        auto* stack = new QVBoxLayout(&window);
-        for (QtBarWindow* bar : barWindows)
-            stack->addWidget(bar);
-        stack->addWidget(text);
+    BarsTest() : WidgetBars(u"/nowhere") {
+        text->setContextMenuPolicy(Qt::NoContextMenu); // as in the program
+        window.layout()->addWidget(text);
         window.resize(700, 400);
         window.show();
         window.activateWindow();
-        text->setContextMenuPolicy(Qt::NoContextMenu); // as in the program
         text->setFocus();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
     }
@@ -48,35 +33,7 @@ protected:
         return open;
     }
 
-    QtWindowMessages ids;
-    MSubclass subclass{ids, u"test"};
-    QtTextMeasurer texts;
-    QtBarSystem system{ids};
-    QtSystemColours colours;
-    QtTheme theme;
-    QtTimers timers;
-    PosixFiles files;
-    mCommandBars toolkit{{system, ids, subclass, colours, theme, timers}};
-    QWidget window;
     QTextEdit* text = new QTextEdit(&window);
-    std::array<QtBarWindow*, 3> barWindows{new QtBarWindow(ids, texts, &window),
-                                           new QtBarWindow(ids, texts, &window),
-                                           new QtBarWindow(ids, texts, &window)};
-    std::vector<QtBarWindow*> popups;
-    FakePanel panel;
-    int commands = 0;
-    MainBars bars{toolkit,
-                  {.windows = {barWindows[0], barWindows[1], barWindows[2]},
-                   .popupWindow = [this]() -> BarWindow& {
-                       popups.push_back(new QtBarWindow(ids, texts, &window));
-                       return *popups.back();
-                   },
-                   .cmbDecode = panel,
-                   .dispatch = [this](std::string_view) { ++commands; },
-                   .menuResized = {},
-                   .files = files,
-                   .programFolder = u"/nowhere",
-                   .density = 1}};
 };
 
 TEST_F(BarsTest, TenThousandRandomEventsLeaveNothingOpenDisabledOrWithoutTheKeyboard) {

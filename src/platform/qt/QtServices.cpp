@@ -53,8 +53,17 @@ QString FirstFolder(const FileDialog& properties) {
     return QDir(documents).exists() ? documents : QDir::homePath();
 }
 
+// What a new dialog belongs to. A window that was just hidden may still count as the active one, and a dialog
+// of a hidden window gets no keyboard.
+QWidget* Owner() {
+    QWidget* owner = QApplication::activeWindow();
+    while (owner != nullptr && !owner->isVisible())
+        owner = owner->parentWidget();
+    return owner;
+}
+
 bool RunFileDialog(FileDialog& properties, QFileDialog::AcceptMode mode) {
-    QFileDialog dialog(QApplication::activeWindow(), ToQString(properties.DialogTitle),
+    QFileDialog dialog(Owner(), ToQString(properties.DialogTitle),
                        FirstFolder(properties));
     const bool opens = mode == QFileDialog::AcceptOpen;
     dialog.setAcceptMode(mode);
@@ -128,7 +137,7 @@ bool QtFolderDialog::ShowFolder(std::u16string_view start) {
     QFileDialog::Options options;
     options.setFlag(QFileDialog::ShowDirsOnly, (flags & kListFiles) == 0);
     const QString chosen =
-        QFileDialog::getExistingDirectory(QApplication::activeWindow(), ToQString(DialogTitle),
+        QFileDialog::getExistingDirectory(Owner(), ToQString(DialogTitle),
                                           start.empty() ? QDir::homePath() : ToQString(start), options);
     if (chosen.isEmpty())
         return false;
@@ -138,7 +147,7 @@ bool QtFolderDialog::ShowFolder(std::u16string_view start) {
 
 BoxAnswer QtMessageBox::Show(BoxIcon icon, BoxButtons buttons, std::u16string_view title,
                              std::u16string_view text) {
-    QMessageBox box(QApplication::activeWindow());
+    QMessageBox box(Owner());
     box.setWindowTitle(ToQString(title));
     box.setTextFormat(Qt::PlainText); // the texts hold "<" and ">"
     box.setText(ToQString(text));
