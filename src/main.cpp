@@ -13,6 +13,7 @@
 #include "shell/frmMain.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QLibraryInfo>
 #include <QPrinterInfo>
 #include <QTimer>
@@ -87,6 +88,8 @@ int Run(int argc, char** argv) {
     qputenv("LC_TIME", "ru_RU.UTF-8"); // for the dates in the file dialog, which follow the environment
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("quillshift"));
+    QApplication::setWindowIcon(
+        QIcon(QCoreApplication::applicationDirPath() + QStringLiteral("/Data/icons/menu/Decoding.ico")));
     SpeakRussian(application);
     ShowFontRelatives();
 
