@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -14,6 +15,9 @@ public:
     virtual std::u16string Text() = 0;
     virtual void SetText(std::u16string_view text) = 0;
     virtual void Clear() = 0;
+
+    /// Whatever is on the clipboard has changed, by this program or another.
+    std::function<void()> OnChange;
 };
 
 } // namespace quillshift

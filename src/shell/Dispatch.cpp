@@ -3,6 +3,7 @@
 #include "base/Error.h"
 #include "shell/Program.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -80,6 +81,10 @@ constexpr auto kToCome = std::to_array<std::string_view>({
 });
 
 } // namespace
+
+bool Program::IsToCome(std::string_view commandKey) {
+    return std::find(kToCome.begin(), kToCome.end(), commandKey) != kToCome.end();
+}
 
 void Program::GreyWhatIsToCome() {
     for (const std::string_view key : kToCome)

@@ -37,6 +37,9 @@ public:
     virtual void SetEnabled(std::string_view key, bool enabled) = 0;
     virtual bool IsChecked(std::string_view key) const = 0;
     virtual void SetItemVisible(std::string_view key, bool visible) = 0;
+    virtual void SetToolTip(std::string_view key, std::u16string_view text) = 0;
+    /// Whether menus leave out what is rarely used.
+    virtual void SetHideInfrequentlyUsed(bool on) = 0;
 
     /// Place in the list of directions.
     virtual int Direction() const = 0;

@@ -5,6 +5,7 @@
 #include "base/Error.h"
 #include "base/Texts.h"
 #include "shell/Catalogue.h"
+#include "shell/CommandStates.h"
 #include "shell/Layout.h"
 
 #include <utility>
@@ -26,8 +27,18 @@ void Program::ShowMainWindow() {
         document_, settings_, platform_, main_->RichTextBox(), main_->RichTextBoxBackup(),
         main_->RichTextBoxImport(), *main_, [this] { job_->StartDecode(); }});
     timerUpdate_ = platform_.timers.Make([this] { OnResize(); });
+    timerCommandBars_ = platform_.timers.Make([this] { ApplyBarOptions(); });
+    timerCommandBars_->StartOnce();
     timerEdit_ = platform_.timers.Make([this] { UpdateStates(); });
     timerClose_ = platform_.timers.Make([this] { main_->Close(); });
+    timerClipboardText_ = platform_.timers.Make([this] {
+        clipboardHasText_ = !platform_.clipboard.Text().empty();
+        UpdateStates();
+    });
+    watcher_ = std::make_unique<ClipboardWatcher>(
+        ClipboardWatcher::Services{platform_.clipboard, settings_, recoding_, main_->RichTextBox(),
+                                   platform_.timers, [this] { document_.DocumentModified = true; }});
+    platform_.clipboard.OnChange = [this] { OnClipboardChange(); };
     job_->OnEnded = [this] {
         timerEdit_->StartOnce();
         if (std::exchange(closeAfterJob_, false))
@@ -60,6 +71,11 @@ void Program::LoadMainWindow() {
     recoding_.Combo2 = 1;
     const int direction = static_cast<int>(NumberIn(settings_.Preference("DefaultCode")));
     main_->SetDirection(direction >= 0 && direction < kDirections ? direction : 0);
+    if (settings_.PreferenceIs("ClipboardDetect", u"1"))
+        watcher_->Start();
+    else
+        watcher_->Stop();
+    timerClipboardText_->StartOnce();
     barShown_[1] = settings_.PreferenceIs("ToolBarStandart", u"1");
     barShown_[2] = settings_.PreferenceIs("ToolBarDecode", u"1");
     main_->SetChecked("MENU:VIEW:TOOLBARS:TBSTANDART", barShown_[1]);
@@ -84,12 +100,29 @@ void Program::LoadMainWindow() {
 }
 
 void Program::LoadToolBars() {
-    const bool large =
-        settings_.ReadString(Hive::CurrentUser, settings_path::kToolBars, "UseLargeIcons") == u"1";
-    for (const int bar : {1, 2})
-        main_->AttachToolBar(bar, large ? ToolBarIcons::Large : ToolBarIcons::Small);
+    AttachToolBars();
     LoadItems("TOOLBAR", settings_path::kToolBarsStandart);
     LoadItems("TOOLBAR2", settings_path::kToolBarsDecode);
+}
+
+void Program::AttachToolBars() {
+    for (const int bar : {1, 2})
+        main_->AttachToolBar(bar, ToolBarOption("UseLargeIcons") == u"1" ? ToolBarIcons::Large
+                                                                         : ToolBarIcons::Small);
+}
+
+std::optional<std::u16string> Program::ToolBarOption(std::string_view name) {
+    return settings_.ReadString(Hive::CurrentUser, settings_path::kToolBars, name);
+}
+
+// Tips that were taken away come back only at the next start.
+void Program::ApplyBarOptions() {
+    if (ToolBarOption("ShowToolTips") == u"0")
+        for (const CatalogueEntry& entry : Catalogue())
+            if (ParentKey(entry.Key) == "TOOLBAR" || ParentKey(entry.Key) == "TOOLBAR2")
+                main_->SetToolTip(entry.Key, u"");
+    main_->SetHideInfrequentlyUsed(ToolBarOption("HideInfrequently") != u"1");
+    AttachToolBars();
 }
 
 // The store has a number for each item of a toolbar, in order: "00" and up.
@@ -139,7 +172,10 @@ void Program::LoadTitle() {
 void Program::ConnectSurface() {
     TextSurface& surface = main_->RichTextBox();
     surface.OnChange = [this] { timerEdit_->StartOnce(); };
-    surface.OnSelChange = [this] { document_.DocumentModified = true; };
+    surface.OnSelChange = [this] {
+        document_.DocumentModified = true;
+        timerEdit_->StartOnce();
+    };
     surface.OnKeyPress = [this] { document_.DocumentModified = true; };
     surface.OnKeyDown = [this] { sounds_.Play(sound_event::kKeyDown); };
 }
@@ -148,7 +184,7 @@ void Program::OnResize() {
     if (!main_ || main_->State() == WindowState::Minimised)
         return;
     const TwipsRect bounds = main_->Bounds();
-    const auto large = settings_.ReadString(Hive::CurrentUser, settings_path::kToolBars, "UseLargeIcons");
+    const auto large = ToolBarOption("UseLargeIcons");
     const int bars = (barShown_[1] ? 1 : 0) + (barShown_[2] ? 1 : 0);
     const Twips moreRows = main_->MenuHeight() - kMenuRowHeight;
     if (const auto layout = LayOutEditor(bounds.height - moreRows, bounds.width, large.value_or(u""), bars))
@@ -156,14 +192,22 @@ void Program::OnResize() {
 }
 
 void Program::UpdateStates() {
-    const bool text = !main_->RichTextBox().Text().empty();
-    for (const std::string_view key : {"TOOLBAR2:START", "TOOLBAR2:STOP", "TOOLBAR2:DECODE"})
-        main_->SetEnabled(key, text);
-    for (const std::string_view key : {"MENU:DECODE:UNDO", "TOOLBAR2:UNDO"})
-        main_->SetEnabled(key, recoding_.RecodeUndoAvailable);
-    for (const std::string_view key : {"MENU:FILE:REOPEN", "TOOLBAR:REOPEN"})
-        main_->SetEnabled(key, document_.ReopenAvailable);
-    main_->SetEnabled("MENU:FILE:SAVE", document_.SaveAvailable);
+    const TextSurface& surface = main_->RichTextBox();
+    const CommandInputs inputs{.selection = surface.SelLength() > 0,
+                               .text = !surface.Text().empty(),
+                               .clipboardText = clipboardHasText_,
+                               .recodeUndo = recoding_.RecodeUndoAvailable,
+                               .reopen = document_.ReopenAvailable,
+                               .save = document_.SaveAvailable};
+    ForEachCommandState(inputs, [this](std::string_view key, bool enabled) {
+        if (!IsToCome(key))
+            main_->SetEnabled(key, enabled);
+    });
+}
+
+void Program::OnClipboardChange() {
+    timerClipboardText_->StartOnce();
+    watcher_->OnClipboardChange();
 }
 
 void Program::Inform(std::u16string_view text) {

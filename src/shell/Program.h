@@ -2,6 +2,7 @@
 
 #include "document/modDocument.h"
 #include "platform/Platform.h"
+#include "recoding/ClipboardWatcher.h"
 #include "recoding/RecodingJob.h"
 #include "settings/SettingsStore.h"
 #include "settings/SoundEvents.h"
@@ -59,11 +60,16 @@ private:
     void LoadMainWindow();
     void GreyWhatIsToCome();
     void LoadToolBars();
+    void AttachToolBars();
+    std::optional<std::u16string> ToolBarOption(std::string_view name);
+    void ApplyBarOptions();
     void LoadItems(std::string_view root, std::string_view path);
     void LoadPlace();
     void LoadTitle();
     void ConnectSurface();
     void UpdateStates();
+    void OnClipboardChange();
+    static bool IsToCome(std::string_view commandKey);
 
     void RunJob(const std::function<void()>& road);
     void OpenDecodeDialog();
@@ -88,9 +94,13 @@ private:
     std::unique_ptr<MainView> main_;
     std::unique_ptr<RecodingJob> job_;
     std::unique_ptr<modDocument> modDocument_;
+    std::unique_ptr<Timer> timerCommandBars_; ///< applies the bars' options over what the load has set
     std::unique_ptr<Timer> timerUpdate_; ///< lays the window out behind the event that showed or hid a bar
     std::unique_ptr<Timer> timerEdit_;   ///< follows the inputs of the commands' states, once per turn
-    std::unique_ptr<Timer> timerClose_;  ///< closes the window once a stopped job has left the stack
+    std::unique_ptr<ClipboardWatcher> watcher_;
+    std::unique_ptr<Timer> timerClipboardText_; ///< asks what is on the clipboard, once behind its changes
+    bool clipboardHasText_ = false;
+    std::unique_ptr<Timer> timerClose_; ///< closes the window once a stopped job has left the stack
 };
 
 } // namespace quillshift

@@ -56,6 +56,11 @@ public:
     void Show() override { show(); }
     void Close() override { close(); }
 
+    void SetToolTip(std::string_view key, std::u16string_view text) override {
+        bars_.Button(key).SetToolTip(std::u16string(text));
+    }
+    void SetHideInfrequentlyUsed(bool on) override { bars_.Bar(0).SetHideInfrequentlyUsed(on); }
+
     void SetTitle(std::u16string_view title) override;
     void SetTopMost(bool topMost) override;
     void SetPointer(Pointer pointer) override;

@@ -48,6 +48,10 @@ public:
     void AttachMenu() override {}
     void AttachToolBar(int bar, ToolBarIcons icons) override { barIcons[bar] = icons; }
     Twips MenuHeight() const override { return menuHeight; }
+    void SetToolTip(std::string_view key, std::u16string_view text) override {
+        toolTips[std::string(key)] = text;
+    }
+    void SetHideInfrequentlyUsed(bool on) override { hidesInfrequent = on; }
     void SetItemVisible(std::string_view key, bool visible) override {
         itemVisible[std::string(key)] = visible;
     }
@@ -76,6 +80,8 @@ public:
     std::map<int, bool> barVisible;
     std::map<int, ToolBarIcons> barIcons;
     std::u16string barStyle;
+    std::map<std::string, std::u16string> toolTips; ///< as set anew
+    bool hidesInfrequent = false;
     Twips menuHeight = 315_twips;
     std::map<std::string, bool> checked, enabled, itemVisible;
     std::vector<EditorLayout> layouts;

@@ -76,8 +76,12 @@ public:
 class FakeClipboard final : public Clipboard {
 public:
     std::u16string Text() override { return text; }
-    void SetText(std::u16string_view value) override { text = value; }
-    void Clear() override { text.clear(); }
+    void SetText(std::u16string_view value) override {
+        text = value;
+        if (OnChange)
+            OnChange();
+    }
+    void Clear() override { SetText(u""); }
     std::u16string text;
 };
 

@@ -171,6 +171,13 @@ BoxAnswer QtMessageBox::Show(BoxIcon icon, BoxButtons buttons, std::u16string_vi
     return box.clickedButton() == no ? BoxAnswer::No : BoxAnswer::Cancel;
 }
 
+QtClipboard::QtClipboard() {
+    QObject::connect(QApplication::clipboard(), &QClipboard::dataChanged, QApplication::clipboard(), [this] {
+        if (OnChange)
+            OnChange();
+    });
+}
+
 std::u16string QtClipboard::Text() {
     return FromQString(QApplication::clipboard()->text());
 }

@@ -31,6 +31,8 @@ public:
 
 class QtClipboard final : public Clipboard {
 public:
+    QtClipboard();
+
     std::u16string Text() override;
     void SetText(std::u16string_view text) override;
     void Clear() override;

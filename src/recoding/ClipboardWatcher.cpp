@@ -1,0 +1,71 @@
+#include "recoding/ClipboardWatcher.h"
+
+#include "base/Error.h"
+#include "base/Windows1251.h"
+
+namespace quillshift {
+namespace {
+
+constexpr std::string_view kMemory = "ClipboardText";
+
+// A text as the store gives it back.
+std::u16string StoredForm(std::u16string_view text) {
+    std::string bytes = windows1251::Encode(text);
+    bytes.resize(std::min(bytes.find('\0'), bytes.size()));
+    return windows1251::Decode(bytes);
+}
+
+} // namespace
+
+ClipboardWatcher::ClipboardWatcher(Services services)
+    : services_(std::move(services)),
+      timerClipboardDetect_(services_.timers.Make([this] { Detect(); })),
+      timerClipboard_(services_.timers.Make([this] { TakeIn(); })) {}
+
+void ClipboardWatcher::Start() {
+    watches_ = true;
+    OnClipboardChange();
+}
+
+void ClipboardWatcher::Stop() {
+    watches_ = false;
+    timerClipboardDetect_->Stop();
+}
+
+void ClipboardWatcher::OnClipboardChange() {
+    if (watches_)
+        timerClipboardDetect_->StartOnce();
+}
+
+void ClipboardWatcher::Detect() {
+    const std::u16string text = services_.clipboard.Text();
+    SettingsStore& settings = services_.settings;
+    const auto memory = settings.ReadString(Hive::CurrentUser, settings_path::kClipboard, kMemory);
+    if (memory.value_or(u"") == StoredForm(text))
+        return;
+    settings.WriteString(Hive::CurrentUser, settings_path::kClipboard, kMemory, text);
+    timerClipboard_->StartOnce();
+}
+
+void ClipboardWatcher::TakeIn() {
+    std::u16string text = services_.clipboard.Text();
+    RecodingState& recoding = services_.recoding;
+    if (services_.settings.PreferenceIs("DecodeClipboard", u"1")) {
+        try {
+            text = RecodeText(text, static_cast<Charset>(recoding.Combo1 + 1),
+                              static_cast<Charset>(recoding.Combo2 + 1));
+        } catch (const Error&) {
+            return; // over the recoder's limit: the document is kept as it is
+        }
+        recoding.SavedText = services_.document.Text();
+        recoding.RecodeUndoAvailable = true;
+    }
+    const std::u16string_view old = services_.document.Text();
+    const bool accumulates = services_.settings.PreferenceIs("ClipboardText", u"1");
+    if (accumulates && !old.empty())
+        text = std::u16string(old) + u'\r' + text;
+    services_.document.SetText(text);
+    services_.tookIn();
+}
+
+} // namespace quillshift

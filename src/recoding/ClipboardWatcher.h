@@ -1,0 +1,46 @@
+#pragma once
+
+#include "platform/Clipboard.h"
+#include "platform/TextSurface.h"
+#include "platform/Timer.h"
+#include "recoding/RecodingState.h"
+#include "settings/SettingsStore.h"
+
+#include <functional>
+#include <memory>
+
+namespace quillshift {
+
+/// Takes new text on the clipboard into the document, re-coded or as it came. Never writes to the clipboard.
+/// The memory of what was last seen lies in the settings store; characters that the store can't hold make no
+/// difference to it.
+class ClipboardWatcher {
+public:
+    struct Services {
+        Clipboard& clipboard;
+        SettingsStore& settings;
+        RecodingState& recoding;
+        TextSurface& document;
+        Timers& timers;
+        std::function<void()> tookIn; ///< the document has been changed
+    };
+
+    explicit ClipboardWatcher(Services services);
+
+    /// From now on changes are taken in, and what is on the clipboard already, if it is new.
+    void Start();
+    void Stop();
+    /// To be told of every change of the clipboard.
+    void OnClipboardChange();
+
+private:
+    void Detect();
+    void TakeIn();
+
+    Services services_;
+    bool watches_ = false;
+    std::unique_ptr<Timer> timerClipboardDetect_; ///< compares, once behind each burst of changes
+    std::unique_ptr<Timer> timerClipboard_;       ///< takes a change in
+};
+
+} // namespace quillshift

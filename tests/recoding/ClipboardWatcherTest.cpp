@@ -1,0 +1,83 @@
+#include "recoding/ClipboardWatcher.h"
+
+#include "support/FakePlatform.h"
+#include "support/FakeSurface.h"
+
+#include <gtest/gtest.h>
+
+namespace quillshift {
+namespace {
+
+struct ClipboardWatcherTest : testing::Test, FakePlatform {
+    ClipboardWatcherTest() {
+        clipboard.OnChange = [this] { watcher.OnClipboardChange(); };
+        settings.SetPreference("DecodeClipboard", u"1");
+    }
+    /// Somebody copies a text, and the program has a moment.
+    void Copy(std::u16string_view text) {
+        clipboard.SetText(text);
+        timers.Tick();
+        timers.Tick();
+    }
+
+    SettingsStore settings{store};
+    RecodingState recoding;
+    FakeSurface document;
+    int takenIn = 0;
+    ClipboardWatcher watcher{
+        {clipboard, settings, recoding, document, FakePlatform::timers, [this] { ++takenIn; }}};
+};
+
+TEST_F(ClipboardWatcherTest, TakesInWhatIsThereAtTheStartRecodedFromDos) {
+    clipboard.text = u"Џа";
+    document.SetText(u"before");
+    watcher.Start();
+    timers.Tick();
+    timers.Tick();
+    EXPECT_EQ(document.Text(), u"Пр");
+    EXPECT_EQ(recoding.SavedText, u"before");
+    EXPECT_TRUE(recoding.RecodeUndoAvailable);
+}
+
+TEST_F(ClipboardWatcherTest, AccumulatesWhereThatIsAskedFor) {
+    settings.SetPreference("ClipboardText", u"1");
+    watcher.Start();
+    for (const char16_t* copied : {u"Џ", u"а", u"Ё"})
+        Copy(copied);
+    EXPECT_EQ(document.Text(), u"П\rр\rи");
+    EXPECT_EQ(takenIn, 3);
+}
+
+TEST_F(ClipboardWatcherTest, TakesInWhatCameUnchangedWhereNoRecodingIsAskedFor) {
+    settings.SetPreference("DecodeClipboard", u"0");
+    watcher.Start();
+    Copy(u"Џ");
+    EXPECT_EQ(document.Text(), u"Џ");
+    EXPECT_FALSE(recoding.RecodeUndoAvailable);
+    Copy(u"");
+    EXPECT_EQ(document.Text(), u"") << "an emptied clipboard empties the document";
+}
+
+TEST_F(ClipboardWatcherTest, TheSameTextIsTakenInOnceAlsoIfTheStoreCantHoldIt) {
+    watcher.Start();
+    Copy(u"\u4E2D and \0 more");
+    Copy(u"\u4E2D and \0 more");
+    EXPECT_EQ(takenIn, 1);
+}
+
+TEST_F(ClipboardWatcherTest, KeepsTheDocumentWhereATextIsOverTheLimit) {
+    document.SetText(u"kept");
+    watcher.Start();
+    Copy(std::u16string(40000, u'x'));
+    EXPECT_EQ(document.Text(), u"kept");
+    EXPECT_FALSE(recoding.RecodeUndoAvailable);
+    EXPECT_EQ(takenIn, 0);
+}
+
+TEST_F(ClipboardWatcherTest, SeesNothingUnlessStarted) {
+    Copy(u"Џ");
+    EXPECT_EQ(document.Text(), u"");
+}
+
+} // namespace
+} // namespace quillshift
