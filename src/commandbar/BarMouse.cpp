@@ -21,12 +21,18 @@ TrackedBar qsCommandBar::TrackingView() const {
 
 void qsCommandBar::OnMouseMove(Point at) {
     const Point screen = window_.ToScreen(at);
-    if (!enabled_ || std::exchange(lastPointer_, screen) == screen)
+    const std::optional<Point> before = lastPointer_;
+    if (!enabled_ || before == screen)
         return;
+    lastPointer_ = screen;
     // The item whose menu is open stays lit while the pointer is between items.
     if (IsMenuSource() && !HitTest(items_, at))
         return;
-    AfterTracking(TrackMove(items_, TrackingView(), at));
+    Tracked tracked = TrackMove(items_, TrackingView(), at);
+    // An item that a key has made hot is new to the pointer all the same.
+    const ItemIndex hitBefore = before ? HitTest(items_, window_.FromScreen(*before)) : std::nullopt;
+    tracked.isNew = tracked.isNew || (tracked.hot && tracked.hot != hitBefore);
+    AfterTracking(tracked);
 }
 
 void qsCommandBar::OnMousePress(Point at, MouseButton button) {

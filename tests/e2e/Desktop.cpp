@@ -175,6 +175,11 @@ void Desktop::Type(std::u16string_view text) {
     XSync(display_, False);
 }
 
+void Desktop::UseLayout(unsigned number) {
+    XkbLockGroup(display_, XkbUseCoreKbd, number);
+    XSync(display_, False);
+}
+
 void Desktop::MoveTo(Point place) {
     XTestFakeMotionEvent(display_, -1, place.x, place.y, CurrentTime);
     XSync(display_, False);
@@ -212,6 +217,11 @@ void Desktop::AskToClose(XWindow window) {
 void Desktop::Resize(XWindow window, Size client) {
     XResizeWindow(display_, window, static_cast<unsigned>(client.width),
                   static_cast<unsigned>(client.height));
+    XSync(display_, False);
+}
+
+void Desktop::Move(XWindow window, Point place) {
+    XMoveWindow(display_, window, place.x, place.y);
     XSync(display_, False);
 }
 
@@ -307,12 +317,16 @@ std::vector<Rect> Desktop::Popups() const {
     return places;
 }
 
-std::uint32_t Desktop::Pixel(Point place) const {
-    XImage* image =
-        XGetImage(display_, DefaultRootWindow(display_), place.x, place.y, 1, 1, AllPlanes, ZPixmap);
-    const auto pixel = static_cast<std::uint32_t>(XGetPixel(image, 0, 0) & 0xFFFFFFU);
+std::vector<std::uint32_t> Desktop::Pixels(const Rect& area) const {
+    XImage* image = XGetImage(display_, DefaultRootWindow(display_), area.left, area.top,
+                              static_cast<unsigned>(area.Width()), static_cast<unsigned>(area.Height()),
+                              AllPlanes, ZPixmap);
+    std::vector<std::uint32_t> pixels;
+    for (int y = 0; y < area.Height(); ++y)
+        for (int x = 0; x < area.Width(); ++x)
+            pixels.push_back(static_cast<std::uint32_t>(XGetPixel(image, x, y) & 0xFFFFFFU));
     XDestroyImage(image);
-    return pixel;
+    return pixels;
 }
 
 void Desktop::TakePicture(const std::filesystem::path& file, XWindow window) const {

@@ -39,6 +39,8 @@ public:
     void Press(std::string_view chord);
     /// Latin and Russian text, on a keyboard with both layouts.
     void Type(std::u16string_view text);
+    /// The keyboard layout in force: 0 Latin, 1 Russian.
+    void UseLayout(unsigned number);
     void MoveTo(Point place);
     /// Button 1 is the left one, 3 the right one.
     void Click(Point place, int button = 1);
@@ -47,6 +49,7 @@ public:
     /// Asks a window to close, as its close box does.
     void AskToClose(XWindow window);
     void Resize(XWindow window, Size client);
+    void Move(XWindow window, Point place);
 
     // Eyes
 
@@ -63,8 +66,9 @@ public:
     bool IsAboveOthers(XWindow window) const;
     /// The windows that no window manager decorates, such as menus: where they stand on the screen.
     std::vector<Rect> Popups() const;
-    /// Red, green and blue, red in the high byte.
-    std::uint32_t Pixel(Point place) const;
+    /// Red, green and blue of each pixel, red in the high byte, line by line.
+    std::vector<std::uint32_t> Pixels(const Rect& area) const;
+    std::uint32_t Pixel(Point place) const { return Pixels(RectAt(place.x, place.y, 1, 1)).front(); }
     /// Leaves a picture in a PNG file: of a window with its frame, or of the whole screen.
     void TakePicture(const std::filesystem::path& file, XWindow window = 0) const;
 
