@@ -149,6 +149,8 @@ void mCommandBars::DeliverKey(WindowId control, int key, int /*modifiers*/) {
 }
 
 bool mCommandBars::RunShortcut(int key, int modifiers) {
+    if (BeforeShortcut)
+        BeforeShortcut();
     const WindowId top = ForegroundWindow();
     const auto match = top != 0 ? model_.FindShortcut(top, key, modifiers) : std::nullopt;
     qsCommandBar* const control = match ? Find(match->control) : nullptr;

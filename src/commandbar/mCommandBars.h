@@ -10,6 +10,7 @@
 #include "platform/SystemColours.h"
 #include "platform/Timer.h"
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -42,6 +43,8 @@ public:
     const MenuState& Menu() const { return menu_; }
     MenuTracking& Tracking() { return tracking_; }
 
+    /// Raised before a key is matched with shortcuts, which count for enabled buttons only.
+    std::function<void()> BeforeShortcut;
     /// Menus leave out what is rarely used.
     bool HideInfrequentlyUsed = false;
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Geometry.h"
 #include "base/RichText.h"
 #include "base/Twips.h"
 
@@ -78,10 +79,11 @@ public:
     virtual void SetFocus() = 0;
 
     // Notifications, raised inside the operation that causes them.
-    std::function<void()> OnChange;    ///< the text may have changed
-    std::function<void()> OnSelChange; ///< caret or selection have changed
-    std::function<void()> OnKeyDown;   ///< a key went down, also by auto-repeat
-    std::function<void()> OnKeyPress;  ///< a key gave a character
+    std::function<void()> OnChange;                     ///< the text may have changed
+    std::function<void()> OnSelChange;                  ///< caret or selection have changed
+    std::function<void()> OnKeyDown;                    ///< a key went down, also by auto-repeat
+    std::function<void()> OnKeyPress;                   ///< a key gave a character
+    std::function<void(Point screen)> OnRightMouseDown; ///< the right button went down there
 };
 
 } // namespace quillshift

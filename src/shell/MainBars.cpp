@@ -8,6 +8,7 @@ MainBars::MainBars(mCommandBars& bars, Host host) : bars_(bars), host_(std::move
     for (BarWindow* const window : host_.windows)
         AddControl(*window);
     cmdBar_[0]->Resize = host_.menuResized;
+    bars_.BeforeShortcut = host_.beforeShortcut;
 }
 
 qsCommandBar& MainBars::AddControl(BarWindow& window) {
@@ -24,8 +25,11 @@ void MainBars::OnRightClick(qsCommandBar& control, Point at) {
     const auto shown = control.Toolbar();
     if (!shown || (shown->Key() != "TOOLBAR" && shown->Key() != "TOOLBAR2"))
         return;
-    qsCommandBar& menu = *cmdBar_[0];
-    menu.ShowPopupMenu(control.ClientCoordinatesToScreen(at), menu.CommandBars().Item("MENU:VIEW:TOOLBARS"));
+    ShowMenu("MENU:VIEW:TOOLBARS", control.ClientCoordinatesToScreen(at));
+}
+
+void MainBars::ShowMenu(std::string_view barKey, Point screen) {
+    cmdBar_[0]->ShowPopupMenu(screen, cmdBar_[0]->CommandBars().Item(barKey));
 }
 
 void MainBars::LoadIcons(CatalogueIcons list) {

@@ -24,6 +24,7 @@ public:
         std::function<BarWindow&()> popupWindow;            ///< makes the window for one more popup
         PanelControl& cmbDecode;                            ///< the list of directions
         std::function<void(std::string_view key)> dispatch; ///< runs the command of a button
+        std::function<void()> beforeShortcut;               ///< the commands' states are about to count
         std::function<void()> menuResized;                  ///< the menu may have another number of rows
         FileSystem& files;
         std::u16string programFolder; ///< the icon files lie below it
@@ -39,6 +40,9 @@ public:
     void AttachMenu();
     /// 1: the standard toolbar, 2: the recoding toolbar.
     void AttachToolBar(int bar, ToolBarIcons icons);
+
+    /// Opens one of the menus at a point of the screen.
+    void ShowMenu(std::string_view barKey, Point screen);
 
     cButton Button(std::string_view key) { return cmdBar_[0]->Buttons().Item(key); }
     qsCommandBar& Bar(int index) { return *cmdBar_[static_cast<std::size_t>(index)]; }

@@ -54,6 +54,8 @@ public:
 
     /// Opens the recoding dialog and returns when it is closed.
     virtual void ShowDecodeDialog() = 0;
+    /// Opens the menu "MENU:EDIT" at a point of the screen.
+    virtual void ShowEditMenu(Point screen) = 0;
     virtual void Show() = 0;
     /// Asks the window to close, as its own close box does.
     virtual void Close() = 0;

@@ -26,15 +26,13 @@ void Program::ShowMainWindow() {
     modDocument_ = std::make_unique<modDocument>(modDocument::Services{
         document_, settings_, platform_, main_->RichTextBox(), main_->RichTextBoxBackup(),
         main_->RichTextBoxImport(), *main_, [this] { job_->StartDecode(); }});
+    modEdit_ = std::make_unique<modEdit>(modEdit::Services{main_->RichTextBox(), platform_.clipboard,
+                                                           platform_.messageBox, document_, history_});
     timerUpdate_ = platform_.timers.Make([this] { OnResize(); });
     timerCommandBars_ = platform_.timers.Make([this] { ApplyBarOptions(); });
     timerCommandBars_->StartOnce();
     timerEdit_ = platform_.timers.Make([this] { UpdateStates(); });
     timerClose_ = platform_.timers.Make([this] { main_->Close(); });
-    timerClipboardText_ = platform_.timers.Make([this] {
-        clipboardHasText_ = !platform_.clipboard.Text().empty();
-        UpdateStates();
-    });
     watcher_ = std::make_unique<ClipboardWatcher>(
         ClipboardWatcher::Services{platform_.clipboard, settings_, recoding_, main_->RichTextBox(),
                                    platform_.timers, [this] { document_.DocumentModified = true; }});
@@ -56,7 +54,7 @@ void Program::ShowMainWindow() {
 }
 
 void Program::LoadMainWindow() {
-    UndoCapture = true;
+    history_.UndoCapture = true;
     document_.ReopenAvailable = false;
     document_.SaveAvailable = false;
     recoding_.RecodeUndoAvailable = false;
@@ -75,7 +73,6 @@ void Program::LoadMainWindow() {
         watcher_->Start();
     else
         watcher_->Stop();
-    timerClipboardText_->StartOnce();
     barShown_[1] = settings_.PreferenceIs("ToolBarStandart", u"1");
     barShown_[2] = settings_.PreferenceIs("ToolBarDecode", u"1");
     main_->SetChecked("MENU:VIEW:TOOLBARS:TBSTANDART", barShown_[1]);
@@ -171,12 +168,19 @@ void Program::LoadTitle() {
 
 void Program::ConnectSurface() {
     TextSurface& surface = main_->RichTextBox();
-    surface.OnChange = [this] { timerEdit_->StartOnce(); };
+    surface.OnChange = [this, &surface] {
+        history_.Record(surface);
+        timerEdit_->StartOnce();
+    };
     surface.OnSelChange = [this] {
         document_.DocumentModified = true;
         timerEdit_->StartOnce();
     };
-    surface.OnKeyPress = [this] { document_.DocumentModified = true; };
+    surface.OnKeyPress = [this] {
+        document_.DocumentModified = true;
+        EnableTextCommands();
+    };
+    surface.OnRightMouseDown = [this](Point screen) { main_->ShowEditMenu(screen); };
     surface.OnKeyDown = [this] { sounds_.Play(sound_event::kKeyDown); };
 }
 
@@ -191,11 +195,22 @@ void Program::OnResize() {
         main_->LayOut(*layout);
 }
 
+void Program::UpdatePendingStates() {
+    if (!timerEdit_->IsRunning())
+        return;
+    timerEdit_->Stop();
+    UpdateStates();
+}
+
 void Program::UpdateStates() {
+    if (std::exchange(clipboardChanged_, false))
+        clipboardHasText_ = !platform_.clipboard.Text().empty();
     const TextSurface& surface = main_->RichTextBox();
     const CommandInputs inputs{.selection = surface.SelLength() > 0,
                                .text = !surface.Text().empty(),
                                .clipboardText = clipboardHasText_,
+                               .undoSteps = history_.UndoSteps(),
+                               .redoSteps = history_.RedoSteps(),
                                .recodeUndo = recoding_.RecodeUndoAvailable,
                                .reopen = document_.ReopenAvailable,
                                .save = document_.SaveAvailable};
@@ -205,8 +220,17 @@ void Program::UpdateStates() {
     });
 }
 
+// Ahead of the update that follows the key.
+void Program::EnableTextCommands() {
+    for (const std::string_view key :
+         {"MENU:FIND:FIND", "MENU:FIND:REPLACE", "MENU:FIND:GOTO", "MENU:FILE:PRINT", "MENU:FIND:FINDNEXT"})
+        if (!IsToCome(key))
+            main_->SetEnabled(key, key != "MENU:FIND:FINDNEXT");
+}
+
 void Program::OnClipboardChange() {
-    timerClipboardText_->StartOnce();
+    clipboardChanged_ = true;
+    timerEdit_->StartOnce();
     watcher_->OnClipboardChange();
 }
 

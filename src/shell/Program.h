@@ -1,6 +1,8 @@
 #pragma once
 
+#include "document/UndoHistory.h"
 #include "document/modDocument.h"
+#include "document/modEdit.h"
 #include "platform/Platform.h"
 #include "recoding/ClipboardWatcher.h"
 #include "recoding/RecodingJob.h"
@@ -36,6 +38,8 @@ public:
     void OnResize();
     /// The choice in the list of directions has changed.
     void OnDirectionChange();
+    /// Brings the commands' states up to what has changed since, without waiting for the next turn.
+    void UpdatePendingStates();
     /// Runs the closing. True if the window may close; then the process has been ended already.
     bool OnClose();
 
@@ -47,7 +51,6 @@ public:
     RecodingState& Recoding() { return recoding_; }
     DocumentState& Document() { return document_; }
     RecodingJob& Job() { return *job_; }
-    bool UndoCapture = false; ///< edits of the surface are recorded
     bool OpenAtStart = false; ///< the main window's load shows the dialog for opening
 
 private:
@@ -68,6 +71,7 @@ private:
     void LoadTitle();
     void ConnectSurface();
     void UpdateStates();
+    void EnableTextCommands();
     void OnClipboardChange();
     static bool IsToCome(std::string_view commandKey);
 
@@ -88,17 +92,19 @@ private:
     SoundEvents sounds_;
     RecodingState recoding_;
     DocumentState document_;
+    UndoHistory history_;
     bool barShown_[3] = {true, false, false};
     bool closeAfterJob_ = false;
 
     std::unique_ptr<MainView> main_;
     std::unique_ptr<RecodingJob> job_;
     std::unique_ptr<modDocument> modDocument_;
+    std::unique_ptr<modEdit> modEdit_;
     std::unique_ptr<Timer> timerCommandBars_; ///< applies the bars' options over what the load has set
     std::unique_ptr<Timer> timerUpdate_; ///< lays the window out behind the event that showed or hid a bar
     std::unique_ptr<Timer> timerEdit_;   ///< follows the inputs of the commands' states, once per turn
     std::unique_ptr<ClipboardWatcher> watcher_;
-    std::unique_ptr<Timer> timerClipboardText_; ///< asks what is on the clipboard, once behind its changes
+    bool clipboardChanged_ = true; ///< since `clipboardHasText_` was asked for
     bool clipboardHasText_ = false;
     std::unique_ptr<Timer> timerClose_; ///< closes the window once a stopped job has left the stack
 };

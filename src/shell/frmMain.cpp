@@ -76,6 +76,7 @@ MainBars::Host frmMain::BarsHost(const MainWindowServices& services) {
             },
             .cmbDecode = *directionsPanel_,
             .dispatch = [this](std::string_view key) { program_.Dispatch(key); },
+            .beforeShortcut = [this] { program_.UpdatePendingStates(); },
             .menuResized = [this] { program_.OnResize(); },
             .files = services.files,
             .programFolder = services.programFolder,

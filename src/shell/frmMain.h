@@ -53,6 +53,7 @@ public:
     void SetDirection(int number) override;
     void LayOut(const EditorLayout& layout) override;
     void ShowDecodeDialog() override;
+    void ShowEditMenu(Point screen) override { bars_.ShowMenu("MENU:EDIT", screen); }
     void Show() override { show(); }
     void Close() override { close(); }
 

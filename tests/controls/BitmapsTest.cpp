@@ -3,8 +3,8 @@
 #include "controls/bitmaps/cAlphaDIBSection.h"
 #include "controls/bitmaps/pcDibSection.h"
 #include "controls/bitmaps/pcMemDC.h"
-#include "support/TemporaryFolder.h"
 #include "support/Pixels.h"
+#include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 

@@ -112,6 +112,7 @@ protected:
                    },
                    .cmbDecode = panel,
                    .dispatch = [this](std::string_view command) { clicked.emplace_back(command); },
+                   .beforeShortcut = {},
                    .menuResized = {},
                    .files = platform.files,
                    .programFolder = u"/program",

@@ -63,6 +63,7 @@ public:
     void SetDirection(int number) override { direction = number; }
     void LayOut(const EditorLayout& layout) override { layouts.push_back(layout); }
     void ShowDecodeDialog() override { ++decodeDialogs; }
+    void ShowEditMenu(Point) override { ++editMenus; }
     void Show() override { shown = true; }
     void Close() override { ++closeRequests; }
 
@@ -87,6 +88,7 @@ public:
     std::vector<EditorLayout> layouts;
     int direction = 0;
     int decodeDialogs = 0;
+    int editMenus = 0;
     int closeRequests = 0;
     bool shown = false;
     bool topMost = false;

@@ -54,6 +54,7 @@ struct WidgetBars {
                    },
                    .cmbDecode = panel,
                    .dispatch = [this](std::string_view) { ++commands; },
+                   .beforeShortcut = {},
                    .menuResized = {},
                    .files = files,
                    .programFolder = programFolder,

@@ -63,8 +63,7 @@ QWidget* Owner() {
 }
 
 bool RunFileDialog(FileDialog& properties, QFileDialog::AcceptMode mode) {
-    QFileDialog dialog(Owner(), ToQString(properties.DialogTitle),
-                       FirstFolder(properties));
+    QFileDialog dialog(Owner(), ToQString(properties.DialogTitle), FirstFolder(properties));
     const bool opens = mode == QFileDialog::AcceptOpen;
     dialog.setAcceptMode(mode);
     dialog.setFileMode(opens ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
@@ -136,9 +135,8 @@ bool QtFileDialog::ShowSave() {
 bool QtFolderDialog::ShowFolder(std::u16string_view start) {
     QFileDialog::Options options;
     options.setFlag(QFileDialog::ShowDirsOnly, (flags & kListFiles) == 0);
-    const QString chosen =
-        QFileDialog::getExistingDirectory(Owner(), ToQString(DialogTitle),
-                                          start.empty() ? QDir::homePath() : ToQString(start), options);
+    const QString chosen = QFileDialog::getExistingDirectory(
+        Owner(), ToQString(DialogTitle), start.empty() ? QDir::homePath() : ToQString(start), options);
     if (chosen.isEmpty())
         return false;
     InitDir = FromQString(chosen);

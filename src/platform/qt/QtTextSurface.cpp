@@ -5,6 +5,7 @@
 #include <QAbstractTextDocumentLayout>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QMouseEvent>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextLayout>
@@ -367,6 +368,13 @@ void QtTextSurface::keyPressEvent(QKeyEvent* event) {
         return;
     }
     QTextEdit::keyPressEvent(event);
+}
+
+void QtTextSurface::mousePressEvent(QMouseEvent* event) {
+    QTextEdit::mousePressEvent(event);
+    const QPoint screen = event->globalPosition().toPoint();
+    if (event->button() == Qt::RightButton && OnRightMouseDown)
+        OnRightMouseDown({screen.x(), screen.y()});
 }
 
 void QtTextSurface::contextMenuEvent(QContextMenuEvent* event) {
