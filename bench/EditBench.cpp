@@ -1,0 +1,79 @@
+#include "document/UndoHistory.h"
+#include "platform/qt/QtTextSurface.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+
+#include <fstream>
+
+namespace quillshift {
+namespace {
+
+std::u16string Lines(std::int64_t characters) {
+    std::u16string text;
+    while (static_cast<std::int64_t>(text.size()) < characters)
+        text += u"Я помню чудное мгновенье: передо мной явилась ты\r\n";
+    return text;
+}
+
+double ResidentMegabytes() {
+    std::ifstream statistics("/proc/self/statm");
+    long total = 0;
+    long resident = 0;
+    statistics >> total >> resident;
+    return static_cast<double>(resident) * 4096 / (1 << 20);
+}
+
+// A character typed in the middle, from the call to the paint, with the state recorded for undo. The argument
+// is the document's length. "MB" is what ten thousand of them make the process grow by.
+void TypeWithUndo(benchmark::State& state) {
+    QtTextSurface surface;
+    UndoHistory history;
+    surface.resize(760, 490);
+    surface.show();
+    surface.OnChange = [&] { history.Record(surface); };
+    surface.LoadPlain(Lines(state.range(0)));
+    surface.SetSelStart(surface.Text().size() / 2);
+    surface.ensureCursorVisible();
+    QApplication::processEvents();
+    const double before = ResidentMegabytes();
+    while (state.KeepRunning()) {
+        surface.SetSelText(u"я");
+        surface.repaint();
+    }
+    state.counters["MB"] = ResidentMegabytes() - before;
+}
+
+// The baseline: the bare widget, whose own undo is off.
+void TypeInTheBareWidget(benchmark::State& state) {
+    QTextEdit widget;
+    widget.document()->setUndoRedoEnabled(false);
+    widget.resize(760, 490);
+    widget.show();
+    widget.setPlainText(QString::fromStdU16String(Lines(state.range(0))));
+    QTextCursor cursor = widget.textCursor();
+    cursor.setPosition(widget.document()->characterCount() / 2);
+    widget.setTextCursor(cursor);
+    QApplication::processEvents();
+    while (state.KeepRunning()) {
+        widget.insertPlainText(QStringLiteral("я"));
+        widget.repaint();
+    }
+}
+// As many characters for both: what is typed makes the line longer, and the work with it.
+void TypeThese(benchmark::internal::Benchmark* benchmark, std::int64_t length, std::int64_t characters) {
+    benchmark->Arg(length)->Iterations(characters)->Unit(benchmark::kMicrosecond);
+}
+[[maybe_unused]] const bool kRegistered = [] {
+    for (const auto& [length, characters] :
+         {std::pair(10 << 10, 2000), std::pair(1 << 20, 500), std::pair(10 << 20, 30)}) {
+        TypeThese(benchmark::RegisterBenchmark("TypeWithUndo", TypeWithUndo), length, characters);
+        TypeThese(benchmark::RegisterBenchmark("TypeInTheBareWidget", TypeInTheBareWidget), length,
+                  characters);
+    }
+    return true;
+}();
+
+} // namespace
+} // namespace quillshift
