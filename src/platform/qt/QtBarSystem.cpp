@@ -148,6 +148,10 @@ ScreenCopy QtBarSystem::CopyOfScreen(const Rect& part) const {
     QScreen* const screen = QGuiApplication::screenAt(QPoint(part.left, part.top));
     if (screen == nullptr || part.IsEmpty())
         return {};
+    // What a menu that has just closed lay upon is not painted again yet.
+    const QRect area(part.left, part.top, part.Width(), part.Height());
+    for (QWidget* const widget : QApplication::allWidgets())
+        widget->repaint(area.translated(-widget->mapToGlobal(QPoint())));
     const QPoint origin = screen->geometry().topLeft();
     const QImage image =
         screen->grabWindow(0, part.left - origin.x(), part.top - origin.y(), part.Width(), part.Height())
