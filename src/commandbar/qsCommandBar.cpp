@@ -52,6 +52,13 @@ bool qsCommandBar::IsSelectable(std::size_t index) const {
 
 // --- Properties
 
+void qsCommandBar::SetEnabled(bool on) {
+    enabled_ = on;
+    // The pointer may have left a toolbar while a menu had it disabled.
+    if (on && !isPopup_ && CurrentItem(items_))
+        OnMouseLeave();
+}
+
 void qsCommandBar::SetButtonTextPosition(TextPosition position) {
     if (position == textPosition_)
         return;

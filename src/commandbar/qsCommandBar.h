@@ -56,7 +56,7 @@ public:
     const FontSpec& Font() const { return font_; }
     void SetFont(FontSpec font);
     bool Enabled() const { return enabled_; }
-    void SetEnabled(bool on) { enabled_ = on; }
+    void SetEnabled(bool on);
     /// The bar that is shown, if one is.
     std::optional<cCommandBar> Toolbar() const;
     void SetToolbar(const std::optional<cCommandBar>& bar);
