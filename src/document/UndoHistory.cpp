@@ -1,28 +1,11 @@
 #include "document/UndoHistory.h"
 
-#include <algorithm>
+#include "document/TextChange.h"
+
 #include <utility>
 
 namespace quillshift {
 namespace {
-
-// The span that two texts differ by, as what turns the first into the second.
-clsUndoRedo Difference(std::u16string_view from, std::u16string_view to) {
-    const std::size_t shorter = std::min(from.size(), to.size());
-    const auto same =
-        std::mismatch(from.begin(), from.begin() + static_cast<std::ptrdiff_t>(shorter), to.begin());
-    const auto front = static_cast<std::size_t>(same.first - from.begin());
-    const auto back = static_cast<std::size_t>(
-        std::mismatch(from.rbegin(), from.rbegin() + static_cast<std::ptrdiff_t>(shorter - front),
-                      to.rbegin())
-            .first -
-        from.rbegin());
-    return {.SelStart = 0,
-            .TextLen = to.size(),
-            .place = front,
-            .removed = std::u16string(from.substr(front, from.size() - front - back)),
-            .added = std::u16string(to.substr(front, to.size() - front - back))};
-}
 
 std::size_t LengthDifference(std::size_t a, std::size_t b) {
     return a > b ? a - b : b - a;
@@ -60,48 +43,61 @@ std::u16string ChangedSpan(std::u16string_view first, std::u16string_view second
 void UndoHistory::Record(const TextSurface& surface) {
     if (!UndoCapture)
         return;
-    redoList_.clear();
+    states_.resize(undoSteps_);
     const std::u16string_view text = surface.Text();
-    clsUndoRedo& state = undoList_.emplace_back(Difference(present_, text));
-    state.SelStart = surface.SelStart();
-    present_.replace(state.place, state.removed.size(), state.added);
+    const std::size_t caret = surface.SelStart();
+    const TextChange change = ChangeBetween(present_, text, caret);
+    // A command that sets the whole text leaves the caret at its start, and undo would splice there.
+    const bool atOnePlace = (change.removed == 0) != (change.added == 0);
+    states_.push_back({.SelStart = atOnePlace ? change.place + change.added : caret,
+                       .TextLen = text.size(),
+                       .place = change.place,
+                       .length = change.added,
+                       .otherPart = present_.substr(change.place, change.removed)});
+    present_.replace(change.place, change.removed, text.substr(change.place, change.added));
+    ++undoSteps_;
 }
 
-// The last state goes to the redo list; the one before it is the present.
+// Between the texts on the two sides of a state's edit.
+void UndoHistory::Exchange(clsUndoRedo& state) {
+    std::u16string part = present_.substr(state.place, state.length);
+    present_.replace(state.place, state.length, state.otherPart);
+    state.length = state.otherPart.size();
+    state.otherPart = std::move(part);
+}
+
 void UndoHistory::StepBack() {
-    clsUndoRedo& last = redoList_.emplace_back(std::move(undoList_.back()));
-    undoList_.pop_back();
-    present_.replace(last.place, last.added.size(), last.removed);
+    Exchange(states_[--undoSteps_]);
 }
 
 void UndoHistory::StepForward() {
-    clsUndoRedo& next = undoList_.emplace_back(std::move(redoList_.back()));
-    redoList_.pop_back();
-    present_.replace(next.place, next.removed.size(), next.added);
+    Exchange(states_[undoSteps_++]);
 }
 
 void UndoHistory::UndoEdit(TextSurface& surface) {
-    if (undoList_.size() > 1 && UndoCapture) {
+    if (undoSteps_ > 1 && UndoCapture) {
         UndoCapture = false;
-        const std::size_t caret = undoList_.back().SelStart;
-        const std::size_t length = undoList_.back().TextLen;
-        const std::u16string after = present_;
-        StepBack();
-        const std::size_t difference = LengthDifference(present_.size(), length);
-        if (present_.size() < length)
-            CutOut(surface, caret > difference ? caret - difference : 0, difference);
-        else
-            SpliceIn(surface, caret, ChangedSpan(present_, after, caret + 1 + difference));
+        const clsUndoRedo& now = states_[undoSteps_ - 1];
+        const clsUndoRedo& before = states_[undoSteps_ - 2];
+        const std::size_t difference = LengthDifference(before.TextLen, now.TextLen);
+        if (before.TextLen < now.TextLen) {
+            StepBack();
+            CutOut(surface, now.SelStart > difference ? now.SelStart - difference : 0, difference);
+        } else {
+            const std::u16string after = present_;
+            StepBack();
+            SpliceIn(surface, now.SelStart, ChangedSpan(present_, after, now.SelStart + 1 + difference));
+        }
     }
     UndoCapture = true;
     surface.SetFocus();
 }
 
 void UndoHistory::RedoEdit(TextSurface& surface) {
-    if (!redoList_.empty() && UndoCapture) {
+    if (RedoSteps() > 0 && UndoCapture) {
         UndoCapture = false;
         StepForward();
-        const std::size_t caret = undoList_.back().SelStart;
+        const std::size_t caret = states_[undoSteps_ - 1].SelStart;
         const std::size_t length = surface.Text().size();
         if (present_.size() < length) {
             CutOut(surface, caret, length - present_.size());

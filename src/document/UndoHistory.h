@@ -9,15 +9,15 @@
 
 namespace quillshift {
 
-/// One state of the document: where the caret stood and how long the text was just after an edit. The text
-/// itself is kept as what differs from the state before it.
+/// One state of the document: where its edit ended and how long the text was then. The text itself is kept as
+/// what differs from the neighbouring state that is nearer to the present one.
 struct clsUndoRedo {
     std::size_t SelStart = 0;
     std::size_t TextLen = 0;
 
-    std::size_t place = 0; ///< where the two texts begin to differ
-    std::u16string removed;
-    std::u16string added;
+    std::size_t place = 0;    ///< where the two texts begin to differ
+    std::size_t length = 0;   ///< of the differing part in the text nearer to the present
+    std::u16string otherPart; ///< what stands in its stead in the other text
 };
 
 /// The program's own undo: a list of states whose last one is the present, and a list of those taken back. A
@@ -34,16 +34,17 @@ public:
     void UndoEdit(TextSurface& surface);
     void RedoEdit(TextSurface& surface);
 
-    std::size_t UndoSteps() const { return undoList_.size(); } ///< the present state among them
-    std::size_t RedoSteps() const { return redoList_.size(); }
+    std::size_t UndoSteps() const { return undoSteps_; } ///< the present state among them
+    std::size_t RedoSteps() const { return states_.size() - undoSteps_; }
 
 private:
     void StepBack();
     void StepForward();
+    void Exchange(clsUndoRedo& state);
 
-    std::vector<clsUndoRedo> undoList_;
-    std::vector<clsUndoRedo> redoList_; // each follows the one behind it, the last one the present
-    std::u16string present_;            // text of the last state in `undoList_`
+    std::vector<clsUndoRedo> states_; // in the order of the edits: those to undo, then those to redo
+    std::size_t undoSteps_ = 0;
+    std::u16string present_; // text of the last state to undo
 };
 
 /// The characters that the longer of two texts (the second, if they are of equal length) has more than the

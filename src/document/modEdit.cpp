@@ -67,9 +67,9 @@ void modEdit::Paste() {
     std::u16string text(document.Text());
     text.insert(document.SelStart(), services_.clipboard.Text());
     document.SetText(text);
-    SelectAll();
+    document.SetFocus();
+    document.SetSelStart(0);
     services_.state.DocumentModified = true;
-    document.SetSelLength(0);
 }
 
 void modEdit::SelectAll() {

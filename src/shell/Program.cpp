@@ -179,6 +179,7 @@ void Program::ConnectSurface() {
     surface.OnKeyPress = [this] {
         document_.DocumentModified = true;
         EnableTextCommands();
+        timerEdit_->StartOnce();
     };
     surface.OnRightMouseDown = [this](Point screen) { main_->ShowEditMenu(screen); };
     surface.OnKeyDown = [this] { sounds_.Play(sound_event::kKeyDown); };

@@ -1,18 +1,40 @@
 #include "document/modEdit.h"
 
 #include "base/Windows1251.h"
+#include "document/TextChange.h"
 #include "support/FakePlatform.h"
 #include "support/FakeSurface.h"
-#include "support/Iconv.h"
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <random>
 
 namespace quillshift {
 namespace {
 
-/// The undo as it is meant: whole copies of every state, spliced by the letter of the rule.
+// Where the one insertion or removal that leads from a text to another ended, found by trying all places: at
+// the caret if that can be, else at the first that can. None for any other edit.
+std::optional<std::size_t> EndOfOneSpan(std::u16string_view from, std::u16string_view to, std::size_t caret) {
+    const bool added = to.size() > from.size();
+    const std::u16string_view longer = added ? to : from;
+    const std::u16string_view shorter = added ? from : to;
+    const std::size_t length = longer.size() - shorter.size();
+    const std::size_t first = added && caret >= length ? caret - length : caret;
+    const auto fits = [&](std::size_t start) {
+        return start <= shorter.size() && longer.starts_with(shorter.substr(0, start)) &&
+               longer.ends_with(shorter.substr(start));
+    };
+    std::size_t start = fits(first) ? first : 0;
+    while (start <= shorter.size() && !fits(start))
+        ++start;
+    if (length == 0 || start > shorter.size())
+        return std::nullopt;
+    return added ? start + length : start;
+}
+
+/// The undo as it is meant: whole copies of every state, spliced by the letter of the rule. What was one
+/// insertion or removal comes back as it was, wherever a command has left the caret.
 class WholeCopies {
 public:
     struct State {
@@ -21,7 +43,9 @@ public:
     };
     void Record(const FakeSurface& surface) {
         redo.clear();
-        undo.push_back({surface.SelStart(), std::u16string(surface.Text())});
+        const std::u16string_view before = undo.empty() ? std::u16string_view() : undo.back().text;
+        const auto end = EndOfOneSpan(before, surface.Text(), surface.SelStart());
+        undo.push_back({end.value_or(surface.SelStart()), std::u16string(surface.Text())});
     }
     // Each gives the text that the surface must hold afterwards.
     std::u16string Undo(std::u16string text) {
@@ -106,6 +130,51 @@ TEST_F(Editing, UndoPutsBackWithTheCaretWhereTheRuleSays) {
     EXPECT_EQ(document.SelStart(), 5U) << "the caret stands behind a line break";
     Type(u"x");
     EXPECT_EQ(history.RedoSteps(), 0U);
+}
+
+TEST_F(Editing, CutAndPasteAreTakenBackWhereTheyWere) {
+    document.SetText(u"some dull text");
+    document.SetSelStart(5);
+    document.SetSelLength(4);
+    edit.Cut();
+    edit.Undo();
+    EXPECT_EQ(document.Text(), u"some dull text");
+    EXPECT_EQ(document.SelText(), u"dull");
+    edit.Redo();
+    EXPECT_EQ(document.Text(), u"some  text");
+    edit.Paste();
+    EXPECT_EQ(document.Text(), u"some dull text");
+    edit.Undo();
+    EXPECT_EQ(document.Text(), u"some  text");
+    EXPECT_EQ(document.SelStart(), 5U);
+    edit.Redo();
+    EXPECT_EQ(document.Text(), u"some dull text");
+}
+
+TEST(ChangedSpan, IsCutFromTheLongerTextAndReadsNothingOutsideIt) {
+    struct Case {
+        std::u16string_view first, second;
+        std::size_t place;
+        std::u16string_view span;
+    };
+    for (const Case& c :
+         {Case{u"abcd", u"ad", 4, u"bc"}, Case{u"ad", u"abcd", 4, u"bc"}, Case{u"", u"abc", 4, u"abc"},
+          Case{u"same", u"text", 3, u""}, Case{u"abcd", u"ad", 6, u"d"}, Case{u"abcd", u"ad", 7, u""},
+          Case{u"abcd", u"ad", 2, u""}, Case{u"", u"", 0, u""}})
+        EXPECT_EQ(ChangedSpan(c.first, c.second, c.place), c.span) << c.place;
+}
+
+TEST(ChangeBetween, EndsAtTheCaretWhereTheTextsLeaveAChoice) {
+    EXPECT_EQ(ChangeBetween(u"aaa", u"aaaa", 2), (TextChange{1, 0, 1}));
+    EXPECT_EQ(ChangeBetween(u"aaaa", u"aaa", 2), (TextChange{2, 1, 0}));
+    EXPECT_EQ(ChangeBetween(u"one two", u"one 2", 0), (TextChange{4, 3, 1}));
+    EXPECT_EQ(ChangeBetween(u"one two", u"1 two", 5), (TextChange{0, 3, 1})) << "before the caret";
+    EXPECT_EQ(ChangeBetween(u"same", u"same", 4), (TextChange{4, 0, 0}));
+    for (const std::size_t place : {0U, 1U, 511U, 512U, 1500U, 2999U}) { // about the compared blocks
+        std::u16string text(3000, u'x');
+        text[place] = u'y';
+        EXPECT_EQ(ChangeBetween(std::u16string(3000, u'x'), text, 0), (TextChange{place, 1, 1}));
+    }
 }
 
 TEST_F(Editing, AnEditThatKeepsTheLengthIsTakenBackInNameOnly) {
@@ -208,17 +277,23 @@ TEST_F(Editing, OutdentStopsAtTheEdge) {
 }
 
 TEST(ToCase, ConvertsTheLettersOfThePageAndKeepsTheRest) {
-    EXPECT_EQ(ToCase(u"Привет, ёж і ґанок! abc 1", LetterCase::Upper), u"ПРИВЕТ, ЁЖ І ҐАНОК! ABC 1");
-    EXPECT_EQ(ToCase(u"ЂЃЄЅІЇЈЉЊЋЌЎЏ", LetterCase::Lower), u"ђѓєѕіїјљњћќўџ");
-    EXPECT_EQ(ToCase(u"\u4E2D\u00DF\u045D\u00D7", LetterCase::Upper), u"\u4E2D\u00DF\u045D\u00D7");
+    constexpr std::u16string_view kCapitals =
+        u"ABCDEFGHIJKLMNOPQRSTUVWXYZАБВГДЕЖЗИЙКЛМНОПРСТУФХЦЧШЩЪЫЬЭЮЯЁҐЂЃЄЅІЇЈЉЊЋЌЎЏ";
+    constexpr std::u16string_view kSmall =
+        u"abcdefghijklmnopqrstuvwxyzабвгдежзийклмнопрстуфхцчшщъыьэюяёґђѓєѕіїјљњћќўџ";
     for (int byte = 0; byte < 256; ++byte) {
-        const std::u16string letter(1, windows1251::FromByte(static_cast<std::uint8_t>(byte)));
-        const std::u16string upper = ToCase(letter, LetterCase::Upper);
-        EXPECT_EQ(windows1251::FindUnencodable(upper).count, 0U) << byte << ": stays within the page";
-        if (upper != letter) {
-            EXPECT_EQ(ToCase(upper, LetterCase::Lower), letter) << byte;
-        }
+        const char16_t letter = windows1251::FromByte(static_cast<std::uint8_t>(byte));
+        const std::u16string_view text(&letter, 1);
+        const std::size_t capital = kCapitals.find(letter);
+        const std::size_t small = kSmall.find(letter);
+        EXPECT_EQ(ToCase(text, LetterCase::Lower), capital < kSmall.size() ? kSmall.substr(capital, 1) : text)
+            << byte;
+        EXPECT_EQ(ToCase(text, LetterCase::Upper),
+                  small < kCapitals.size() ? kCapitals.substr(small, 1) : text)
+            << byte;
     }
+    constexpr std::u16string_view kOutside = u"\u4E2D\u00DF\u045D\u0450\u00D7\u00E9";
+    EXPECT_EQ(ToCase(kOutside, LetterCase::Upper), kOutside);
 }
 
 } // namespace

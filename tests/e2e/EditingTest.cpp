@@ -24,6 +24,10 @@ TEST_F(Editing, IsUndoneRedoneCutCopiedAndPastedByShortcuts) {
     desktop.Press("Ctrl+c");
     desktop.Press("Ctrl+v");
     EXPECT_EQ(Saved(), Bytes("ЁжиЁжи"));
+    desktop.Press("Ctrl+z");
+    EXPECT_EQ(Saved(), Bytes("Ёжи"));
+    desktop.Press("F4");
+    EXPECT_EQ(Saved(), Bytes("ЁжиЁжи"));
     desktop.Press("Ctrl+a");
     desktop.Press("Ctrl+x");
     EXPECT_EQ(Saved(), Bytes(""));
@@ -31,6 +35,17 @@ TEST_F(Editing, IsUndoneRedoneCutCopiedAndPastedByShortcuts) {
     EXPECT_EQ(Saved(), Bytes("ЁжиЁжи"));
     desktop.Press("Ctrl+k");
     EXPECT_EQ(Saved(), Bytes(""));
+}
+
+TEST_F(Editing, TypingOverASelectionIsTakenBackInTwoSteps) {
+    editor.Start();
+    desktop.Type(u"one two");
+    desktop.Press("Ctrl+Shift+Left");
+    desktop.Type(u"x");
+    EXPECT_EQ(Saved(), Bytes("one x"));
+    desktop.Press("Ctrl+z");
+    desktop.Press("Ctrl+z");
+    EXPECT_EQ(Saved(), Bytes("one two"));
 }
 
 TEST_F(Editing, ChangesCaseByTheMenuAndOffersTheEditMenuAtTheMouse) {

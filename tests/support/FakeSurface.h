@@ -27,23 +27,18 @@ public:
     }
 
     std::size_t SelStart() const override { return start_; }
-    void SetSelStart(std::size_t position) override {
-        start_ = std::min(position, text_.size());
-        length_ = 0;
-        Raise(OnSelChange);
-    }
+    void SetSelStart(std::size_t position) override { Select(std::min(position, text_.size()), 0); }
     std::size_t SelLength() const override { return length_; }
     void SetSelLength(std::size_t length) override {
-        length_ = std::min(length, text_.size() - start_);
-        Raise(OnSelChange);
+        Select(start_, std::min(length, text_.size() - start_));
     }
     std::u16string SelText() const override { return text_.substr(start_, length_); }
     void SetSelText(std::u16string_view text) override {
+        const bool changes = SelText() != text;
         text_.replace(start_, length_, text);
-        start_ += text.size();
-        length_ = 0;
-        Raise(OnChange);
-        Raise(OnSelChange);
+        Select(start_ + text.size(), 0);
+        if (changes)
+            Raise(OnChange);
     }
     void Clear() override { SetSelText(u""); }
 
@@ -66,6 +61,13 @@ private:
     static void Raise(const std::function<void()>& notice) {
         if (notice)
             notice();
+    }
+    void Select(std::size_t start, std::size_t length) {
+        const bool moves = start != start_ || length != length_;
+        start_ = start;
+        length_ = length;
+        if (moves)
+            Raise(OnSelChange);
     }
 
     std::u16string text_;

@@ -80,6 +80,24 @@ TEST_F(QtTextSurfaceTest, RaisesItsNoticesInsideTheCall) {
     EXPECT_EQ(surface.SelIndent(), 300_twips);
 }
 
+TEST_F(QtTextSurfaceTest, TypingOverASelectionIsARemovalAndAnInsertion) {
+    for (const auto& [key, put] :
+         {std::pair{Qt::Key_X, u"x"}, {Qt::Key_Return, u"\r\n"}, {Qt::Key_Tab, u"\t"}}) {
+        surface.SetText(u"some text");
+        surface.SetSelLength(4);
+        std::vector<std::u16string> texts;
+        surface.OnChange = [&] { texts.emplace_back(surface.Text()); };
+        QTest::keyClick(&surface, key);
+        EXPECT_EQ(texts, (std::vector<std::u16string>{u" text", put + std::u16string(u" text")})) << key;
+        surface.OnChange = {};
+    }
+    surface.SetSelStart(0);
+    surface.SetSelLength(1);
+    QTest::keyClick(&surface, Qt::Key_Escape);
+    QTest::keyClick(&surface, Qt::Key_L, Qt::ControlModifier);
+    EXPECT_EQ(surface.SelLength(), 1U) << "a key that puts nothing in takes nothing out";
+}
+
 TEST_F(QtTextSurfaceTest, TheMirrorFollowsRandomEdits) {
     std::mt19937 random(20260101);
     const auto upTo = [&](std::size_t n) { return random() % (n + 1); };

@@ -46,6 +46,14 @@ bool IsOwnedByCommands(const QKeyEvent& event) {
            std::any_of(std::begin(kKeys), std::end(kKeys), [&](auto key) { return event.matches(key); });
 }
 
+// Only what is sure to: a selection goes before the key is handed on.
+bool PutsTextIn(const QKeyEvent& event) {
+    if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
+        return false;
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter || event.key() == Qt::Key_Tab ||
+           (!event.text().isEmpty() && event.text().front().isPrint());
+}
+
 QTextCharFormat ToQt(const CharacterFormat& from) {
     QTextCharFormat to;
     if (!from.font.empty())
@@ -360,6 +368,9 @@ void QtTextSurface::keyPressEvent(QKeyEvent* event) {
     }
     if (!event->text().isEmpty() && OnKeyPress)
         OnKeyPress();
+    // Typing over a selection is told as two changes, a removal and an insertion, for undo to take back.
+    if (textCursor().hasSelection() && PutsTextIn(*event))
+        Clear();
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (isReturn && event->modifiers().testFlag(Qt::ShiftModifier)) {
         // Shift would make a break inside the paragraph, which has no form in a plain file.
