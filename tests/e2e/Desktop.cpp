@@ -11,7 +11,6 @@
 #include <X11/keysym.h>
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <cstdlib>
 #include <fcntl.h>
@@ -24,6 +23,8 @@ namespace quillshift::e2e {
 namespace {
 
 constexpr auto kPatience = std::chrono::seconds(30);
+// In whose name the window manager is asked for something.
+constexpr long kUser = 2;
 constexpr auto kNap = std::chrono::milliseconds(2);
 
 // Windows come and go while we look at them; a question about one that has gone has no answer.
@@ -106,6 +107,9 @@ void Desktop::StartWindowManager() {
                                                ProgramEnvironment(home_.Path()));
     WaitUntil("the window manager runs",
               [this] { return !Property(DefaultRootWindow(display_), "_NET_SUPPORTING_WM_CHECK").empty(); });
+    // It tells so before it is ready, and forgets a window that comes in between until something else
+    // happens.
+    WaitUntilQuiet({server_.get(), windowManager_.get()});
 }
 
 void Desktop::SetKeyboardLayouts() {
@@ -201,16 +205,29 @@ void Desktop::Click(Point place, int button) {
     ReleaseButton(button);
 }
 
-void Desktop::AskToClose(XWindow window) {
-    constexpr long kUser = 2;
+void Desktop::AskWindowManager(XWindow window, const char* message, long first, long second) const {
     XEvent event{};
     event.xclient.type = ClientMessage;
     event.xclient.window = window;
-    event.xclient.message_type = Atom("_NET_CLOSE_WINDOW");
+    event.xclient.message_type = Atom(message);
     event.xclient.format = 32;
-    event.xclient.data.l[1] = kUser;
+    event.xclient.data.l[0] = first;
+    event.xclient.data.l[1] = second;
     XSendEvent(display_, DefaultRootWindow(display_), False,
                SubstructureNotifyMask | SubstructureRedirectMask, &event);
+    XSync(display_, False);
+}
+
+void Desktop::AskToClose(XWindow window) {
+    AskWindowManager(window, "_NET_CLOSE_WINDOW", CurrentTime, kUser);
+}
+
+void Desktop::Activate(XWindow window) {
+    AskWindowManager(window, "_NET_ACTIVE_WINDOW", kUser, CurrentTime);
+}
+
+void Desktop::Minimise(XWindow window) {
+    XIconifyWindow(display_, window, DefaultScreen(display_));
     XSync(display_, False);
 }
 
@@ -362,13 +379,20 @@ void Desktop::WaitUntilGone(std::u16string_view title) const {
 }
 
 void Desktop::WaitUntilQuiet(const Process& program) const {
-    const auto work = [&] { return std::array{server_->Work(), windowManager_->Work(), program.Work()}; };
+    WaitUntilQuiet({server_.get(), windowManager_.get(), &program});
+}
+
+void Desktop::WaitUntilQuiet(const std::vector<const Process*>& programs) const {
+    const auto work = [&] {
+        std::vector<Process::WorkDone> done(programs.size());
+        std::ranges::transform(programs, done.begin(), &Process::Work);
+        return done;
+    };
     WaitUntil("everything is quiet", [&] {
         const auto before = work();
         Nap();
         const auto now = work();
-        const auto sleeps = [](const Process::WorkDone& done) { return done.sleeps; };
-        return now == before && std::all_of(now.begin(), now.end(), sleeps);
+        return now == before && std::ranges::all_of(now, &Process::WorkDone::sleeps);
     });
 }
 

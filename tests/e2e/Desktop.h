@@ -50,6 +50,9 @@ public:
     void AskToClose(XWindow window);
     void Resize(XWindow window, Size client);
     void Move(XWindow window, Point place);
+    void Minimise(XWindow window);
+    /// Gives a window the keyboard, as its entry in a list of windows does; restores a minimised one.
+    void Activate(XWindow window);
 
     // Eyes
 
@@ -85,8 +88,10 @@ private:
     void StartServer(Size size);
     void StartWindowManager();
     void SetKeyboardLayouts();
+    void WaitUntilQuiet(const std::vector<const Process*>& programs) const;
     void Send(unsigned code, bool down) const;
     std::vector<unsigned long> Property(XWindow window, const char* name) const;
+    void AskWindowManager(XWindow window, const char* message, long first, long second) const;
     bool Lists(XWindow window, const char* property, const char* atom) const;
     unsigned long Atom(const char* name) const;
 

@@ -61,7 +61,11 @@ Editor& Editor::Start() {
 
 // Quiet may come while another window has the keyboard, and the keyboard before the work is done.
 void Editor::SettleWhere(const std::string& what, const std::function<bool(XWindow)>& isWanted) {
-    const auto hasKeyboard = [&] { return isWanted(desktop_.Active()); };
+    const auto hasKeyboard = [&] {
+        if (const auto code = program_->ExitCode())
+            throw std::runtime_error("the program ended with code " + std::to_string(*code));
+        return isWanted(desktop_.Active());
+    };
     do {
         desktop_.WaitUntil(what + " has the keyboard", hasKeyboard);
         desktop_.WaitUntilQuiet(*program_);

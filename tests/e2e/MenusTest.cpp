@@ -1,96 +1,66 @@
-#include "e2e/EditorTest.h"
+#include "e2e/BarsTest.h"
 
-#include "shell/Catalogue.h"
 #include "support/Iconv.h"
 
-#include <algorithm>
+#include <functional>
 #include <string>
 
 namespace quillshift::e2e {
 namespace {
 
-class Menus : public EditorTest {
-protected:
-    // The open menus, the oldest first; what is as thin as a shadow is one.
-    std::vector<Rect> Open() const {
-        std::vector<Rect> menus = desktop.Popups();
-        std::erase_if(menus, [](const Rect& place) { return place.Width() < 10 || place.Height() < 10; });
-        return menus;
-    }
-    Rect WaitForMenu(std::size_t count) {
-        desktop.WaitUntil(std::to_string(count) + " menus are open", [&] { return Open().size() == count; });
-        editor.Settle();
-        std::vector<Rect> menus = Open();
-        return menus.back();
-    }
-    void WaitUntilClosed() {
-        desktop.WaitUntil("all menus are closed", [&] { return Open().empty(); });
-        editor.Settle();
-    }
-    void OpenByKeyboard(int heading) {
-        desktop.Press("Alt");
-        for (int i = 0; i < heading; ++i)
-            desktop.Press("Right");
-        desktop.Press("Down");
-    }
-    // Where a heading is to be clicked: its menu opens at its left edge.
-    Point Heading(int heading) {
-        OpenByKeyboard(heading);
-        const Rect menu = WaitForMenu(1);
-        desktop.Press("Escape");
-        desktop.Press("Escape");
-        WaitUntilClosed();
-        return {menu.left + 12, menu.top - 10};
-    }
-    // Where the row of a command stands in the menu that shows it.
-    static Point Row(const Rect& menu, std::string_view key) {
-        int y = menu.top + 1;
-        for (const CatalogueEntry& entry : Catalogue()) {
-            if (ParentKey(entry.Key) != ParentKey(key))
-                continue;
-            if (entry.Key == key)
-                break;
-            y += entry.Style == ButtonStyle::Separator ? 3 : 24;
-        }
-        return {menu.left + 40, y + 12};
-    }
-    void ExpectTypingGoesToTheText() {
-        desktop.Type(u"q");
-        const std::string saved = Saved();
-        EXPECT_EQ(saved, "q\r\n");
-        desktop.Press("BackSpace");
-        editor.Settle();
-    }
-};
+using Menus = BarsTest;
 
 TEST_F(Menus, EachOpensByKeyboardAndMouseAndClosesByEveryRoad) {
+    constexpr const char* kHeadings[] = {"MENU:FILE",    "MENU:EDIT",   "MENU:FIND",
+                                         "MENU:VIEW",    "MENU:INSERT", "MENU:FORMAT",
+                                         "MENU:SERVICE", "MENU:DECODE", "MENU:HELP"};
     editor.Set("SaveChange", u"0").Start();
     const Rect window = desktop.Place(editor.Window());
-    int right = 0;
-    for (int heading = 0; heading < 9; ++heading) {
-        const Point place = Heading(heading);
-        EXPECT_GT(place.x, right) << heading;
-        right = place.x;
-        desktop.Click(place);
-        EXPECT_EQ(WaitForMenu(1).left, place.x - 12) << heading;
-        switch (heading % 4) {
-        case 0:
-            desktop.Press("Escape");
-            desktop.Press("Escape");
-            break;
-        case 1:
+    const std::function<void(Point)> roads[] = {[&](Point /*heading*/) {
+                                                    desktop.Press("Escape");
+                                                    desktop.Press("Escape");
+                                                },
+                                                [&](Point heading) { desktop.Click(heading); },
+                                                [&](Point /*heading*/) {
+                                                    desktop.Press("Alt"); // goes back to the headings
+                                                    desktop.Press("Escape");
+                                                },
+                                                [&](Point /*heading*/) {
+                                                    desktop.Click({window.left + 300, window.top + 500});
+                                                }};
+    for (const auto& close : roads) {
+        int right = window.left;
+        for (int heading = 0; heading < 9; ++heading) {
+            const Point place = Heading(heading);
+            EXPECT_GT(place.x, right) << heading;
+            right = place.x;
             desktop.Click(place);
-            break;
-        case 2:
-            desktop.Press("Alt"); // goes back to the headings
-            desktop.Press("Escape");
-            break;
-        default:
-            desktop.Click({window.left + 300, window.top + 500});
+            const Rect menu = WaitForMenu(1);
+            EXPECT_EQ(menu.left, place.x - 12) << heading;
+            EXPECT_EQ(menu.top, window.top + 21) << heading;
+            EXPECT_EQ(menu.Height(), HeightOfMenu(kHeadings[heading])) << heading;
+            close(place);
+            WaitUntilClosed();
         }
-        WaitUntilClosed();
+        ExpectTypingGoesToTheText();
     }
-    ExpectTypingGoesToTheText();
+}
+
+TEST_F(Menus, AHeadingBeginsWhereItsMenuDoes) {
+    editor.Start();
+    const Point file = Heading(0);
+    int former = file.x - 12;
+    desktop.Click(file);
+    WaitForMenu(1);
+    for (int heading = 1; heading < 9; ++heading) {
+        desktop.Press("Right");
+        const int left = WaitForMenu([former](int edge) { return edge > former; }).left;
+        desktop.MoveTo({left - 1, file.y});
+        WaitForMenuAt(former);
+        desktop.MoveTo({left + 1, file.y});
+        WaitForMenuAt(left);
+        former = left;
+    }
 }
 
 TEST_F(Menus, TheMouseAloneRecodes) {
@@ -109,56 +79,60 @@ TEST_F(Menus, WalkFromOneToTheNext) {
     desktop.Click(file);
     WaitForMenu(1);
     desktop.MoveTo(view);
-    desktop.WaitUntil("the other menu is open",
-                      [&] { return Open().size() == 1 && Open()[0].left == view.x - 12; });
+    WaitForMenuAt(view.x - 12);
     desktop.Press("Left");
     desktop.Press("Left");
     desktop.Press("Left");
-    desktop.WaitUntil("the first menu is open",
-                      [&] { return Open().size() == 1 && Open()[0].left == file.x - 12; });
+    WaitForMenuAt(file.x - 12);
     OpenByKeyboard(0); // Alt ends the menu first
     desktop.Press("Escape");
     desktop.Press("Escape");
     WaitUntilClosed();
 }
 
-TEST_F(Menus, ToolbarsAreHiddenByTheMenuAndByTheirOwn) {
+TEST_F(Menus, LeftLeavesASubMenuAndRightGoesOnToTheNextHeading) {
     editor.Start();
-    const Rect window = desktop.Place(editor.Window());
-    const Point inTheText{window.left + 400, window.top + 62};
-    EXPECT_NE(desktop.Pixel(inTheText), 0xFFFFFFU) << "a toolbar is there";
-    editor.Choose("MENU:VIEW:TOOLBARS:TBSTANDART");
-    desktop.WaitUntil("the text has moved up", [&] { return desktop.Pixel(inTheText) == 0xFFFFFFU; });
-    EXPECT_EQ(editor.Settings().Preference("ToolBarStandart"), u"0");
-
-    desktop.Click({window.left + 600, window.top + 35}, 3); // the recoding toolbar
-    desktop.Click(Row(WaitForMenu(1), "MENU:VIEW:TOOLBARS:TBSTANDART"));
-    desktop.WaitUntil("the text has moved down", [&] { return desktop.Pixel(inTheText) != 0xFFFFFFU; });
-    EXPECT_EQ(editor.Settings().Preference("ToolBarStandart"), u"1");
+    const Point help = Heading(8);
+    OpenByKeyboard(7);
+    const Rect decode = WaitForMenu(1);
+    desktop.Press("Right");
+    EXPECT_EQ(WaitForMenu(2).Height(), HeightOfMenu("MENU:DECODE:DOS"));
+    desktop.Press("Left");
+    EXPECT_EQ(WaitForMenu(1), decode);
+    desktop.Press("Right");
+    WaitForMenu(2);
+    desktop.Press("Right");
+    WaitForMenuAt(help.x - 12);
 }
 
-TEST_F(Menus, ANarrowWindowLosesGroupsAndWrapsItsMenuAndAWideOneHasAllBack) {
+TEST_F(Menus, LookTheSameHoweverTheyWereReached) {
     editor.Start();
-    const Rect window = desktop.Place(editor.Window());
-    const auto resizeTo = [&](int width) {
-        desktop.Resize(editor.Window(), {width, window.Height()});
-        desktop.WaitUntil("the window is resized",
-                          [&] { return desktop.Place(editor.Window()).Width() == width; });
-        editor.Settle();
-    };
-    const Rect bars = RectAt(window.left, window.top, window.Width(), 75);
-    const auto before = desktop.Pixels(bars);
-    for (const int width : {700, 600, 500, 420}) {
-        resizeTo(width);
-        // The frame around the text ends within the window, also below a menu of two rows.
-        bool frame = false;
-        for (int y = window.bottom - 12; y < window.bottom; ++y)
-            frame = frame || desktop.Pixel({window.left + width / 2, y}) == 0;
-        EXPECT_TRUE(frame) << width;
+    OpenByKeyboard(3);
+    Rect withShadow = WaitForMenu(1);
+    withShadow.right += 5;
+    withShadow.bottom += 6;
+    const auto straight = desktop.Pixels(withShadow);
+    desktop.Press("Left");
+    desktop.Press("Left");
+    WaitForMenu(1);
+    desktop.Press("Right");
+    WaitForMenu(1);
+    desktop.Press("Right");
+    WaitForMenuAt(withShadow.left);
+    EXPECT_TRUE(desktop.Pixels(withShadow) == straight);
+}
+
+TEST_F(Menus, AnEntryIsTickedByTheMouse) {
+    editor.Start();
+    const Point view = Heading(3);
+    for (const bool above : {true, false}) {
+        desktop.Click(view);
+        desktop.Click(Row(WaitForMenu(1), "MENU:VIEW:ONTOP"));
+        desktop.WaitUntil("the window has its layer",
+                          [&] { return desktop.IsAboveOthers(editor.Window()) == above; });
+        WaitUntilClosed();
+        EXPECT_EQ(editor.Settings().Preference("TopMost"), above ? u"1" : u"0");
     }
-    for (const int width : {500, 650, window.Width()})
-        resizeTo(width);
-    EXPECT_TRUE(desktop.Pixels(bars) == before);
 }
 
 TEST_F(Menus, StayOnTheScreen) {
@@ -166,7 +140,7 @@ TEST_F(Menus, StayOnTheScreen) {
     const Point decode = Heading(7);
     const Rect window = desktop.Place(editor.Window());
     const Point offset{decode.x - window.left, decode.y - window.top};
-    for (const Point place : {Point{700, 100}, Point{100, 690}, Point{800, 690}}) {
+    for (const Point place : {Point{800, 100}, Point{100, 690}, Point{800, 690}}) {
         desktop.Move(editor.Window(), place);
         editor.Settle();
         const Rect now = desktop.Place(editor.Window());
@@ -175,7 +149,7 @@ TEST_F(Menus, StayOnTheScreen) {
         EXPECT_GE(menu.left, 0);
         EXPECT_GE(menu.top, 0);
         EXPECT_LE(menu.right, 1280);
-        EXPECT_LE(menu.bottom, 800);
+        EXPECT_LE(menu.bottom, place.y < 600 ? 800 : now.top + offset.y) << "above its heading";
         desktop.MoveTo(Row(menu, "MENU:DECODE:DOS"));
         const Rect sub = WaitForMenu(2);
         EXPECT_LE(sub.right, 1280);
@@ -199,13 +173,13 @@ TEST_F(Menus, StayOnTheMonitorOfTheirWindow) {
             0);
     }
     editor.Start();
-    desktop.Move(editor.Window(), {10, 100});
+    desktop.Move(editor.Window(), {100, 100}); // the heading ends near the monitor's edge
     editor.Settle();
     OpenByKeyboard(7);
     const Rect menu = WaitForMenu(1);
     desktop.MoveTo(Row(menu, "MENU:DECODE:DOS"));
     const Rect sub = WaitForMenu(2);
-    EXPECT_LE(menu.right, 640);
+    EXPECT_EQ(menu.right, 640);
     EXPECT_LE(sub.right, 640) << "to the left of its row, not on the other monitor";
 }
 
@@ -227,6 +201,19 @@ TEST_F(Menus, CloseWhenAnotherWindowTakesTheKeyboardAndWithTheirOwn) {
     EXPECT_TRUE(desktop.Popups().empty());
 }
 
+TEST_F(Menus, CloseWhenTheirWindowIsMinimised) {
+    editor.Set("SaveChange", u"0").Start();
+    OpenByKeyboard(7);
+    desktop.Press("Right");
+    WaitForMenu(2);
+    desktop.Minimise(editor.Window());
+    desktop.WaitUntil("no menu and no shadow is left", [&] { return desktop.Popups().empty(); });
+    desktop.Activate(editor.Window());
+    editor.Settle();
+    EXPECT_TRUE(desktop.Popups().empty());
+    ExpectTypingGoesToTheText();
+}
+
 TEST_F(Menus, ShortcutsWorkInTheRussianLayoutAndTheLayoutSwitchOpensNothing) {
     editor.Set("SaveChange", u"0").Start();
     desktop.Type(u"x");
@@ -243,13 +230,33 @@ TEST_F(Menus, ShortcutsWorkInTheRussianLayoutAndTheLayoutSwitchOpensNothing) {
     editor.Settle();
 }
 
-TEST_F(Menus, AToolbarButtonTellsWhatItDoes) {
-    editor.Start();
-    const Rect window = desktop.Place(editor.Window());
-    desktop.MoveTo({window.left + 45, window.top + 35});
-    desktop.MoveTo({window.left + 46, window.top + 36});
-    desktop.WaitUntil("the tool tip is there", [&] { return !desktop.Popups().empty(); });
-    EXPECT_GT(desktop.Popups()[0].Width(), 100) << "wide enough for its words";
+TEST_F(Menus, AShortcutFiresOnceAndNotWhileAMenuIsOpen) {
+    editor.Set("SaveChange", u"0").Start();
+    desktop.Type(u"q");
+    editor.Settle();
+    for (const auto& [shortcut, title] :
+         {std::pair{"F9", u"Перекодирование"}, {"Ctrl+o", u"Открытие документа"}}) {
+        desktop.UseLayout(1);
+        desktop.Press(shortcut);
+        editor.SettleIn(title);
+        EXPECT_EQ(desktop.Windows().size(), 2U) << shortcut;
+        desktop.UseLayout(0);
+        desktop.Press("Escape");
+        desktop.WaitUntilGone(title);
+        editor.Settle();
+        EXPECT_EQ(desktop.Windows().size(), 1U) << shortcut;
+    }
+    desktop.Press("BackSpace");
+    OpenByKeyboard(0);
+    WaitForMenu(1);
+    desktop.Press("F9");
+    desktop.Press("Ctrl+o");
+    editor.Settle();
+    EXPECT_EQ(desktop.Windows().size(), 1U);
+    desktop.Press("Escape");
+    desktop.Press("Escape");
+    WaitUntilClosed();
+    ExpectTypingGoesToTheText();
 }
 
 } // namespace

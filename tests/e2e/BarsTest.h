@@ -1,0 +1,95 @@
+#pragma once
+
+#include "e2e/EditorTest.h"
+#include "shell/Catalogue.h"
+
+#include <algorithm>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace quillshift::e2e {
+
+/// A test of the main window's menus and toolbars in the real program.
+class BarsTest : public EditorTest {
+protected:
+    // The open menus, the oldest first; what is as thin as a shadow is one.
+    std::vector<Rect> Open() const {
+        std::vector<Rect> menus = desktop.Popups();
+        std::erase_if(menus, [](const Rect& place) { return place.Width() < 10 || place.Height() < 10; });
+        return menus;
+    }
+    // The newest of so many menus.
+    Rect WaitForMenu(std::size_t count) {
+        std::vector<Rect> menus;
+        do {
+            desktop.WaitUntil(std::to_string(count) + " menus are open",
+                              [&] { return Open().size() == count; });
+            editor.Settle();
+            menus = Open();
+        } while (menus.size() != count);
+        return menus.back();
+    }
+    // Waits until one menu is open whose left edge is as wanted.
+    Rect WaitForMenu(const std::function<bool(int left)>& isWanted) {
+        Rect menu;
+        desktop.WaitUntil("the wanted menu is open", [&] {
+            const std::vector<Rect> menus = Open();
+            menu = menus.empty() ? Rect() : menus.front();
+            return menus.size() == 1 && isWanted(menu.left);
+        });
+        editor.Settle();
+        return menu;
+    }
+    void WaitForMenuAt(int wanted) {
+        WaitForMenu([wanted](int left) { return left == wanted; });
+    }
+    void WaitUntilClosed() {
+        desktop.WaitUntil("all menus are closed", [&] { return Open().empty(); });
+        editor.Settle();
+    }
+    void OpenByKeyboard(int heading) {
+        desktop.Press("Alt");
+        for (int i = 0; i < heading; ++i)
+            desktop.Press("Right");
+        desktop.Press("Down");
+    }
+    // Where a heading is to be clicked: its menu opens at its left edge.
+    Point Heading(int heading) {
+        OpenByKeyboard(heading);
+        const Rect menu = WaitForMenu(1);
+        desktop.Press("Escape");
+        desktop.Press("Escape");
+        WaitUntilClosed();
+        return {menu.left + 12, menu.top - 10};
+    }
+    // Where the row of a command stands in the menu that shows it.
+    static Point Row(const Rect& menu, std::string_view key) {
+        int y = menu.top + 1;
+        for (const CatalogueEntry& entry : Catalogue()) {
+            if (ParentKey(entry.Key) != ParentKey(key))
+                continue;
+            if (entry.Key == key)
+                break;
+            y += entry.Style == ButtonStyle::Separator ? 3 : 24;
+        }
+        return {menu.left + 40, y + 12};
+    }
+    // How high the menu below a key is, by its entries.
+    static int HeightOfMenu(std::string_view key) {
+        int height = 2;
+        for (const CatalogueEntry& entry : Catalogue())
+            if (ParentKey(entry.Key) == key)
+                height += entry.Style == ButtonStyle::Separator ? 3 : 24;
+        return height;
+    }
+    void ExpectTypingGoesToTheText() {
+        desktop.Type(u"q");
+        const std::string saved = Saved();
+        EXPECT_EQ(saved, "q\r\n");
+        desktop.Press("BackSpace");
+        editor.Settle();
+    }
+};
+
+} // namespace quillshift::e2e
