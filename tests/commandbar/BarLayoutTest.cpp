@@ -154,17 +154,6 @@ TEST(ToolbarLayout, PlacesItemsSideBySideAsDeepAsTheDeepest) {
               (Rects{{192, 0, 200, 24}, {168, 0, 192, 24}, {}, {160, 0, 168, 24}, {}, {124, 0, 160, 24}}));
 }
 
-TEST(ToolbarLayout, CentresItemsAcrossAnUprightBar) {
-    Strip strip(Orientation::Left);
-    strip.bar.Icon();
-    strip.bar.Separator();
-    strip.bar.Icon().Style = ButtonStyle::Split;
-    const ToolbarLayout& layout = strip.Resize(100);
-    EXPECT_EQ(Areas(layout.items), (Rects{{6, 0, 30, 24}, {0, 24, 35, 32}, {0, 32, 35, 56}}));
-    EXPECT_EQ(layout.depth, 35);
-    EXPECT_EQ(Shown(strip.Resize(55)), "a..");
-}
-
 TEST(ToolbarLayout, LosesWholeGroupsAndGetsItemsBackInOrder) {
     for (const bool rightToLeft : {false, true}) {
         Strip strip; // a b | d e | g h |, 24 for a button and 8 for a separator
@@ -189,17 +178,6 @@ TEST(ToolbarLayout, LosesWholeGroupsAndGetsItemsBackInOrder) {
             EXPECT_EQ(Shown(strip.Resize(length, rightToLeft)), shown) << length;
         EXPECT_FALSE(strip.Resize(168, rightToLeft).cameBack);
     }
-}
-
-TEST(ToolbarLayout, HidesSingleButtonsWhereNoSeparatorsAre) {
-    Strip strip;
-    for (int i = 0; i < 4; ++i)
-        strip.bar.Icon();
-    EXPECT_EQ(Shown(strip.Resize(73)), "abc.");
-    EXPECT_EQ(Shown(strip.Resize(40)), "a...");
-    const ToolbarLayout& wide = strip.Resize(1000);
-    EXPECT_EQ(Shown(wide), "abcd");
-    EXPECT_TRUE(wide.cameBack);
 }
 
 TEST(ToolbarLayout, WrapsAMainMenuInsteadOfHidingItems) {

@@ -11,7 +11,6 @@ namespace {
 using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::Not;
 using Lines = std::vector<std::string>;
 
 class FakeIcons final : public BarIcons {
@@ -123,69 +122,6 @@ TEST_F(PaintedBar, AnItemsStateChoosesItsFillAndBorder) {
     EXPECT_THAT(Item(), ElementsAre(Frame(kNavy))) << "disabled, reached by key";
 }
 
-TEST_F(PaintedBar, ASplitItemIsBorderedInTwoParts) {
-    button.Style = ButtonStyle::Split;
-    Widen(35);
-    const auto main = "11,1-44,23";
-    const auto arrow = "33,1-44,23";
-    const Lines triangle{Fill(kBlack, "36,10-41,11"), Fill(kBlack, "37,11-40,12"),
-                         Fill(kBlack, "38,12-39,13")};
-    const auto expect = [&](Lines drawn) {
-        drawn.insert(drawn.end(), triangle.begin(), triangle.end());
-        EXPECT_EQ(Item(), drawn);
-    };
-    expect({});
-    item.MouseOverSplit = true;
-    expect({Fill(kHot, main), Frame(kNavy, main), Frame(kNavy, arrow)});
-    item.MouseDownSplit = true;
-    expect({Fill(kFace, main), Frame(kNavy, main)});
-    item.MouseOverSplit = item.MouseDownSplit = false;
-    item.MouseOver = item.MouseDown = true;
-    expect({Fill(kPressed, main), Fill(kHot, arrow), Frame(kNavy, main), Frame(kNavy, arrow)});
-    item.ShowingMenu = true;
-    expect({Fill(kFace, main), Frame(kEdge, main)});
-    view.rightToLeft = true;
-    EXPECT_THAT(Item(), Contains(Fill(kBlack, "14,10-19,11")));
-}
-
-TEST_F(PaintedBar, TheArrowOfAnUprightBarPointsLeftAtTheLowerEnd) {
-    view.orientation = Orientation::Left;
-    button.Bar = SomeBar();
-    button.ShowDropDownInToolbar = true;
-    button.Enabled = false;
-    // The part is 11,12 to 33,23.
-    EXPECT_THAT(Item(), ElementsAre(Fill(kShadow, "22,15-23,20"), Fill(kShadow, "21,16-22,19"),
-                                    Fill(kShadow, "20,17-21,18")));
-}
-
-TEST_F(PaintedBar, IconAndCaptionTakeTheirPlaces) {
-    button.IconIndex = 3;
-    button.Caption = u"&Stop";
-    button.ShowCaptionInToolbar = true;
-    Widen(52);
-    EXPECT_THAT(Item(), ElementsAre("icon 3 mode 0 14,4", "text 34,4-74,20 000000 left &Stop"));
-    view.rightToLeft = true;
-    EXPECT_THAT(Item(), ElementsAre("icon 3 mode 0 42,4", "text 16,4-56,20 000000 left &Stop"));
-    button.Style = ButtonStyle::Split;
-    EXPECT_THAT(Item(), Contains("text 29,4-69,20 000000 left &Stop"));
-    button.Style = ButtonStyle::Normal;
-    view.rightToLeft = false;
-
-    view.textPosition = TextPosition::BelowIcon;
-    Widen(36);
-    item.Bottom = 41;
-    EXPECT_THAT(Item(), ElementsAre("icon 3 mode 0 20,4", "text 16,22-40,39 000000 centre &Stop"));
-    button.IconIndex = -1;
-    EXPECT_THAT(Item(), ElementsAre("text 16,22-40,39 000000 centre &Stop")) << "in line with the others";
-    item.Bottom = 25;
-    EXPECT_THAT(Item(), ElementsAre("text 16,4-40,23 000000 centre &Stop"));
-
-    view.orientation = Orientation::Right;
-    button.IconIndex = 3;
-    item = {.Left = 0, .Top = 10, .Right = 24, .Bottom = 62};
-    EXPECT_THAT(Item(), ElementsAre("icon 3 mode 0 4,14", "text 4,32-20,58 000000 left rotated &Stop"));
-}
-
 TEST_F(PaintedBar, WhatCanNotBeUsedIsGreyUnlessItIsLocked) {
     button.IconIndex = 0;
     button.Caption = u"Stop";
@@ -195,39 +131,6 @@ TEST_F(PaintedBar, WhatCanNotBeUsedIsGreyUnlessItIsLocked) {
     button.Enabled = true;
     button.Locked = true;
     EXPECT_THAT(Item(), ElementsAre("icon 0 mode 0 14,4", HasSubstr(" 000000 left Stop")));
-}
-
-TEST_F(PaintedBar, AColourBoxStandsForAMissingIcon) {
-    button.ColorBox = Rgb(255, 0, 0);
-    EXPECT_THAT(Item(), ElementsAre("fill 14,4-29,19 ff0000", Frame(kEdge, "14,4-29,19")));
-    button.IconIndex = 0;
-    EXPECT_THAT(Item(), ElementsAre("icon 0 mode 0 14,4"));
-}
-
-TEST_F(PaintedBar, ASeparatorIsTwoLinesAcrossTheBar) {
-    button.Style = ButtonStyle::Separator;
-    Widen(8);
-    EXPECT_THAT(Item(), ElementsAre("line 13,4-13,19 808080", "line 14,4-14,19 ffffff"));
-    view.orientation = Orientation::Left;
-    item = {.Left = 0, .Top = 10, .Right = 24, .Bottom = 18};
-    EXPECT_THAT(Item(), ElementsAre("line 4,13-19,13 808080", "line 4,14-19,14 ffffff"));
-}
-
-TEST_F(PaintedBar, InDarkAnIconWithCaptionShowsTheStateAlone) {
-    colours.SetStyle(BarStyle::Dark);
-    button.IconIndex = 0;
-    button.Caption = u"Stop";
-    button.ShowCaptionInToolbar = true;
-    EXPECT_THAT(Item(), ElementsAre("icon 0 mode 2 14,4", HasSubstr(" ffffff left Stop")));
-    item.MouseOver = true;
-    EXPECT_THAT(Item(), ElementsAre("icon 0 mode 3 14,4", HasSubstr(" ffdf7f left Stop")));
-    view.mode = DisplayMode::MainMenu;
-    EXPECT_THAT(Item(), ElementsAre(Fill("464646"), Frame("414141"), "icon 0 mode 0 14,4",
-                                    HasSubstr(" ffdf7f left Stop")));
-    button.Bar = SomeBar();
-    item.ShowingMenu = true;
-    EXPECT_THAT(Item(), ElementsAre(Fill("5a5a5a"), Frame("444444"), "icon 0 mode 0 14,4",
-                                    HasSubstr(" ffdf7f left Stop")));
 }
 
 TEST_F(PaintedBar, InSystemTheThemePaintsItemsOrTheBarShowsThrough) {
@@ -324,18 +227,6 @@ TEST_F(PaintedBar, AMenuRowShowsIconCaptionShortcutAndSubMenu) {
                                     Fill(kBlack, "191,13-192,14")));
 }
 
-TEST_F(PaintedBar, ADisabledRowIsGreyAndShowsTheKeysPlaceAlone) {
-    BecomeMenuRow();
-    button.IconIndex = 0;
-    button.Caption = u"Cut";
-    button.Enabled = false;
-    item.MouseOver = true;
-    const Lines grey{"icon 0 mode 1 5,5", "text 32,1-180,25 aaa8a4 left Cut"};
-    EXPECT_EQ(Item(), grey);
-    view.keyboardMode = true;
-    EXPECT_THAT(Item(), ElementsAre(Fill(kMenu, "2,2-198,25"), Frame(kNavy, "2,2-198,25"), grey[0], grey[1]));
-}
-
 TEST_F(PaintedBar, ACheckedRowHasATickBoxBehindItsIconOrWithAMark) {
     BecomeMenuRow();
     button.Checked = true;
@@ -349,32 +240,6 @@ TEST_F(PaintedBar, ACheckedRowHasATickBoxBehindItsIconOrWithAMark) {
                                     "icon 0 mode 0 5,5"));
     view.rightToLeft = true;
     EXPECT_THAT(Item(), Contains(Frame(kNavy, "176,3-197,24")));
-}
-
-TEST_F(PaintedBar, ARowOfTheListHasItsTickBeforeTheIcon) {
-    BecomeMenuRow();
-    view.mode = DisplayMode::AddOrRemoveList;
-    button.IconIndex = 0;
-    button.Caption = u"Cut";
-    button.CustomiseState = CustomiseState::Ticked;
-    const Lines ticked = Item();
-    EXPECT_EQ(ticked[1], Frame(kNavy, "3,3-24,24"));
-    EXPECT_THAT(ticked, Contains("line 10,13-12,15 000000"));
-    EXPECT_THAT(ticked, testing::IsSupersetOf({"icon 0 mode 0 25,5", "text 54,1-180,25 000000 left Cut"}));
-    button.CustomiseState = CustomiseState::NotTicked;
-    EXPECT_THAT(Item(), Not(Contains(HasSubstr("frame"))));
-}
-
-TEST_F(PaintedBar, ItemsWithoutAPlaceAreNotPainted) {
-    button.Style = ButtonStyle::Separator;
-    for (const cDisplayButtonInfo& nowhere : {kUnplacedItem, cDisplayButtonInfo{.Bottom = 24}}) {
-        item = nowhere;
-        view.buttons = buttons;
-        view.items = {&item, 1};
-        RecordingSurface surface;
-        BarPainter(colours).PaintBar(surface, view);
-        EXPECT_THAT(surface.drawn, Not(Contains(HasSubstr("line"))));
-    }
 }
 
 } // namespace

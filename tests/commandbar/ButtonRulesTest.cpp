@@ -78,27 +78,5 @@ TEST(AnItem, IsSelectableByItsStateAndPlace) {
     EXPECT_TRUE(selectable(panelWithIcon, toolbar, left));
 }
 
-TEST(MeasuredSizes, AreTakenAgainOnlyUnderTheSameParameters) {
-    MeasureCache cache;
-    cMeasureButtonParams params;
-    params.Font = {u"Tahoma", 8};
-    cache.Add(params, {30, 22});
-    cMeasureButtonParams wider = params;
-    wider.Width = 500;
-    ASSERT_TRUE(cache.Find(wider));
-    EXPECT_EQ(*cache.Find(wider), (Size{30, 22}));
-    cMeasureButtonParams larger = params;
-    larger.Font.points = 9;
-    EXPECT_FALSE(cache.Find(larger));
-
-    // A window being dragged does not make it grow.
-    for (int height = 100; height < 200; ++height) {
-        params.Height = height;
-        cache.Add(params, {height, height});
-    }
-    EXPECT_TRUE(cache.Find(params));
-    EXPECT_FALSE(cache.Find(wider));
-}
-
 } // namespace
 } // namespace quillshift

@@ -196,17 +196,6 @@ TEST(ARadioGroup, IsTakenOnEachBarByItself) {
     EXPECT_EQ(test.Checked("SECOND"), " A");
 }
 
-TEST(ARadioGroup, ComesToRestWhenTheBarsDisagree) {
-    TestBars test;
-    test.Bar("BOTH", {"A", "B"}, ButtonStyle::Radio);
-    test.Bar("ONLY-A", {}).Buttons().Add(test.buttons.Item("A"));
-    test.Bar("ONLY-B", {}).Buttons().Add(test.buttons.Item("B"));
-    test.buttons.Item("A").SetChecked(true);
-    test.buttons.Item("B").SetChecked(true);
-    EXPECT_EQ(test.Checked("BOTH"), " A B")
-        << "each is the whole group of another bar, which may not be empty";
-}
-
 TEST(AClick, FlipsOnlyWhatHasACheckMarkAndTicksARowToCustomise) {
     TestBars test;
     test.Bar("BAR", {"PLAIN"});
@@ -223,23 +212,6 @@ TEST(AClick, FlipsOnlyWhatHasACheckMarkAndTicksARowToCustomise) {
     EXPECT_EQ(plain.CustomiseState, CustomiseState::NotTicked);
     test.model.ApplyClick(plain);
     EXPECT_EQ(plain.CustomiseState, CustomiseState::Ticked);
-}
-
-TEST(APanel, MovesIntoTheBarControlUnlessThatIsAPopup) {
-    TestBars test;
-    FakePanel first;
-    FakePanel second;
-    const cButton button = test.buttons.Add("LIST", -1, {}, ButtonStyle::Panel);
-    button.SetPanelControl(&first);
-    EXPECT_TRUE(first.visible);
-    EXPECT_EQ(first.container, 1);
-    button.SetPanelControl(&second);
-    EXPECT_FALSE(first.visible);
-    EXPECT_TRUE(second.visible);
-    test.control.popup = true;
-    button.SetPanelControl(&first);
-    EXPECT_EQ(button.PanelControl(), &second);
-    EXPECT_FALSE(first.visible);
 }
 
 /// The key of the button that Ctrl with a letter reaches from a top-level window; empty for none.
@@ -273,28 +245,6 @@ TEST(AShortcut, IsFoundInTheOrderOfMakingWithSubBarsFirst) {
     EXPECT_FALSE(test.model.FindShortcut(100, 'S', modifier::kCtrl | modifier::kShift));
 }
 
-TEST(AShortcut, StaysReachableOverAnotherBarAndGoesToTheFirstControl) {
-    TestBars test;
-    FakeBarControl second(test.directory, 2, 100);
-    FakeBarControl elsewhere(test.directory, 3, 300);
-    const cButton save = test.buttons.Add("SAVE", -1, u"", ButtonStyle::Normal, u"", 'S', modifier::kCtrl);
-    const cCommandBarButtons menu = test.Bar("MENU", {"X"}).Buttons();
-    const cCommandBarButtons tools = test.Bar("TOOLS", {"Y"}).Buttons();
-    menu.Add(save);
-    tools.Add(save);
-    test.Show("MENU");
-    test.Show("TOOLS", second);
-    test.Show("TOOLS", elsewhere);
-    EXPECT_EQ(Reached(test, 'S'), "SAVE 1");
-    EXPECT_EQ(Reached(test, 'S', 300), "SAVE 3");
-    menu.Remove("SAVE");
-    EXPECT_EQ(Reached(test, 'S'), "SAVE 2");
-    test.Show("MENU", second);
-    EXPECT_EQ(Reached(test, 'S'), "");
-    test.bars.Remove("TOOLS");
-    EXPECT_EQ(Reached(test, 'S', 300), "");
-}
-
 TEST(ABar, MayHangBelowItself) {
     TestBars test;
     const cCommandBar bar = test.Bar("RING", {"A"});
@@ -306,23 +256,6 @@ TEST(ABar, MayHangBelowItself) {
     EXPECT_EQ(Reached(test, 'S'), "");
     test.bars.Remove("RING");
     EXPECT_FALSE(test.buttons.Item("A").Bar());
-}
-
-TEST(TheBuiltInBars, HangTogetherAndComeBackAfterTheLastControl) {
-    TestBars test;
-    test.buttons.Add("MINE");
-    test.model.Close();
-    EXPECT_EQ(test.bars.count(), 0);
-    test.model.Open();
-    test.model.Open();
-    EXPECT_EQ(test.buttons.count(), 6);
-    EXPECT_EQ(test.Keys("CHEVRON:ADDORREMOVE"), " CHEVRON:ADDORREMOVE:SEPARATOR CHEVRON:ADDORREMOVE:RESET");
-    EXPECT_EQ(test.Keys("CHEVRON:ADDORREMOVEBAR"),
-              " CHEVRON:ADDORREMOVEBAR CHEVRON:SEPARATOR CHEVRON:CUSTOMISE");
-    EXPECT_EQ(test.Keys("CHEVRON"), " CHEVRON:ADDORREMOVE");
-    EXPECT_EQ(test.buttons.Item("CHEVRON:ADDORREMOVE").Bar()->Key(), "CHEVRON:ADDORREMOVEBAR");
-    EXPECT_EQ(test.buttons.Item("CHEVRON:ADDORREMOVEBAR").Bar()->Key(), "CHEVRON:ADDORREMOVE");
-    EXPECT_FALSE(test.buttons.Item("CHEVRON:CUSTOMISE").Enabled());
 }
 
 } // namespace

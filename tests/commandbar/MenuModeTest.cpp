@@ -79,19 +79,6 @@ TEST_F(MenuModeTest, AltAloneEntersTheMainMenuAndLeavesItAgain) {
     EXPECT_TRUE(state.MenuMode);
 }
 
-TEST_F(MenuModeTest, AltWithAMnemonicOpensItsMenuAtOnce) {
-    host.onKey = [this](WindowId control, int) { host.Open(kPopup, control); };
-    AltDown();
-    host.log.clear();
-    EXPECT_FALSE(Down(kF, modifier::kAlt));
-    EXPECT_THAT(host.log, ElementsAre("key 70+4 to 1", "search 70")) << "with no first item made hot";
-    EXPECT_EQ(state.ActiveWindow, kPopup);
-    EXPECT_FALSE(Up(kF, modifier::kAlt));
-    EXPECT_FALSE(AltUp());
-    EXPECT_TRUE(state.MenuMode);
-    EXPECT_THAT(host.shown, ElementsAre(kPopup));
-}
-
 TEST_F(MenuModeTest, KeysGoWhereTheForegroundWindowLetsThem) {
     struct Case {
         const char* what;
@@ -135,29 +122,6 @@ TEST_F(MenuModeTest, KeysGoWhereTheForegroundWindowLetsThem) {
     EXPECT_FALSE(Down(kF, modifier::kCtrl)) << "with no control there is no filter";
 }
 
-TEST_F(MenuModeTest, EscapeEndsOneLevel) {
-    LetEscapeLeave();
-    host.Open(kPopup, kMenu);
-    host.Open(kSubMenu, kPopup);
-    EXPECT_EQ(state.PopupLevel(), 0) << "a sub-menu stays on its parent's level";
-    Down(kEscape);
-    EXPECT_THAT(host.shown, ElementsAre(kPopup));
-    EXPECT_EQ(state.ActiveWindow, kPopup);
-    host.OpenFree(kFree, kPopup);
-    EXPECT_EQ(state.PopupLevel(), 1);
-    host.Open(kFreeSub, kFree);
-    Down(kEscape);
-    EXPECT_EQ(state.ActiveWindow, kFree);
-    Down(kEscape);
-    EXPECT_EQ(state.ActiveWindow, kPopup);
-    EXPECT_THAT(host.Enabled(), IsSupersetOf({kMenu, kPopup}));
-    Down(kEscape);
-    EXPECT_EQ(state.ActiveWindow, kMenu);
-    EXPECT_TRUE(state.MenuMode);
-    Down(kEscape);
-    ExpectOffAndAllEnabled();
-}
-
 TEST_F(MenuModeTest, AFreePopupOnAMenuDisablesWhatIsBeneath) {
     host.Open(kPopup, kMenu);
     host.Open(kSubMenu, kPopup);
@@ -176,34 +140,6 @@ TEST_F(MenuModeTest, AFreePopupOnAMenuDisablesWhatIsBeneath) {
     EXPECT_THAT(host.Enabled(), IsSupersetOf({kMenu, kPopup, kSubMenu}));
     EXPECT_TRUE(state.MenuMode);
     ClickOn(kElsewhere);
-    ExpectOffAndAllEnabled();
-}
-
-TEST_F(MenuModeTest, SubMenusCloseBeforeTheirParents) {
-    host.Open(kPopup, kMenu);
-    host.Open(kSubMenu, kPopup);
-    host.Open(kFreeSub, kSubMenu);
-    tracking.Close(kSubMenu);
-    EXPECT_THAT(host.closed, ElementsAre(kFreeSub, kSubMenu));
-    tracking.Close(kSubMenu);
-    EXPECT_EQ(host.closed.size(), 2U) << "what is closed isn't closed again";
-    host.Open(kSubMenu, kPopup);
-    host.closed.clear();
-    tracking.SetMenuMode(false);
-    EXPECT_THAT(host.closed, ElementsAre(kSubMenu, kPopup));
-    ExpectOffAndAllEnabled();
-}
-
-TEST_F(MenuModeTest, AMenuReplacesThatOfAnotherBar) {
-    host.Open(kPopup, kMenu);
-    host.Open(kSubMenu, kPopup);
-    host.Open(kFree, kToolbar);
-    EXPECT_THAT(host.shown, ElementsAre(kFree));
-    EXPECT_THAT(host.OpenMenus(kMenu), IsEmpty());
-    EXPECT_EQ(state.ActiveWindow, kFree);
-    host.OpenFree(kUpperFree, kMenu);
-    EXPECT_THAT(host.shown, ElementsAre(kUpperFree));
-    tracking.SetMenuMode(false);
     ExpectOffAndAllEnabled();
 }
 

@@ -16,15 +16,6 @@ std::vector<int> PixelAt(const PixelView& view, int x, int y) {
     return {pixel[0], pixel[1], pixel[2], pixel[3]};
 }
 
-TEST(cMenuDropShadowTest, LiesBehindTheRightAndTheBottomEdge) {
-    cMenuDropShadow right(ShadowEdge::Right);
-    right.Create(kPopup);
-    EXPECT_EQ(right.Target(), RectAt(130, 55, 5, 20));
-    cMenuDropShadow bottom(ShadowEdge::Bottom);
-    bottom.Create(kPopup);
-    EXPECT_EQ(bottom.Target(), RectAt(105, 70, 30, 6));
-}
-
 TEST(cMenuDropShadowTest, FadesAcrossAndOverItsLastPixels) {
     struct Case {
         ShadowEdge edge;

@@ -80,15 +80,6 @@ TEST_F(Tracking, OnlyASelectableItemBecomesHotAndOnlyChangesRepaint) {
     EXPECT_EQ(step.hot, std::nullopt);
 }
 
-TEST_F(Tracking, APressAndReleaseOnOneItemIsAClick) {
-    EXPECT_THAT(TrackPress(items, tracked, Over(0)).changed, ElementsAre(0U));
-    EXPECT_EQ(Flags(0), "od");
-    const Tracked release = TrackRelease(items, tracked, Over(0));
-    EXPECT_THAT(release.clicked, Optional(0U));
-    EXPECT_THAT(release.changed, ElementsAre(0U));
-    EXPECT_EQ(Flags(0), "o");
-}
-
 TEST_F(Tracking, LeavingAPressedItemTakesThePressBack) {
     TrackPress(items, tracked, Over(0));
     TrackMove(items, tracked, Over(4));
@@ -122,14 +113,6 @@ TEST_F(Tracking, WalkingWrapsAndSkipsWhatItMust) {
     bar[0].Enabled = false;
     EXPECT_THAT(EndRow(bar.Buttons(), items, DisplayMode::PopupMenu, Next), Optional(3U));
     EXPECT_EQ(WalkRows({}, {}, std::nullopt, Next), std::nullopt);
-}
-
-TEST_F(Tracking, AMnemonicFindsTheFirstItemWithItsKey) {
-    bar[0].Caption = u"File";
-    bar[1].Caption = u"E&xit&";
-    bar[3].Caption = u"&";
-    EXPECT_THAT(MnemonicItem(bar.Buttons(), items, 'X'), Optional(1U));
-    EXPECT_EQ(MnemonicItem(bar.Buttons(), items, 'F'), std::nullopt);
 }
 
 TEST(OutcomeOfClick, DependsOnSubBarListAndMenuMode) {

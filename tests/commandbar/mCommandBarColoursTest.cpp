@@ -45,44 +45,6 @@ TEST_F(CommandBarColours, OfficeXPBlendsTheDesktopsColours) {
             {Slot::BarFillEnd, kFace}});
 }
 
-TEST_F(CommandBarColours, ThemedWithoutAThemeBlendsThemItsOwnWay) {
-    EXPECT_EQ(colours.Style(), BarStyle::Themed);
-    Expect({{Slot::HotFillStart, Rgb(181, 189, 210)},
-            {Slot::HotFillEnd, Rgb(174, 183, 206)},
-            {Slot::CheckedFillStart, Rgb(185, 193, 213)},
-            {Slot::CheckedFillEnd, Rgb(251, 251, 250)},
-            {Slot::Shadow, Rgb(165, 165, 165)},
-            {Slot::Border, Rgb(104, 104, 104)},
-            {Slot::MenuFillEnd, Rgb(249, 248, 247)},
-            {Slot::IconDisabled, Rgb(143, 143, 143)},
-            {Slot::BarFillStart, Rgb(251, 251, 250)},
-            {Slot::BarFillEnd, kFace}});
-}
-
-TEST_F(CommandBarColours, EachThemeHasColoursOfItsOwn) {
-    struct Case {
-        std::u16string name;
-        ThemeColour theme;
-        Colour bar, hot, separator;
-    };
-    const Case cases[] = {
-        {std::u16string(u"NormalColor\0rest", 16), ThemeColour::NormalColor, Rgb(209, 227, 251),
-         Rgb(253, 254, 211), Rgb(106, 140, 203)},
-        {u"Metallic", ThemeColour::Metallic, Rgb(249, 249, 255), Rgb(255, 239, 192), Rgb(110, 109, 143)},
-        {u"Homestead", ThemeColour::Homestead, Rgb(238, 242, 220), Rgb(250, 248, 206), Rgb(130, 146, 92)},
-        {u"Breeze", ThemeColour::None, Rgb(251, 251, 250), Rgb(181, 189, 210), Rgb(165, 165, 165)}};
-    for (const Case& one : cases) {
-        theme.name = one.name;
-        const mCommandBarColours table(system, theme);
-        EXPECT_EQ(table.ThemeColour(), one.theme);
-        EXPECT_EQ(table.Of(Slot::BarFillStart), one.bar);
-        EXPECT_EQ(table.Of(Slot::MenuHotFillStart), one.hot);
-        EXPECT_EQ(table.Of(Slot::DisabledText), one.separator);
-        const mCommandBarColours unthemed(system, theme, {.Themes = false});
-        EXPECT_EQ(unthemed.ThemeColour(), ThemeColour::None);
-    }
-}
-
 TEST_F(CommandBarColours, DarkHasNoSystemColours) {
     system.colours.clear();
     colours.SetStyle(BarStyle::Dark);

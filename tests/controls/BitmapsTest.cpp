@@ -19,33 +19,6 @@ Pixel First(const DibSection& bitmap) {
     return PixelOf(bitmap.View(), 0, 0);
 }
 
-TEST(Bitmap, IsEmptyAfterAFailureAndKeepsItsSizeWhenCleared) {
-    cAlphaDIBSection bitmap;
-    EXPECT_TRUE(bitmap.Create(3, 2));
-    EXPECT_EQ(bitmap.BytesPerScanLine(), 12);
-    bitmap.ClearUp();
-    EXPECT_EQ(bitmap.Width(), 3);
-    EXPECT_EQ(bitmap.View().bits, nullptr);
-    EXPECT_FALSE(bitmap.Picture());
-    for (const Size size : {Size{0, 4}, Size{4, 0}, Size{-1, -1}, Size{kMost, 1}, Size{kMost, kMost}}) {
-        EXPECT_TRUE(bitmap.Create(1, 1));
-        EXPECT_FALSE(bitmap.Create(size.width, size.height));
-        EXPECT_TRUE(bitmap.IsEmpty());
-    }
-    EXPECT_FALSE(bitmap.CreateFromHBitmap({}));
-}
-
-TEST(Bitmap, HandsItsPixelsOverOrCopiesThem) {
-    auto bitmap = BitmapOf<cAlphaDIBSection>(1, {{1, 2, 3, 4}, {5, 6, 7, 8}});
-    cAlphaDIBSection copy;
-    EXPECT_TRUE(copy.CreateFromPicture(bitmap.Picture().value()));
-    const BitmapPicture taken = bitmap.ExtractDib();
-    EXPECT_EQ(taken.bits, (std::vector<std::uint8_t>{5, 6, 7, 8, 1, 2, 3, 4})) << "lines run bottom up";
-    EXPECT_TRUE(bitmap.IsEmpty());
-    EXPECT_EQ(bitmap.Width(), 0);
-    EXPECT_EQ(PixelOf(copy.View(), 0, 1), (Pixel{5, 6, 7, 8}));
-}
-
 TEST(Bitmap, CopiesTheBlockThatLiesInBoth) {
     const auto source = BitmapOf<pcDibSection>(2, {{1, 1, 1, 1}, {2, 2, 2, 2}, {3, 3, 3, 3}, {4, 4, 4, 4}});
     struct Case {
@@ -64,18 +37,6 @@ TEST(Bitmap, CopiesTheBlockThatLiesInBoth) {
         for (int i = 0; i < 9; ++i)
             EXPECT_EQ(PixelOf(target.View(), i % 3, i / 3)[0], c.expected[static_cast<std::size_t>(i)])
                 << i << " at " << c.x;
-    }
-}
-
-TEST(Bitmap, LoadsByRasterOperations) {
-    const auto source = BitmapOf<pcDibSection>(2, {{9, 9, 9, 9}, {0b0011, 0, 255, 7}});
-    for (const auto& [operation, expected] : {std::pair{RasterOperation::Copy, Pixel{0b0011, 0, 255, 7}},
-                                              {RasterOperation::And, Pixel{0b0001, 0, 1, 7}},
-                                              {RasterOperation::Or, Pixel{0b0111, 9, 255, 255}},
-                                              {RasterOperation::Xor, Pixel{0b0110, 9, 254, 248}}}) {
-        auto bitmap = BitmapOf<pcDibSection>(1, {{0b0101, 9, 1, 255}});
-        bitmap.LoadPictureBlt(source.View(), 1, 0, -1, -1, operation);
-        EXPECT_EQ(First(bitmap), expected);
     }
 }
 
@@ -106,21 +67,6 @@ TEST(Bitmap, SavesAFileOfKnownBytes) {
                                "\5\6\7\10\1\2\3\4",
                                66);
     EXPECT_EQ(Contents(folder / "Фон.bmp"), expected);
-}
-
-TEST(Bitmap, TellsAFileItCannotCreateFromOneItCannotFill) {
-    const auto bitmap = BitmapOf<pcDibSection>(1, {{1, 2, 3, 4}});
-    try {
-        bitmap.SavePicture(u"/nowhere/at/all.bmp");
-        ADD_FAILURE() << "no error";
-    } catch (const Error& error) {
-        EXPECT_EQ(error.Number(), 17);
-        EXPECT_EQ(error.Source(), u"quillshift.cDIBSection");
-        EXPECT_FALSE(error.Description().empty());
-    }
-    EXPECT_FALSE(bitmap.SavePicture(u"/dev/full"));
-    const TemporaryFolder folder;
-    EXPECT_FALSE(pcDibSection().SavePicture(FromUtf8((folder / "empty.bmp").string())));
 }
 
 TEST(Bitmap, ResamplesBetweenItsPixelsFromTheBottomUp) {
@@ -191,29 +137,6 @@ TEST(ProgressBitmap, ScalesItsColoursAndStopsAtWhite) {
     EXPECT_EQ(changed([](auto& bitmap) { bitmap.Lighten(500); }), (Pixel{255, 255, 255, 5}));
     EXPECT_EQ(changed([](auto& bitmap) { bitmap.ModifyHLS(-99, -99, -99); })[3], 5) << "out of all ranges";
     EXPECT_EQ(changed([](auto& bitmap) { bitmap.Clear(); }), (Pixel{0, 0, 0, 0}));
-}
-
-TEST(ProgressBitmap, BlendsByHand) {
-    const auto source = BitmapOf<pcDibSection>(2, {{200, 0, 255, 1}, {0, 0, 0, 1}});
-    auto target = BitmapOf<pcDibSection>(3, {{9, 9, 9, 9}, {100, 5, 0, 9}, {100, 100, 100, 9}});
-    pcDibSection::CodeAlphaBlend(target, source, 1, 0, -1, -1, 51); // a fifth
-    EXPECT_EQ(PixelOf(target.View(), 0, 0), (Pixel{9, 9, 9, 9}));
-    EXPECT_EQ(PixelOf(target.View(), 1, 0), (Pixel{120, 4, 51, 9}));
-    EXPECT_EQ(PixelOf(target.View(), 2, 0), (Pixel{80, 80, 80, 9}));
-}
-
-TEST(OffScreenBitmap, GrowsOnlyWhenItIsTooSmall) {
-    pcMemDC memory;
-    memory.hdc(4, 4).RandomiseBits(false);
-    const Pixel before = PixelOf(memory.hdc(2, 4).View(), 1, 1);
-    EXPECT_EQ(memory.hdc(4, 3).Width(), 4);
-    DibSection copy;
-    copy.Create(3, 3);
-    memory.Draw(copy, 0, 0, 0, 0, 1, 1);
-    EXPECT_EQ(PixelOf(copy.View(), 2, 2), before);
-    EXPECT_EQ(First(copy), (Pixel{0, 0, 0, 0}));
-    EXPECT_EQ(memory.hdc(2, 5).Height(), 5);
-    EXPECT_EQ(memory.hdc(2, 5).Width(), 2);
 }
 
 } // namespace

@@ -13,7 +13,6 @@ namespace quillshift {
 namespace {
 
 using testing::ElementsAre;
-using testing::StartsWith;
 
 constexpr WindowId kWindow = 31;
 constexpr int kMessage = 43;
@@ -166,39 +165,6 @@ TEST_F(MSubclassTest, LetsGoOfAWindowThatIsDestroyed) {
     EXPECT_TRUE(windows.PropertiesOf(kOther).empty());
 }
 
-TEST_F(MSubclassTest, DispatchesAMessageThatAClientSends) {
-    hooks.AttachMessage(first, kWindow, kMessage);
-    hooks.AttachMessage(second, kWindow, kMessage);
-    hooks.AttachMessage(first, kWindow, 5);
-    second.react = [&] { windows.Send(kWindow, 5); };
-    first.response = MessageResponse::Consume;
-    EXPECT_THAT(Sent(kMessage), ElementsAre("second", "first", "first"));
-    second.react = [&] { hooks.DetachMessage(first, kWindow, kMessage); };
-    EXPECT_THAT(Sent(kMessage), ElementsAre("second", "second", "old"))
-        << "the next one is asked in its place";
-    second.react = {};
-    hooks.AttachMessage(first, kWindow, kMessage);
-    first.react = [&] {
-        hooks.DetachMessage(first, kWindow, kMessage);
-        hooks.DetachMessage(second, kWindow, kMessage);
-    };
-    EXPECT_THAT(Sent(kMessage), ElementsAre("first", "old")) << "nobody is left to consume it";
-    EXPECT_EQ(hooks.CallOldWindowProc(kWindow, kMessage, 0, 0), FakeWindowMessages::kOldAnswer);
-}
-
-TEST_F(MSubclassTest, TracesEachChangeInHexadecimal) {
-    hooks.AttachMessage(first, kWindow, kMessage);
-    EXPECT_THAT(trace, ElementsAre("Changed message count for 1F Message 2B to 1",
-                                   StartsWith("Changed message class for 1F Message 2B Index 1 to "),
-                                   StartsWith("Changed Window Proc for 1F to "),
-                                   "Changed message count for 1F to 1"));
-    trace.clear();
-    hooks.DetachMessage(first, kWindow, kMessage);
-    EXPECT_THAT(trace, ElementsAre("Changed message class for 1F Message 2B Index 1 to 0",
-                                   "Changed message count for 1F Message 2B to 0",
-                                   "Changed Window Proc for 1F to 0", "Changed message count for 1F to 0"));
-}
-
 // Timers that can be refused, and that count their starts.
 class CountingTimers final : public Timers {
 public:
@@ -258,19 +224,6 @@ TEST_F(CTimerTest, RaisesItsEventUntilItIsSwitchedOff) {
     EXPECT_TRUE(timers.running.empty());
 }
 
-TEST_F(CTimerTest, MayEndInsideItsEvent) {
-    auto timer = std::make_unique<CTimer>(table);
-    int ticks = 0;
-    timer->ThatTime = [&timer, &ticks] {
-        timer.reset();
-        ++ticks;
-    };
-    timer->SetInterval(1);
-    timers.Tick();
-    timers.Tick();
-    EXPECT_EQ(ticks, 1);
-}
-
 TEST_F(CTimerTest, TheTableHoldsAHundred) {
     std::deque<CTimer> running;
     for (std::size_t i = 0; i < MTimer::kSlots; ++i)
@@ -288,17 +241,6 @@ TEST_F(CTimerTest, TheTableHoldsAHundred) {
     late.SetInterval(10);
     timers.Tick();
     EXPECT_EQ(ticks, 1);
-}
-
-TEST_F(CTimerTest, StaysOffWhenTheSystemGivesNone) {
-    timers.refuses = true;
-    CTimer timer(table);
-    const Error error = FailureOf([&] { timer.SetInterval(10); });
-    EXPECT_EQ(error.Number(), Based(13652));
-    EXPECT_EQ(error.Description(), u"Can't create system timer");
-    timers.refuses = false;
-    timer.SetInterval(10);
-    EXPECT_EQ(timers.running.size(), 1U);
 }
 
 TEST(clsLibraryTest, HoldsOneLibraryOrTellsWhyNot) {

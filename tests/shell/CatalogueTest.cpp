@@ -10,8 +10,6 @@
 namespace quillshift {
 namespace {
 
-using testing::ElementsAre;
-
 struct TestCatalogue : TestBars {
     FakePanel cmbDecode;
 
@@ -71,32 +69,6 @@ TEST(Catalogue, BecomesBarsByItsKeys) {
     // The toolkit's three, the roots, the nine menus and the nine menus below those.
     EXPECT_EQ(test.bars.count(), 3 + 3 + 9 + 9);
     EXPECT_EQ(test.bars.Item("MENU:DECODE:KOI").Title(), u"MENU:DECODE:KOI");
-}
-
-TEST(Catalogue, GivesItsButtonsWhatTheyShow) {
-    TestCatalogue test;
-    EXPECT_TRUE(test.buttons.Item("MENU:HELP").ShowCaptionInToolbar());
-    EXPECT_TRUE(test.buttons.Item("TOOLBAR2:STOP").ShowCaptionInToolbar());
-    EXPECT_FALSE(test.buttons.Item("TOOLBAR2:UNDO").ShowCaptionInToolbar());
-    EXPECT_FALSE(test.buttons.Item("MENU:FILE:NEW").ShowCaptionInToolbar());
-    const cButton directions = test.buttons.Item("TOOLBAR2:DECODE");
-    EXPECT_EQ(directions.PanelWidth(), 168);
-    EXPECT_EQ(directions.PanelControl(), &test.cmbDecode);
-    EXPECT_TRUE(test.cmbDecode.visible);
-    EXPECT_EQ(test.model.FindButton("MENU:FILE:SAVEAS")->ShortcutText(), u"Ctrl+Shift+S");
-    EXPECT_EQ(test.model.FindButton("MENU:EDIT:REDO")->ShortcutText(), u"F4");
-    EXPECT_EQ(test.model.FindButton("MENU:FILE:EXIT")->ShortcutText(), u"");
-
-    test.Show("MENU");
-    const auto match = test.model.FindShortcut(100, FunctionKey(9), modifier::kCtrl);
-    ASSERT_TRUE(match);
-    EXPECT_EQ(match->button->Key, "MENU:DECODE:UNDO");
-}
-
-TEST(AKey, SplitsAtItsColons) {
-    EXPECT_THAT(SplitKey("MENU:FILE:OPEN"), ElementsAre("MENU", "FILE", "OPEN"));
-    EXPECT_THAT(SplitKey("MENU"), ElementsAre("MENU"));
-    EXPECT_THAT(SplitKey("MENU:"), ElementsAre("MENU", ""));
 }
 
 } // namespace

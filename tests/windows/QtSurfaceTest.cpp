@@ -72,39 +72,6 @@ TEST(QtSurface, FillsAndFramesWholePixelsInEveryDensity) {
     }
 }
 
-TEST(QtSurface, DrawsLinesWithBothEnds) {
-    struct Case {
-        Point from, to;
-        QRect inked;
-        int pixels;
-    };
-    for (const Case& c : {Case{{2, 3}, {8, 3}, {2, 3, 7, 1}, 7}, Case{{4, 9}, {4, 2}, {4, 2, 1, 8}, 8},
-                          Case{{5, 5}, {5, 5}, {5, 5, 1, 1}, 1}, Case{{1, 1}, {6, 6}, {1, 1, 6, 6}, 6},
-                          Case{{6, 1}, {1, 6}, {1, 1, 6, 6}, 6}}) {
-        for (const int density : {1, 2}) {
-            Sheet sheet(density);
-            sheet.Painted([&](Surface& surface) { surface.DrawLine(c.from, c.to, kRed); });
-            EXPECT_EQ(sheet.Inked(), QRect(c.inked.topLeft() * density, c.inked.size() * density));
-            EXPECT_EQ(sheet.Count(ToRgb(kRed)), c.pixels * density * density);
-        }
-    }
-}
-
-TEST(QtSurface, RunsAGradientFromStartToEnd) {
-    for (const bool horizontal : {true, false}) {
-        Sheet sheet;
-        sheet.Painted([&](Surface& surface) {
-            surface.FillGradient(RectAt(0, 0, 40, 40), Rgb(0, 200, 0), Rgb(200, 0, 0), horizontal);
-        });
-        for (const int at : {0, 10, 20, 39}) {
-            const QRgb along = horizontal ? sheet.At(at, 20) : sheet.At(20, at);
-            EXPECT_NEAR(qRed(along), 200 * (at + 0.5) / 40, 2) << at;
-            EXPECT_NEAR(qGreen(along), 200 - 200 * (at + 0.5) / 40, 2) << at;
-            EXPECT_EQ(along, horizontal ? sheet.At(at, 3) : sheet.At(3, at));
-        }
-    }
-}
-
 TEST(QtSurface, TouchesNothingOutsideTheClip) {
     for (const double density : {1.0, 1.5}) {
         Sheet sheet(density);
@@ -157,39 +124,10 @@ TEST(QtSurface, CompositesTheRightWayUp) {
     }
 }
 
-TEST(QtSurface, CompositesWithAConstantAlphaOnTop) {
-    Sheet sheet;
-    sheet.Painted([](Surface& surface) {
-        surface.Composite(RectAt(0, 0, 1, 1), kSquareView, RectAt(1, 0, 1, 1), 96);
-        surface.Composite(RectAt(1, 0, 1, 1), kSquareView, RectAt(1, 1, 1, 1), 96);
-        surface.Composite(RectAt(2, 0, 1, 1), kSquareView, RectAt(1, 0, 1, 1));
-    });
-    EXPECT_NEAR(qGreen(sheet.At(0, 0)), 255 - 96, 2);
-    EXPECT_NEAR(qRed(sheet.At(0, 0)), 255, 2);
-    EXPECT_NEAR(qRed(sheet.At(1, 0)), 255 - 96 * 128 / 255.0, 2);
-    EXPECT_EQ(sheet.At(2, 0), qRgb(255, 0, 0)) << "back to none";
-}
-
 Sheet WithText(std::u16string_view text, const Rect& area, const TextLayout& layout = {}) {
     Sheet sheet;
     sheet.Painted([&](Surface& surface) { surface.DrawText(area, text, kFont, Rgb(0, 0, 0), layout); });
     return sheet;
-}
-
-TEST(QtSurface, AlignsTextAndCutsItAtItsArea) {
-    const Rect area = RectAt(5, 5, 50, 30);
-    using Align = TextLayout::Align;
-    const QRect left = WithText(u"ll", area, {.align = Align::Left}).Inked();
-    const QRect centre = WithText(u"ll", area, {.align = Align::Centre}).Inked();
-    const QRect right = WithText(u"ll", area, {.align = Align::Right}).Inked();
-    EXPECT_NEAR(left.left(), 5, 2);
-    EXPECT_NEAR(centre.center().x(), 30, 2);
-    EXPECT_NEAR(right.right(), 54, 2);
-    EXPECT_NEAR(left.center().y(), 20, 3);
-
-    const QRect cut = WithText(u"MMMMMMMMMMMMMMMM", RectAt(10, 16, 20, 6)).Inked();
-    EXPECT_TRUE(QRect(10, 16, 20, 6).contains(cut)) << "no further than the area";
-    EXPECT_GE(cut.right(), 27) << "and no dots in place of its end";
 }
 
 TEST(QtSurface, TurnsTextDownwards) {
@@ -210,30 +148,6 @@ TEST(QtSurface, TurnsTextDownwards) {
     };
     EXPECT_GT(inkOfColumn(lying.left()) + inkOfColumn(lying.left() + 1),
               inkOfColumn(lying.right()) + inkOfColumn(lying.right() - 1));
-}
-
-TEST(QtSurface, ShowsMnemonicsByUnderlines) {
-    const Rect area = RectAt(2, 2, 56, 36);
-    const Sheet plain = WithText(u"nnn", area);
-    const QRect marked = WithText(u"n&nn", area).Inked();
-    EXPECT_EQ(marked.width(), plain.Inked().width()) << "the sign takes no room";
-    EXPECT_GT(marked.bottom(), plain.Inked().bottom()) << "the line below";
-    EXPECT_EQ(WithText(u"nnn&", area).Image(), plain.Image());
-    EXPECT_EQ(WithText(u"n&&n", area).Image(), WithText(u"n&n", area, {.mnemonics = false}).Image());
-}
-
-TEST(QtTextMeasurer, MeasuresWhatIsShown) {
-    const QtTextMeasurer texts;
-    const auto width = [&](std::u16string_view text, bool mnemonics = true) {
-        return texts.TextExtent(text, kFont, mnemonics).width;
-    };
-    EXPECT_EQ(width(u"&Файл"), width(u"Файл"));
-    EXPECT_GT(width(u"&Файл", false), width(u"Файл"));
-    const int height = texts.TextExtent(u"Xy", kFont).height;
-    EXPECT_GT(texts.TextExtent(u"Xy", {.name = u"Tahoma", .points = 16}).height, height * 3 / 2);
-    // 8 points at the screen's 96 dots to the inch.
-    EXPECT_EQ(texts.FontOf(kFont).pixelSize(), 11);
-    EXPECT_EQ(&texts.FontOf(kFont), &texts.FontOf(kFont)) << "made once";
 }
 
 TEST(QtMemorySurface, CopiesTheControlOutOnceInTheDensityOfTheTarget) {

@@ -50,40 +50,6 @@ struct QtWindowMessagesTest : testing::Test {
     FakeSubclass other{"other", log};
 };
 
-TEST_F(QtWindowMessagesTest, AClientPaintsBeforeAfterOrInPlaceOfTheWidget) {
-    EXPECT_EQ(messages.Add(*widget), window);
-    EXPECT_EQ(messages.Widget(window), widget.get());
-    hooks.AttachMessage(other, window, message::kEraseBackground);
-    hooks.AttachMessage(client, window, message::kPaint);
-    client.react = [&] { QPainter(widget.get()).fillRect(0, 0, 1, 1, Qt::red); };
-    const auto corner = [&] { return widget->grab().toImage().pixelColor(0, 0); };
-    client.response = MessageResponse::After;
-    EXPECT_EQ(corner(), QColor(Qt::white));
-    EXPECT_THAT(Log(), ElementsAre("other", "client", "painted"));
-    client.response = MessageResponse::Before;
-    EXPECT_EQ(corner(), QColor(Qt::red));
-    EXPECT_THAT(Log(), ElementsAre("other", "painted", "client"));
-    client.response = MessageResponse::Consume;
-    EXPECT_EQ(corner(), QColor(Qt::red));
-    EXPECT_THAT(Log(), ElementsAre("other", "client"));
-    hooks.DetachMessage(client, window, message::kPaint);
-    hooks.DetachMessage(other, window, message::kEraseBackground);
-    EXPECT_EQ(corner(), QColor(Qt::white));
-}
-
-TEST_F(QtWindowMessagesTest, TellsTheSizeAndKeepsItFromTheWidgetIfAskedTo) {
-    hooks.AttachMessage(client, window, message::kSize);
-    client.response = MessageResponse::Consume;
-    widget->resize(300, 200);
-    EXPECT_EQ(client.lParam, (200 << 16) | 300);
-    client.response = MessageResponse::After;
-    QResizeEvent event(QSize(10, 20), QSize());
-    log.clear();
-    QCoreApplication::sendEvent(widget.get(), &event);
-    EXPECT_THAT(log, ElementsAre("client", "resized"));
-    hooks.DetachMessage(client, window, message::kSize);
-}
-
 TEST_F(QtWindowMessagesTest, SaysGoodbyeToAClientThatThenDetaches) {
     hooks.AttachMessage(client, window, message::kDestroy);
     hooks.AttachMessage(client, window, message::kSize);

@@ -60,16 +60,6 @@ TEST(IconFile, ReadsEveryDepthWithItsMask) {
     }
 }
 
-TEST(IconFile, ScalesByAreaAndLeavesTheColourOfTransparentPixelsOut) {
-    const auto icon = BitmapOf<cAlphaDIBSection>(
-        2, {{10, 20, 30, 255}, {250, 250, 250, 0}, {10, 20, 30, 255}, {250, 250, 250, 0}});
-    EXPECT_EQ(PixelOf(ScaledIcon(icon, {1, 1}).View(), 0, 0), (Pixel{10, 20, 30, 128}));
-    const cAlphaDIBSection doubled = ScaledIcon(icon, {4, 4});
-    EXPECT_EQ(PixelOf(doubled.View(), 1, 3), (Pixel{10, 20, 30, 255}));
-    EXPECT_EQ(PixelOf(doubled.View(), 2, 0), (Pixel{0, 0, 0, 0}));
-    EXPECT_EQ(PixelOf(ScaledIcon(icon, {3, 2}).View(), 1, 1), (Pixel{10, 20, 30, 128})) << "half of each";
-}
-
 TEST(IconFile, PassesOverWhatItCannotRead) {
     const std::string good = SolidImage(16, kRed);
     const std::string compressed = "\x89PNG\r\n\x1A\n" + std::string(60, 'x');
@@ -97,17 +87,6 @@ TEST(IconFile, SurvivesEveryCutAndEveryDamagedByte) {
             const auto icon = ReadIcon(damaged, {2, 2});
             EXPECT_TRUE(!icon || icon->Width() == 2) << at;
         }
-}
-
-TEST(BitmapFile, IsReadOpaqueFromWhereItSaysItsPixelsAre) {
-    const std::string picture = BitmapHeader(1, 2, 32) + "????" + std::string("\1\2\3\0\4\5\6\0", 8);
-    const auto file = [&](unsigned pixelsAt) {
-        return "BM" + Little(66, 4) + Little(0, 4) + Little(pixelsAt, 4) + picture;
-    };
-    EXPECT_EQ(Corner(ReadBitmap(file(58))), (Pixel{4, 5, 6, 255}));
-    for (const unsigned pixelsAt : {0U, 59U, 0xFFFFFFFFU})
-        EXPECT_FALSE(ReadBitmap(file(pixelsAt))) << pixelsAt;
-    EXPECT_FALSE(ReadBitmap("BX" + file(58).substr(2)));
 }
 
 } // namespace

@@ -59,23 +59,6 @@ TEST_F(IconLists, KeepNumbersRightWhenAFileIsMissing) {
     EXPECT_EQ(surface.Take().pixels, (std::vector<Pixel>{{3, 52, 129, 255}})) << "half in another colour";
 }
 
-TEST_F(IconLists, RefuseImagesThatAreNotThere) {
-    Add({1, 1, 1, 255});
-    for (const ImageReference& reference : {ImageReference(0), ImageReference(2), ImageReference(-1),
-                                            ImageReference("no such"), ImageReference("")}) {
-        try {
-            list.ItemIndex(reference);
-            ADD_FAILURE() << reference.index();
-        } catch (const Error& error) {
-            EXPECT_EQ(error.Number(), 9);
-            EXPECT_EQ(error.Source(), u"quillshift.qsImageList");
-        }
-    }
-    clsImageList uncreated(files);
-    uncreated.AddFromFile(u"icon");
-    EXPECT_EQ(uncreated.ImageCount(), 0);
-}
-
 TEST_F(IconLists, LoadTheSharperImageForADenserDisplay) {
     files.files[u"icon"] = IconFile({SolidImage(16, {1, 1, 1, 255}), SolidImage(32, {2, 2, 2, 255})});
     for (const int density : {1, 2}) {
@@ -93,15 +76,6 @@ TEST_F(IconLists, LoadTheSharperImageForADenserDisplay) {
             EXPECT_EQ(call.pixels.front(), (Pixel{density, density, density, 255}));
         }
     }
-}
-
-TEST_F(IconLists, CutABitmapIntoIcons) {
-    files.files[u"strip"] =
-        "BM" + std::string(8, '\0') + Little(54, 4) + BitmapHeader(3, 1, 32) + "1111222x3333";
-    list.AddFromFile(u"strip", clsImageList::ImageType::Bitmap);
-    ASSERT_EQ(list.ImageCount(), 3);
-    list.DrawImage(2, surface, {0, 0});
-    EXPECT_EQ(surface.Take().pixels, (std::vector<Pixel>{{'2', '2', '2', 255}}));
 }
 
 TEST_F(IconLists, DeriveLooksByTheRules) {
@@ -181,53 +155,6 @@ TEST_F(IconLists, FollowANewColourInPlace) {
     EXPECT_EQ(Drawn(0, IconMode::Disabled), (Pixel{3, 2, 1, 255}));
     EXPECT_EQ(Drawn(1, IconMode::Highlighted), (Pixel{0, 90, 90, 90}));
     EXPECT_EQ(bar.count(), 2);
-}
-
-TEST_F(IconLists, PaintNothingForAnIconThatIsNotThere) {
-    EXPECT_EQ(Drawn(0, IconMode::Source), kNothing) << "no source yet";
-    Add({9, 9, 9, 255});
-    bar.InitialiseFromVariant(list.hIml());
-    for (const int index : {-1, 1}) {
-        EXPECT_EQ(Drawn(index, IconMode::Source), kNothing);
-        EXPECT_EQ(Drawn(index, IconMode::Plain), kNothing);
-    }
-    list.Destroy();
-    EXPECT_EQ(Drawn(0, IconMode::Source), kNothing);
-    EXPECT_EQ(Drawn(0, IconMode::Plain), kNothing);
-}
-
-TEST_F(IconLists, ShareASourceButNotTheirLooks) {
-    Add({0, 0, 0, 255});
-    bar.InitialiseFromVariant(list.hIml());
-    Drawn(0, IconMode::Disabled);
-    cCommandBarImageList popup;
-    popup.InitialiseFromInstance(bar);
-    EXPECT_EQ(popup.count(), 0);
-    popup.Draw(surface, 0, IconMode::Disabled, 0, 0, 100, 100);
-    const auto call = surface.Take();
-    EXPECT_EQ(call.target, RectAt(0, 0, 1, 1)) << "cut down to the icon";
-    EXPECT_EQ(call.pixels, (std::vector<Pixel>{{0, 0, 0, 255}})) << "the popup's own colour";
-}
-
-TEST_F(IconLists, TakeWhatAControlPaintsAndNothingFromOneThatFails) {
-    class Painter final : public ImageControl {
-    public:
-        int ImageWidth() const override { return 2; }
-        int ImageHeight() const override { return 1; }
-        void DrawListImage(int index, DibSection& target) const override {
-            if (index != 0)
-                throw Error(35601, u"", u"");
-            std::fill_n(target.DIBSectionBitsPtr(), 3, std::uint8_t{255}); // the left pixel white
-        }
-    };
-    const Painter control;
-    bar.InitialiseFromVariant(control);
-    bar.Draw(surface, 0, IconMode::Disabled, 0, 0);
-    EXPECT_EQ(surface.Take().pixels, (std::vector<Pixel>{{50, 100, 200, 255}, kNothing}));
-    bar.Draw(surface, 0, IconMode::Source, 0, 0);
-    EXPECT_EQ(surface.Take().pixels, (std::vector<Pixel>{{255, 255, 255, 255}, kNothing}));
-    bar.Draw(surface, 1, IconMode::Disabled, 0, 0);
-    EXPECT_EQ(surface.Take().pixels, (std::vector<Pixel>{kNothing, kNothing}));
 }
 
 } // namespace
