@@ -1,3 +1,4 @@
+#include "BenchSupport.h"
 #include "base/Windows1251.h"
 #include "document/rtf/RtfReader.h"
 #include "platform/qt/QtText.h"
@@ -6,8 +7,6 @@
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
-
-#include <fstream>
 
 namespace quillshift {
 namespace {
@@ -20,14 +19,6 @@ std::string Letter(std::int64_t bytes) {
     while (text.size() < static_cast<std::size_t>(bytes))
         text += line;
     return text;
-}
-
-double ResidentMegabytes() {
-    std::ifstream statistics("/proc/self/statm");
-    long total = 0;
-    long resident = 0;
-    statistics >> total >> resident;
-    return static_cast<double>(resident) * 4096 / (1 << 20);
 }
 
 // From the file's bytes to the first paint; the argument is the size in bytes. "MB" is what the process grew

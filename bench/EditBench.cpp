@@ -1,3 +1,4 @@
+#include "BenchSupport.h"
 #include "document/UndoHistory.h"
 #include "platform/qt/QtTextSurface.h"
 
@@ -6,7 +7,6 @@
 #include <QApplication>
 
 #include <chrono>
-#include <fstream>
 
 namespace quillshift {
 namespace {
@@ -16,14 +16,6 @@ std::u16string Lines(std::int64_t characters) {
     while (static_cast<std::int64_t>(text.size()) < characters)
         text += u"Я помню чудное мгновенье: передо мной явилась ты\r\n";
     return text;
-}
-
-double ResidentMegabytes() {
-    std::ifstream statistics("/proc/self/statm");
-    long total = 0;
-    long resident = 0;
-    statistics >> total >> resident;
-    return static_cast<double>(resident) * 4096 / (1 << 20);
 }
 
 // A character typed in the middle, from the call to the paint, with the state recorded for undo. The argument

@@ -1,6 +1,7 @@
 // Times the whole program from outside, on a virtual display: from its start to its first paint, beside an
 // empty Qt window's, and what memory it holds with documents of several sizes.
 
+#include "BenchSupport.h"
 #include "e2e/Editor.h"
 
 #include <algorithm>
@@ -14,14 +15,6 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 constexpr int kRuns = 11;
-
-double ResidentMegabytes(pid_t pid) {
-    std::ifstream statistics("/proc/" + std::to_string(pid) + "/statm");
-    long total = 0;
-    long resident = 0;
-    statistics >> total >> resident;
-    return static_cast<double>(resident) * 4096 / (1 << 20);
-}
 
 // The screen is black where no window has been painted.
 bool IsPainted(const Desktop& desktop) {
@@ -75,10 +68,10 @@ void MeasureMemory(Desktop& desktop, std::size_t megabytes) {
         letter << line;
     letter.close();
     editor.Start();
-    const double before = ResidentMegabytes(editor.Pid());
+    const double before = ResidentMegabytes(std::to_string(editor.Pid()));
     editor.Open(file);
     std::printf("memory with %2zu MB of text:  %6.1f MB (%.1f MB without a document)\n", megabytes,
-                ResidentMegabytes(editor.Pid()), before);
+                ResidentMegabytes(std::to_string(editor.Pid())), before);
 }
 
 } // namespace
