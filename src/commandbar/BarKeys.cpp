@@ -2,20 +2,10 @@
 
 #include "commandbar/Walking.h"
 #include "commandbar/qsCommandBar.h"
+#include "platform/Keys.h"
 
 namespace quillshift {
 namespace {
-
-namespace key {
-constexpr int kEnter = 13;
-constexpr int kEscape = 27;
-constexpr int kEnd = 35;
-constexpr int kHome = 36;
-constexpr int kLeft = 37;
-constexpr int kUp = 38;
-constexpr int kRight = 39;
-constexpr int kDown = 40;
-} // namespace key
 
 // On an upright bar the keys along it are Up and Down.
 int AlongTheBar(int virtualKey, Orientation orientation) {

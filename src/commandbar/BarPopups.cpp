@@ -3,13 +3,12 @@
 #include "commandbar/PopupPlacing.h"
 #include "commandbar/cMenuDropShadow.h"
 #include "commandbar/qsCommandBar.h"
+#include "platform/Keys.h"
 
 #include <algorithm>
 
 namespace quillshift {
 namespace {
-
-constexpr int kDownKey = 40;
 
 Rect WholeScreen(std::span<const MonitorInfo> monitors) {
     Rect whole;
@@ -52,7 +51,7 @@ void qsCommandBar::Open(const cCommandBarInt& bar, ItemIndex item, Point at, boo
     }
     popup->ShowAt(popup->place_);
     if (selectFirst)
-        popup->OnMenuKey(kDownKey);
+        popup->OnMenuKey(key::kDown);
     bars_.Tracking().PopupOpened(popup->Window(), Window(), !item.has_value());
 }
 

@@ -1,15 +1,15 @@
 #pragma once
 
+#include "platform/Keys.h"
+
 #include <cstdint>
 #include <string>
 
 namespace quillshift {
 
-// Keys by their virtual key codes; a letter's or a digit's code is that of the character, in upper case.
-
 /// The code of the function key F1 to F24.
 constexpr std::int16_t FunctionKey(int number) {
-    return static_cast<std::int16_t>(0x6F + number);
+    return static_cast<std::int16_t>(key::kF1 + number - 1);
 }
 
 /// The name that a shortcut shows for a key, such as "Del"; empty for a key without one.

@@ -4,6 +4,7 @@
 #include "base/KeyedCollection.h"
 #include "commandbar/BarTypes.h"
 #include "commandbar/cMeasureButtonParams.h"
+#include "platform/Keys.h"
 #include "platform/WindowId.h"
 
 #include <cstdint>
@@ -28,13 +29,6 @@ enum class ButtonStyle {
 
 /// State of a row in the add-or-remove list.
 enum class CustomiseState { NotTicked = 0, Ticked = 1, PlainCommand = 2 };
-
-/// Bits of a shortcut's modifiers.
-namespace modifier {
-inline constexpr int kShift = 1;
-inline constexpr int kCtrl = 2;
-inline constexpr int kAlt = 4;
-} // namespace modifier
 
 /// The record of a button, which exists once however many bars it stands on. Read by layout and painting;
 /// changed only through its handle, which announces each change.

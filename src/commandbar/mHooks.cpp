@@ -1,13 +1,13 @@
 #include "commandbar/mHooks.h"
 
-#include "commandbar/cButtonInt.h"
+#include "platform/Keys.h"
 
 #include <algorithm>
 
 namespace quillshift {
 
 KeyDecision DecideKey(const KeyEvent& event, bool menuMode, bool foreground) {
-    const bool isAlt = event.key == kAltKey;
+    const bool isAlt = event.key == key::kAlt;
     const bool alt = isAlt || (event.modifiers & modifier::kAlt) != 0;
     if (menuMode) {
         if (event.up)
@@ -57,10 +57,10 @@ bool mHooks::EnterMainMenu(const KeyEvent& event) {
     if (menu == controls.end())
         return false;
     state_.ActiveWindow = menu->window;
-    if (event.key == kAltKey)
+    if (event.key == key::kAlt)
         host_.MakeFirstItemHot(menu->window);
     tracking_.SetMenuMode(true, menu->window);
-    if (event.key == kAltKey)
+    if (event.key == key::kAlt)
         return true;
     host_.DeliverKey(menu->window, event.key, event.modifiers);
     // Without a mnemonic the next keys must not go to a menu that shows nothing.

@@ -4,9 +4,6 @@
 
 namespace quillshift {
 
-/// The virtual key code of Alt.
-inline constexpr int kAltKey = 18;
-
 /// A key event on its way to a window of the process.
 struct KeyEvent {
     int key = 0; ///< virtual key code

@@ -29,8 +29,8 @@ struct MenuModeTest : testing::Test {
 
     bool Down(int key, int modifiers = 0) { return hooks.KeyboardFilter({key, false, modifiers}); }
     bool Up(int key, int modifiers = 0) { return hooks.KeyboardFilter({key, true, modifiers}); }
-    bool AltDown() { return Down(kAltKey, modifier::kAlt); }
-    bool AltUp() { return Up(kAltKey); }
+    bool AltDown() { return Down(key::kAlt, modifier::kAlt); }
+    bool AltUp() { return Up(key::kAlt); }
     void ClickOn(WindowId window, bool item = false) {
         host.underPointer = window;
         host.itemUnderPointer = item;
@@ -103,9 +103,9 @@ TEST_F(MenuModeTest, KeysGoWhereTheForegroundWindowLetsThem) {
              {"a letter let go while Alt is held", top, kF, true, modifier::kAlt, true, false, true},
              {"Alt with a shortcut that is a mnemonic too", top, kF, false, modifier::kAlt, true, true, true},
              {"Alt with a letter that is no mnemonic", top, 'G', false, modifier::kAlt, false, true, false},
-             {"Alt let go over a disabled window", 0, kAltKey, true, 0, false, false, false},
+             {"Alt let go over a disabled window", 0, key::kAlt, true, 0, false, false, false},
              {"Alt with a letter over a disabled window", 0, 'G', false, modifier::kAlt, false, true, false},
-             {"Alt let go over a window without a menu", 200, kAltKey, true, 0, false, false, false},
+             {"Alt let go over a window without a menu", 200, key::kAlt, true, 0, false, false, false},
          }) {
         host.foreground = c.foreground;
         host.log.clear();

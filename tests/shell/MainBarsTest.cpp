@@ -1,5 +1,6 @@
 #include "shell/MainBars.h"
 
+#include "platform/Keys.h"
 #include "support/FakeBarControl.h"
 #include "support/FakeBarWindow.h"
 #include "support/FakeDesktop.h"
@@ -17,15 +18,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
-
-namespace key {
-constexpr int kEnter = 13;
-constexpr int kAlt = 18;
-constexpr int kEscape = 27;
-constexpr int kLeft = 37;
-constexpr int kRight = 39;
-constexpr int kDown = 40;
-} // namespace key
 
 constexpr WindowId kTop = 1;
 constexpr WindowId kElsewhere = 99;

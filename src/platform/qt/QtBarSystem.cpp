@@ -1,5 +1,6 @@
 #include "platform/qt/QtBarSystem.h"
 
+#include "platform/Keys.h"
 #include "platform/qt/QtBarWindow.h"
 #include "platform/qt/X11Compositing.h"
 
@@ -19,28 +20,34 @@
 namespace quillshift {
 namespace {
 
-constexpr int kAlt = 18;
-constexpr int kShiftBit = 1;
-constexpr int kCtrlBit = 2;
-constexpr int kAltBit = 4;
-
 // Virtual key codes of the keys that are no letters, digits or function keys.
-constexpr std::pair<int, int> kNamedKeys[] = {
-    {Qt::Key_Backspace, 8}, {Qt::Key_Tab, 9},     {Qt::Key_Return, 13}, {Qt::Key_Enter, 13},
-    {Qt::Key_Alt, kAlt},    {Qt::Key_Escape, 27}, {Qt::Key_Space, 32},  {Qt::Key_PageUp, 33},
-    {Qt::Key_PageDown, 34}, {Qt::Key_End, 35},    {Qt::Key_Home, 36},   {Qt::Key_Left, 37},
-    {Qt::Key_Up, 38},       {Qt::Key_Right, 39},  {Qt::Key_Down, 40},   {Qt::Key_Insert, 45},
-    {Qt::Key_Delete, 46}};
+constexpr std::pair<int, int> kNamedKeys[] = {{Qt::Key_Backspace, key::kBackspace},
+                                              {Qt::Key_Tab, key::kTab},
+                                              {Qt::Key_Return, key::kEnter},
+                                              {Qt::Key_Enter, key::kEnter},
+                                              {Qt::Key_Alt, key::kAlt},
+                                              {Qt::Key_Escape, key::kEscape},
+                                              {Qt::Key_Space, key::kSpace},
+                                              {Qt::Key_PageUp, key::kPageUp},
+                                              {Qt::Key_PageDown, key::kPageDown},
+                                              {Qt::Key_End, key::kEnd},
+                                              {Qt::Key_Home, key::kHome},
+                                              {Qt::Key_Left, key::kLeft},
+                                              {Qt::Key_Up, key::kUp},
+                                              {Qt::Key_Right, key::kRight},
+                                              {Qt::Key_Down, key::kDown},
+                                              {Qt::Key_Insert, key::kInsert},
+                                              {Qt::Key_Delete, key::kDelete}};
 
 // 0 for a key that the bars have no use for, the modifiers but Alt among them.
 int VirtualKeyOf(const QKeyEvent& event) {
-    const int key = event.key();
-    if ((key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9))
-        return key;
-    if (key >= Qt::Key_F1 && key <= Qt::Key_F24)
-        return 0x70 + key - Qt::Key_F1;
+    const int pressed = event.key();
+    if ((pressed >= Qt::Key_A && pressed <= Qt::Key_Z) || (pressed >= Qt::Key_0 && pressed <= Qt::Key_9))
+        return pressed;
+    if (pressed >= Qt::Key_F1 && pressed <= Qt::Key_F24)
+        return key::kF1 + pressed - Qt::Key_F1;
     for (const auto& [named, code] : kNamedKeys)
-        if (named == key)
+        if (named == pressed)
             return code;
     return 0;
 }
@@ -88,18 +95,18 @@ bool QtBarSystem::eventFilter(QObject* watched, QEvent* event) {
 // Alt counts when it goes up without another key in between: it is also half of Alt+TAB, and of Alt+Shift, by
 // which many change between Russian and Latin letters.
 bool QtBarSystem::FilterKey(const QKeyEvent& event) {
-    const int key = VirtualKeyOf(event);
+    const int code = VirtualKeyOf(event);
     const bool up = event.type() == QEvent::KeyRelease;
-    const bool wasAlone = std::exchange(altAlone_, key == kAlt && !up);
-    if (key == 0 || (up && (event.isAutoRepeat() || key != kAlt || !wasAlone)))
+    const bool wasAlone = std::exchange(altAlone_, code == key::kAlt && !up);
+    if (code == 0 || (up && (event.isAutoRepeat() || code != key::kAlt || !wasAlone)))
         return false;
-    if (key == kAlt && !up && event.isAutoRepeat())
+    if (code == key::kAlt && !up && event.isAutoRepeat())
         return false;
     const Qt::KeyboardModifiers held = event.modifiers();
-    const int modifiers = (held.testFlag(Qt::ShiftModifier) ? kShiftBit : 0) |
-                          (held.testFlag(Qt::ControlModifier) ? kCtrlBit : 0) |
-                          (held.testFlag(Qt::AltModifier) ? kAltBit : 0);
-    return keyboardFilter_->FilterKey(key, up, modifiers);
+    const int modifiers = (held.testFlag(Qt::ShiftModifier) ? modifier::kShift : 0) |
+                          (held.testFlag(Qt::ControlModifier) ? modifier::kCtrl : 0) |
+                          (held.testFlag(Qt::AltModifier) ? modifier::kAlt : 0);
+    return keyboardFilter_->FilterKey(code, up, modifiers);
 }
 
 Point QtBarSystem::PointerPosition() const {
