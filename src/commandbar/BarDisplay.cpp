@@ -22,8 +22,7 @@ void qsCommandBar::Layout() {
         MeasureCache& cache = static_cast<const cButtonInt&>(record).Measured;
         if (const Size* known = cache.Find(params))
             return *known;
-        const Size size = MeasureItem(record, IsMenu(params.Mode) ? record.ShortcutText() : std::u16string(),
-                                      params, window_.Texts());
+        const Size size = MeasureItem(record, params, window_.Texts());
         cache.Add(params, size);
         return size;
     };
@@ -118,8 +117,7 @@ BarView qsCommandBar::View() const {
     const bool across =
         place_.direction == PopupDirection::Below || place_.direction == PopupDirection::Above;
     const int origin = across ? place_.rect.left : place_.rect.top;
-    return {.window = Window(),
-            .mode = Mode(),
+    return {.mode = Mode(),
             .orientation = orientation_,
             .textPosition = textPosition_,
             .rightToLeft = window_.RightToLeft(),
@@ -131,8 +129,7 @@ BarView qsCommandBar::View() const {
             .font = font_,
             .icons = Icons(),
             .buttons = records_,
-            .items = items_,
-            .shortcutText = [](const ButtonRecord& record) { return record.ShortcutText(); }};
+            .items = items_};
 }
 
 void qsCommandBar::OnPaint(Surface& surface, const Rect& part) {

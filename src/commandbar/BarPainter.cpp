@@ -24,8 +24,7 @@ void Tile(Surface& surface, const PixelView& picture, const Rect& part) {
 
 cDrawButtonParams DrawParamsOf(const BarView& bar, std::size_t index) {
     const cDisplayButtonInfo& item = bar.items[index];
-    return {.Window = bar.window,
-            .Font = bar.font,
+    return {.Font = bar.font,
             .Left = item.Left,
             .Top = item.Top,
             .Height = item.Bottom - item.Top,
@@ -130,8 +129,7 @@ void BarPainter::PaintContent(Surface& surface, const BarView& bar, std::size_t 
         PaintToolbarItem(surface, colours_, button, item);
         return;
     }
-    PaintMenuRow(surface, colours_, button, bar.shortcutText ? bar.shortcutText(button) : std::u16string(),
-                 item);
+    PaintMenuRow(surface, colours_, button, item);
 }
 
 } // namespace quillshift

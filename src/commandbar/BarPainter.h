@@ -5,9 +5,6 @@
 #include "commandbar/cDrawButtonParams.h"
 #include "commandbar/mCommandBarUtility.h"
 
-#include <functional>
-#include <string>
-
 namespace quillshift {
 
 /// The part of a popup's border that touches the item it was opened from and stays open, along the edge that
@@ -20,7 +17,6 @@ struct PopupGap {
 
 /// A bar to be painted. Lengths in client pixels; nothing is owned.
 struct BarView {
-    WindowId window = 0;
     DisplayMode mode = DisplayMode::Toolbar;
     quillshift::Orientation orientation = quillshift::Orientation::Top;
     TextPosition textPosition = TextPosition::BesideIcon;
@@ -34,8 +30,6 @@ struct BarView {
     BarIcons* icons = nullptr;
     BarButtons buttons;
     std::span<const cDisplayButtonInfo> items; ///< as laid out, one for each button
-    /// The shortcut of a button as text; none if not set. Not asked for a toolbar.
-    std::function<std::u16string(const ButtonRecord&)> shortcutText;
 };
 
 /// What the painting of one item of a bar depends on.

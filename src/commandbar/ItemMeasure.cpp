@@ -13,13 +13,13 @@ int TextWidth(std::u16string_view text, const cMeasureButtonParams& params, cons
     return text.empty() ? 0 : measurer.TextExtent(text, params.Font).width;
 }
 
-Size MeasureRow(const ButtonRecord& button, std::u16string_view shortcutText,
-                const cMeasureButtonParams& params, const TextMeasurer& measurer) {
+Size MeasureRow(const ButtonRecord& button, const cMeasureButtonParams& params,
+                const TextMeasurer& measurer) {
     if (button.Style == ButtonStyle::Separator)
         return {10, 3};
     int width = params.IconHeight + 10;
     if (!button.Caption.empty()) {
-        const std::u16string text = button.Caption + u"  " + std::u16string(shortcutText);
+        const std::u16string text = button.Caption + u"  " + button.ShortcutText();
         width = (button.HasPicture() ? params.IconHeight : 0) + TextWidth(text, params, measurer) +
                 button.MenuGap + 32;
     }
@@ -59,9 +59,9 @@ Size MeasureToolbarItem(const ButtonRecord& button, const cMeasureButtonParams& 
 
 } // namespace
 
-Size MeasureItem(const ButtonRecord& button, std::u16string_view shortcutText,
-                 const cMeasureButtonParams& params, const TextMeasurer& measurer) {
-    return IsMenu(params.Mode) ? MeasureRow(button, shortcutText, params, measurer)
+Size MeasureItem(const ButtonRecord& button, const cMeasureButtonParams& params,
+                 const TextMeasurer& measurer) {
+    return IsMenu(params.Mode) ? MeasureRow(button, params, measurer)
                                : MeasureToolbarItem(button, params, measurer);
 }
 

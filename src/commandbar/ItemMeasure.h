@@ -15,8 +15,7 @@ using BarButtons = std::span<const ButtonRecord* const>;
 using ItemMeasure = std::function<Size(const ButtonRecord&)>;
 
 /// Size of a menu row or of an item on a toolbar, in pixels, however it is hidden or doubled.
-/// `shortcutText`: what stands behind the caption in a menu; not read for a toolbar.
-Size MeasureItem(const ButtonRecord& button, std::u16string_view shortcutText,
-                 const cMeasureButtonParams& params, const TextMeasurer& measurer);
+Size MeasureItem(const ButtonRecord& button, const cMeasureButtonParams& params,
+                 const TextMeasurer& measurer);
 
 } // namespace quillshift

@@ -41,8 +41,7 @@ public:
     virtual void ClearHot(WindowId control) = 0;
     /// Makes the control's first item hot without opening it.
     virtual void MakeFirstItemHot(WindowId control) = 0;
-    /// `modifiers`: bits of `modifier`.
-    virtual void DeliverKey(WindowId control, int key, int modifiers) = 0;
+    virtual void DeliverKey(WindowId control, int key) = 0;
     /// Runs the command with a shortcut on the foreground window. False if there is none.
     virtual bool RunShortcut(int key, int modifiers) = 0;
 

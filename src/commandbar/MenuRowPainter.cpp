@@ -7,11 +7,11 @@ namespace {
 class Painting {
 public:
     Painting(Surface& surface, const mCommandBarColours& colours, const ButtonRecord& button,
-             std::u16string_view shortcutText, const cDrawButtonParams& item)
+             const cDrawButtonParams& item)
         : surface_(surface),
           colours_(colours),
           button_(button),
-          shortcut_(shortcutText),
+          shortcut_(button.ShortcutText()),
           item_(item),
           brush_(surface, colours),
           icon_(IconSizeOf(item.Icons)),
@@ -109,7 +109,7 @@ private:
     Surface& surface_;
     const mCommandBarColours& colours_;
     const ButtonRecord& button_;
-    std::u16string_view shortcut_;
+    std::u16string shortcut_;
     const cDrawButtonParams& item_;
     BarBrush brush_;
     Size icon_;
@@ -119,8 +119,8 @@ private:
 } // namespace
 
 void PaintMenuRow(Surface& surface, const mCommandBarColours& colours, const ButtonRecord& button,
-                  std::u16string_view shortcutText, const cDrawButtonParams& item) {
-    Painting(surface, colours, button, shortcutText, item).Run();
+                  const cDrawButtonParams& item) {
+    Painting(surface, colours, button, item).Run();
 }
 
 } // namespace quillshift

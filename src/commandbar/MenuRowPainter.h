@@ -15,6 +15,6 @@ constexpr int TickColumnWidth(DisplayMode mode, int iconWidth) {
 
 /// Paints a row of a popup over the popup's frame.
 void PaintMenuRow(Surface& surface, const mCommandBarColours& colours, const ButtonRecord& button,
-                  std::u16string_view shortcutText, const cDrawButtonParams& item);
+                  const cDrawButtonParams& item);
 
 } // namespace quillshift

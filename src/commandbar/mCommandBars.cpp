@@ -143,7 +143,7 @@ void mCommandBars::MakeFirstItemHot(WindowId control) {
         found->MakeFirstItemHot();
 }
 
-void mCommandBars::DeliverKey(WindowId control, int key, int /*modifiers*/) {
+void mCommandBars::DeliverKey(WindowId control, int key) {
     if (qsCommandBar* const found = Find(control))
         found->OnMenuKey(key);
 }

@@ -77,7 +77,7 @@ private:
     void HidePopup(WindowId popup) override;
     void ClearHot(WindowId control) override;
     void MakeFirstItemHot(WindowId control) override;
-    void DeliverKey(WindowId control, int key, int modifiers) override;
+    void DeliverKey(WindowId control, int key) override;
     bool RunShortcut(int key, int modifiers) override;
     WindowId ForegroundWindow() const override;
     WindowId WindowUnderPointer() const override;

@@ -23,8 +23,6 @@ KeyDecision DecideKey(const KeyEvent& event, bool menuMode, bool foreground) {
 }
 
 bool mHooks::KeyboardFilter(const KeyEvent& event) {
-    if (host_.Controls().empty())
-        return false;
     switch (DecideKey(event, state_.MenuMode, host_.ForegroundWindow() != 0)) {
     case KeyDecision::PassOn:
         break;
@@ -33,7 +31,7 @@ bool mHooks::KeyboardFilter(const KeyEvent& event) {
         break;
     case KeyDecision::DriveMenu:
         state_.KeyboardMode = true;
-        host_.DeliverKey(state_.ActiveWindow, event.key, event.modifiers);
+        host_.DeliverKey(state_.ActiveWindow, event.key);
         return true;
     case KeyDecision::EnterMainMenu:
     case KeyDecision::OpenFromMainMenu:
@@ -62,7 +60,7 @@ bool mHooks::EnterMainMenu(const KeyEvent& event) {
     tracking_.SetMenuMode(true, menu->window);
     if (event.key == key::kAlt)
         return true;
-    host_.DeliverKey(menu->window, event.key, event.modifiers);
+    host_.DeliverKey(menu->window, event.key);
     // Without a mnemonic the next keys must not go to a menu that shows nothing.
     if (host_.OpenMenus(menu->window).empty())
         tracking_.SetMenuMode(false);

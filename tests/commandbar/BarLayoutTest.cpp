@@ -57,7 +57,9 @@ private:
 
 TEST(MeasureItem, SizesAMenuRowByItsPictureTextAndShortcut) {
     TestBar bar;
-    bar.Caption(u"&Open").Tag = u"Ctrl+O";
+    ButtonRecord& open = bar.Caption(u"&Open");
+    open.ShortcutKey = 'O';
+    open.ShortcutModifiers = modifier::kCtrl;
     bar.Caption(u"Red").ColorBox = Rgb(255, 0, 0);
     bar.Icon();
     bar.Separator();

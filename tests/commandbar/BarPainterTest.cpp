@@ -44,7 +44,6 @@ protected:
         view.client = {200, 24};
         view.parentClient = {-5, -30, 300, 200};
         view.icons = &icons;
-        view.shortcutText = [](const ButtonRecord& record) { return record.Tag; };
     }
     // What is drawn for the item, without the bar beneath it.
     Lines Item() {
@@ -211,14 +210,15 @@ TEST_F(PaintedBar, AMenuRowShowsIconCaptionShortcutAndSubMenu) {
     BecomeMenuRow();
     button.IconIndex = 0;
     button.Caption = u"&Open";
-    button.Tag = u"Ctrl+O";
+    button.ShortcutKey = 'O';
+    button.ShortcutModifiers = modifier::kCtrl;
     EXPECT_THAT(Item(), ElementsAre("icon 0 mode 0 5,5", "text 32,1-180,25 000000 right Ctrl+O",
                                     "text 32,1-180,25 000000 left &Open"));
     view.rightToLeft = true;
     EXPECT_THAT(Item(), ElementsAre("icon 0 mode 0 179,5", "text 20,1-168,25 000000 left Ctrl+O",
                                     "text 4,1-168,25 000000 right &Open"));
     view.rightToLeft = false;
-    button.Tag.clear();
+    button.ShortcutKey = 0;
     button.Bar = SomeBar();
     item.MouseOver = true;
     EXPECT_THAT(Item(), ElementsAre(Fill(kHot, "2,2-198,25"), Frame(kNavy, "2,2-198,25"), "icon 0 mode 0 5,5",

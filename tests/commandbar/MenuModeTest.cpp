@@ -69,7 +69,7 @@ TEST_F(MenuModeTest, AltAloneEntersTheMainMenuAndLeavesItAgain) {
 
     EXPECT_TRUE(Down(kF));
     EXPECT_TRUE(state.KeyboardMode);
-    EXPECT_EQ(host.log.back(), "key 70+0 to 1");
+    EXPECT_EQ(host.log.back(), "key 70 to 1");
     EXPECT_FALSE(Up(kF));
 
     EXPECT_FALSE(AltDown());
@@ -118,8 +118,6 @@ TEST_F(MenuModeTest, KeysGoWhereTheForegroundWindowLetsThem) {
     host.foreground = top;
     host.Of(kMenu).enabled = false;
     EXPECT_FALSE(AltUp());
-    host.controls.clear();
-    EXPECT_FALSE(Down(kF, modifier::kCtrl)) << "with no control there is no filter";
 }
 
 TEST_F(MenuModeTest, AFreePopupOnAMenuDisablesWhatIsBeneath) {

@@ -39,11 +39,9 @@ private:
     std::vector<const ButtonRecord*> pointers_;
 };
 
-/// Measures with text of a fixed pitch; a button's tag stands for its shortcut.
+/// Measures with text of a fixed pitch.
 inline ItemMeasure FixedPitchMeasure(const cMeasureButtonParams& params) {
-    return [&params](const ButtonRecord& button) {
-        return MeasureItem(button, button.Tag, params, RecordingSurface());
-    };
+    return [&params](const ButtonRecord& button) { return MeasureItem(button, params, RecordingSurface()); };
 }
 
 /// Any bar, for a button that has to have one.
