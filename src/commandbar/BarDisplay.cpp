@@ -35,6 +35,12 @@ void qsCommandBar::Layout() {
     Repaint();
 }
 
+// What was hidden for lack of room may have room now.
+void qsCommandBar::LayOutAfresh() {
+    stripLayout_ = {};
+    Layout();
+}
+
 void qsCommandBar::CollectButtons() {
     buttons_.clear();
     records_.clear();

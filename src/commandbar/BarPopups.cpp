@@ -129,7 +129,6 @@ void qsCommandBar::ForgetMenu(WindowId menu) {
 }
 
 void qsCommandBar::AnnounceClosed() {
-    InUse = false;
     if (AfterShowMenu)
         AfterShowMenu({bars_.Model(), Window(), shownKey_});
 }

@@ -35,7 +35,6 @@ void MenuTracking::SwitchOff() {
     state_.KeyboardMode = false;
     state_.MenuExpanded = false;
     host_.SetMouseFilter(false);
-    host_.FreePool();
     for (const MenuControl& control : host_.Controls())
         Close(control.window);
     state_.ActiveWindow = 0;

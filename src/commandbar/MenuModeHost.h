@@ -25,16 +25,14 @@ public:
     virtual void SetEnabled(WindowId control, bool enabled) = 0;
     /// Switches the delivery of mouse events to `mHooks::MouseFilter` on or off.
     virtual void SetMouseFilter(bool on) = 0;
-    /// Marks all pooled popups as free.
-    virtual void FreePool() = 0;
 
     /// The popups that the control's items show.
     virtual std::vector<WindowId> OpenMenus(WindowId control) const = 0;
     /// The item that showed `menu` shows none any more, and repaints.
     virtual void ForgetMenu(WindowId control, WindowId menu) = 0;
-    /// The popup is free again; raises `AfterShowMenu`.
+    /// Raises `AfterShowMenu`.
     virtual void AnnounceClosed(WindowId popup) = 0;
-    /// Hides the popup's window and destroys its shadows.
+    /// Hides the popup's window with its shadows; it is free again.
     virtual void HidePopup(WindowId popup) = 0;
 
     /// Nothing on the control is hot any more.

@@ -50,15 +50,15 @@ qsCommandBar* mCommandBars::Find(WindowId control) const {
 
 void mCommandBars::SetStyle(BarStyle style) {
     if (colours_.SetStyle(style))
-        OnDesktopChange();
+        RepaintAll();
 }
 
 void mCommandBars::SetCustomColor(int slot, std::optional<Colour> colour) {
     colours_.SetCustomColor(slot, colour);
-    OnDesktopChange();
+    RepaintAll();
 }
 
-void mCommandBars::OnDesktopChange() {
+void mCommandBars::RepaintAll() {
     for (qsCommandBar* const control : controls_) {
         control->ApplyIconColours();
         control->Repaint();
@@ -106,11 +106,6 @@ void mCommandBars::SetEnabled(WindowId control, bool enabled) {
 
 void mCommandBars::SetMouseFilter(bool on) {
     services_.system.SetMouseFilter(on ? this : nullptr);
-}
-
-void mCommandBars::FreePool() {
-    for (qsCommandBar* const control : pool_)
-        control->InUse = false;
 }
 
 std::vector<WindowId> mCommandBars::OpenMenus(WindowId control) const {

@@ -53,8 +53,6 @@ public:
     void SetStyle(BarStyle style);
     /// Overrides a colour of the table, or no longer does, and repaints every control.
     void SetCustomColor(int slot, std::optional<Colour> colour);
-    /// The desktop's colours or style have changed.
-    void OnDesktopChange();
 
     void Register(qsCommandBar& control);
     void Unregister(qsCommandBar& control);
@@ -65,12 +63,12 @@ public:
     qsCommandBar* ObtainPopup();
 
 private:
+    void RepaintAll();
     BarControl* ControlOf(WindowId window) const override;
 
     std::vector<MenuControl> Controls() const override;
     void SetEnabled(WindowId control, bool enabled) override;
     void SetMouseFilter(bool on) override;
-    void FreePool() override;
     std::vector<WindowId> OpenMenus(WindowId control) const override;
     void ForgetMenu(WindowId control, WindowId menu) override;
     void AnnounceClosed(WindowId popup) override;

@@ -63,26 +63,26 @@ void qsCommandBar::SetButtonTextPosition(TextPosition position) {
     if (position == textPosition_)
         return;
     textPosition_ = position;
-    Layout();
+    LayOutAfresh();
 }
 
 void qsCommandBar::SetOrientation(quillshift::Orientation orientation) {
     if (isPopup_)
         return;
     orientation_ = orientation;
-    Layout();
+    LayOutAfresh();
 }
 
 void qsCommandBar::SetToolbarImageList(const ImageListHandle& icons) {
     toolbarIcons_ = IconsFrom(icons);
     ApplyIconColours();
-    Layout();
+    LayOutAfresh();
 }
 
 void qsCommandBar::SetMenuImageList(const ImageListHandle& icons) {
     menuIcons_ = IconsFrom(icons);
     ApplyIconColours();
-    Layout();
+    LayOutAfresh();
 }
 
 void qsCommandBar::ApplyIconColours() {
@@ -104,7 +104,7 @@ void qsCommandBar::SetRedraw(bool on) {
 
 void qsCommandBar::SetFont(FontSpec font) {
     font_ = std::move(font);
-    Layout();
+    LayOutAfresh();
 }
 
 void qsCommandBar::SetBackgroundImage(const PixelView& picture) {
@@ -136,7 +136,6 @@ std::optional<cCommandBar> qsCommandBar::Toolbar() const {
 }
 
 void qsCommandBar::SetToolbar(const std::optional<cCommandBar>& bar) {
-    InUse = true;
     if (!shownKey_.empty())
         bars_.Model().Leave(Window());
     shownKey_ = bar ? bar->Key() : std::string();
@@ -149,8 +148,7 @@ void qsCommandBar::SetToolbar(const std::optional<cCommandBar>& bar) {
                 button->Panel->SetContainer(Window());
     }
     items_.clear();
-    stripLayout_ = {};
-    Layout();
+    LayOutAfresh();
 }
 
 void qsCommandBar::OnBarChanged(const cCommandBarInt& bar, ChangeReason reason, const cButtonInt* button) {
@@ -159,8 +157,7 @@ void qsCommandBar::OnBarChanged(const cCommandBarInt& bar, ChangeReason reason, 
     switch (reason) {
     case ChangeReason::ContentChanged:
     case ChangeReason::SizeChanged:
-        stripLayout_ = {};
-        Layout();
+        LayOutAfresh();
         return;
     case ChangeReason::StateChanged:
     case ChangeReason::CheckChanged: {
@@ -201,7 +198,6 @@ MessageValue qsCommandBar::WindowProc(WindowId /*window*/, int message, MessageV
     if (message == message::kSettingChange) {
         ApplyIconColours();
         OnSize();
-        Repaint();
     }
     return 0;
 }

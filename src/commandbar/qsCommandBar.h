@@ -138,6 +138,7 @@ private:
 
     // Layout and painting
     void Layout();
+    void LayOutAfresh();
     void CollectButtons();
     void KeepStates(std::span<const cDisplayButtonInfo> before, std::span<cButtonInt* const> buttons);
     cMeasureButtonParams MeasureParams() const;

@@ -179,19 +179,7 @@ void modDocument::InsertImported() {
     import.SetSelLength(import.Text().size());
     services_.platform.clipboard.SetText(import.SelText());
 
-    TextSurface& document = services_.document;
-    const std::size_t place = document.SelStart();
-    const std::u16string inserted = services_.platform.clipboard.Text();
-    std::u16string text(document.Text());
-    text.insert(place, inserted);
-    document.SetText(text);
-
-    document.SetSelStart(place + inserted.size());
-    document.SetFocus();
-    document.SetSelStart(0);
-    document.SetSelLength(document.Text().size());
-    services_.state.DocumentModified = true;
-    document.SetSelLength(0);
+    services_.paste();
     import.SetSelStart(0);
 }
 

@@ -24,6 +24,7 @@ public:
         TextSurface& import;   ///< `RichTextBoxImport`: the file being imported
         Window& mainWindow;
         std::function<void()> startDecode;
+        std::function<void()> paste; ///< puts the clipboard's text in at the caret
     };
 
     explicit modDocument(Services services) : services_(std::move(services)) {}

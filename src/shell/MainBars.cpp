@@ -2,12 +2,18 @@
 
 #include "shell/Catalogue.h"
 
+#include <utility>
+
 namespace quillshift {
 
 MainBars::MainBars(mCommandBars& bars, Host host) : bars_(bars), host_(std::move(host)) {
     for (BarWindow* const window : host_.windows)
         AddControl(*window);
-    cmdBar_[0]->Resize = host_.menuResized;
+    cmdBar_[0]->Resize = [this, height = 0]() mutable {
+        const int now = host_.windows[0]->ClientSize().height;
+        if (std::exchange(height, now) != now && host_.menuResized)
+            host_.menuResized();
+    };
     bars_.BeforeShortcut = host_.beforeShortcut;
 }
 

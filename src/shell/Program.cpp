@@ -25,7 +25,7 @@ void Program::ShowMainWindow() {
                               main_->Decoding(), platform_.fileDialog.FileName});
     modDocument_ = std::make_unique<modDocument>(modDocument::Services{
         document_, settings_, platform_, main_->RichTextBox(), main_->RichTextBoxBackup(),
-        main_->RichTextBoxImport(), *main_, [this] { job_->StartDecode(); }});
+        main_->RichTextBoxImport(), *main_, [this] { job_->StartDecode(); }, [this] { modEdit_->Paste(); }});
     modEdit_ = std::make_unique<modEdit>(modEdit::Services{main_->RichTextBox(), platform_.clipboard,
                                                            platform_.messageBox, document_, history_});
     timerUpdate_ = platform_.timers.Make([this] { OnResize(); });

@@ -45,7 +45,6 @@ public:
     std::vector<MenuControl> Controls() const override { return controls; }
     void SetEnabled(WindowId control, bool enabled) override { Of(control).enabled = enabled; }
     void SetMouseFilter(bool on) override { mouseFilter = on; }
-    void FreePool() override {}
     std::vector<WindowId> OpenMenus(WindowId control) const override {
         const auto found = menus_.find(control);
         return found == menus_.end() ? std::vector<WindowId>{} : found->second;
