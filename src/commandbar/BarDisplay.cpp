@@ -100,7 +100,7 @@ void qsCommandBar::LayOutStrip(const cMeasureButtonParams& params, const ItemMea
         stripLayout_ = LayOutToolbar(records_, params, stripLayout_, measure);
     } while (stripLayout_.cameBack);
     items_ = stripLayout_.items;
-    window_.SetDepth(stripLayout_.depth);
+    window_.SetDepth(stripLayout_.depth, IsUpright(orientation_));
 }
 
 void qsCommandBar::PlacePanels() {

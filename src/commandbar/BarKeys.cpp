@@ -111,13 +111,17 @@ void qsCommandBar::OnMnemonic(int virtualKey) {
 }
 
 // Left goes back to the popup below, and from the first one to the strip's neighbouring item. Right, on a row
-// without a menu, goes on from the strip where the menu began.
+// without a menu, goes on from the strip where the menu began. A free menu hangs on no strip.
 void qsCommandBar::LeaveToStrip(Step step) {
-    const WindowId target = step == Step::Previous ? parent_ : bars_.Menu().MenuSource;
-    qsCommandBar* const control = bars_.Find(target);
+    const PopupStack& popups = bars_.Menu().popups;
+    const cMenuPopupStack* const entry = popups.Find(Window());
+    const bool hangsFree = popups.HangsFree(Window());
+    if (entry == nullptr || (hangsFree && (step == Step::Next || entry->ShownAsPopup)))
+        return;
+    qsCommandBar* const control = bars_.Find(step == Step::Previous ? parent_ : bars_.Menu().MenuSource);
     if (step == Step::Previous)
         bars_.Tracking().LeavePopup(Window());
-    if (control != nullptr && !control->IsPopup() && bars_.Menu().PopupLevel() == 0)
+    if (control != nullptr && !control->IsPopup())
         control->WalkAndOpen(step);
 }
 

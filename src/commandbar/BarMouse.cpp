@@ -25,6 +25,7 @@ void qsCommandBar::OnMouseMove(Point at) {
     if (!enabled_ || before == screen)
         return;
     lastPointer_ = screen;
+    tmrLostMouse_->Stop();
     // The item whose menu is open stays lit while the pointer is between items.
     if (IsMenuSource() && !HitTest(items_, at))
         return;
@@ -39,6 +40,8 @@ void qsCommandBar::OnMousePress(Point at, MouseButton button) {
     if (!enabled_)
         return;
     if (button == MouseButton::Left) {
+        const ItemIndex pressed = HitTest(items_, at);
+        pressedOpenMenu_ = pressed && items_[*pressed].ShowingMenu;
         const Tracked tracked = TrackPress(items_, TrackingView(), at);
         AfterTracking(tracked);
         if (tracked.droppedDown)
@@ -105,17 +108,19 @@ void qsCommandBar::OnMouseLeave() {
     tmrLostMouse_->StartOnce(kLostMouseDelay);
 }
 
+// A pointer may be said to leave while it stays, as when a dialog blocks the window or another window comes and
+// goes above it: then it is asked for again, until it has gone or moves. An item whose menu is open stays lit.
 void qsCommandBar::OnLostMouseTimer() {
     const Point at = window_.FromScreen(bars_.Services().system.PointerPosition());
     const Size client = window_.ClientSize();
-    const bool inside = at.x >= 0 && at.y >= 0 && at.x < client.width && at.y < client.height;
-    if (!enabled_ || inside)
+    if (at.x >= 0 && at.y >= 0 && at.x < client.width && at.y < client.height) {
+        OnMouseLeave();
         return;
-    const ItemIndex current = CurrentItem(items_);
-    if (current && items_[*current].ShowingMenu)
-        return;
+    }
+    const ItemIndex hot = HotItem(items_);
     lastPointer_.reset();
-    AfterTracking(TrackTo(items_, std::nullopt));
+    if (hot && !items_[*hot].ShowingMenu)
+        AfterTracking(TrackTo(items_, std::nullopt));
 }
 
 // --- Clicks
@@ -125,7 +130,9 @@ void qsCommandBar::Click(std::size_t index) {
     cButtonInt& button = *buttons_[index];
     const ClickOutcome outcome = OutcomeOfClick(button, items_[index], Mode(), bars_.Menu().MenuMode);
     if (items_[index].ShowingMenu && !isPopup_) {
-        bars_.Tracking().SetMenuMode(false); // a second click on an open menu closes it
+        // A second click closes the menu, but not the click that has just opened it.
+        if (pressedOpenMenu_)
+            bars_.Tracking().SetMenuMode(false);
         return;
     }
     if (outcome.opensBar) {
@@ -145,6 +152,10 @@ void qsCommandBar::Click(std::size_t index) {
 }
 
 void qsCommandBar::DropDown(std::size_t index) {
+    if (items_[index].ShowingMenu) {
+        bars_.Tracking().SetMenuMode(false);
+        return;
+    }
     bool cancel = false;
     if (ButtonDropDown)
         ButtonDropDown(HandleOf(*buttons_[index]), cancel);

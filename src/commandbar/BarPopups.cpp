@@ -23,8 +23,7 @@ Rect WholeScreen(std::span<const MonitorInfo> monitors) {
 // --- Opening
 
 void qsCommandBar::OpenItem(std::size_t index, bool selectFirst) {
-    if (isPopup_)
-        bars_.Tracking().CloseMenusOf(Window());
+    bars_.Tracking().CloseMenusOf(Window());
     Open(*buttons_[index]->Bar, index, {}, selectFirst);
 }
 

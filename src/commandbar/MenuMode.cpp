@@ -86,6 +86,10 @@ void MenuTracking::Close(WindowId control) {
 
 void MenuTracking::CloseMenusOf(WindowId control) {
     CloseItemMenus(control);
+    const auto entries = state_.popups.Entries();
+    for (const cMenuPopupStack& entry : entries)
+        if (entry.ShownAsPopup && entry.hWndSource == control)
+            Close(entry.hwnd);
     state_.ActiveWindow = control;
 }
 

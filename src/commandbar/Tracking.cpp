@@ -7,13 +7,6 @@ namespace {
 
 enum class Part { None, Main, Arrow };
 
-ItemIndex HotItem(std::span<const cDisplayButtonInfo> items) {
-    for (std::size_t i = 0; i < items.size(); ++i)
-        if (items[i].MouseOver || items[i].MouseOverSplit)
-            return i;
-    return std::nullopt;
-}
-
 void SetPointer(cDisplayButtonInfo& item, Part over, bool press) {
     item.MouseOver = over == Part::Main;
     item.MouseOverSplit = over == Part::Arrow;
@@ -53,6 +46,13 @@ Tracked TrackAt(std::vector<cDisplayButtonInfo>& items, const TrackedBar& bar, P
 }
 
 } // namespace
+
+ItemIndex HotItem(std::span<const cDisplayButtonInfo> items) {
+    for (std::size_t i = 0; i < items.size(); ++i)
+        if (items[i].MouseOver || items[i].MouseOverSplit)
+            return i;
+    return std::nullopt;
+}
 
 Tracked TrackMove(std::vector<cDisplayButtonInfo>& items, const TrackedBar& bar, Point at) {
     return TrackAt(items, bar, at, false);

@@ -34,6 +34,8 @@ Tracked TrackRelease(std::vector<cDisplayButtonInfo>& items, const TrackedBar& b
 /// A key makes an item hot, selectable or not; nothing takes all heat away.
 Tracked TrackTo(std::vector<cDisplayButtonInfo>& items, ItemIndex hot);
 
+/// The item that the pointer or a key has made hot.
+ItemIndex HotItem(std::span<const cDisplayButtonInfo> items);
 /// The item that keys act on: the first that is hot or shows its menu.
 ItemIndex CurrentItem(std::span<const cDisplayButtonInfo> items);
 

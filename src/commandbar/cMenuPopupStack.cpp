@@ -49,4 +49,11 @@ PopupStack::Change PopupStack::Rebalance() {
     return change;
 }
 
+bool PopupStack::HangsFree(WindowId popup) const {
+    const cMenuPopupStack* entry = Find(popup);
+    while (entry != nullptr && !entry->ShownAsPopup)
+        entry = Find(entry->hWndSource);
+    return entry != nullptr;
+}
+
 } // namespace quillshift

@@ -33,6 +33,8 @@ public:
     int PopupLevel() const { return entries_.empty() ? 0 : entries_.back().RecursionLevel; }
     /// The open popups, oldest first.
     const std::vector<cMenuPopupStack>& Entries() const { return entries_; }
+    /// Whether a popup was opened free, or hangs below one that was.
+    bool HangsFree(WindowId popup) const;
     /// The entry of a popup; null if it isn't open. Valid until the next change.
     const cMenuPopupStack* Find(WindowId popup) const;
 

@@ -83,6 +83,7 @@ private:
 
     bool FilterKey(int virtualKey, bool up, int modifiers) override;
     void FilterMouse(bool press) override;
+    void OnInterruption() override { tracking_.EndMenuMode(); }
 
     BarServices services_;
     CommandBarModel model_;

@@ -22,7 +22,17 @@ KeyDecision DecideKey(const KeyEvent& event, bool menuMode, bool foreground) {
     return alt && !isAlt && foreground ? KeyDecision::OpenThenFindShortcut : KeyDecision::FindShortcut;
 }
 
+// A box that has come by itself gets its keys.
+void mHooks::LeaveMenuBehindAnotherWindow() {
+    const auto controls = host_.Controls();
+    const auto source = std::ranges::find(controls, state_.MenuSource, &MenuControl::window);
+    if (source != controls.end() && source->topWindow != host_.ForegroundWindow())
+        tracking_.EndMenuMode();
+}
+
 bool mHooks::KeyboardFilter(const KeyEvent& event) {
+    if (state_.MenuMode)
+        LeaveMenuBehindAnotherWindow();
     switch (DecideKey(event, state_.MenuMode, host_.ForegroundWindow() != 0)) {
     case KeyDecision::PassOn:
         break;

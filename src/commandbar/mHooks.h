@@ -41,6 +41,7 @@ public:
 
 private:
     bool EnterMainMenu(const KeyEvent& event);
+    void LeaveMenuBehindAnotherWindow();
     bool FindShortcut(const KeyEvent& event) { return host_.RunShortcut(event.key, event.modifiers); }
     bool KeepsMenuMode(WindowId pressed) const;
 

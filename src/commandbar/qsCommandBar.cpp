@@ -52,13 +52,6 @@ bool qsCommandBar::IsSelectable(std::size_t index) const {
 
 // --- Properties
 
-void qsCommandBar::SetEnabled(bool on) {
-    enabled_ = on;
-    // The pointer may have left a toolbar while a menu had it disabled.
-    if (on && !isPopup_ && CurrentItem(items_))
-        OnMouseLeave();
-}
-
 void qsCommandBar::SetButtonTextPosition(TextPosition position) {
     if (position == textPosition_)
         return;
@@ -136,6 +129,8 @@ std::optional<cCommandBar> qsCommandBar::Toolbar() const {
 }
 
 void qsCommandBar::SetToolbar(const std::optional<cCommandBar>& bar) {
+    if (!OpenMenus().empty())
+        bars_.Tracking().CloseMenusOf(Window());
     if (!shownKey_.empty())
         bars_.Model().Leave(Window());
     shownKey_ = bar ? bar->Key() : std::string();
@@ -196,6 +191,8 @@ MessageValue qsCommandBar::WindowProc(WindowId /*window*/, int message, MessageV
     if (message == message::kActivateApplication && wParam == 0 && bars_.Menu().MenuMode)
         bars_.Tracking().EndMenuMode();
     if (message == message::kSettingChange) {
+        for (const auto& [key, button] : bars_.Model().Buttons())
+            button->Measured.Clear(); // fonts may have another size
         ApplyIconColours();
         OnSize();
     }

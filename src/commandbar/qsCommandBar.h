@@ -56,7 +56,7 @@ public:
     const FontSpec& Font() const { return font_; }
     void SetFont(FontSpec font);
     bool Enabled() const { return enabled_; }
-    void SetEnabled(bool on);
+    void SetEnabled(bool on) { enabled_ = on; }
     /// The bar that is shown, if one is.
     std::optional<cCommandBar> Toolbar() const;
     void SetToolbar(const std::optional<cCommandBar>& bar);
@@ -199,6 +199,7 @@ private:
     ToolbarLayout stripLayout_;                ///< the latest one; empty after a change of what is shown
     std::optional<Point> lastPointer_;         ///< on the screen
     std::u16string lastToolTip_;
+    bool pressedOpenMenu_ = false; ///< the latest press was on an item whose menu was open
 
     // A popup's own
     WindowId parent_ = 0; ///< the control that opened it

@@ -52,8 +52,8 @@ public:
     virtual const TextMeasurer& Texts() const = 0;
     virtual bool RightToLeft() const = 0;
 
-    /// Extent across the bar; a host may refuse it.
-    virtual void SetDepth(int px) = 0;
+    /// Extent across the bar, which lies along a side edge if `upright`; a host may refuse it.
+    virtual void SetDepth(int px, bool upright) = 0;
     virtual void Repaint(const Rect& part) = 0;
     /// The tip shown while the pointer rests on the window; empty for none.
     virtual void SetToolTip(std::u16string_view text) = 0;
@@ -75,6 +75,9 @@ public:
     virtual bool FilterKey(int virtualKey, bool up, int modifiers) = 0;
     /// A mouse event, which always goes on to its window. `press`: a button went down.
     virtual void FilterMouse(bool press) = 0;
+    /// The main window was moved, minimised or blocked by a dialog, or has lost the keyboard. Told while the
+    /// mouse filter is on.
+    virtual void OnInterruption() = 0;
 };
 
 /// A copy of a part of the screen; empty where the system gives none.

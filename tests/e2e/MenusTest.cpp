@@ -259,5 +259,17 @@ TEST_F(Menus, AShortcutFiresOnceAndNotWhileAMenuIsOpen) {
     ExpectTypingGoesToTheText();
 }
 
+TEST_F(Menus, KeepEveryKeyFromTheTextAndGiveThemToAQuestion) {
+    editor.Set("SaveChange", u"0").Set("MessageOnExit", u"1").Start();
+    OpenByKeyboard(0);
+    WaitForMenu(1);
+    desktop.Type(u"ф;");
+    desktop.AskToClose(editor.Window());
+    editor.AnswerBox(BoxAnswer::No);
+    desktop.WaitUntil("the menu has gone", [&] { return Open().empty(); });
+    editor.Settle();
+    EXPECT_EQ(Saved(), "\r\n");
+}
+
 } // namespace
 } // namespace quillshift::e2e

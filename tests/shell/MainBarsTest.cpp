@@ -290,5 +290,41 @@ TEST_F(MainBarsTest, ABarThatGoesWhileItsMenuIsOpenLeavesNothingBehind) {
     ExpectAllIsBack();
 }
 
+TEST_F(MainBarsTest, ABoxThatComesByItselfGetsTheKeys) {
+    Click(menu, 0);
+    system.foreground = kElsewhere;
+    EXPECT_FALSE(Key(key::kDown));
+    ExpectAllIsBack();
+}
+
+TEST_F(MainBarsTest, AFreeMenuGivesWayToTheStripAndHangsOnNone) {
+    toolbar.listener->OnMousePress({700, 10}, MouseButton::Right);
+    Key(key::kLeft);
+    Key(key::kRight);
+    EXPECT_THAT(OpenPopups(), ElementsAre(0)) << "no heading opens beside it";
+    Hover(menu, 0);
+    EXPECT_THAT(OpenPopups(), SizeIs(1));
+    EXPECT_EQ(toolkit.Find(toolkit.Menu().ActiveWindow)->Toolbar()->Key(), "MENU:FILE");
+}
+
+TEST_F(MainBarsTest, TheClickThatOpensAMenuDoesNotCloseIt) {
+    Click(menu, 0);
+    Key(key::kRight);
+    Click(menu, 0);
+    EXPECT_THAT(OpenPopups(), SizeIs(1));
+}
+
+TEST_F(MainBarsTest, ARowCoolsWhenThePointerHasGoneAlsoBesideAnOpenSubMenu) {
+    Click(menu, 7);
+    Hover(Popup(0), 0);
+    platform.timers.Tick();
+    Hover(Popup(0), 1);
+    Popup(0).listener->OnMouseLeave();
+    system.pointer = {0, 0};
+    platform.timers.Tick();
+    EXPECT_FALSE(toolkit.Find(Popup(0).Id())->Items()[1].MouseOver);
+    EXPECT_EQ(Popup(0).toolTip, u"") << "a row tells its shortcut already";
+}
+
 } // namespace
 } // namespace quillshift

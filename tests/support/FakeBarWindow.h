@@ -22,7 +22,9 @@ public:
     Point FromScreen(Point at) const override { return {at.x - place.left, at.y - place.top}; }
     const TextMeasurer& Texts() const override { return texts_; }
     bool RightToLeft() const override { return false; }
-    void SetDepth(int px) override { place.bottom = place.top + px; }
+    void SetDepth(int px, bool upright) override {
+        (upright ? place.right : place.bottom) = (upright ? place.left : place.top) + px;
+    }
     void Repaint(const Rect& part) override { repainted.push_back(part); }
     void SetToolTip(std::u16string_view text) override { toolTip = text; }
     void ShowPopup(const Rect& screen) override {

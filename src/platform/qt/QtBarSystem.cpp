@@ -52,6 +52,20 @@ int VirtualKeyOf(const QKeyEvent& event) {
     return 0;
 }
 
+bool IsModifier(const QKeyEvent& event) {
+    switch (event.key()) {
+    case Qt::Key_Shift:
+    case Qt::Key_Control:
+    case Qt::Key_Meta:
+    case Qt::Key_AltGr:
+    case Qt::Key_CapsLock:
+    case Qt::Key_NumLock:
+        return true;
+    default:
+        return event.key() >= Qt::Key_Super_L && event.key() <= Qt::Key_Direction_R;
+    }
+}
+
 bool IsPress(QEvent::Type type) {
     return type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick ||
            type == QEvent::NonClientAreaMouseButtonPress || type == QEvent::NonClientAreaMouseButtonDblClick;
@@ -79,6 +93,8 @@ QtBarSystem::QtBarSystem(QtWindowMessages& ids) : ids_(ids) {
 
 // Input comes to the window first, and only then to its widgets: there it is seen once.
 bool QtBarSystem::eventFilter(QObject* watched, QEvent* event) {
+    if (watched->isWidgetType())
+        NoteInterruption(*static_cast<QWidget*>(watched), event->type());
     if (!watched->isWindowType())
         return false;
     const QEvent::Type type = event->type();
@@ -92,13 +108,26 @@ bool QtBarSystem::eventFilter(QObject* watched, QEvent* event) {
     return false;
 }
 
+// What a window manager does with a window, by Alt and the mouse or by the title bar, shows only in the
+// window.
+void QtBarSystem::NoteInterruption(const QWidget& widget, QEvent::Type type) {
+    const bool interrupts = type == QEvent::Move || type == QEvent::WindowStateChange ||
+                            type == QEvent::WindowBlocked || type == QEvent::WindowDeactivate;
+    if (!interrupts || widget.windowType() != Qt::Window)
+        return;
+    altAlone_ = false;
+    if (mouseFilter_ != nullptr)
+        mouseFilter_->OnInterruption();
+}
+
 // Alt counts when it goes up without another key in between: it is also half of Alt+TAB, and of Alt+Shift, by
 // which many change between Russian and Latin letters.
 bool QtBarSystem::FilterKey(const QKeyEvent& event) {
     const int code = VirtualKeyOf(event);
     const bool up = event.type() == QEvent::KeyRelease;
     const bool wasAlone = std::exchange(altAlone_, code == key::kAlt && !up);
-    if (code == 0 || (up && (event.isAutoRepeat() || code != key::kAlt || !wasAlone)))
+    // A key without a code is told, too: an open menu keeps every key from the text.
+    if ((code == 0 && IsModifier(event)) || (up && (event.isAutoRepeat() || code != key::kAlt || !wasAlone)))
         return false;
     if (code == key::kAlt && !up && event.isAutoRepeat())
         return false;

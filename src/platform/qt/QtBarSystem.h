@@ -4,6 +4,7 @@
 #include "platform/SystemColours.h"
 #include "platform/qt/QtWindowMessages.h"
 
+#include <QEvent>
 #include <QObject>
 
 namespace quillshift {
@@ -28,6 +29,7 @@ public:
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;
     bool FilterKey(const QKeyEvent& event);
+    void NoteInterruption(const QWidget& widget, QEvent::Type type);
 
     QtWindowMessages& ids_;
     InputFilter* keyboardFilter_ = nullptr;

@@ -107,8 +107,11 @@ Point QtBarWindow::FromScreen(Point screen) const {
     return {client.x(), client.y()};
 }
 
-void QtBarWindow::SetDepth(int px) {
-    setFixedHeight(px);
+void QtBarWindow::SetDepth(int px, bool upright) {
+    if (upright)
+        setFixedWidth(px);
+    else
+        setFixedHeight(px);
 }
 
 void QtBarWindow::Repaint(const Rect& part) {

@@ -30,7 +30,7 @@ public:
     Point FromScreen(Point screen) const override;
     const TextMeasurer& Texts() const override { return texts_; }
     bool RightToLeft() const override { return isRightToLeft(); }
-    void SetDepth(int px) override;
+    void SetDepth(int px, bool upright) override;
     void Repaint(const Rect& part) override;
     void SetToolTip(std::u16string_view text) override;
     void ShowPopup(const Rect& screen) override;
