@@ -4,6 +4,8 @@
 #include "support/FakeSettings.h"
 #include "support/FakeSound.h"
 
+#include <algorithm>
+#include <chrono>
 #include <deque>
 #include <map>
 #include <set>
@@ -93,9 +95,10 @@ public:
         all_.insert(timer.get());
         return timer;
     }
-    /// One tick of each running timer.
+    /// One tick of each running timer, those of the shorter delay first.
     void Tick() {
-        const auto timers = all_;
+        std::vector<OneTimer*> timers(all_.begin(), all_.end());
+        std::ranges::sort(timers, {}, &OneTimer::delay);
         for (auto* timer : timers)
             if (all_.contains(timer))
                 timer->Tick();
@@ -108,8 +111,8 @@ private:
         ~OneTimer() override { owner_.all_.erase(this); }
         OneTimer(const OneTimer&) = delete;
         OneTimer& operator=(const OneTimer&) = delete;
-        void StartInterval(std::chrono::milliseconds) override { Start(false); }
-        void StartOnce(std::chrono::milliseconds) override { Start(true); }
+        void StartInterval(std::chrono::milliseconds interval) override { Start(interval, false); }
+        void StartOnce(std::chrono::milliseconds after) override { Start(after, true); }
         void Stop() override { running_ = false; }
         bool IsRunning() const override { return running_; }
         void Tick() {
@@ -118,9 +121,11 @@ private:
             running_ = !once_;
             tick_();
         }
+        std::chrono::milliseconds delay{};
 
     private:
-        void Start(bool once) {
+        void Start(std::chrono::milliseconds after, bool once) {
+            delay = after;
             once_ = once;
             running_ = true;
         }
