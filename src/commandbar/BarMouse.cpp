@@ -108,8 +108,9 @@ void qsCommandBar::OnMouseLeave() {
     tmrLostMouse_->StartOnce(kLostMouseDelay);
 }
 
-// A pointer may be said to leave while it stays, as when a dialog blocks the window or another window comes and
-// goes above it: then it is asked for again, until it has gone or moves. An item whose menu is open stays lit.
+// A pointer may be said to leave while it stays, as when a dialog blocks the window or another window comes
+// and goes above it: then it is asked for again, until it has gone or moves. An item whose menu is open stays
+// lit.
 void qsCommandBar::OnLostMouseTimer() {
     const Point at = window_.FromScreen(bars_.Services().system.PointerPosition());
     const Size client = window_.ClientSize();
