@@ -27,14 +27,12 @@ void MenuTracking::SwitchOn(WindowId source) {
             host_.SetEnabled(control.window, false);
             state_.disabledControls.push_back(control.window);
         }
-    host_.SetMouseFilter(true);
 }
 
 void MenuTracking::SwitchOff() {
     state_.MenuMode = false;
     state_.KeyboardMode = false;
     state_.MenuExpanded = false;
-    host_.SetMouseFilter(false);
     for (const MenuControl& control : host_.Controls())
         Close(control.window);
     state_.ActiveWindow = 0;

@@ -23,8 +23,6 @@ public:
     /// All controls, pooled popups too, in order of registration.
     virtual std::vector<MenuControl> Controls() const = 0;
     virtual void SetEnabled(WindowId control, bool enabled) = 0;
-    /// Switches the delivery of mouse events to `mHooks::MouseFilter` on or off.
-    virtual void SetMouseFilter(bool on) = 0;
 
     /// The popups that the control's items show.
     virtual std::vector<WindowId> OpenMenus(WindowId control) const = 0;

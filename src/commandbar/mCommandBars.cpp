@@ -23,7 +23,7 @@ mCommandBars::~mCommandBars() = default;
 void mCommandBars::Register(qsCommandBar& control) {
     if (controls_.empty()) {
         model_.Open();
-        services_.system.SetKeyboardFilter(this);
+        services_.system.SetInputFilter(&hooks_);
     }
     services_.windows.SetProperty(control.Window(), kControlProperty,
                                   AsValue(static_cast<BarControl*>(&control)));
@@ -39,7 +39,7 @@ void mCommandBars::Unregister(qsCommandBar& control) {
     std::erase(pool_, &control);
     if (!controls_.empty())
         return;
-    services_.system.SetKeyboardFilter(nullptr);
+    services_.system.SetInputFilter(nullptr);
     model_.Close();
 }
 
@@ -104,10 +104,6 @@ void mCommandBars::SetEnabled(WindowId control, bool enabled) {
         found->SetEnabled(enabled);
 }
 
-void mCommandBars::SetMouseFilter(bool on) {
-    services_.system.SetMouseFilter(on ? this : nullptr);
-}
-
 std::vector<WindowId> mCommandBars::OpenMenus(WindowId control) const {
     const qsCommandBar* const found = Find(control);
     return found ? found->OpenMenus() : std::vector<WindowId>();
@@ -166,16 +162,6 @@ WindowId mCommandBars::WindowUnderPointer() const {
 bool mCommandBars::HasItemUnderPointer(WindowId control) const {
     const qsCommandBar* const found = Find(control);
     return found && found->HasItemAt(services_.system.PointerPosition());
-}
-
-// --- The input filters
-
-bool mCommandBars::FilterKey(int virtualKey, bool up, int modifiers) {
-    return hooks_.KeyboardFilter({.key = virtualKey, .up = up, .modifiers = modifiers});
-}
-
-void mCommandBars::FilterMouse(bool press) {
-    hooks_.MouseFilter(press ? MouseEvent::Press : MouseEvent::Other);
 }
 
 } // namespace quillshift

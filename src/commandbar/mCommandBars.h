@@ -30,7 +30,7 @@ struct BarServices {
 
 /// All that the bars of the process share: the model, the colours, menu mode, the list of controls and the
 /// pool of popups. The first control opens it and the last one closes it.
-class mCommandBars final : private ControlDirectory, private MenuModeHost, private InputFilter {
+class mCommandBars final : private ControlDirectory, private MenuModeHost {
 public:
     explicit mCommandBars(const BarServices& services);
     ~mCommandBars() override;
@@ -68,7 +68,6 @@ private:
 
     std::vector<MenuControl> Controls() const override;
     void SetEnabled(WindowId control, bool enabled) override;
-    void SetMouseFilter(bool on) override;
     std::vector<WindowId> OpenMenus(WindowId control) const override;
     void ForgetMenu(WindowId control, WindowId menu) override;
     void AnnounceClosed(WindowId popup) override;
@@ -80,10 +79,6 @@ private:
     WindowId ForegroundWindow() const override;
     WindowId WindowUnderPointer() const override;
     bool HasItemUnderPointer(WindowId control) const override;
-
-    bool FilterKey(int virtualKey, bool up, int modifiers) override;
-    void FilterMouse(bool press) override;
-    void OnInterruption() override { tracking_.EndMenuMode(); }
 
     BarServices services_;
     CommandBarModel model_;

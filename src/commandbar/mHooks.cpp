@@ -3,23 +3,31 @@
 #include "platform/Keys.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace quillshift {
 
-KeyDecision DecideKey(const KeyEvent& event, bool menuMode, bool foreground) {
+namespace {
+
+bool WithAlt(const KeyEvent& event) {
+    return event.key == key::kAlt || (event.modifiers & modifier::kAlt) != 0;
+}
+
+} // namespace
+
+// Alt counts when it goes up without another key in between: it is also half of Alt+TAB, and of Alt+Shift, by
+// which many change between Russian and Latin letters.
+KeyDecision DecideKey(const KeyEvent& event, bool menuMode, bool foreground, bool altAlone) {
     const bool isAlt = event.key == key::kAlt;
-    const bool alt = isAlt || (event.modifiers & modifier::kAlt) != 0;
-    if (menuMode) {
-        if (event.up)
-            return KeyDecision::PassOn;
-        return alt ? KeyDecision::LeaveMenuMode : KeyDecision::DriveMenu;
-    }
-    if (event.up) {
-        if (!alt || !foreground)
-            return KeyDecision::PassOn;
-        return isAlt ? KeyDecision::EnterMainMenu : KeyDecision::OpenFromMainMenu;
-    }
-    return alt && !isAlt && foreground ? KeyDecision::OpenThenFindShortcut : KeyDecision::FindShortcut;
+    if (key::IsModifier(event.key))
+        return KeyDecision::PassOn;
+    if (event.up)
+        return !menuMode && isAlt && altAlone && foreground ? KeyDecision::EnterMainMenu
+                                                            : KeyDecision::PassOn;
+    if (menuMode)
+        return WithAlt(event) ? KeyDecision::LeaveMenuMode : KeyDecision::DriveMenu;
+    return WithAlt(event) && !isAlt && foreground ? KeyDecision::OpenThenFindShortcut
+                                                  : KeyDecision::FindShortcut;
 }
 
 // A box that has come by itself gets its keys.
@@ -31,9 +39,13 @@ void mHooks::LeaveMenuBehindAnotherWindow() {
 }
 
 bool mHooks::KeyboardFilter(const KeyEvent& event) {
+    // Held down, they would open and close a menu in turn.
+    if (event.repeated && WithAlt(event))
+        return state_.MenuMode && event.key != key::kAlt;
+    const bool altAlone = std::exchange(altAlone_, event.key == key::kAlt && !event.up);
     if (state_.MenuMode)
         LeaveMenuBehindAnotherWindow();
-    switch (DecideKey(event, state_.MenuMode, host_.ForegroundWindow() != 0)) {
+    switch (DecideKey(event, state_.MenuMode, host_.ForegroundWindow() != 0, altAlone)) {
     case KeyDecision::PassOn:
         break;
     case KeyDecision::LeaveMenuMode:
@@ -44,7 +56,6 @@ bool mHooks::KeyboardFilter(const KeyEvent& event) {
         host_.DeliverKey(state_.ActiveWindow, event.key);
         return true;
     case KeyDecision::EnterMainMenu:
-    case KeyDecision::OpenFromMainMenu:
         return EnterMainMenu(event);
     case KeyDecision::OpenThenFindShortcut:
         EnterMainMenu(event);
@@ -77,12 +88,19 @@ bool mHooks::EnterMainMenu(const KeyEvent& event) {
     return true;
 }
 
-void mHooks::MouseFilter(MouseEvent event) {
+void mHooks::MouseFilter(bool press) {
+    if (press)
+        altAlone_ = false;
     if (!state_.MenuMode)
         return;
     state_.KeyboardMode = false;
-    if (event == MouseEvent::Press && !KeepsMenuMode(host_.WindowUnderPointer()))
+    if (press && !KeepsMenuMode(host_.WindowUnderPointer()))
         tracking_.SetMenuMode(false);
+}
+
+void mHooks::OnInterruption() {
+    altAlone_ = false;
+    tracking_.EndMenuMode();
 }
 
 bool mHooks::KeepsMenuMode(WindowId pressed) const {

@@ -1,17 +1,9 @@
 #pragma once
 
 #include "commandbar/MenuMode.h"
+#include "platform/BarWindow.h"
 
 namespace quillshift {
-
-/// A key event on its way to a window of the process.
-struct KeyEvent {
-    int key = 0; ///< virtual key code
-    bool up = false;
-    int modifiers = 0; ///< bits of `modifier`: the keys that are held now
-};
-
-enum class MouseEvent { Press, Other };
 
 /// What the keyboard filter does with a key.
 enum class KeyDecision {
@@ -19,25 +11,23 @@ enum class KeyDecision {
     LeaveMenuMode,        ///< ends a level and passes the key on
     DriveMenu,            ///< the menu gets the key, and nobody else
     EnterMainMenu,        ///< swallowed, if there is a main menu
-    OpenFromMainMenu,     ///< likewise; the main menu gets the key
     OpenThenFindShortcut, ///< the main menu gets the key, and so does the search for a shortcut
     FindShortcut          ///< swallowed if it is one
 };
-/// `foreground`: whether the window with the keyboard is enabled and not minimised.
-KeyDecision DecideKey(const KeyEvent& event, bool menuMode, bool foreground);
+/// `foreground`: whether the window with the keyboard is enabled and not minimised. `altAlone`: nothing else
+/// has happened since Alt went down.
+KeyDecision DecideKey(const KeyEvent& event, bool menuMode, bool foreground, bool altAlone);
 
 /// The two input filters of the process: they see keys and mouse events before the windows do. Called on
 /// the event thread; commands may run inside.
-class mHooks {
+class mHooks final : public InputFilter {
 public:
     mHooks(MenuState& state, MenuTracking& tracking, MenuModeHost& host)
         : state_(state), tracking_(tracking), host_(host) {}
 
-    /// True if the key is swallowed.
-    bool KeyboardFilter(const KeyEvent& event);
-    /// Every mouse event goes on to its window. A press counts with any of the three buttons, in a window's
-    /// client area or its frame.
-    void MouseFilter(MouseEvent event);
+    bool KeyboardFilter(const KeyEvent& event) override;
+    void MouseFilter(bool press) override;
+    void OnInterruption() override;
 
 private:
     bool EnterMainMenu(const KeyEvent& event);
@@ -48,6 +38,7 @@ private:
     MenuState& state_;
     MenuTracking& tracking_;
     MenuModeHost& host_;
+    bool altAlone_ = false; // Alt is down, and no other key or button has been since
 };
 
 } // namespace quillshift

@@ -66,17 +66,25 @@ public:
     virtual void ShowShadows(const std::array<ShadowStrip, 2>& strips) = 0;
 };
 
+/// A key event on its way to a window of the process.
+struct KeyEvent {
+    int key = 0; ///< virtual key code; 0 for one that has none
+    bool up = false;
+    bool repeated = false; ///< because it is held down
+    int modifiers = 0;     ///< bits of `modifier`: the keys that are held now
+};
+
 /// Sees keys and mouse events of the process before its windows do.
 class InputFilter {
 public:
     virtual ~InputFilter() = default;
 
-    /// A key, by its virtual key code, with the bits of `modifier` for those held. True if it is swallowed.
-    virtual bool FilterKey(int virtualKey, bool up, int modifiers) = 0;
-    /// A mouse event, which always goes on to its window. `press`: a button went down.
-    virtual void FilterMouse(bool press) = 0;
-    /// The main window was moved, minimised or blocked by a dialog, or has lost the keyboard. Told while the
-    /// mouse filter is on.
+    /// True if the key is swallowed.
+    virtual bool KeyboardFilter(const KeyEvent& event) = 0;
+    /// A mouse event, which always goes on to its window. `press`: a button went down, in a window's client
+    /// area or its frame.
+    virtual void MouseFilter(bool press) = 0;
+    /// A main window was moved, minimised or blocked by a dialog, or has lost the keyboard.
     virtual void OnInterruption() = 0;
 };
 
@@ -91,10 +99,8 @@ class BarSystem {
 public:
     virtual ~BarSystem() = default;
 
-    /// The filter gets the keys of the process; null for none.
-    virtual void SetKeyboardFilter(InputFilter* filter) = 0;
-    /// Whether it gets the mouse events, too.
-    virtual void SetMouseFilter(InputFilter* filter) = 0;
+    /// The filter that gets the input of the process; null for none.
+    virtual void SetInputFilter(InputFilter* filter) = 0;
 
     virtual Point PointerPosition() const = 0;
     /// The window of this process under the pointer; 0 if there is none that hosts a bar or holds one.

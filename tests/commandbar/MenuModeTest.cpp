@@ -27,14 +27,18 @@ struct MenuModeTest : testing::Test {
     MenuTracking& tracking = host.tracking;
     mHooks hooks{state, tracking, host};
 
-    bool Down(int key, int modifiers = 0) { return hooks.KeyboardFilter({key, false, modifiers}); }
-    bool Up(int key, int modifiers = 0) { return hooks.KeyboardFilter({key, true, modifiers}); }
+    bool Down(int key, int modifiers = 0) {
+        return hooks.KeyboardFilter({.key = key, .modifiers = modifiers});
+    }
+    bool Up(int key, int modifiers = 0) {
+        return hooks.KeyboardFilter({.key = key, .up = true, .modifiers = modifiers});
+    }
     bool AltDown() { return Down(key::kAlt, modifier::kAlt); }
     bool AltUp() { return Up(key::kAlt); }
     void ClickOn(WindowId window, bool item = false) {
         host.underPointer = window;
         host.itemUnderPointer = item;
-        hooks.MouseFilter(MouseEvent::Press);
+        hooks.MouseFilter(true);
     }
     // The keys of the controls themselves, as far as they end a menu.
     void LetEscapeLeave() {
@@ -49,7 +53,6 @@ struct MenuModeTest : testing::Test {
         EXPECT_FALSE(state.MenuMode);
         EXPECT_FALSE(state.KeyboardMode);
         EXPECT_EQ(state.ActiveWindow, 0);
-        EXPECT_FALSE(host.mouseFilter);
         EXPECT_THAT(host.shown, IsEmpty());
         EXPECT_THAT(host.Enabled(), IsSupersetOf({kMenu, kToolbar, kSecondToolbar}));
         EXPECT_EQ(host.Enabled().size(), host.controls.size());
@@ -65,7 +68,6 @@ TEST_F(MenuModeTest, AltAloneEntersTheMainMenuAndLeavesItAgain) {
     EXPECT_EQ(state.MenuSource, kMenu);
     EXPECT_THAT(host.log, Contains("first hot 1"));
     EXPECT_THAT(host.Enabled(), ElementsAre(kMenu));
-    EXPECT_TRUE(host.mouseFilter);
 
     EXPECT_TRUE(Down(kF));
     EXPECT_TRUE(state.KeyboardMode);
@@ -100,24 +102,47 @@ TEST_F(MenuModeTest, KeysGoWhereTheForegroundWindowLetsThem) {
              Case{"a shortcut", top, kF, false, modifier::kCtrl, true, true, false},
              {"no shortcut", top, 'G', false, modifier::kCtrl, false, true, false},
              {"a shortcut going up", top, kF, true, modifier::kCtrl, false, false, false},
-             {"a letter let go while Alt is held", top, kF, true, modifier::kAlt, true, false, true},
+             {"a letter let go while Alt is held", top, kF, true, modifier::kAlt, false, false, false},
              {"Alt with a shortcut that is a mnemonic too", top, kF, false, modifier::kAlt, true, true, true},
              {"Alt with a letter that is no mnemonic", top, 'G', false, modifier::kAlt, false, true, false},
-             {"Alt let go over a disabled window", 0, key::kAlt, true, 0, false, false, false},
              {"Alt with a letter over a disabled window", 0, 'G', false, modifier::kAlt, false, true, false},
-             {"Alt let go over a window without a menu", 200, key::kAlt, true, 0, false, false, false},
+             {"Shift after Alt", top, key::kShift, false, modifier::kAlt, false, false, false},
          }) {
         host.foreground = c.foreground;
         host.log.clear();
-        EXPECT_EQ(hooks.KeyboardFilter({c.key, c.up, c.modifiers}), c.swallowed) << c.what;
+        EXPECT_EQ(hooks.KeyboardFilter({.key = c.key, .up = c.up, .modifiers = c.modifiers}), c.swallowed)
+            << c.what;
         const auto search = "search " + std::to_string(c.key);
         EXPECT_EQ(std::count(host.log.begin(), host.log.end(), search), c.searched ? 1 : 0) << c.what;
         EXPECT_EQ(state.MenuMode, c.entered) << c.what;
         tracking.EndMenuMode();
     }
-    host.foreground = top;
-    host.Of(kMenu).enabled = false;
-    EXPECT_FALSE(AltUp());
+}
+
+TEST_F(MenuModeTest, AltThatIsNotAloneEntersNothing) {
+    const std::pair<const char*, std::function<void()>> cases[] = {
+        {"another key", [&] { Down('G', modifier::kAlt); }},
+        {"Alt+Shift", [&] { Down(key::kShift, modifier::kAlt); }},
+        {"a window moved with Alt and the mouse", [&] { ClickOn(kElsewhere); }},
+        {"a switch to another window", [&] { hooks.OnInterruption(); }},
+        {"a disabled window", [&] { host.foreground = 0; }},
+        {"a window without a menu", [&] { host.foreground = 200; }},
+        {"a disabled menu", [&] { host.Of(kMenu).enabled = false; }},
+    };
+    for (const auto& [what, between] : cases) {
+        AltDown();
+        between();
+        EXPECT_FALSE(AltUp()) << what;
+        EXPECT_FALSE(state.MenuMode) << what;
+        host.foreground = FakeMenuModeHost::kTop;
+    }
+}
+
+TEST_F(MenuModeTest, AKeyHeldDownWithAltOpensItsMenuOnce) {
+    host.onKey = [this](WindowId control, int) { host.Open(kPopup, control); };
+    Down(kF, modifier::kAlt);
+    EXPECT_TRUE(hooks.KeyboardFilter({.key = kF, .repeated = true, .modifiers = modifier::kAlt}));
+    EXPECT_THAT(host.shown, ElementsAre(kPopup));
 }
 
 TEST_F(MenuModeTest, AFreePopupOnAMenuDisablesWhatIsBeneath) {
@@ -161,7 +186,7 @@ TEST_F(MenuModeTest, AClickEndsTheMenuUnlessItIsMeantForIt) {
         host.Open(kSubMenu, kPopup);
         state.KeyboardMode = true;
         host.underPointer = c.window;
-        hooks.MouseFilter(MouseEvent::Other);
+        hooks.MouseFilter(false);
         EXPECT_FALSE(state.KeyboardMode);
         EXPECT_TRUE(state.MenuMode) << "only a press ends it";
         ClickOn(c.window, c.item);

@@ -55,14 +55,12 @@ protected:
         const Point at = Middle(window, item);
         system.pointer = window.ToScreen(at);
         system.underPointer = window.Id();
-        if (system.mouse)
-            system.mouse->FilterMouse(false);
+        system.input->MouseFilter(false);
         window.listener->OnMouseMove(at);
     }
     void Press(WindowId window) {
         system.underPointer = window;
-        if (system.mouse)
-            system.mouse->FilterMouse(true);
+        system.input->MouseFilter(true);
     }
     void Click(FakeBarWindow& window, std::size_t item) {
         Hover(window, item);
@@ -71,11 +69,11 @@ protected:
         window.listener->OnMouseRelease(Middle(window, item), MouseButton::Left);
     }
     bool Key(int virtualKey, int modifiers = 0) {
-        return system.keyboard->FilterKey(virtualKey, false, modifiers);
+        return system.input->KeyboardFilter({.key = virtualKey, .modifiers = modifiers});
     }
     void Alt() {
-        system.keyboard->FilterKey(key::kAlt, false, modifier::kAlt);
-        system.keyboard->FilterKey(key::kAlt, true, 0);
+        system.input->KeyboardFilter({.key = key::kAlt, .modifiers = modifier::kAlt});
+        system.input->KeyboardFilter({.key = key::kAlt, .up = true});
     }
     void ExpectAllIsBack() {
         EXPECT_THAT(OpenPopups(), IsEmpty());

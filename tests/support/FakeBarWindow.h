@@ -58,8 +58,7 @@ private:
 /// A desktop of one monitor whose input comes from a test.
 class FakeBarSystem final : public BarSystem {
 public:
-    void SetKeyboardFilter(InputFilter* filter) override { keyboard = filter; }
-    void SetMouseFilter(InputFilter* filter) override { mouse = filter; }
+    void SetInputFilter(InputFilter* filter) override { input = filter; }
     Point PointerPosition() const override { return pointer; }
     WindowId WindowUnderPointer() const override { return underPointer; }
     WindowId ForegroundWindow() const override { return foreground; }
@@ -69,8 +68,7 @@ public:
     bool Layered() const override { return true; }
     ScreenCopy CopyOfScreen(const Rect&) const override { return {}; }
 
-    InputFilter* keyboard = nullptr;
-    InputFilter* mouse = nullptr;
+    InputFilter* input = nullptr;
     Point pointer;
     WindowId underPointer = 0;
     WindowId foreground = 0;

@@ -44,7 +44,6 @@ public:
 
     std::vector<MenuControl> Controls() const override { return controls; }
     void SetEnabled(WindowId control, bool enabled) override { Of(control).enabled = enabled; }
-    void SetMouseFilter(bool on) override { mouseFilter = on; }
     std::vector<WindowId> OpenMenus(WindowId control) const override {
         const auto found = menus_.find(control);
         return found == menus_.end() ? std::vector<WindowId>{} : found->second;
@@ -78,7 +77,6 @@ public:
     WindowId foreground = kTop;
     WindowId underPointer = 0;
     bool itemUnderPointer = false;
-    bool mouseFilter = false;
 
 private:
     void Open(WindowId popup, WindowId source, bool free) {

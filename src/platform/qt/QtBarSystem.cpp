@@ -25,7 +25,13 @@ constexpr std::pair<int, int> kNamedKeys[] = {{Qt::Key_Backspace, key::kBackspac
                                               {Qt::Key_Tab, key::kTab},
                                               {Qt::Key_Return, key::kEnter},
                                               {Qt::Key_Enter, key::kEnter},
+                                              {Qt::Key_Shift, key::kShift},
+                                              {Qt::Key_Control, key::kCtrl},
+                                              {Qt::Key_AltGr, key::kCtrl},
+                                              {Qt::Key_Meta, key::kWindows},
                                               {Qt::Key_Alt, key::kAlt},
+                                              {Qt::Key_CapsLock, key::kCapsLock},
+                                              {Qt::Key_NumLock, key::kNumLock},
                                               {Qt::Key_Escape, key::kEscape},
                                               {Qt::Key_Space, key::kSpace},
                                               {Qt::Key_PageUp, key::kPageUp},
@@ -39,9 +45,7 @@ constexpr std::pair<int, int> kNamedKeys[] = {{Qt::Key_Backspace, key::kBackspac
                                               {Qt::Key_Insert, key::kInsert},
                                               {Qt::Key_Delete, key::kDelete}};
 
-// 0 for a key that the bars have no use for, the modifiers but Alt among them.
-int VirtualKeyOf(const QKeyEvent& event) {
-    const int pressed = event.key();
+int VirtualKeyOf(int pressed) {
     if ((pressed >= Qt::Key_A && pressed <= Qt::Key_Z) || (pressed >= Qt::Key_0 && pressed <= Qt::Key_9))
         return pressed;
     if (pressed >= Qt::Key_F1 && pressed <= Qt::Key_F24)
@@ -49,21 +53,17 @@ int VirtualKeyOf(const QKeyEvent& event) {
     for (const auto& [named, code] : kNamedKeys)
         if (named == pressed)
             return code;
-    return 0;
+    return pressed >= Qt::Key_Super_L && pressed <= Qt::Key_Direction_R ? key::kWindows : 0;
 }
 
-bool IsModifier(const QKeyEvent& event) {
-    switch (event.key()) {
-    case Qt::Key_Shift:
-    case Qt::Key_Control:
-    case Qt::Key_Meta:
-    case Qt::Key_AltGr:
-    case Qt::Key_CapsLock:
-    case Qt::Key_NumLock:
-        return true;
-    default:
-        return event.key() >= Qt::Key_Super_L && event.key() <= Qt::Key_Direction_R;
-    }
+KeyEvent FromQt(const QKeyEvent& event) {
+    const Qt::KeyboardModifiers held = event.modifiers();
+    return {.key = VirtualKeyOf(event.key()),
+            .up = event.type() == QEvent::KeyRelease,
+            .repeated = event.isAutoRepeat(),
+            .modifiers = (held.testFlag(Qt::ShiftModifier) ? modifier::kShift : 0) |
+                         (held.testFlag(Qt::ControlModifier) ? modifier::kCtrl : 0) |
+                         (held.testFlag(Qt::AltModifier) ? modifier::kAlt : 0)};
 }
 
 bool IsPress(QEvent::Type type) {
@@ -74,6 +74,14 @@ bool IsPress(QEvent::Type type) {
 bool IsMouse(QEvent::Type type) {
     return IsPress(type) || type == QEvent::MouseMove || type == QEvent::MouseButtonRelease ||
            type == QEvent::Wheel;
+}
+
+// What a window manager does with a window, by Alt and the mouse or by the title bar, shows only in the
+// window.
+bool Interrupts(const QWidget& widget, QEvent::Type type) {
+    return (type == QEvent::Move || type == QEvent::WindowStateChange || type == QEvent::WindowBlocked ||
+            type == QEvent::WindowDeactivate) &&
+           widget.windowType() == Qt::Window;
 }
 
 Rect FromQt(const QRect& rect) {
@@ -93,49 +101,19 @@ QtBarSystem::QtBarSystem(QtWindowMessages& ids) : ids_(ids) {
 
 // Input comes to the window first, and only then to its widgets: there it is seen once.
 bool QtBarSystem::eventFilter(QObject* watched, QEvent* event) {
-    if (watched->isWidgetType())
-        NoteInterruption(*static_cast<QWidget*>(watched), event->type());
+    const QEvent::Type type = event->type();
+    if (filter_ == nullptr)
+        return false;
+    if (watched->isWidgetType() && Interrupts(*static_cast<QWidget*>(watched), type))
+        filter_->OnInterruption();
     if (!watched->isWindowType())
         return false;
-    const QEvent::Type type = event->type();
     if (type == QEvent::KeyPress || type == QEvent::KeyRelease)
-        return keyboardFilter_ != nullptr && QApplication::activePopupWidget() == nullptr &&
-               FilterKey(*static_cast<QKeyEvent*>(event));
-    if (IsPress(type))
-        altAlone_ = false;
-    if (mouseFilter_ != nullptr && IsMouse(type))
-        mouseFilter_->FilterMouse(IsPress(type));
+        return QApplication::activePopupWidget() == nullptr &&
+               filter_->KeyboardFilter(FromQt(*static_cast<QKeyEvent*>(event)));
+    if (IsMouse(type))
+        filter_->MouseFilter(IsPress(type));
     return false;
-}
-
-// What a window manager does with a window, by Alt and the mouse or by the title bar, shows only in the
-// window.
-void QtBarSystem::NoteInterruption(const QWidget& widget, QEvent::Type type) {
-    const bool interrupts = type == QEvent::Move || type == QEvent::WindowStateChange ||
-                            type == QEvent::WindowBlocked || type == QEvent::WindowDeactivate;
-    if (!interrupts || widget.windowType() != Qt::Window)
-        return;
-    altAlone_ = false;
-    if (mouseFilter_ != nullptr)
-        mouseFilter_->OnInterruption();
-}
-
-// Alt counts when it goes up without another key in between: it is also half of Alt+TAB, and of Alt+Shift, by
-// which many change between Russian and Latin letters.
-bool QtBarSystem::FilterKey(const QKeyEvent& event) {
-    const int code = VirtualKeyOf(event);
-    const bool up = event.type() == QEvent::KeyRelease;
-    const bool wasAlone = std::exchange(altAlone_, code == key::kAlt && !up);
-    // A key without a code is told, too: an open menu keeps every key from the text.
-    if ((code == 0 && IsModifier(event)) || (up && (event.isAutoRepeat() || code != key::kAlt || !wasAlone)))
-        return false;
-    if (code == key::kAlt && !up && event.isAutoRepeat())
-        return false;
-    const Qt::KeyboardModifiers held = event.modifiers();
-    const int modifiers = (held.testFlag(Qt::ShiftModifier) ? modifier::kShift : 0) |
-                          (held.testFlag(Qt::ControlModifier) ? modifier::kCtrl : 0) |
-                          (held.testFlag(Qt::AltModifier) ? modifier::kAlt : 0);
-    return keyboardFilter_->FilterKey(code, up, modifiers);
 }
 
 Point QtBarSystem::PointerPosition() const {

@@ -17,8 +17,7 @@ public:
     /// `ids` outlives it.
     explicit QtBarSystem(QtWindowMessages& ids);
 
-    void SetKeyboardFilter(InputFilter* filter) override { keyboardFilter_ = filter; }
-    void SetMouseFilter(InputFilter* filter) override { mouseFilter_ = filter; }
+    void SetInputFilter(InputFilter* filter) override { filter_ = filter; }
     Point PointerPosition() const override;
     WindowId WindowUnderPointer() const override;
     WindowId ForegroundWindow() const override;
@@ -28,13 +27,9 @@ public:
 
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;
-    bool FilterKey(const QKeyEvent& event);
-    void NoteInterruption(const QWidget& widget, QEvent::Type type);
 
     QtWindowMessages& ids_;
-    InputFilter* keyboardFilter_ = nullptr;
-    InputFilter* mouseFilter_ = nullptr;
-    bool altAlone_ = false; // Alt is down, and no other key or button has been since
+    InputFilter* filter_ = nullptr;
 };
 
 /// The desktop's palette as the colours of the command bars.

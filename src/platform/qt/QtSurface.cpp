@@ -41,9 +41,12 @@ int AlignFlag(TextLayout::Align align) {
     return Qt::AlignLeft | Qt::AlignAbsolute;
 }
 
-QFont MakeFont(const FontSpec& spec) {
+double DotsPerInch() {
     const QScreen* screen = QGuiApplication::primaryScreen();
-    const double dpi = screen != nullptr ? screen->logicalDotsPerInchY() : 96;
+    return screen != nullptr ? screen->logicalDotsPerInchY() : 96;
+}
+
+QFont MakeFont(const FontSpec& spec, double dpi) {
     QFont font(ToQString(spec.name));
     font.setPixelSize(std::max(1, static_cast<int>(std::lround(spec.points * dpi / kPointsPerInch))));
     font.setBold(spec.bold);
@@ -76,11 +79,12 @@ Size QtTextMeasurer::TextExtent(std::u16string_view text, const FontSpec& font, 
 }
 
 const QtTextMeasurer::Known& QtTextMeasurer::Find(const FontSpec& font) const {
+    const double dpi = DotsPerInch();
     for (const Known& known : known_)
-        if (known.spec == font)
+        if (known.spec == font && known.dpi == dpi)
             return known;
-    const QFont made = MakeFont(font);
-    return known_.emplace_back(Known{font, made, QFontMetrics(made)});
+    const QFont made = MakeFont(font, dpi);
+    return known_.emplace_back(Known{font, dpi, made, QFontMetrics(made)});
 }
 
 QtSurface::QtSurface(QPainter& painter, const QtTextMeasurer& texts) : painter_(painter), texts_(texts) {

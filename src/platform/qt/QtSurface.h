@@ -22,6 +22,7 @@ public:
 private:
     struct Known {
         FontSpec spec;
+        double dpi;
         QFont font;
         QFontMetrics metrics;
     };
