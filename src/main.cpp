@@ -2,6 +2,7 @@
 #include "base/Texts.h"
 #include "platform/qt/PosixFiles.h"
 #include "platform/qt/QtBarSystem.h"
+#include "platform/qt/QtClipboard.h"
 #include "platform/qt/QtServices.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/SdlSound.h"

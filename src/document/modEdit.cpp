@@ -65,7 +65,7 @@ void modEdit::Copy() {
 void modEdit::Paste() {
     TextSurface& document = services_.document;
     std::u16string text(document.Text());
-    text.insert(document.SelStart(), services_.clipboard.Text());
+    text.insert(document.SelStart(), services_.clipboard.Text().value_or(u""));
     document.SetText(text);
     document.SetFocus();
     document.SetSelStart(0);

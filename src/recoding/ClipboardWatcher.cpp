@@ -37,18 +37,28 @@ void ClipboardWatcher::OnClipboardChange() {
         timerClipboardDetect_->StartOnce();
 }
 
-void ClipboardWatcher::Detect() {
-    const std::u16string text = services_.clipboard.Text();
+// Whether it is another text than the one seen last.
+bool ClipboardWatcher::Remember(std::u16string_view text) {
     SettingsStore& settings = services_.settings;
     const auto memory = settings.ReadString(Hive::CurrentUser, settings_path::kClipboard, kMemory);
     if (memory.value_or(u"") == StoredForm(text))
-        return;
+        return false;
     settings.WriteString(Hive::CurrentUser, settings_path::kClipboard, kMemory, text);
-    timerClipboard_->StartOnce();
+    return true;
+}
+
+void ClipboardWatcher::Detect() {
+    const auto text = services_.clipboard.Text();
+    if (text && Remember(*text))
+        timerClipboard_->StartOnce();
 }
 
 void ClipboardWatcher::TakeIn() {
-    std::u16string text = services_.clipboard.Text();
+    const auto copied = services_.clipboard.Text();
+    if (!copied)
+        return;
+    Remember(*copied); // it may have changed once more
+    std::u16string text = *copied;
     RecodingState& recoding = services_.recoding;
     if (services_.settings.PreferenceIs("DecodeClipboard", u"1")) {
         try {

@@ -36,6 +36,7 @@ public:
 private:
     void Detect();
     void TakeIn();
+    bool Remember(std::u16string_view text);
 
     Services services_;
     bool watches_ = false;

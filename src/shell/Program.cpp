@@ -87,7 +87,7 @@ void Program::LoadMainWindow() {
     if (OpenAtStart)
         modDocument_->OpenDocument();
     if (settings_.PreferenceIs("StartAtStartup", u"1")) {
-        main_->RichTextBox().SetText(platform_.clipboard.Text());
+        main_->RichTextBox().SetText(platform_.clipboard.Text().value_or(u""));
         job_->StartDecode();
     }
     main_->RichTextBox().SetFont(
@@ -204,12 +204,10 @@ void Program::UpdatePendingStates() {
 }
 
 void Program::UpdateStates() {
-    if (std::exchange(clipboardChanged_, false))
-        clipboardHasText_ = !platform_.clipboard.Text().empty();
     const TextSurface& surface = main_->RichTextBox();
     const CommandInputs inputs{.selection = surface.SelLength() > 0,
                                .text = !surface.Text().empty(),
-                               .clipboardText = clipboardHasText_,
+                               .clipboardText = platform_.clipboard.HasText(),
                                .undoSteps = history_.UndoSteps(),
                                .redoSteps = history_.RedoSteps(),
                                .recodeUndo = recoding_.RecodeUndoAvailable,
@@ -230,7 +228,6 @@ void Program::EnableTextCommands() {
 }
 
 void Program::OnClipboardChange() {
-    clipboardChanged_ = true;
     timerEdit_->StartOnce();
     watcher_->OnClipboardChange();
 }

@@ -104,8 +104,6 @@ private:
     std::unique_ptr<Timer> timerUpdate_; ///< lays the window out behind the event that showed or hid a bar
     std::unique_ptr<Timer> timerEdit_;   ///< follows the inputs of the commands' states, once per turn
     std::unique_ptr<ClipboardWatcher> watcher_;
-    bool clipboardChanged_ = true; ///< since `clipboardHasText_` was asked for
-    bool clipboardHasText_ = false;
     std::unique_ptr<Timer> timerClose_; ///< closes the window once a stopped job has left the stack
 };
 

@@ -231,6 +231,12 @@ void Desktop::Minimise(XWindow window) {
     XSync(display_, False);
 }
 
+void Desktop::HoldClipboard() {
+    const XWindow owner = XCreateSimpleWindow(display_, DefaultRootWindow(display_), 0, 0, 1, 1, 0, 0, 0);
+    XSetSelectionOwner(display_, Atom("CLIPBOARD"), owner, CurrentTime);
+    XSync(display_, False);
+}
+
 void Desktop::Resize(XWindow window, Size client) {
     XResizeWindow(display_, window, static_cast<unsigned>(client.width),
                   static_cast<unsigned>(client.height));

@@ -51,6 +51,8 @@ public:
     void Resize(XWindow window, Size client);
     void Move(XWindow window, Point place);
     void Minimise(XWindow window);
+    /// Takes the clipboard, and answers nobody who asks for what is on it.
+    void HoldClipboard();
     /// Gives a window the keyboard, as its entry in a list of windows does; restores a minimised one.
     void Activate(XWindow window);
 

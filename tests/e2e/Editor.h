@@ -35,7 +35,9 @@ public:
     bool Runs() { return !program_->ExitCode(); }
     /// Waits until the main window has the keyboard and all that was done so far is handled.
     void Settle();
-    /// The same with a dialog.
+    /// Waits until all that was done so far is handled, whoever has the keyboard.
+    void WaitUntilQuiet() const { desktop_.WaitUntilQuiet(*program_); }
+    /// As `Settle`, with a dialog.
     void SettleIn(std::u16string_view title);
     /// Waits for the program's end and gives its exit code.
     int WaitForEnd();

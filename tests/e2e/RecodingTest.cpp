@@ -1,6 +1,5 @@
 #include "e2e/EditorTest.h"
 
-#include "base/Utf8.h"
 #include "recoding/modDecode.h"
 #include "support/Iconv.h"
 
@@ -48,13 +47,6 @@ std::string KeyOf(Direction direction) {
 
 class Recoding : public EditorTest {
 protected:
-    // Another program puts a text on the clipboard.
-    void CopyElsewhere(const std::string& text) {
-        Put(Path("clipboard.txt"), text);
-        Process("xclip", {"-selection", "clipboard", "-i", Path("clipboard.txt")},
-                desktop.ProgramEnvironment(editor.home.Path()))
-            .WaitForEnd();
-    }
     // A text whose walk lasts for many seconds.
     std::filesystem::path LongLetter() {
         std::string text;
@@ -166,29 +158,6 @@ TEST_F(Recoding, ClosingTheWindowDuringTheWalkEndsTheProgram) {
     desktop.WaitForWindow(u"Перекодирование...");
     desktop.AskToClose(editor.Window());
     EXPECT_EQ(editor.WaitForEnd(), 0);
-}
-
-TEST_F(Recoding, TheClipboardIsTakenInAndRecodedAtTheStart) {
-    CopyElsewhere("Џа");
-    editor.Set("StartAtStartup", u"1").Set("SaveChange", u"0").Start();
-    EXPECT_EQ(Saved(), Iconv("Пр\r\n", "UTF-8", "CP1251"));
-}
-
-TEST_F(Recoding, WhatIsCopiedElsewhereArrivesByItselfAndCanBeTakenBack) {
-    editor.Set("ClipboardDetect", u"1").Set("ClipboardText", u"1").Set("SaveChange", u"0").Start();
-    for (const char* copied : {"Џа", "аЁ", "ЁЎ"}) {
-        CopyElsewhere(copied);
-        editor.Settle();
-        desktop.WaitUntil("the text has arrived", [&] {
-            const auto memory =
-                editor.Settings().ReadString(Hive::CurrentUser, settings_path::kClipboard, "ClipboardText");
-            return memory == FromUtf8(copied);
-        });
-        editor.Settle();
-    }
-    EXPECT_EQ(Saved(), Iconv("Пр\r\nри\r\nиб\r\n", "UTF-8", "CP1251"));
-    desktop.Press("Ctrl+F9");
-    EXPECT_EQ(Saved(), Iconv("Пр\r\nри\r\n", "UTF-8", "CP1251"));
 }
 
 } // namespace

@@ -65,6 +65,26 @@ TEST_F(ClipboardWatcherTest, TheSameTextIsTakenInOnceAlsoIfTheStoreCantHoldIt) {
     EXPECT_EQ(takenIn, 1);
 }
 
+TEST_F(ClipboardWatcherTest, TakesInATextOnceThatReplacesAnotherMeanwhile) {
+    settings.SetPreference("ClipboardText", u"1");
+    watcher.Start();
+    clipboard.SetText(u"Џ");
+    timers.Tick();
+    Copy(u"а");
+    timers.Tick();
+    EXPECT_EQ(document.Text(), u"р");
+}
+
+TEST_F(ClipboardWatcherTest, KeepsTheDocumentWhereNobodyAnswers) {
+    document.SetText(u"kept");
+    watcher.Start();
+    clipboard.text.reset();
+    watcher.OnClipboardChange();
+    timers.Tick();
+    timers.Tick();
+    EXPECT_EQ(document.Text(), u"kept");
+}
+
 TEST_F(ClipboardWatcherTest, KeepsTheDocumentWhereATextIsOverTheLimit) {
     document.SetText(u"kept");
     watcher.Start();

@@ -77,14 +77,15 @@ public:
 
 class FakeClipboard final : public Clipboard {
 public:
-    std::u16string Text() override { return text; }
+    std::optional<std::u16string> Text() override { return text; }
+    bool HasText() const override { return text && !text->empty(); }
     void SetText(std::u16string_view value) override {
         text = value;
         if (OnChange)
             OnChange();
     }
     void Clear() override { SetText(u""); }
-    std::u16string text;
+    std::optional<std::u16string> text = u""; ///< nothing: its owner doesn't answer
 };
 
 /// Ticks when the test says so.

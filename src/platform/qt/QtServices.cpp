@@ -3,7 +3,6 @@
 #include "platform/qt/QtText.h"
 
 #include <QApplication>
-#include <QClipboard>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
@@ -167,25 +166,6 @@ BoxAnswer QtMessageBox::Show(BoxIcon icon, BoxButtons buttons, std::u16string_vi
     if (box.clickedButton() == yes)
         return BoxAnswer::Yes;
     return box.clickedButton() == no ? BoxAnswer::No : BoxAnswer::Cancel;
-}
-
-QtClipboard::QtClipboard() {
-    QObject::connect(QApplication::clipboard(), &QClipboard::dataChanged, QApplication::clipboard(), [this] {
-        if (OnChange)
-            OnChange();
-    });
-}
-
-std::u16string QtClipboard::Text() {
-    return FromQString(QApplication::clipboard()->text());
-}
-
-void QtClipboard::SetText(std::u16string_view text) {
-    QApplication::clipboard()->setText(ToQString(text));
-}
-
-void QtClipboard::Clear() {
-    QApplication::clipboard()->clear();
 }
 
 std::unique_ptr<Timer> QtTimers::Make(std::function<void()> tick) {

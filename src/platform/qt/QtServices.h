@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/Clipboard.h"
 #include "platform/FileDialog.h"
 #include "platform/MessageBox.h"
 #include "platform/Screen.h"
@@ -27,15 +26,6 @@ class QtMessageBox final : public MessageBox {
 public:
     BoxAnswer Show(BoxIcon icon, BoxButtons buttons, std::u16string_view title,
                    std::u16string_view text) override;
-};
-
-class QtClipboard final : public Clipboard {
-public:
-    QtClipboard();
-
-    std::u16string Text() override;
-    void SetText(std::u16string_view text) override;
-    void Clear() override;
 };
 
 class QtTimers final : public Timers {

@@ -1,0 +1,121 @@
+#include "e2e/EditorTest.h"
+
+#include "base/Utf8.h"
+#include "support/Iconv.h"
+
+namespace quillshift::e2e {
+namespace {
+
+class ClipboardElsewhere : public EditorTest {
+protected:
+    ClipboardElsewhere() { editor.Set("SaveChange", u"0"); }
+
+    // Another program puts a text on the clipboard, and stays behind to give it out.
+    void Copy(const std::string& text) { StartCopying(text, "-silent").WaitForEnd(); }
+    // One that ends when it is told.
+    Process StartCopying(const std::string& text, const char* how = "-quiet",
+                         const char* form = "UTF8_STRING") {
+        Put(Path("clipboard.txt"), text);
+        return {"xclip",
+                {how, "-selection", "clipboard", "-t", form, "-i", Path("clipboard.txt")},
+                desktop.ProgramEnvironment(editor.home.Path())};
+    }
+    enum Form { AsItCame, Recode };
+    enum Place { Replace, Collect };
+    Editor& Watch(Form form, Place place) {
+        return editor.Set("ClipboardDetect", u"1")
+            .Set("DecodeClipboard", form == Recode ? u"1" : u"0")
+            .Set("ClipboardText", place == Collect ? u"1" : u"0");
+    }
+    void WaitUntilSeen(const std::string& text) {
+        desktop.WaitUntil("the text has been seen", [&] {
+            return editor.Settings().ReadString(Hive::CurrentUser, settings_path::kClipboard,
+                                                "ClipboardText") == FromUtf8(text);
+        });
+        editor.WaitUntilQuiet();
+    }
+    std::string Bytes(const std::string& text) { return Iconv(text, "UTF-8", "CP1251"); }
+};
+
+TEST_F(ClipboardElsewhere, TheClipboardIsTakenInAndRecodedAtTheStart) {
+    Copy("Џа");
+    editor.Set("StartAtStartup", u"1").Start();
+    EXPECT_EQ(Saved(), Iconv("Пр\r\n", "UTF-8", "CP1251"));
+}
+
+TEST_F(ClipboardElsewhere, WhatIsCopiedElsewhereArrivesByItselfAndCanBeTakenBack) {
+    Watch(Recode, Collect).Start();
+    for (const char* copied : {"Џа", "аЁ", "ЁЎ"}) {
+        Copy(copied);
+        WaitUntilSeen(copied);
+    }
+    EXPECT_EQ(Saved(), Iconv("Пр\r\nри\r\nиб\r\n", "UTF-8", "CP1251"));
+    desktop.Press("Ctrl+F9");
+    EXPECT_EQ(Saved(), Iconv("Пр\r\nри\r\n", "UTF-8", "CP1251"));
+}
+
+TEST_F(ClipboardElsewhere, ALongTextArrivesWholeAndOutlivesTheProgramItCameFrom) {
+    std::string text;
+    while (text.size() < 5U << 20U)
+        text += "Я помню чудное мгновенье: передо мной явилась ты\r\n";
+    Watch(AsItCame, Replace).Start();
+    {
+        const Process owner = StartCopying(text);
+        WaitUntilSeen(text);
+    }
+    editor.WaitUntilQuiet();
+    desktop.Press("Ctrl+v");
+    EXPECT_TRUE(Saved() == Bytes(text + text + "\r\n"));
+}
+
+TEST_F(ClipboardElsewhere, BytesOfAnOldProgramAreReadAsThoseOfFilesAre) {
+    Watch(Recode, Replace).Start();
+    StartCopying("\x8F\xE0", "-silent", "STRING").WaitForEnd();
+    WaitUntilSeen("Џа");
+    EXPECT_EQ(Saved(), Bytes("Пр\r\n"));
+    StartCopying("no text", "-silent", "image/png").WaitForEnd();
+    WaitUntilSeen("");
+    EXPECT_EQ(Saved(), "\r\n");
+}
+
+TEST_F(ClipboardElsewhere, ArrivesWhateverTheProgramIsBusyWith) {
+    Watch(AsItCame, Collect).Start();
+    const auto copy = [this](const std::string& text) {
+        Copy(text);
+        WaitUntilSeen(text);
+    };
+    desktop.Press("Alt");
+    desktop.Press("Down");
+    editor.WaitUntilQuiet();
+    copy("menu");
+    desktop.Press("Escape");
+    desktop.Press("Escape");
+    desktop.Press("F9");
+    editor.SettleIn(u"Перекодирование");
+    copy("dialog");
+    desktop.Press("Escape");
+    editor.Settle();
+    desktop.Minimise(editor.Window());
+    desktop.WaitUntil("the window is hidden", [&] { return desktop.Active() == 0; });
+    copy("hidden");
+    desktop.Activate(editor.Window());
+    editor.Settle();
+    EXPECT_EQ(Saved(), "menu\r\ndialog\r\nhidden\r\n");
+}
+
+TEST_F(ClipboardElsewhere, AProgramThatGivesNoAnswerHoldsNothingUp) {
+    Watch(AsItCame, Replace).Start();
+    Copy("kept");
+    WaitUntilSeen("kept");
+    for (int i = 0; i < 1000; ++i)
+        desktop.HoldClipboard();
+    for (int i = 0; i < 10; ++i)
+        desktop.Press("Ctrl+v");
+    EXPECT_EQ(Saved(), "kept\r\n");
+    Copy("the last");
+    WaitUntilSeen("the last");
+    EXPECT_EQ(Saved(), "the last\r\n");
+}
+
+} // namespace
+} // namespace quillshift::e2e
