@@ -1,11 +1,11 @@
-#include "e2e/EditorTest.h"
+#include "e2e/BarsTest.h"
 
 #include "support/Iconv.h"
 
 namespace quillshift::e2e {
 namespace {
 
-class Editing : public EditorTest {
+class Editing : public BarsTest {
 protected:
     Editing() { editor.Set("SaveChange", u"0"); }
     std::string Bytes(const std::string& text) { return Iconv(text + "\r\n", "UTF-8", "CP1251"); }
@@ -37,6 +37,55 @@ TEST_F(Editing, IsUndoneRedoneCutCopiedAndPastedByShortcuts) {
     EXPECT_EQ(Saved(), Bytes(""));
 }
 
+TEST_F(Editing, IsDoneByTheMenuAndByTheToolbar) {
+    editor.Start();
+    const std::pair<const char*, std::function<void(const std::string&)>> roads[] = {
+        {"menu", [&](const std::string& command) { editor.Choose("MENU:EDIT:" + command); }},
+        {"toolbar", [&](const std::string& command) { desktop.Click(Tool("TOOLBAR:" + command)); }},
+    };
+    for (const auto& road : roads) {
+        SCOPED_TRACE(road.first);
+        const auto run = [&](const std::string& command) {
+            road.second(command);
+            editor.Settle();
+        };
+        desktop.Type(u"one two");
+        desktop.Press("Ctrl+Shift+Left");
+        editor.Settle();
+        run("CUT");
+        run("PASTE");
+        EXPECT_EQ(Saved(), Bytes("one two"));
+        run("UNDO");
+        EXPECT_EQ(Saved(), Bytes("one "));
+        run("REDO");
+        EXPECT_EQ(Saved(), Bytes("one two"));
+        desktop.Press("Ctrl+Home");
+        desktop.Press("Ctrl+Shift+Right");
+        editor.Settle();
+        run("COPY");
+        run("DELETE");
+        EXPECT_EQ(Saved(), Bytes("two"));
+        run("CLEAR");
+        run("PASTE");
+        EXPECT_EQ(Saved(), Bytes("one "));
+        run("CLEAR");
+    }
+}
+
+TEST_F(Editing, AnIndentGoesAndStopsAtTheMargin) {
+    editor.Start();
+    desktop.Type(u"many a word");
+    editor.Settle();
+    const Rect window = desktop.Place(editor.Window());
+    const Rect margin = RectAt(window.left + 10, window.top + 70, 40, 20);
+    const auto before = desktop.Pixels(margin);
+    desktop.Click(Tool("TOOLBAR:INDENT"));
+    desktop.WaitUntil("the text has moved", [&] { return desktop.Pixels(margin) != before; });
+    editor.Choose("MENU:FORMAT:OUTDENT");
+    editor.Choose("MENU:FORMAT:OUTDENT");
+    desktop.WaitUntil("the text is back", [&] { return desktop.Pixels(margin) == before; });
+}
+
 TEST_F(Editing, TypingOverASelectionIsTakenBackInTwoSteps) {
     editor.Start();
     desktop.Type(u"one two");
@@ -54,6 +103,10 @@ TEST_F(Editing, ChangesCaseByTheMenuAndOffersTheEditMenuAtTheMouse) {
     editor.Settle();
     editor.Choose("MENU:FORMAT:ALLTEXTCASE:CASEU");
     EXPECT_EQ(Saved(), Bytes("ЁЖ AND HARE"));
+    desktop.Press("Ctrl+Shift+Right"); // the caret stands at the start
+    editor.Settle();
+    editor.Choose("MENU:FORMAT:SELTEXTCASE:CASEL");
+    EXPECT_EQ(Saved(), Bytes("ёж AND HARE"));
     const Rect window = desktop.Place(editor.Window());
     desktop.Click({window.left + 300, window.top + 300}, 3);
     desktop.WaitUntil("the menu is open", [&] { return !desktop.Popups().empty(); });
