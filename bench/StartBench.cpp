@@ -4,8 +4,6 @@
 #include "BenchSupport.h"
 #include "e2e/Editor.h"
 
-#include <algorithm>
-#include <array>
 #include <chrono>
 #include <cstdio>
 #include <fstream>
@@ -29,15 +27,6 @@ Clock::time_point StartOnTheBlankScreen(const Desktop& desktop) {
 double TimeToFirstPaint(const Desktop& desktop, Clock::time_point start) {
     desktop.WaitUntil("something is painted", [&] { return IsPainted(desktop); });
     return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
-}
-
-template <typename Run>
-double MedianOf(Run run) {
-    std::array<double, kRuns> times{};
-    for (double& time : times)
-        time = run();
-    std::nth_element(times.begin(), times.begin() + kRuns / 2, times.end());
-    return times[kRuns / 2];
 }
 
 double TimeOfStart(Desktop& desktop) {
@@ -68,20 +57,21 @@ void MeasureMemory(Desktop& desktop, std::size_t megabytes) {
         letter << line;
     letter.close();
     editor.Start();
-    const double before = ResidentMegabytes(std::to_string(editor.Pid()));
+    const double before = ResidentMegabytes(std::to_string(editor.Program().Pid()));
     editor.Open(file);
     std::printf("memory with %2zu MB of text:  %6.1f MB (%.1f MB without a document)\n", megabytes,
-                ResidentMegabytes(std::to_string(editor.Pid())), before);
+                ResidentMegabytes(std::to_string(editor.Program().Pid())), before);
 }
 
 } // namespace
 } // namespace quillshift::e2e
 
 int main() {
+    using namespace quillshift;
     using namespace quillshift::e2e;
     Desktop desktop;
-    const double start = MedianOf([&] { return TimeOfStart(desktop); });
-    const double empty = MedianOf([&] { return TimeOfEmptyWindow(desktop); });
+    const double start = MedianOf<kRuns>([&] { return TimeOfStart(desktop); });
+    const double empty = MedianOf<kRuns>([&] { return TimeOfEmptyWindow(desktop); });
     std::printf("start to first paint:        %6.1f ms, an empty Qt window %.1f ms (medians of %d)\n", start,
                 empty, kRuns);
     for (const std::size_t megabytes : {1U, 10U})

@@ -1,5 +1,6 @@
 #include "base/Error.h"
 #include "base/Texts.h"
+#include "platform/qt/CaretRest.h"
 #include "platform/qt/PosixFiles.h"
 #include "platform/qt/QtBarSystem.h"
 #include "platform/qt/QtClipboard.h"
@@ -93,6 +94,7 @@ int Run(int argc, char** argv) {
         QIcon(QCoreApplication::applicationDirPath() + QStringLiteral("/Data/icons/menu/Decoding.ico")));
     SpeakRussian(application);
     ShowFontRelatives();
+    const CaretRest caretRest;
 
     const std::filesystem::path data = DataFolder();
     SqliteSettings store(data / "settings.db");

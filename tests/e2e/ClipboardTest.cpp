@@ -32,7 +32,7 @@ protected:
             return editor.Settings().ReadString(Hive::CurrentUser, settings_path::kClipboard,
                                                 "ClipboardText") == FromUtf8(text);
         });
-        editor.WaitUntilQuiet();
+        desktop.WaitUntilQuiet(editor.Program());
     }
     std::string Bytes(const std::string& text) { return Iconv(text, "UTF-8", "CP1251"); }
 };
@@ -63,7 +63,7 @@ TEST_F(ClipboardElsewhere, ALongTextArrivesWholeAndOutlivesTheProgramItCameFrom)
         const Process owner = StartCopying(text);
         WaitUntilSeen(text);
     }
-    editor.WaitUntilQuiet();
+    desktop.WaitUntilQuiet(editor.Program());
     desktop.Press("Ctrl+v");
     EXPECT_TRUE(Saved() == Bytes(text + text + "\r\n"));
 }
@@ -86,7 +86,7 @@ TEST_F(ClipboardElsewhere, ArrivesWhateverTheProgramIsBusyWith) {
     };
     desktop.Press("Alt");
     desktop.Press("Down");
-    editor.WaitUntilQuiet();
+    desktop.WaitUntilQuiet(editor.Program());
     copy("menu");
     desktop.Press("Escape");
     desktop.Press("Escape");

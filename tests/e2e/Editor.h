@@ -31,12 +31,10 @@ public:
     /// Starts the program and returns at once.
     void Launch();
     XWindow Window() const { return window_; }
-    pid_t Pid() const { return program_->Pid(); }
+    const Process& Program() const { return *program_; }
     bool Runs() { return !program_->ExitCode(); }
     /// Waits until the main window has the keyboard and all that was done so far is handled.
     void Settle();
-    /// Waits until all that was done so far is handled, whoever has the keyboard.
-    void WaitUntilQuiet() const { desktop_.WaitUntilQuiet(*program_); }
     /// As `Settle`, with a dialog.
     void SettleIn(std::u16string_view title);
     /// Waits for the program's end and gives its exit code.
