@@ -7,20 +7,26 @@
 #include <QApplication>
 
 #include <chrono>
+#include <tuple>
 
 namespace quillshift {
 namespace {
 
-std::u16string Lines(std::int64_t characters) {
+enum Shape { Lines, OneLine };
+
+// The arguments of a benchmark: the document's length in characters, and its shape.
+std::u16string TextFor(const benchmark::State& state) {
     std::u16string text;
-    while (static_cast<std::int64_t>(text.size()) < characters)
-        text += u"Я помню чудное мгновенье: передо мной явилась ты\r\n";
+    while (static_cast<std::int64_t>(text.size()) < state.range(0)) {
+        text += u"Я помню чудное мгновенье: передо мной явилась ты ";
+        if (state.range(1) == Lines)
+            text += u"\r\n";
+    }
     return text;
 }
 
-// A character typed in the middle, from the call to the paint, with the state recorded for undo. The argument
-// is the document's length. "record_us" is the history's share of it, "MB" what the process grew by
-// meanwhile.
+// A character typed in the middle, from the call to the paint, with the state recorded for undo.
+// "record_us" is the history's share of it, "MB" what the process grew by meanwhile.
 void TypeWithUndo(benchmark::State& state) {
     QtTextSurface surface;
     UndoHistory history;
@@ -32,7 +38,7 @@ void TypeWithUndo(benchmark::State& state) {
         history.Record(surface);
         recording += std::chrono::steady_clock::now() - begin;
     };
-    surface.LoadPlain(Lines(state.range(0)));
+    surface.LoadPlain(TextFor(state));
     surface.SetSelStart(surface.Text().size() / 2);
     surface.ensureCursorVisible();
     QApplication::processEvents();
@@ -53,7 +59,7 @@ void TypeInTheBareWidget(benchmark::State& state) {
     widget.document()->setUndoRedoEnabled(false);
     widget.resize(760, 490);
     widget.show();
-    widget.setPlainText(QString::fromStdU16String(Lines(state.range(0))));
+    widget.setPlainText(QString::fromStdU16String(TextFor(state)));
     QTextCursor cursor = widget.textCursor();
     cursor.setPosition(widget.document()->characterCount() / 2);
     widget.setTextCursor(cursor);
@@ -64,16 +70,18 @@ void TypeInTheBareWidget(benchmark::State& state) {
     }
 }
 // As many characters for both: what is typed makes the line longer, and the work with it.
-void TypeThese(benchmark::internal::Benchmark* benchmark, std::int64_t length, std::int64_t characters) {
-    benchmark->Arg(length)->Iterations(characters)->Unit(benchmark::kMicrosecond);
+void TypeThese(benchmark::internal::Benchmark* benchmark, std::int64_t length, Shape shape,
+               std::int64_t characters) {
+    benchmark->Args({length, shape})->Iterations(characters)->Unit(benchmark::kMicrosecond);
 }
 [[maybe_unused]] const bool kRegistered = [] {
     // For its memory, and so the first of all, while none is left over from others.
-    TypeThese(benchmark::RegisterBenchmark("TypeWithUndo", TypeWithUndo), 1 << 20, 10000);
-    for (const auto& [length, characters] :
-         {std::pair(10 << 10, 2000), std::pair(1 << 20, 500), std::pair(10 << 20, 30)}) {
-        TypeThese(benchmark::RegisterBenchmark("TypeWithUndo", TypeWithUndo), length, characters);
-        TypeThese(benchmark::RegisterBenchmark("TypeInTheBareWidget", TypeInTheBareWidget), length,
+    TypeThese(benchmark::RegisterBenchmark("TypeWithUndo", TypeWithUndo), 1 << 20, Lines, 10000);
+    for (const auto& [length, shape, characters] :
+         {std::tuple(10 << 10, Lines, 2000), std::tuple(1 << 20, Lines, 500), std::tuple(10 << 20, Lines, 30),
+          std::tuple(1 << 20, OneLine, 10)}) {
+        TypeThese(benchmark::RegisterBenchmark("TypeWithUndo", TypeWithUndo), length, shape, characters);
+        TypeThese(benchmark::RegisterBenchmark("TypeInTheBareWidget", TypeInTheBareWidget), length, shape,
                   characters);
     }
     return true;
