@@ -47,7 +47,8 @@ public:
     }
     // As another program reads it.
     void Read() const {
-        Process("sh", {"-c", "xclip -selection clipboard -o >" + (home_ / "read.txt").string()}, Environment())
+        Process("sh", {"-c", "xclip -selection clipboard -o >" + (home_ / "read.txt").string()},
+                Environment())
             .WaitForEnd();
     }
 
@@ -88,9 +89,10 @@ void MeasureLatency(Desktop& desktop, std::size_t characters) {
             other.Read();
         });
     });
-    std::printf("a copied text of %7zu characters: %6.1f ms until it is painted, %.1f ms until another program "
-                "has read it (medians of %d)\n",
-                characters, painted, read, kRuns);
+    std::printf(
+        "a copied text of %7zu characters: %6.1f ms until it is painted, %.1f ms until another program "
+        "has read it (medians of %d)\n",
+        characters, painted, read, kRuns);
 }
 
 } // namespace

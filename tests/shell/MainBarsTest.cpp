@@ -128,64 +128,6 @@ TEST_F(MainBarsTest, ASecondClickOnAHeadingClosesItsMenu) {
     ExpectAllIsBack();
 }
 
-TEST_F(MainBarsTest, GoingAlongTheStripOpensTheNextMenuAndClosesTheFormer) {
-    Click(menu, 0);
-    Hover(menu, 3);
-    EXPECT_THAT(OpenPopups(), SizeIs(1));
-    Click(Popup(OpenPopups()[0]), 0);
-    EXPECT_THAT(clicked, ElementsAre("MENU:VIEW:ONTOP"));
-    EXPECT_TRUE(bars.Button("MENU:VIEW:ONTOP").Checked());
-}
-
-TEST_F(MainBarsTest, ASubMenuOpensForTheRowThatThePointerRestsOn) {
-    Click(menu, 7);
-    Hover(Popup(0), 0);
-    Hover(Popup(0), 1);
-    EXPECT_THAT(OpenPopups(), SizeIs(1)) << "before the delay is over";
-    platform.timers.Tick();
-    ASSERT_THAT(OpenPopups(), ElementsAre(0, 1));
-    Click(Popup(1), 0);
-    EXPECT_THAT(clicked, ElementsAre("MENU:DECODE:WIN:WD"));
-    ExpectAllIsBack();
-}
-
-TEST_F(MainBarsTest, AreDrivenByTheKeyboardAlone) {
-    Alt();
-    for (int i = 0; i < 7; ++i)
-        EXPECT_TRUE(Key(key::kRight));
-    Key(key::kDown);
-    Key(key::kDown);
-    Key(key::kRight);
-    ASSERT_THAT(OpenPopups(), SizeIs(2));
-    Key(key::kLeft);
-    EXPECT_THAT(OpenPopups(), SizeIs(1)) << "back in the parent menu";
-    Key(key::kRight);
-    Key(key::kDown);
-    Key(key::kEnter);
-    EXPECT_THAT(clicked, ElementsAre("MENU:DECODE:WIN:WK"));
-    ExpectAllIsBack();
-}
-
-TEST_F(MainBarsTest, ArrowsWalkFromMenuToMenuAndWrap) {
-    Alt();
-    Key(key::kDown);
-    Key(key::kLeft);
-    EXPECT_THAT(OpenPopups(), SizeIs(1));
-    Key(key::kEnter);
-    EXPECT_THAT(clicked, ElementsAre("MENU:HELP:LICENSE"));
-}
-
-TEST_F(MainBarsTest, EscapeGoesBackStepByStep) {
-    Alt();
-    Key(key::kDown);
-    Key(key::kEscape);
-    EXPECT_THAT(OpenPopups(), IsEmpty());
-    EXPECT_TRUE(toolkit.Menu().MenuMode) << "the heading is still hot";
-    Key(key::kEscape);
-    ExpectAllIsBack();
-    EXPECT_FALSE(Key(key::kEscape)) << "the text gets its keys again";
-}
-
 TEST_F(MainBarsTest, EveryRoadClosesWhatItShould) {
     Click(menu, 0);
     Press(kElsewhere);
@@ -221,14 +163,6 @@ TEST_F(MainBarsTest, ARightClickOnAToolbarOpensTheListOfToolbars) {
     EXPECT_THAT(OpenPopups(), IsEmpty());
 }
 
-TEST_F(MainBarsTest, PopupsStayOnTheScreen) {
-    menu.place = menu.place.MovedBy(500, 600);
-    Click(menu, 7);
-    const Rect place = Popup(0).place;
-    EXPECT_LE(place.right, 1280);
-    EXPECT_LE(place.bottom, menu.place.top + 2) << "above the strip, where there is room";
-}
-
 TEST_F(MainBarsTest, ShortcutsRunFromTheWindowThatHasTheKeyboardAndOnlyOnce) {
     EXPECT_TRUE(Key('N', modifier::kCtrl));
     EXPECT_THAT(clicked, ElementsAre("MENU:FILE:NEW"));
@@ -249,18 +183,6 @@ TEST_F(MainBarsTest, OneItemRepaintsWhenThePointerComesOverIt) {
     platform.timers.Tick();
     EXPECT_THAT(toolbar.repainted, SizeIs(2));
     EXPECT_EQ(toolbar.toolTip, u"");
-}
-
-TEST_F(MainBarsTest, ANarrowToolbarLosesItsLastGroupsAndAWideOneHasThemBack) {
-    const auto shown = [&] {
-        const auto items = toolkit.Find(toolbar.Id())->Items();
-        return std::count_if(items.begin(), items.end(), [](const auto& item) { return item.Right > 0; });
-    };
-    const auto all = shown();
-    toolbar.Widen(400);
-    EXPECT_LT(shown(), all);
-    toolbar.Widen(780);
-    EXPECT_EQ(shown(), all);
 }
 
 TEST_F(MainBarsTest, TheChevronMenuHidesAButtonBehindItself) {

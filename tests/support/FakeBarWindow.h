@@ -37,11 +37,6 @@ public:
             shadows[i] = strips[i].place;
     }
 
-    void Widen(int width) {
-        place.right = place.left + width;
-        listener->OnSize();
-    }
-
     Rect place; ///< on the screen
     BarWindowListener* listener = nullptr;
     bool visible = false;
