@@ -1,4 +1,4 @@
-#include "base/Error.h"
+#include "support/FailureOf.h"
 #include "support/FakeBarControl.h"
 
 #include <gmock/gmock.h>
@@ -13,13 +13,9 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 /// Number of the error that an operation fails with; 0 when it does not fail.
-int FailureOf(const std::function<void()>& operation) {
-    try {
-        operation();
-        return 0;
-    } catch (const Error& error) {
-        return error.Number();
-    }
+template <typename Action>
+int NumberOf(Action action) {
+    return FailureOf(action).Number();
 }
 constexpr int kNoControl = static_cast<int>(0x800462AEU);
 constexpr int kNoSuchItem = static_cast<int>(0x800462AFU);
@@ -28,14 +24,14 @@ constexpr int kKeyInUse = 457;
 TEST(Keys, AreRefusedWhenTakenOrNumeric) {
     TestBars test;
     test.buttons.Add("Cut", 3, u"Cut");
-    EXPECT_EQ(FailureOf([&] { test.buttons.Add("CUT", 4, u"Other"); }), kKeyInUse);
+    EXPECT_EQ(NumberOf([&] { test.buttons.Add("CUT", 4, u"Other"); }), kKeyInUse);
     EXPECT_EQ(test.buttons.Item("cut").Caption(), u"Cut");
-    EXPECT_EQ(FailureOf([&] { test.bars.Add("Cut"); }), 0) << "bars and buttons have keys of their own";
+    EXPECT_EQ(NumberOf([&] { test.bars.Add("Cut"); }), 0) << "bars and buttons have keys of their own";
     for (const char* numeric : {"12", "-1.5", " 7 ", "+3", ".5", "1e5", "5-", "1,000", "&HFF", "&17"})
-        EXPECT_EQ(FailureOf([&] { test.buttons.Add(numeric); }), 13) << numeric;
+        EXPECT_EQ(NumberOf([&] { test.buttons.Add(numeric); }), 13) << numeric;
     for (const char* text : {"B:12", "12:", "1-2", "e5", "-", ".", "1e", "&HG", "F1", "1 2"})
-        EXPECT_EQ(FailureOf([&] { test.buttons.Add(text); }), 0) << text;
-    EXPECT_EQ(FailureOf([&] { test.bars.Add(""); }), static_cast<int>(0x800462B3U));
+        EXPECT_EQ(NumberOf([&] { test.buttons.Add(text); }), 0) << text;
+    EXPECT_EQ(NumberOf([&] { test.bars.Add(""); }), static_cast<int>(0x800462B3U));
 }
 
 TEST(Keys, ThatAreMissingFailByWhatWasAsked) {
@@ -43,18 +39,18 @@ TEST(Keys, ThatAreMissingFailByWhatWasAsked) {
     const cCommandBar bar = test.Bar("BAR", {"A", "B"});
     const cButton loose = test.buttons.Add("LOOSE");
     const cCommandBarButtons on = bar.Buttons();
-    EXPECT_EQ(FailureOf([&] { on.Item("LOOSE"); }), 5);
-    EXPECT_EQ(FailureOf([&] { on.Item(3); }), 9);
-    EXPECT_EQ(FailureOf([&] { on.Item(0); }), 9);
-    EXPECT_EQ(FailureOf([&] { on.Remove("LOOSE"); }), kNoSuchItem);
-    EXPECT_EQ(FailureOf([&] { test.buttons.Remove("NONE"); }), kNoSuchItem);
-    EXPECT_EQ(FailureOf([&] { test.bars.Remove("NONE"); }), kNoSuchItem);
-    EXPECT_EQ(FailureOf([&] { on.InsertBefore(test.buttons.Item("A"), loose); }), kNoSuchItem);
-    EXPECT_EQ(FailureOf([&] { on.Add(std::nullopt); }), 91);
-    EXPECT_EQ(FailureOf([&] { on.InsertAfter(loose, std::nullopt); }), 91);
-    EXPECT_EQ(FailureOf([&] { on.Add(test.buttons.Item("A")); }), kKeyInUse);
+    EXPECT_EQ(NumberOf([&] { on.Item("LOOSE"); }), 5);
+    EXPECT_EQ(NumberOf([&] { on.Item(3); }), 9);
+    EXPECT_EQ(NumberOf([&] { on.Item(0); }), 9);
+    EXPECT_EQ(NumberOf([&] { on.Remove("LOOSE"); }), kNoSuchItem);
+    EXPECT_EQ(NumberOf([&] { test.buttons.Remove("NONE"); }), kNoSuchItem);
+    EXPECT_EQ(NumberOf([&] { test.bars.Remove("NONE"); }), kNoSuchItem);
+    EXPECT_EQ(NumberOf([&] { on.InsertBefore(test.buttons.Item("A"), loose); }), kNoSuchItem);
+    EXPECT_EQ(NumberOf([&] { on.Add(std::nullopt); }), 91);
+    EXPECT_EQ(NumberOf([&] { on.InsertAfter(loose, std::nullopt); }), 91);
+    EXPECT_EQ(NumberOf([&] { on.Add(test.buttons.Item("A")); }), kKeyInUse);
     test.buttons.Remove("LOOSE");
-    EXPECT_EQ(FailureOf([&] { loose.SetCaption(u"x"); }), kNoSuchItem);
+    EXPECT_EQ(NumberOf([&] { loose.SetCaption(u"x"); }), kNoSuchItem);
 }
 
 TEST(AHandle, OutlivesItsControlWithItsKeyAlone) {
@@ -65,19 +61,15 @@ TEST(AHandle, OutlivesItsControlWithItsKeyAlone) {
     test.directory.controls.clear();
     EXPECT_EQ(button.Key(), "A");
     EXPECT_EQ(bar.Key(), "BAR");
-    try {
-        button.SetEnabled(false);
-        FAIL();
-    } catch (const Error& error) {
-        EXPECT_EQ(error.Number(), kNoControl);
-        EXPECT_EQ(error.Source(), u"quillshift.qsPicker");
-        EXPECT_EQ(error.Description(), u"Owning qsCommandBar Control does not exist.");
-    }
-    EXPECT_EQ(FailureOf([&] { on.count(); }), kNoControl);
-    EXPECT_EQ(FailureOf([&] { bar.Buttons(); }), kNoControl);
-    EXPECT_EQ(FailureOf([&] { test.bars.count(); }), kNoControl);
+    const Error error = FailureOf([&] { button.SetEnabled(false); });
+    EXPECT_EQ(error.Number(), kNoControl);
+    EXPECT_EQ(error.Source(), u"quillshift.qsPicker");
+    EXPECT_EQ(error.Description(), u"Owning qsCommandBar Control does not exist.");
+    EXPECT_EQ(NumberOf([&] { on.count(); }), kNoControl);
+    EXPECT_EQ(NumberOf([&] { bar.Buttons(); }), kNoControl);
+    EXPECT_EQ(NumberOf([&] { test.bars.count(); }), kNoControl);
     EXPECT_EQ(cButtons(test.model, 0).count(), 0);
-    EXPECT_EQ(FailureOf([&] { cButtons(test.model, 0).Item(1); }), kNoControl);
+    EXPECT_EQ(NumberOf([&] { cButtons(test.model, 0).Item(1); }), kNoControl);
 }
 
 TEST(AButton, StaysOneRecordOnTwoBars) {

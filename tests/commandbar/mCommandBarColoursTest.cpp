@@ -1,6 +1,6 @@
 #include "commandbar/mCommandBarColours.h"
 
-#include "base/Error.h"
+#include "support/FailureOf.h"
 #include "support/FakeDesktop.h"
 #include "support/RecordingSurface.h"
 
@@ -104,14 +104,11 @@ TEST_F(CommandBarColours, AnOverrideStandsUntilItIsLiftedAndCanComeBack) {
 TEST_F(CommandBarColours, NumbersWithoutASlotAreBlackAndOthersRefused) {
     EXPECT_EQ(colours.StyleColor(0), kBlack);
     EXPECT_EQ(colours.StyleColor(31), kBlack);
-    for (const int slot : {-1, 32})
-        try {
-            colours.StyleColor(slot);
-            ADD_FAILURE() << slot;
-        } catch (const Error& error) {
-            EXPECT_EQ(error.Number(), 9);
-            EXPECT_EQ(error.Description(), u"Subscript out of range.");
-        }
+    for (const int slot : {-1, 32}) {
+        const Error error = FailureOf([&] { colours.StyleColor(slot); });
+        EXPECT_EQ(error.Number(), 9) << slot;
+        EXPECT_EQ(error.Description(), u"Subscript out of range.");
+    }
 }
 
 TEST(Blend, RoundsToTheNearestAndKeepsWhatIsTheSame) {

@@ -1,8 +1,8 @@
-#include "base/Error.h"
 #include "controls/hooks/CTimer.h"
 #include "controls/hooks/GSubclass.h"
 #include "controls/hooks/MSubclass.h"
 #include "platform/qt/clsLibrary.h"
+#include "support/FailureOf.h"
 #include "support/FakePlatform.h"
 #include "support/FakeWindowMessages.h"
 
@@ -17,17 +17,6 @@ using testing::ElementsAre;
 
 constexpr WindowId kWindow = 31;
 constexpr int kMessage = 43;
-
-// The failure that an action throws; number 0 if it throws none.
-template <typename Action>
-Error FailureOf(Action action) {
-    try {
-        action();
-    } catch (const Error& error) {
-        return error;
-    }
-    return {0, u"", u""};
-}
 
 constexpr int Based(int number) {
     return number | -2147221504;

@@ -1,11 +1,10 @@
 #include "recoding/modDecode.h"
 
-#include "base/Error.h"
 #include "base/Windows1251.h"
+#include "support/FailureOf.h"
+#include "support/Iconv.h"
 
 #include <gtest/gtest.h>
-
-#include <iconv.h>
 
 namespace quillshift {
 namespace {
@@ -13,27 +12,13 @@ namespace {
 constexpr const char* kPublishedNames[kCharsets] = {"CP866", "CP1251", "KOI8-R", "ISO-8859-5",
                                                     "MAC-CYRILLIC"};
 
-// The character that a published set gives a byte; 0 where it gives none.
-char16_t Published(int set, std::uint8_t byte) {
-    iconv_t converter = iconv_open("UTF-16LE", kPublishedNames[set]);
-    char in = static_cast<char>(byte);
-    char16_t out = 0;
-    char* source = &in;
-    char* target = reinterpret_cast<char*>(&out);
-    std::size_t inLeft = 1;
-    std::size_t outLeft = sizeof out;
-    iconv(converter, &source, &inLeft, &target, &outLeft);
-    iconv_close(converter);
-    return out;
-}
-
 bool IsLetter(char16_t character) {
     return character >= u'А' && character <= u'я';
 }
 
 std::uint8_t ByteOfLetter(int set, char16_t letter) {
     for (int byte = 0x80; byte < 0x100; ++byte)
-        if (Published(set, static_cast<std::uint8_t>(byte)) == letter)
+        if (Published(kPublishedNames[set], static_cast<std::uint8_t>(byte)) == letter)
             return static_cast<std::uint8_t>(byte);
     ADD_FAILURE() << "no byte for a letter in " << kPublishedNames[set];
     return 0;
@@ -44,7 +29,7 @@ TEST(RecodeText, MovesTheLettersOfEveryDirectionAndNothingElse) {
         const Direction direction = DirectionOf(number);
         for (int i = 0; i < 256; ++i) {
             const auto byte = static_cast<std::uint8_t>(i);
-            const char16_t letter = Published(direction.source - 1, byte);
+            const char16_t letter = Published(kPublishedNames[direction.source - 1], byte);
             const std::uint8_t expected =
                 IsLetter(letter) ? ByteOfLetter(direction.target - 1, letter) : byte;
             const std::u16string recoded = RecodeText(std::u16string(1, windows1251::FromByte(byte)),
@@ -66,13 +51,9 @@ TEST(RecodeText, LeavesCharactersOutsideThePageAndUnknownSetsAlone) {
 
 TEST(RecodeText, TakesAsMuchAsItsLimitAndOverflowsBeyond) {
     EXPECT_EQ(RecodeText(std::u16string(32766, u'А'), 2, 5), std::u16string(32766, u'\u0402'));
-    try {
-        RecodeText(std::u16string(32767, u'А'), 2, 5);
-        FAIL() << "no failure";
-    } catch (const Error& error) {
-        EXPECT_EQ(error.Number(), 6);
-        EXPECT_EQ(error.Description(), u"Overflow");
-    }
+    const Error error = FailureOf([] { RecodeText(std::u16string(32767, u'А'), 2, 5); });
+    EXPECT_EQ(error.Number(), 6);
+    EXPECT_EQ(error.Description(), u"Overflow");
 }
 
 TEST(Direction, NumbersRunBySourceThenByTarget) {

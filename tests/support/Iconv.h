@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <iconv.h>
 #include <stdexcept>
 #include <string>
@@ -23,6 +24,20 @@ inline std::string Iconv(std::string_view bytes, const char* from, const char* t
         throw std::runtime_error("not convertible from " + std::string(from) + " to " + to);
     result.resize(result.size() - outLeft);
     return result;
+}
+
+/// The character of a byte in a published set; U+FFFD where the set leaves it open.
+inline char16_t Published(const char* set, std::uint8_t byte) {
+    iconv_t converter = iconv_open("UTF-16LE", set);
+    char16_t character = 0xFFFD;
+    char* in = reinterpret_cast<char*>(&byte);
+    char* out = reinterpret_cast<char*>(&character);
+    std::size_t inLeft = 1;
+    std::size_t outLeft = sizeof character;
+    iconv(converter, &in, &inLeft, &out, &outLeft);
+    iconv(converter, nullptr, nullptr, &out, &outLeft); // some sets hold letters back for an accent
+    iconv_close(converter);
+    return character;
 }
 
 } // namespace quillshift

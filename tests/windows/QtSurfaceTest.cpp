@@ -43,7 +43,6 @@ public:
                 count += At(x, y) == colour;
         return count;
     }
-    const QImage& Image() const { return image_; }
 
 private:
     QtTextMeasurer texts_;
@@ -69,26 +68,6 @@ TEST(QtSurface, FillsAndFramesWholePixelsInEveryDensity) {
         const int inside = (device(11) - device(4)) * (device(11) - device(6));
         EXPECT_EQ(sheet.Count(ToRgb(kRed)), inside) << density;
         EXPECT_EQ(sheet.Count(ToRgb(kBlue)), expected.width() * expected.height() - inside) << "no blends";
-    }
-}
-
-TEST(QtSurface, TouchesNothingOutsideTheClip) {
-    for (const double density : {1.0, 1.5}) {
-        Sheet sheet(density);
-        sheet.Painted([](Surface& surface) {
-            surface.SetClip(RectAt(10, 10, 5, 5));
-            surface.SetClip(RectAt(20, 10, 5, 5)); // in place of the other
-            surface.FillRect(RectAt(0, 0, 60, 40), kRed);
-        });
-        const QRect clip(QPoint(qRound(20 * density), qRound(10 * density)),
-                         QPoint(qRound(25 * density) - 1, qRound(15 * density) - 1));
-        EXPECT_EQ(sheet.Inked(), clip);
-        sheet.Painted([](Surface& surface) {
-            surface.SetClip(RectAt(20, 10, 5, 5));
-            surface.ClearClip();
-            surface.FillRect(RectAt(0, 0, 1, 1), kRed);
-        });
-        EXPECT_EQ(sheet.At(0, 0), ToRgb(kRed));
     }
 }
 
@@ -148,29 +127,6 @@ TEST(QtSurface, TurnsTextDownwards) {
     };
     EXPECT_GT(inkOfColumn(lying.left()) + inkOfColumn(lying.left() + 1),
               inkOfColumn(lying.right()) + inkOfColumn(lying.right() - 1));
-}
-
-TEST(QtMemorySurface, CopiesTheControlOutOnceInTheDensityOfTheTarget) {
-    for (const double density : {1.0, 1.5, 2.0}) {
-        const QtTextMeasurer texts;
-        QtMemorySurface memory(texts);
-        QImage target(qRound(20 * density), qRound(20 * density), QImage::Format_RGB32);
-        target.setDevicePixelRatio(density);
-        target.fill(Qt::white);
-        QPainter painter(&target);
-        memory.Paint(painter, {10, 10},
-                     [](Surface& surface) { surface.FillRect(RectAt(0, 0, 9, 9), kBlue); });
-        memory.Paint(painter, {10, 10}, [&](Surface& surface) {
-            EXPECT_EQ(surface.Density(), density);
-            surface.FillRect(RectAt(2, 2, 30, 1), kRed);
-            EXPECT_EQ(target.pixel(qRound(3 * density), qRound(2 * density)), qRgb(0, 0, 255)) << "not yet";
-        });
-        memory.Paint(painter, {0, 0}, [](Surface&) { ADD_FAILURE() << "nothing to paint"; });
-        painter.end();
-        EXPECT_EQ(target.pixel(qRound(3 * density), qRound(2 * density)), qRgb(255, 0, 0));
-        EXPECT_EQ(target.pixel(qRound(10 * density) - 1, qRound(2 * density)), qRgb(255, 0, 0));
-        EXPECT_EQ(target.pixel(qRound(10 * density), qRound(2 * density)), qRgb(255, 255, 255));
-    }
 }
 
 } // namespace

@@ -1,7 +1,7 @@
-#include "base/Error.h"
 #include "controls/ProgressBar.h"
 #include "recoding/frmDecode.h"
 #include "recoding/frmDecoding.h"
+#include "support/FailureOf.h"
 #include "support/FakePlatform.h"
 
 #include <gtest/gtest.h>
@@ -106,13 +106,9 @@ TEST(ProgressBarTest, ReckonsPercentagesAndRefusesAnEmptyWhole) {
     bar.SetTotalValue(8);
     bar.SetValue(1);
     EXPECT_EQ(bar.Label(), u" 13%");
-    try {
-        bar.SetTotalValue(0);
-        FAIL() << "no failure";
-    } catch (const Error& error) {
-        EXPECT_EQ(static_cast<unsigned>(error.Number()), 0x800403E9U);
-        EXPECT_EQ(error.Source(), u"spbProgressBar");
-    }
+    const Error error = FailureOf([&] { bar.SetTotalValue(0); });
+    EXPECT_EQ(static_cast<unsigned>(error.Number()), 0x800403E9U);
+    EXPECT_EQ(error.Source(), u"spbProgressBar");
     bar.SetCalculatePercentage(false);
     EXPECT_EQ(bar.TotalValue(), 0);
 }
