@@ -142,6 +142,9 @@ void mCommandBars::DeliverKey(WindowId control, int key) {
 bool mCommandBars::RunShortcut(int key, int modifiers) {
     if (BeforeShortcut)
         BeforeShortcut();
+    for (const ShortcutAlias& alias : Aliases)
+        if (alias.key == key && alias.modifiers == modifiers)
+            return RunShortcut(alias.meansKey, alias.meansModifiers);
     const WindowId top = ForegroundWindow();
     const auto match = top != 0 ? model_.FindShortcut(top, key, modifiers) : std::nullopt;
     qsCommandBar* const control = match ? Find(match->control) : nullptr;

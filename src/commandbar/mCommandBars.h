@@ -12,6 +12,7 @@
 
 #include <functional>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace quillshift {
@@ -45,6 +46,12 @@ public:
 
     /// Raised before a key is matched with shortcuts, which count for enabled buttons only.
     std::function<void()> BeforeShortcut;
+    /// Further shortcuts that do what others do, and are shown nowhere.
+    struct ShortcutAlias {
+        int key, modifiers;
+        int meansKey, meansModifiers;
+    };
+    std::span<const ShortcutAlias> Aliases;
     /// Menus leave out what is rarely used.
     bool HideInfrequentlyUsed = false;
 

@@ -3,6 +3,8 @@
 #include "base/Error.h"
 #include "base/Windows1251.h"
 
+#include <utility>
+
 namespace quillshift {
 namespace {
 
@@ -27,11 +29,6 @@ void ClipboardWatcher::Start() {
     OnClipboardChange();
 }
 
-void ClipboardWatcher::Stop() {
-    watches_ = false;
-    timerClipboardDetect_->Stop();
-}
-
 void ClipboardWatcher::OnClipboardChange() {
     if (watches_)
         timerClipboardDetect_->StartOnce();
@@ -48,17 +45,19 @@ bool ClipboardWatcher::Remember(std::u16string_view text) {
 }
 
 void ClipboardWatcher::Detect() {
-    const auto text = services_.clipboard.Text();
-    if (text && Remember(*text))
-        timerClipboard_->StartOnce();
+    if (timerClipboard_->IsRunning()) {
+        timerClipboard_->Stop();
+        TakeIn();
+    }
+    auto text = services_.clipboard.Text();
+    if (!text || !Remember(*text))
+        return;
+    copied_ = std::move(*text);
+    timerClipboard_->StartOnce();
 }
 
 void ClipboardWatcher::TakeIn() {
-    const auto copied = services_.clipboard.Text();
-    if (!copied)
-        return;
-    Remember(*copied); // it may have changed once more
-    std::u16string text = *copied;
+    std::u16string text = std::exchange(copied_, {});
     RecodingState& recoding = services_.recoding;
     if (services_.settings.PreferenceIs("DecodeClipboard", u"1")) {
         try {

@@ -29,7 +29,6 @@ public:
 
     /// From now on changes are taken in, and what is on the clipboard already, if it is new.
     void Start();
-    void Stop();
     /// To be told of every change of the clipboard.
     void OnClipboardChange();
 
@@ -40,6 +39,7 @@ private:
 
     Services services_;
     bool watches_ = false;
+    std::u16string copied_;                       ///< to be taken in
     std::unique_ptr<Timer> timerClipboardDetect_; ///< compares, once behind each burst of changes
     std::unique_ptr<Timer> timerClipboard_;       ///< takes a change in
 };

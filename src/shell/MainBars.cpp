@@ -1,10 +1,23 @@
 #include "shell/MainBars.h"
 
+#include "commandbar/VirtualKeys.h"
+#include "platform/Keys.h"
 #include "shell/Catalogue.h"
 
 #include <utility>
 
 namespace quillshift {
+namespace {
+
+// What many hands still know from older editors.
+constexpr mCommandBars::ShortcutAlias kOldChords[] = {
+    {key::kDelete, modifier::kShift, 'X', modifier::kCtrl},
+    {key::kInsert, modifier::kCtrl, 'C', modifier::kCtrl},
+    {key::kInsert, modifier::kShift, 'V', modifier::kCtrl},
+    {key::kBackspace, modifier::kAlt, 'Z', modifier::kCtrl},
+    {'Z', modifier::kCtrl | modifier::kShift, FunctionKey(4), 0}};
+
+} // namespace
 
 MainBars::MainBars(mCommandBars& bars, Host host) : bars_(bars), host_(std::move(host)) {
     for (BarWindow* const window : host_.windows)
@@ -15,6 +28,7 @@ MainBars::MainBars(mCommandBars& bars, Host host) : bars_(bars), host_(std::move
             host_.menuResized();
     };
     bars_.BeforeShortcut = host_.beforeShortcut;
+    bars_.Aliases = kOldChords;
 }
 
 qsCommandBar& MainBars::AddControl(BarWindow& window) {

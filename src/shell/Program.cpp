@@ -8,6 +8,7 @@
 #include "shell/CommandStates.h"
 #include "shell/Layout.h"
 
+#include <exception>
 #include <utility>
 
 namespace quillshift {
@@ -44,13 +45,18 @@ void Program::ShowMainWindow() {
     };
     // A load that fails on the way is reported over the window, not in its stead.
     timerEdit_->StartOnce();
+    std::exception_ptr failure;
     try {
         LoadMainWindow();
     } catch (const Error&) {
-        main_->Show();
-        throw;
+        failure = std::current_exception();
     }
     main_->Show();
+    // Not earlier: a job of the load runs events, and would re-code again what was taken in meanwhile.
+    if (settings_.PreferenceIs("ClipboardDetect", u"1"))
+        watcher_->Start();
+    if (failure)
+        std::rethrow_exception(failure);
 }
 
 void Program::LoadMainWindow() {
@@ -69,10 +75,6 @@ void Program::LoadMainWindow() {
     recoding_.Combo2 = 1;
     const int direction = static_cast<int>(NumberIn(settings_.Preference("DefaultCode")));
     main_->SetDirection(direction >= 0 && direction < kDirections ? direction : 0);
-    if (settings_.PreferenceIs("ClipboardDetect", u"1"))
-        watcher_->Start();
-    else
-        watcher_->Stop();
     barShown_[1] = settings_.PreferenceIs("ToolBarStandart", u"1");
     barShown_[2] = settings_.PreferenceIs("ToolBarDecode", u"1");
     main_->SetChecked("MENU:VIEW:TOOLBARS:TBSTANDART", barShown_[1]);

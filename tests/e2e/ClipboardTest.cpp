@@ -117,5 +117,41 @@ TEST_F(ClipboardElsewhere, AProgramThatGivesNoAnswerHoldsNothingUp) {
     EXPECT_EQ(Saved(), "the last\r\n");
 }
 
+TEST_F(ClipboardElsewhere, CanBeEmptiedAndTakenFromTheProgram) {
+    editor.Start();
+    desktop.Type(u"own");
+    desktop.Press("Return");
+    desktop.Press("Ctrl+a");
+    desktop.Press("Ctrl+c");
+    editor.Settle();
+    Process("sh", {"-c", "xclip -selection clipboard -o >" + Path("read.txt").string()},
+            desktop.ProgramEnvironment(editor.home.Path()))
+        .WaitForEnd();
+    EXPECT_EQ(Contents(Path("read.txt")), "own\n");
+    desktop.EmptyClipboard();
+    desktop.HoldClipboard();
+    desktop.Type(u"nobody waits");
+    EXPECT_EQ(Saved(), "nobody waits\r\n");
+    Copy("secret");
+    desktop.WaitUntilQuiet(editor.Program());
+    desktop.EmptyClipboard();
+    desktop.WaitUntilQuiet(editor.Program());
+    desktop.Press("Ctrl+v");
+    EXPECT_EQ(Saved(), "nobody waits\r\n");
+}
+
+TEST_F(ClipboardElsewhere, IsRecodedOnceAtAStartThatTakesItInTwice) {
+    std::string letter;
+    while (letter.size() < 4000)
+        letter += "Џа"; // "Пр"
+    Copy(letter);
+    Watch(Recode, Replace).Set("StartAtStartup", u"1").Start();
+    WaitUntilSeen(letter);
+    std::string expected;
+    while (expected.size() < letter.size())
+        expected += "Пр";
+    EXPECT_EQ(Saved(), Bytes(expected + "\r\n"));
+}
+
 } // namespace
 } // namespace quillshift::e2e

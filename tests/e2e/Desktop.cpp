@@ -237,6 +237,11 @@ void Desktop::HoldClipboard() {
     XSync(display_, False);
 }
 
+void Desktop::EmptyClipboard() {
+    XSetSelectionOwner(display_, Atom("CLIPBOARD"), 0, CurrentTime);
+    XSync(display_, False);
+}
+
 void Desktop::Resize(XWindow window, Size client) {
     XResizeWindow(display_, window, static_cast<unsigned>(client.width),
                   static_cast<unsigned>(client.height));

@@ -53,6 +53,8 @@ public:
     void Minimise(XWindow window);
     /// Takes the clipboard, and answers nobody who asks for what is on it.
     void HoldClipboard();
+    /// Empties it, as another program does.
+    void EmptyClipboard();
     /// Gives a window the keyboard, as its entry in a list of windows does; restores a minimised one.
     void Activate(XWindow window);
 

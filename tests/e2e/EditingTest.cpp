@@ -97,6 +97,44 @@ TEST_F(Editing, TypingOverASelectionIsTakenBackInTwoSteps) {
     EXPECT_EQ(Saved(), Bytes("one two"));
 }
 
+TEST_F(Editing, AMovedSelectionIsTakenBackInTwoSteps) {
+    editor.Start();
+    desktop.Type(u"abc def");
+    desktop.Press("Home");
+    desktop.Press("Ctrl+Shift+Right");
+    editor.Settle();
+    const Rect window = desktop.Place(editor.Window());
+    const Point selected{window.left + 16, window.top + 91};
+    desktop.HoldButton(selected);
+    for (int x = 0; x <= 200; x += 20) {
+        desktop.MoveTo({selected.x + x, selected.y});
+        desktop.WaitUntilQuiet(editor.Program());
+    }
+    desktop.ReleaseButton();
+    editor.Settle();
+    EXPECT_EQ(Saved(), Bytes("defabc "));
+    desktop.Press("Ctrl+z");
+    EXPECT_EQ(Saved(), Bytes("def"));
+    desktop.Press("Ctrl+z");
+    EXPECT_EQ(Saved(), Bytes("abc def"));
+}
+
+TEST_F(Editing, KnowsOldChordsAndTypesNoneOfAlt) {
+    editor.Start();
+    desktop.Type(u"one two");
+    desktop.Press("Alt+x");
+    desktop.Press("Alt+w");
+    desktop.Press("Ctrl+Shift+Left");
+    desktop.Press("Shift+Delete");
+    EXPECT_EQ(Saved(), Bytes("one "));
+    desktop.Press("Shift+Insert");
+    EXPECT_EQ(Saved(), Bytes("one two"));
+    desktop.Press("Alt+BackSpace");
+    EXPECT_EQ(Saved(), Bytes("one "));
+    desktop.Press("Ctrl+Shift+z");
+    EXPECT_EQ(Saved(), Bytes("one two"));
+}
+
 TEST_F(Editing, ChangesCaseByTheMenuAndOffersTheEditMenuAtTheMouse) {
     editor.Start();
     desktop.Type(u"ёж and hare");

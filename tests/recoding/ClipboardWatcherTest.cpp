@@ -8,6 +8,8 @@
 namespace quillshift {
 namespace {
 
+using std::literals::operator""sv;
+
 struct ClipboardWatcherTest : testing::Test, FakePlatform {
     ClipboardWatcherTest() {
         clipboard.OnChange = [this] { watcher.OnClipboardChange(); };
@@ -60,19 +62,19 @@ TEST_F(ClipboardWatcherTest, TakesInWhatCameUnchangedWhereNoRecodingIsAskedFor) 
 
 TEST_F(ClipboardWatcherTest, TheSameTextIsTakenInOnceAlsoIfTheStoreCantHoldIt) {
     watcher.Start();
-    Copy(u"\u4E2D and \0 more");
-    Copy(u"\u4E2D and \0 more");
+    Copy(u"\u4E2D and \0 more"sv);
+    Copy(u"\u4E2D and \0 more"sv);
     EXPECT_EQ(takenIn, 1);
 }
 
-TEST_F(ClipboardWatcherTest, TakesInATextOnceThatReplacesAnotherMeanwhile) {
+TEST_F(ClipboardWatcherTest, TakesInBothWhereATextReplacesAnotherMeanwhile) {
     settings.SetPreference("ClipboardText", u"1");
     watcher.Start();
     clipboard.SetText(u"Џ");
     timers.Tick();
     Copy(u"а");
     timers.Tick();
-    EXPECT_EQ(document.Text(), u"р");
+    EXPECT_EQ(document.Text(), u"П\rр");
 }
 
 TEST_F(ClipboardWatcherTest, KeepsTheDocumentWhereNobodyAnswers) {

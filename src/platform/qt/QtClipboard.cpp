@@ -11,47 +11,37 @@
 namespace quillshift {
 
 QtClipboard::QtClipboard() {
-    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, &QtClipboard::OnDataChanged);
     const auto* const x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (x11 == nullptr)
+    if (x11 != nullptr)
+        reader_ = std::make_unique<X11SelectionReader>(x11->display(), x11->connection());
+    if (!reader_ || !reader_->IsOpen()) {
+        reader_.reset();
+        connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, &QtClipboard::Tell);
         return;
-    auto reader = std::make_unique<X11SelectionReader>(x11->display());
-    if (!reader->IsOpen())
-        return;
-    reader_ = std::move(reader);
-    reader_->OnAnswer = [this] { Tell(); };
+    }
+    reader_->OnChange = [this] { Tell(); };
     auto* const arrival = new QSocketNotifier(reader_->Descriptor(), QSocketNotifier::Read, this);
     connect(arrival, &QSocketNotifier::activated, this, [this] { reader_->Advance(); });
-    reader_->Ask();
 }
 
 QtClipboard::~QtClipboard() = default;
-
-// The program's own text needs no reading, and reading it would be to wait for itself.
-bool QtClipboard::IsRead() const {
-    return reader_ && !QGuiApplication::clipboard()->ownsClipboard();
-}
-
-void QtClipboard::OnDataChanged() {
-    if (IsRead()) {
-        reader_->Ask();
-        return;
-    }
-    if (reader_)
-        reader_->Forget();
-    Tell();
-}
 
 void QtClipboard::Tell() {
     if (OnChange)
         OnChange();
 }
 
+// The program's own text needs no reading, and reading it would be to wait for itself. The toolkit's word is
+// not enough: it goes on calling a clipboard its own that another program has emptied.
+bool QtClipboard::IsRead() const {
+    return reader_ && !(reader_->IsOwn() && QGuiApplication::clipboard()->ownsClipboard());
+}
+
 std::optional<std::u16string> QtClipboard::Text() {
+    if (reader_ && !reader_->WaitForAnswer())
+        return std::nullopt;
     if (!IsRead())
         return FromQString(QGuiApplication::clipboard()->text());
-    if (!reader_->WaitForAnswer())
-        return std::nullopt;
     const X11SelectionReader::Answer& answer = reader_->Last();
     // Old programs mean one byte a letter, as the files do that they write.
     return answer.utf8 ? FromQString(QString::fromUtf8(answer.bytes)) : windows1251::Decode(answer.bytes);
@@ -62,13 +52,15 @@ bool QtClipboard::HasText() const {
 }
 
 void QtClipboard::SetText(std::u16string_view text) {
-    QGuiApplication::clipboard()->setText(ToQString(text));
+    QGuiApplication::clipboard()->setText(WithLineFeeds(text));
+    if (reader_)
+        reader_->Sync();
 }
 
 void QtClipboard::Clear() {
     QGuiApplication::clipboard()->clear();
     if (reader_)
-        reader_->Forget();
+        reader_->Sync();
 }
 
 } // namespace quillshift

@@ -11,7 +11,7 @@ namespace quillshift {
 class X11SelectionReader;
 
 /// The clipboard of the desktop. Under X11, where each text is asked of the program that copied it, it is
-/// read as soon as it changes.
+/// read as soon as it changes. Copied lines end with a line feed, as other programs expect.
 class QtClipboard final : public QObject, public Clipboard {
     Q_OBJECT
 

@@ -22,4 +22,9 @@ inline std::u16string FromQString(const QString& text) {
     return std::u16string(ViewOf(text));
 }
 
+/// With the line ends of the desktop.
+inline QString WithLineFeeds(std::u16string_view text) {
+    return ToQString(text).replace(QLatin1String("\r\n"), QLatin1String("\n"));
+}
+
 } // namespace quillshift

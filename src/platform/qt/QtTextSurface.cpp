@@ -8,6 +8,7 @@
 #include <QMouseEvent>
 #include <QTextBlock>
 #include <QTextDocument>
+#include <QTextDocumentFragment>
 #include <QTextLayout>
 
 #include <algorithm>
@@ -44,6 +45,10 @@ bool IsOwnedByCommands(const QKeyEvent& event) {
     const bool plainDelete = event.key() == Qt::Key_Delete && event.modifiers() == Qt::NoModifier;
     return !plainDelete &&
            std::any_of(std::begin(kKeys), std::end(kKeys), [&](auto key) { return event.matches(key); });
+}
+
+bool HasAltAlone(const QKeyEvent& event) {
+    return (event.modifiers() & (Qt::AltModifier | Qt::ControlModifier)) == Qt::AltModifier;
 }
 
 // Only what is sure to: a selection goes before the key is handed on.
@@ -362,7 +367,8 @@ bool QtTextSurface::event(QEvent* event) {
 void QtTextSurface::keyPressEvent(QKeyEvent* event) {
     if (OnKeyDown)
         OnKeyDown();
-    if (IsOwnedByCommands(*event)) {
+    // A letter with Alt is meant for a menu, also where none goes by it.
+    if (IsOwnedByCommands(*event) || HasAltAlone(*event)) {
         event->ignore();
         return;
     }
@@ -388,6 +394,32 @@ void QtTextSurface::mousePressEvent(QMouseEvent* event) {
         OnRightMouseDown({screen.x(), screen.y()});
 }
 
+// The widget would tell these as one change that puts something else in the selection's place.
+void QtTextSurface::inputMethodEvent(QInputMethodEvent* event) {
+    if (textCursor().hasSelection() && !event->commitString().isEmpty())
+        Clear();
+    QTextEdit::inputMethodEvent(event);
+}
+
+void QtTextSurface::dropEvent(QDropEvent* event) {
+    if (event->source() != viewport() || event->dropAction() != Qt::MoveAction) {
+        QTextEdit::dropEvent(event);
+        return;
+    }
+    QDragLeaveEvent over; // the widget's part of a drop: it no longer shows where the text would go
+    dragLeaveEvent(&over);
+    event->accept();
+    const QTextCursor selection = textCursor();
+    QTextCursor target = cursorForPosition(event->position().toPoint());
+    if (target.position() >= selection.selectionStart() && target.position() <= selection.selectionEnd())
+        return;
+    const QTextDocumentFragment moved = selection.selection();
+    Clear();
+    setTextCursor(target);
+    target.insertFragment(moved);
+    setTextCursor(target);
+}
+
 void QtTextSurface::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
 }
@@ -395,7 +427,7 @@ void QtTextSurface::contextMenuEvent(QContextMenuEvent* event) {
 // For dragging and the primary selection: the text as it is, not as the widget would tell it.
 QMimeData* QtTextSurface::createMimeDataFromSelection() const {
     auto* copy = new QMimeData;
-    copy->setText(ToQString(SelText()).replace(QLatin1String("\r\n"), QLatin1String("\n")));
+    copy->setText(WithLineFeeds(SelText()));
     return copy;
 }
 

@@ -4,6 +4,8 @@
 
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
+#include <X11/extensions/Xfixes.h>
+#include <xcb/xcb.h>
 
 #include <algorithm>
 #include <array>
@@ -23,7 +25,12 @@ void X11SelectionReader::Closer::operator()(_XDisplay* display) const {
     XCloseDisplay(display);
 }
 
-X11SelectionReader::X11SelectionReader(_XDisplay* display) : display_(XOpenDisplay(DisplayString(display))) {
+X11SelectionReader::X11SelectionReader(_XDisplay* display, xcb_connection_t* programs)
+    : display_(XOpenDisplay(DisplayString(display))) {
+    int firstEvent = 0;
+    int firstError = 0;
+    if (display_ && XFixesQueryExtension(display_.get(), &firstEvent, &firstError) == False)
+        display_.reset();
     if (!display_)
         return;
     const auto atom = [this](const char* name) { return XInternAtom(display_.get(), name, False); };
@@ -31,6 +38,14 @@ X11SelectionReader::X11SelectionReader(_XDisplay* display) : display_(XOpenDispl
               .incremental = atom("INCR"),
               .property = atom("QUILLSHIFT_CLIPBOARD"),
               .targets = {atom("UTF8_STRING"), atom("text/plain;charset=utf-8"), XA_STRING}};
+    ownerEvent_ = firstEvent + XFixesSelectionNotify;
+    const xcb_setup_t* const setup = xcb_get_setup(programs);
+    ownIds_ = {.base = setup->resource_id_base, .mask = setup->resource_id_mask};
+    XFixesSelectSelectionInput(display_.get(), DefaultRootWindow(display_.get()), atoms_.clipboard,
+                               XFixesSetSelectionOwnerNotifyMask | XFixesSelectionWindowDestroyNotifyMask |
+                                   XFixesSelectionClientCloseNotifyMask);
+    TakeOwner(XGetSelectionOwner(display_.get(), atoms_.clipboard));
+    Advance();
 }
 
 X11SelectionReader::~X11SelectionReader() = default;
@@ -39,13 +54,25 @@ int X11SelectionReader::Descriptor() const {
     return ConnectionNumber(display_.get());
 }
 
-void X11SelectionReader::Ask() {
+void X11SelectionReader::TakeOwner(unsigned long owner) {
     GiveUp();
-    if (XGetSelectionOwner(display_.get(), atoms_.clipboard) == None)
-        return;
-    target_ = 0;
-    Request();
-    Advance(); // sends it; what is read on that occasion makes the connection readable for nobody
+    last_ = {};
+    own_ = owner != None && (owner & ~ownIds_.mask) == ownIds_.base;
+    if (owner == None || own_)
+        Tell();
+    else {
+        target_ = 0;
+        Request();
+    }
+}
+
+// An owner that ends leaves what it has answered.
+void X11SelectionReader::OnOwnerEvent(const _XEvent& event) {
+    const auto& change = reinterpret_cast<const XFixesSelectionNotifyEvent&>(event);
+    if (change.subtype == XFixesSetSelectionOwnerNotify)
+        TakeOwner(change.owner);
+    else if (window_ != 0)
+        Finish({});
 }
 
 void X11SelectionReader::Request() {
@@ -66,27 +93,26 @@ void X11SelectionReader::GiveUp() {
     pieces_ = {};
 }
 
-void X11SelectionReader::Forget() {
-    GiveUp();
-    XFlush(display_.get());
-    last_ = {};
-}
-
 void X11SelectionReader::Advance() {
     while (XPending(display_.get()) > 0) {
         XEvent event;
         XNextEvent(display_.get(), &event);
-        if (event.xany.window != window_)
-            continue; // of a question that was given up
-        progress_ = Clock::now();
-        const bool refused = event.type == SelectionNotify && event.xselection.property == None;
-        const bool piece =
-            event.type == PropertyNotify && incremental_ && event.xproperty.state == PropertyNewValue;
-        if (refused)
-            Refuse();
-        else if (event.type == SelectionNotify || piece)
-            TakeProperty();
+        if (event.type == ownerEvent_)
+            OnOwnerEvent(event);
+        else if (event.xany.window == window_)
+            OnAnswerEvent(event); // others are of a question that was given up
     }
+}
+
+void X11SelectionReader::OnAnswerEvent(const _XEvent& event) {
+    progress_ = Clock::now();
+    const bool refused = event.type == SelectionNotify && event.xselection.property == None;
+    const bool piece =
+        event.type == PropertyNotify && incremental_ && event.xproperty.state == PropertyNewValue;
+    if (refused)
+        Refuse();
+    else if (event.type == SelectionNotify || piece)
+        TakeProperty();
 }
 
 // The owner has no text of the form that was asked for.
@@ -116,9 +142,10 @@ void X11SelectionReader::TakeProperty() {
         pieces_.append(reinterpret_cast<const char*>(data), count);
     if (data != nullptr)
         XFree(data);
-    if (begins)
+    // Pieces that were put on one another were taken with the first of them.
+    if (begins || (incremental_ && type == None))
         return;
-    if (!IsText(type))
+    if (!IsText(type) && !(incremental_ && count == 0))
         Refuse(); // there are owners that give what they have, whatever the form they are asked for
     else if (!incremental_ || count == 0)
         Finish({.bytes = std::move(pieces_), .utf8 = type != XA_STRING});
@@ -127,13 +154,22 @@ void X11SelectionReader::TakeProperty() {
 void X11SelectionReader::Finish(Answer answer) {
     last_ = std::move(answer);
     GiveUp();
-    if (OnAnswer)
-        OnAnswer();
+    Tell();
+}
+
+void X11SelectionReader::Tell() const {
+    if (OnChange)
+        OnChange();
+}
+
+void X11SelectionReader::Sync() {
+    XSync(display_.get(), False);
+    Advance();
 }
 
 bool X11SelectionReader::WaitForAnswer() {
     const auto longest = Clock::now() + kLongestWait;
-    for (Advance(); window_ != 0; Advance()) {
+    for (Sync(); window_ != 0; Advance()) {
         const auto left = std::min(longest, progress_ + kPatience) - Clock::now();
         if (left <= Clock::duration::zero())
             return false;

@@ -7,12 +7,14 @@
 #include <string>
 
 struct _XDisplay; // NOLINT(bugprone-reserved-identifier): the X library calls it so
+struct xcb_connection_t;
+union _XEvent; // NOLINT(bugprone-reserved-identifier)
 
 namespace quillshift {
 
-/// Reads the text on the clipboard of an X11 display, over a connection of its own: an owner that is slow or
-/// never answers holds up only those who wait for it. What was read stays when its owner ends, as long as
-/// nobody else puts something there.
+/// Follows the clipboard of an X11 display, and reads its text from other programs, over a connection of its
+/// own: a program that is slow or never answers holds up only those who wait for it. What was read stays when
+/// the program it came from ends, but not when somebody empties the clipboard.
 class X11SelectionReader {
 public:
     struct Answer {
@@ -20,8 +22,8 @@ public:
         bool utf8 = true; ///< else of a character set that the owner doesn't name
     };
 
-    /// Opens one more connection to the display.
-    explicit X11SelectionReader(_XDisplay* display);
+    /// Opens one more connection to the display. `programs`: by which this program is known there.
+    X11SelectionReader(_XDisplay* display, xcb_connection_t* programs);
     ~X11SelectionReader();
     X11SelectionReader(const X11SelectionReader&) = delete;
     X11SelectionReader& operator=(const X11SelectionReader&) = delete;
@@ -30,19 +32,20 @@ public:
     /// Readable when there is something for `Advance`.
     int Descriptor() const;
 
-    /// Asks the present owner anew, and gives up on the one asked before.
-    void Ask();
     /// Takes what has arrived, and never waits.
     void Advance();
-    /// Waits while the owner goes on sending, for a second at most. False if the answer isn't there then.
+    /// Takes all that has happened on the display so far.
+    void Sync();
+    /// Does so, and waits while the owner goes on sending, for a second at most. False if its answer isn't
+    /// there then.
     bool WaitForAnswer();
-    /// Gives up on the owner, and forgets what was read.
-    void Forget();
 
-    /// What the owner that answered last had; empty if it had no text.
+    /// Whether the clipboard is this program's own, which is not read.
+    bool IsOwn() const { return own_; }
+    /// What another program has put there, as far as it has answered; empty without a text.
     const Answer& Last() const { return last_; }
-    /// An owner has answered.
-    std::function<void()> OnAnswer;
+    /// The clipboard has changed, and what is on it is known.
+    std::function<void()> OnChange;
 
 private:
     using Clock = std::chrono::steady_clock;
@@ -51,18 +54,27 @@ private:
         std::array<unsigned long, 3> targets; // the forms of a text, the best one first
     };
 
+    void TakeOwner(unsigned long owner);
+    void OnOwnerEvent(const _XEvent& event);
+    void OnAnswerEvent(const _XEvent& event);
     void Request();
     void GiveUp();
     void Refuse();
     void TakeProperty();
     bool IsText(unsigned long type) const;
     void Finish(Answer answer);
+    void Tell() const;
 
     struct Closer {
         void operator()(_XDisplay* display) const;
     };
     std::unique_ptr<_XDisplay, Closer> display_;
     Atoms atoms_{};
+    int ownerEvent_ = 0;
+    struct {
+        unsigned long base, mask;
+    } ownIds_{}; // the windows of this program
+    bool own_ = false;
     Answer last_;
 
     unsigned long window_ = 0; // what the answer comes to; one for each question, 0 if none is open
