@@ -8,8 +8,6 @@
 namespace quillshift {
 namespace {
 
-using std::literals::operator""sv;
-
 struct ClipboardWatcherTest : testing::Test, FakePlatform {
     ClipboardWatcherTest() {
         clipboard.OnChange = [this] { watcher.OnClipboardChange(); };
@@ -62,8 +60,8 @@ TEST_F(ClipboardWatcherTest, TakesInWhatCameUnchangedWhereNoRecodingIsAskedFor) 
 
 TEST_F(ClipboardWatcherTest, TheSameTextIsTakenInOnceAlsoIfTheStoreCantHoldIt) {
     watcher.Start();
-    Copy(u"\u4E2D and \0 more"sv);
-    Copy(u"\u4E2D and \0 more"sv);
+    for (int i = 0; i < 2; ++i)
+        Copy({u"\u4E2D and \0 more", 12});
     EXPECT_EQ(takenIn, 1);
 }
 
