@@ -44,39 +44,5 @@ TEST(AMnemonic, IsTheCharacterBehindTheFirstMark) {
     }
 }
 
-TEST(AnItem, IsSelectableByItsStateAndPlace) {
-    const auto selectable = [](auto change, DisplayMode mode, Orientation orientation) {
-        cButtonInt button("B");
-        change(button);
-        return button.IsSelectable(mode, orientation);
-    };
-    constexpr auto top = Orientation::Top;
-    constexpr auto left = Orientation::Left;
-    constexpr auto toolbar = DisplayMode::Toolbar;
-    constexpr auto list = DisplayMode::AddOrRemoveList;
-    const auto plain = [](cButtonInt&) {};
-    const auto separator = [](cButtonInt& b) { b.Style = ButtonStyle::Separator; };
-    const auto tickedOff = [](cButtonInt& b) {
-        b.Visible = b.Enabled = false;
-        b.CustomiseState = CustomiseState::NotTicked;
-    };
-    EXPECT_TRUE(selectable(plain, toolbar, top));
-    EXPECT_FALSE(selectable(separator, list, top));
-    EXPECT_FALSE(selectable([](cButtonInt& b) { b.Locked = true; }, toolbar, top));
-    EXPECT_FALSE(selectable([](cButtonInt& b) { b.Enabled = false; }, list, top));
-    EXPECT_FALSE(selectable([](cButtonInt& b) { b.Visible = false; }, DisplayMode::PopupMenu, top));
-    EXPECT_TRUE(selectable(tickedOff, list, top));
-    EXPECT_FALSE(selectable(tickedOff, toolbar, top));
-
-    const auto panel = [](cButtonInt& b) { b.Style = ButtonStyle::Panel; };
-    const auto panelWithIcon = [](cButtonInt& b) {
-        b.Style = ButtonStyle::Panel;
-        b.IconIndex = 0;
-    };
-    EXPECT_FALSE(selectable(panelWithIcon, toolbar, top));
-    EXPECT_FALSE(selectable(panel, toolbar, left));
-    EXPECT_TRUE(selectable(panelWithIcon, toolbar, left));
-}
-
 } // namespace
 } // namespace quillshift

@@ -188,24 +188,6 @@ TEST(ARadioGroup, IsTakenOnEachBarByItself) {
     EXPECT_EQ(test.Checked("SECOND"), " A");
 }
 
-TEST(AClick, FlipsOnlyWhatHasACheckMarkAndTicksARowToCustomise) {
-    TestBars test;
-    test.Bar("BAR", {"PLAIN"});
-    test.Bar("CHECKS", {"CHECK"}, ButtonStyle::Check);
-    cButtonInt& plain = *test.model.FindButton("PLAIN");
-    cButtonInt& check = *test.model.FindButton("CHECK");
-    test.model.ApplyClick(plain);
-    test.model.ApplyClick(check);
-    EXPECT_FALSE(plain.Checked);
-    EXPECT_EQ(plain.CustomiseState, CustomiseState::PlainCommand);
-    EXPECT_TRUE(check.Checked);
-    plain.CustomiseState = CustomiseState::Ticked;
-    test.model.ApplyClick(plain);
-    EXPECT_EQ(plain.CustomiseState, CustomiseState::NotTicked);
-    test.model.ApplyClick(plain);
-    EXPECT_EQ(plain.CustomiseState, CustomiseState::Ticked);
-}
-
 /// The key of the button that Ctrl with a letter reaches from a top-level window; empty for none.
 std::string Reached(const TestBars& test, char letter, WindowId top = 100) {
     const auto match = test.model.FindShortcut(top, letter, modifier::kCtrl);

@@ -16,33 +16,6 @@ std::vector<int> PixelAt(const PixelView& view, int x, int y) {
     return {pixel[0], pixel[1], pixel[2], pixel[3]};
 }
 
-TEST(cMenuDropShadowTest, FadesAcrossAndOverItsLastPixels) {
-    struct Case {
-        ShadowEdge edge;
-        int x, y, alpha;
-    };
-    for (const Case& c : {
-             Case{ShadowEdge::Right, 0, 0, 255},
-             {ShadowEdge::Right, 1, 0, 204},
-             {ShadowEdge::Right, 4, 0, 51},
-             {ShadowEdge::Right, 0, 15, 255},
-             {ShadowEdge::Right, 0, 16, 204},
-             {ShadowEdge::Right, 2, 17, 91},
-             {ShadowEdge::Right, 4, 19, 10},
-             {ShadowEdge::Bottom, 0, 0, 255},
-             {ShadowEdge::Bottom, 0, 1, 212},
-             {ShadowEdge::Bottom, 0, 5, 42},
-             {ShadowEdge::Bottom, 25, 0, 255},
-             {ShadowEdge::Bottom, 29, 0, 51},
-             {ShadowEdge::Bottom, 29, 5, 8},
-         }) {
-        cMenuDropShadow shadow(c.edge);
-        shadow.Create(kPopup);
-        EXPECT_EQ(PixelAt(shadow.Pixels(), c.x, c.y)[3], c.alpha)
-            << static_cast<int>(c.edge) << " at " << c.x << "," << c.y;
-    }
-}
-
 TEST(cMenuDropShadowTest, StoresItsColourTimesAlphaOrBlendedOverTheScreen) {
     cMenuDropShadow shadow(ShadowEdge::Right);
     shadow.ShadowColor = Rgb(100, 0, 192);

@@ -115,26 +115,5 @@ TEST_F(Tracking, WalkingWrapsAndSkipsWhatItMust) {
     EXPECT_EQ(WalkRows({}, {}, std::nullopt, Next), std::nullopt);
 }
 
-TEST(OutcomeOfClick, DependsOnSubBarListAndMenuMode) {
-    using enum DisplayMode;
-    ButtonRecord plain;
-    ButtonRecord opener;
-    opener.Bar = SomeBar();
-    ButtonRecord split = opener;
-    split.Style = ButtonStyle::Split;
-    ButtonRecord row;
-    row.CustomiseState = CustomiseState::Ticked;
-    const cDisplayButtonInfo closed;
-    const cDisplayButtonInfo open{.ShowingMenu = true};
-    EXPECT_EQ(OutcomeOfClick(plain, closed, Toolbar, false), (ClickOutcome{.raisesClick = true}));
-    EXPECT_EQ(OutcomeOfClick(plain, closed, PopupMenu, true),
-              (ClickOutcome{.endsMenuMode = true, .raisesClick = true}));
-    EXPECT_EQ(OutcomeOfClick(opener, closed, Toolbar, false), (ClickOutcome{.opensBar = true}));
-    EXPECT_EQ(OutcomeOfClick(opener, open, MainMenu, true), ClickOutcome{});
-    EXPECT_EQ(OutcomeOfClick(split, closed, Toolbar, false), (ClickOutcome{.raisesClick = true}));
-    EXPECT_EQ(OutcomeOfClick(row, closed, AddOrRemoveList, true),
-              (ClickOutcome{.ticksRow = true, .raisesClick = true}));
-}
-
 } // namespace
 } // namespace quillshift

@@ -132,25 +132,6 @@ TEST_F(Editing, UndoPutsBackWithTheCaretWhereTheRuleSays) {
     EXPECT_EQ(history.RedoSteps(), 0U);
 }
 
-TEST_F(Editing, CutAndPasteAreTakenBackWhereTheyWere) {
-    document.SetText(u"some dull text");
-    document.SetSelStart(5);
-    document.SetSelLength(4);
-    edit.Cut();
-    edit.Undo();
-    EXPECT_EQ(document.Text(), u"some dull text");
-    EXPECT_EQ(document.SelText(), u"dull");
-    edit.Redo();
-    EXPECT_EQ(document.Text(), u"some  text");
-    edit.Paste();
-    EXPECT_EQ(document.Text(), u"some dull text");
-    edit.Undo();
-    EXPECT_EQ(document.Text(), u"some  text");
-    EXPECT_EQ(document.SelStart(), 5U);
-    edit.Redo();
-    EXPECT_EQ(document.Text(), u"some dull text");
-}
-
 TEST(ChangedSpan, IsCutFromTheLongerTextAndReadsNothingOutsideIt) {
     struct Case {
         std::u16string_view first, second;
@@ -175,16 +156,6 @@ TEST(ChangeBetween, EndsAtTheCaretWhereTheTextsLeaveAChoice) {
         text[place] = u'y';
         EXPECT_EQ(ChangeBetween(std::u16string(3000, u'x'), text, 0), (TextChange{place, 1, 1}));
     }
-}
-
-TEST_F(Editing, AnEditThatKeepsTheLengthIsTakenBackInNameOnly) {
-    Type(u"a");
-    Type(u"b");
-    edit.AllTextTo(LetterCase::Upper);
-    const std::size_t steps = history.UndoSteps();
-    edit.Undo();
-    EXPECT_EQ(document.Text(), u"AB");
-    EXPECT_EQ(history.UndoSteps(), steps - 1);
 }
 
 TEST_F(Editing, HundredThousandRandomStepsAgreeWithWholeCopies) {
@@ -241,39 +212,6 @@ TEST_F(Editing, HundredThousandRandomStepsAgreeWithWholeCopies) {
             history = {};
         }
     }
-}
-
-TEST_F(Editing, PasteInsertsBeforeTheSelectionAndGoesToTheStart) {
-    clipboard.text = u"new ";
-    document.SetText(u"some text");
-    document.SetSelStart(5);
-    document.SetSelLength(4);
-    edit.Paste();
-    EXPECT_EQ(document.Text(), u"some new text");
-    EXPECT_EQ(document.SelStart(), 0U);
-    EXPECT_EQ(document.SelLength(), 0U);
-    EXPECT_TRUE(state.DocumentModified);
-}
-
-TEST_F(Editing, CopyTellsWhenThereIsNothingAndCutTakesItOut) {
-    document.SetText(u"some text");
-    edit.Copy();
-    ASSERT_EQ(messageBox.shown.size(), 1U);
-    EXPECT_EQ(messageBox.shown[0].text, u"Нет выделенного фрагмента текста!");
-    document.SetSelStart(4);
-    document.SetSelLength(5);
-    edit.Cut();
-    EXPECT_EQ(clipboard.text, u" text");
-    EXPECT_EQ(document.Text(), u"some");
-    EXPECT_EQ(document.SelStart(), 4U);
-}
-
-TEST_F(Editing, OutdentStopsAtTheEdge) {
-    edit.Indent();
-    EXPECT_NEAR(static_cast<double>(document.SelIndent().value), 737, 1);
-    edit.Outdent();
-    edit.Outdent();
-    EXPECT_EQ(document.SelIndent().value, 0);
 }
 
 TEST(ToCase, ConvertsTheLettersOfThePageAndKeepsTheRest) {

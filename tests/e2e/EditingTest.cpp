@@ -86,17 +86,6 @@ TEST_F(Editing, AnIndentGoesAndStopsAtTheMargin) {
     desktop.WaitUntil("the text is back", [&] { return desktop.Pixels(margin) == before; });
 }
 
-TEST_F(Editing, TypingOverASelectionIsTakenBackInTwoSteps) {
-    editor.Start();
-    desktop.Type(u"one two");
-    desktop.Press("Ctrl+Shift+Left");
-    desktop.Type(u"x");
-    EXPECT_EQ(Saved(), Bytes("one x"));
-    desktop.Press("Ctrl+z");
-    desktop.Press("Ctrl+z");
-    EXPECT_EQ(Saved(), Bytes("one two"));
-}
-
 TEST_F(Editing, AMovedSelectionIsTakenBackInTwoSteps) {
     editor.Start();
     desktop.Type(u"abc def");

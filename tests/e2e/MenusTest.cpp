@@ -63,15 +63,6 @@ TEST_F(Menus, AHeadingBeginsWhereItsMenuDoes) {
     }
 }
 
-TEST_F(Menus, TheMouseAloneRecodes) {
-    editor.Set("SaveChange", u"0").Start().Open(Sample("text/pushkin-dos866.txt"));
-    desktop.Click(Heading(7));
-    desktop.MoveTo(Row(WaitForMenu(1), "MENU:DECODE:DOS"));
-    desktop.Click(Row(WaitForMenu(2), "MENU:DECODE:DOS:DW"));
-    editor.Settle();
-    EXPECT_TRUE(Saved().starts_with(Iconv("Я помню чудное мгновенье", "UTF-8", "CP1251")));
-}
-
 TEST_F(Menus, WalkFromOneToTheNext) {
     editor.Start();
     const Point file = Heading(0);

@@ -1,6 +1,7 @@
 #include "platform/qt/PosixFiles.h"
 
 #include "base/Utf8.h"
+#include "support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -15,9 +16,7 @@
 #include <unistd.h>
 
 #include <filesystem>
-#include <fstream>
 #include <functional>
-#include <iterator>
 
 namespace quillshift {
 namespace {
@@ -46,23 +45,13 @@ class PosixFilesTest : public testing::Test {
 protected:
     PosixFilesTest() {
         fs::create_directory(folder_);
-        fs::permissions(root_, fs::perms::all);
+        fs::permissions(root_.Path(), fs::perms::all);
         fs::permissions(folder_, fs::perms::all);
     }
-    ~PosixFilesTest() override { fs::remove_all(root_); }
 
-    static fs::path MakeRoot() {
-        std::string pattern = fs::temp_directory_path() / "files-XXXXXX";
-        return mkdtemp(pattern.data());
-    }
     std::string Make(const std::string& name, const std::string& bytes = "old") const {
-        const fs::path path = folder_ / name;
-        std::ofstream(path, std::ios::binary) << bytes;
-        return path;
-    }
-    static std::string Bytes(const std::string& path) {
-        std::ifstream in(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
+        Put(folder_ / name, bytes);
+        return folder_ / name;
     }
     std::vector<std::string> Names(const fs::path& folder) const {
         std::vector<std::string> names;
@@ -90,7 +79,7 @@ protected:
         return contents.failure ? contents.failure->number : 0;
     }
 
-    fs::path root_ = MakeRoot();
+    TemporaryFolder root_;
     fs::path folder_ = root_ / "письма";
     PosixFiles files_{root_ / "safe"};
     std::string description_;
@@ -139,7 +128,7 @@ TEST_F(PosixFilesTest, SaysWhyItCannotRead) {
 
 TEST_F(PosixFilesTest, AFileWithFewerBytesThanAnnouncedIsAFailure) {
     const std::string path = "/sys/devices/system/cpu/online"; // announces a page, holds a line
-    if (!fs::exists(path) || Info(path).st_size <= static_cast<off_t>(Bytes(path).size()))
+    if (!fs::exists(path) || Info(path).st_size <= static_cast<off_t>(Contents(path).size()))
         GTEST_SKIP() << "no such file on this system";
     EXPECT_EQ(Read(path), 75);
     EXPECT_THAT(description_, HasSubstr("изменился"));
@@ -158,7 +147,7 @@ TEST_F(PosixFilesTest, ASaveKeepsModeOwnerAttributesAndLinks) {
 
     ASSERT_EQ(Write(folder_ / "chain", "new"), 0) << description_;
     const struct stat after = Info(path);
-    EXPECT_EQ(Bytes(path), "new");
+    EXPECT_EQ(Contents(path), "new");
     EXPECT_NE(after.st_ino, before); // replaced in one step
     EXPECT_EQ(after.st_mode & 07777U, 0640U);
     if (root) {
@@ -175,7 +164,7 @@ TEST_F(PosixFilesTest, HardLinksStayTogether) {
     const std::string path = Make("letter", "a long old letter");
     fs::create_hard_link(path, folder_ / "other");
     ASSERT_EQ(Write(path, "new"), 0) << description_;
-    EXPECT_EQ(Bytes(folder_ / "other"), "new");
+    EXPECT_EQ(Contents(folder_ / "other"), "new");
     EXPECT_THAT(SafetyCopies(), IsEmpty());
 }
 
@@ -184,7 +173,7 @@ TEST_F(PosixFilesTest, NewFilesFollowTheMaskAndADanglingLinkMakesItsTarget) {
     const mode_t before = umask(027);
     EXPECT_EQ(Write(folder_ / "link", "new"), 0) << description_;
     umask(before);
-    EXPECT_EQ(Bytes(folder_ / "absent"), "new");
+    EXPECT_EQ(Contents(folder_ / "absent"), "new");
     EXPECT_EQ(Info(folder_ / "absent").st_mode & 0777U, 0640U);
     EXPECT_TRUE(fs::is_symlink(folder_ / "link"));
     fs::create_symlink("circle", folder_ / "circle");
@@ -212,8 +201,8 @@ TEST_F(PosixFilesTest, RightsAreRespectedAndAClosedFolderIsWrittenInPlace) {
     EXPECT_EQ(InChild(true, [&] { return Write(folder_ / "fresh", "new"); }), 70);
     chmod(foreign.c_str(), 0600);
     EXPECT_EQ(InChild(true, [&] { return Read(foreign); }), 70);
-    EXPECT_EQ(Bytes(foreign), "old");
-    EXPECT_EQ(Bytes(shared), "newer");
+    EXPECT_EQ(Contents(foreign), "old");
+    EXPECT_EQ(Contents(shared), "newer");
     EXPECT_THAT(Names(folder_), UnorderedElementsAre("foreign", "shared"));
     EXPECT_THAT(SafetyCopies(), IsEmpty());
 }
@@ -225,7 +214,7 @@ TEST_F(PosixFilesTest, WhatGoesWrongWhileOverwritingIsPutBackOrNamed) {
     const std::string path = "/proc/self/fd/" + std::to_string(file);
     ASSERT_EQ(fcntl(file, F_ADD_SEALS, F_SEAL_SHRINK), 0);
     EXPECT_EQ(Write(path, "new"), 70);
-    EXPECT_EQ(Bytes(path), "a long old letter");
+    EXPECT_EQ(Contents(path), "a long old letter");
     EXPECT_THAT(SafetyCopies(), IsEmpty());
 
     ASSERT_EQ(fcntl(file, F_ADD_SEALS, F_SEAL_WRITE), 0);
@@ -233,7 +222,7 @@ TEST_F(PosixFilesTest, WhatGoesWrongWhileOverwritingIsPutBackOrNamed) {
     ASSERT_EQ(SafetyCopies().size(), 1U);
     const std::string copy = root_ / "safe" / SafetyCopies()[0];
     EXPECT_THAT(description_, HasSubstr(copy));
-    EXPECT_EQ(Bytes(copy), "a long old letter");
+    EXPECT_EQ(Contents(copy), "a long old letter");
     close(file);
 }
 
@@ -247,8 +236,8 @@ TEST_F(PosixFilesTest, AFullDiskLeavesTheOldFileAlone) {
     EXPECT_EQ(Write(path, std::string(300'000, 'n')), 61);
     EXPECT_THAT(description_, HasSubstr("нет места"));
     EXPECT_EQ(Write(linked, std::string(300'000, 'n')), 61);
-    EXPECT_EQ(Bytes(path), old);
-    EXPECT_EQ(Bytes(linked), old);
+    EXPECT_EQ(Contents(path), old);
+    EXPECT_EQ(Contents(linked), old);
     EXPECT_THAT(Names(folder_), UnorderedElementsAre("letter", "linked", "other"));
     EXPECT_EQ(mount("none", folder_.c_str(), "tmpfs", MS_REMOUNT | MS_RDONLY, nullptr), 0);
     EXPECT_EQ(Write(path, "new"), 70);
@@ -269,7 +258,7 @@ TEST_F(PosixFilesTest, ALimitOnTheSizeOfFilesIsAFailureNotTheEnd) {
     };
     EXPECT_EQ(limited(path), 61);
     EXPECT_EQ(limited(linked), 61);
-    EXPECT_EQ(Bytes(path) + Bytes(linked), "oldold");
+    EXPECT_EQ(Contents(path) + Contents(linked), "oldold");
     EXPECT_THAT(Names(folder_), UnorderedElementsAre("letter", "linked", "other"));
 }
 

@@ -28,36 +28,6 @@ struct ClipboardWatcherTest : testing::Test, FakePlatform {
         {clipboard, settings, recoding, document, FakePlatform::timers, [this] { ++takenIn; }}};
 };
 
-TEST_F(ClipboardWatcherTest, TakesInWhatIsThereAtTheStartRecodedFromDos) {
-    clipboard.text = u"Џа";
-    document.SetText(u"before");
-    watcher.Start();
-    timers.Tick();
-    timers.Tick();
-    EXPECT_EQ(document.Text(), u"Пр");
-    EXPECT_EQ(recoding.SavedText, u"before");
-    EXPECT_TRUE(recoding.RecodeUndoAvailable);
-}
-
-TEST_F(ClipboardWatcherTest, AccumulatesWhereThatIsAskedFor) {
-    settings.SetPreference("ClipboardText", u"1");
-    watcher.Start();
-    for (const char16_t* copied : {u"Џ", u"а", u"Ё"})
-        Copy(copied);
-    EXPECT_EQ(document.Text(), u"П\rр\rи");
-    EXPECT_EQ(takenIn, 3);
-}
-
-TEST_F(ClipboardWatcherTest, TakesInWhatCameUnchangedWhereNoRecodingIsAskedFor) {
-    settings.SetPreference("DecodeClipboard", u"0");
-    watcher.Start();
-    Copy(u"Џ");
-    EXPECT_EQ(document.Text(), u"Џ");
-    EXPECT_FALSE(recoding.RecodeUndoAvailable);
-    Copy(u"");
-    EXPECT_EQ(document.Text(), u"") << "an emptied clipboard empties the document";
-}
-
 TEST_F(ClipboardWatcherTest, TheSameTextIsTakenInOnceAlsoIfTheStoreCantHoldIt) {
     watcher.Start();
     for (int i = 0; i < 2; ++i)
@@ -92,11 +62,6 @@ TEST_F(ClipboardWatcherTest, KeepsTheDocumentWhereATextIsOverTheLimit) {
     EXPECT_EQ(document.Text(), u"kept");
     EXPECT_FALSE(recoding.RecodeUndoAvailable);
     EXPECT_EQ(takenIn, 0);
-}
-
-TEST_F(ClipboardWatcherTest, SeesNothingUnlessStarted) {
-    Copy(u"Џ");
-    EXPECT_EQ(document.Text(), u"");
 }
 
 } // namespace

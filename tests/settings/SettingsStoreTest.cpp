@@ -1,8 +1,6 @@
 #include "settings/SettingsStore.h"
-#include "settings/FirstValues.h"
 #include "support/FakeSettings.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -66,30 +64,6 @@ TEST(SettingsStore, NumbersInTexts) {
     for (const float number : {-1234.567F, std::numeric_limits<float>::max(),
                                std::numeric_limits<float>::denorm_min(), 16777216.0F})
         EXPECT_EQ(NumberIn(DecimalText(number)), number);
-}
-
-TEST(FirstValues, FillTheStoreForAFirstStart) {
-    FakeSettings backend;
-    SettingsStore store(backend);
-    WriteFirstValues(store, {u"/opt/quillshift", u"Office", {{150}, {300}, {9000}, {6000.5F}}});
-
-    EXPECT_EQ(store.Preference("FirstRun"), u"1");
-    EXPECT_EQ(store.Preference("PaperSize"), u"A4 210 x 297 мм");
-    EXPECT_EQ(store.Preference("PrinterName"), u"Office");
-    EXPECT_EQ(store.Preference("MainWidth"), u"9000");
-    EXPECT_EQ(store.Preference("MainHeight"), u"6000.5");
-    EXPECT_EQ(store.ReadString(kHive, settings_path::kSounds, "KeyDown"), u"0");
-    EXPECT_EQ(store.ReadString(kHive, settings_path::kSounds, "ButtonMouseMovePath"),
-              u"/opt/quillshift/Sounds/ButtonMove.wav");
-    for (const auto& [path, last] : {std::pair{settings_path::kToolBarsStandart, "39"},
-                                     std::pair{settings_path::kToolBarsDecode, "07"}}) {
-        EXPECT_EQ(store.ReadDword(kHive, path, "00"), -1);
-        EXPECT_EQ(store.ReadDword(kHive, path, last), -1);
-    }
-    EXPECT_EQ(backend.Read(settings_path::kToolBarsStandart, "40"), std::nullopt);
-    EXPECT_EQ(backend.Read(settings_path::kToolBarsDecode, "08"), std::nullopt);
-    for (const char* untouched : {"FolderDocuments", "BackupFolder", "SaveFileName", "WindowState"})
-        EXPECT_EQ(backend.Read(kPreferences, untouched), std::nullopt) << untouched;
 }
 
 } // namespace

@@ -1,23 +1,11 @@
 #include "shell/Catalogue.h"
-#include "commandbar/VirtualKeys.h"
-#include "support/FakeBarControl.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <set>
 
 namespace quillshift {
 namespace {
-
-struct TestCatalogue : TestBars {
-    FakePanel cmbDecode;
-
-    TestCatalogue() {
-        AddCatalogue(buttons, cmbDecode);
-        BuildBars(buttons, bars);
-    }
-};
 
 TEST(Catalogue, HasNoEntryTwiceNoShortcutTwiceAndNoneWithoutItsMenu) {
     std::set<std::string_view> keys{"MENU", "TOOLBAR", "TOOLBAR2"};
@@ -52,23 +40,6 @@ TEST(Catalogue, TakesEachPictureFromTheListOfItsBar) {
         }
     }
     EXPECT_EQ(pictured, 33U + 28U + 3U) << "each picture is used once";
-}
-
-TEST(Catalogue, BecomesBarsByItsKeys) {
-    TestCatalogue test;
-    EXPECT_EQ(test.Keys("MENU"), " MENU:FILE MENU:EDIT MENU:FIND MENU:VIEW MENU:INSERT MENU:FORMAT"
-                                 " MENU:SERVICE MENU:DECODE MENU:HELP");
-    EXPECT_EQ(test.Keys("MENU:VIEW:TOOLBARS"),
-              " MENU:VIEW:TOOLBARS:TBSTANDART MENU:VIEW:TOOLBARS:TBDECODE MENU:VIEW:TOOLBARS:SEP1"
-              " MENU:VIEW:TOOLBARS:TBCUSTOMIZE");
-    EXPECT_EQ(test.buttons.Item("MENU:VIEW:TOOLBARS").Bar()->Key(), "MENU:VIEW:TOOLBARS");
-    EXPECT_FALSE(test.buttons.Item("MENU:VIEW:TOOLBARS:TBSTANDART").Bar());
-    EXPECT_EQ(test.model.FindBar("MENU:VIEW:TOOLBARS:TBSTANDART"), nullptr);
-    EXPECT_EQ(test.bars.Item("TOOLBAR").Buttons().count(), 40);
-    EXPECT_EQ(test.bars.Item("TOOLBAR2").Buttons().count(), 8);
-    // The toolkit's three, the roots, the nine menus and the nine menus below those.
-    EXPECT_EQ(test.bars.count(), 3 + 3 + 9 + 9);
-    EXPECT_EQ(test.bars.Item("MENU:DECODE:KOI").Title(), u"MENU:DECODE:KOI");
 }
 
 } // namespace

@@ -3,7 +3,6 @@
 #include "shell/Catalogue.h"
 #include "support/TestProgram.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -13,21 +12,6 @@
 namespace quillshift {
 namespace {
 
-using testing::AllOf;
-using testing::Contains;
-using testing::IsEmpty;
-using testing::Not;
-using testing::SizeIs;
-
-std::set<std::string> EnabledWith(const CommandInputs& inputs) {
-    std::set<std::string> enabled;
-    ForEachCommandState(inputs, [&](std::string_view key, bool on) {
-        if (on)
-            enabled.emplace(key);
-    });
-    return enabled;
-}
-
 TEST(CommandStates, NameCommandsOfTheCatalogueEachOnce) {
     std::set<std::string_view> keys;
     ForEachCommandState({}, [&](std::string_view key, bool) {
@@ -36,23 +20,6 @@ TEST(CommandStates, NameCommandsOfTheCatalogueEachOnce) {
             << key;
     });
     EXPECT_EQ(keys.size(), 36U);
-}
-
-TEST(CommandStates, FollowTheirInputs) {
-    EXPECT_THAT(EnabledWith({}), IsEmpty());
-    EXPECT_THAT(EnabledWith({.selection = true}), AllOf(SizeIs(8), Contains("TOOLBAR:CUT")));
-    EXPECT_THAT(EnabledWith({.text = true}),
-                AllOf(SizeIs(17), Contains("TOOLBAR2:DECODE"), Not(Contains("MENU:EDIT:UNDO"))));
-    EXPECT_THAT(EnabledWith({.text = true, .undoSteps = 1}), Not(Contains("MENU:EDIT:UNDO")))
-        << "the first entry is the present state";
-    EXPECT_THAT(EnabledWith({.text = true, .undoSteps = 2}), Contains("TOOLBAR:UNDO"));
-    EXPECT_THAT(EnabledWith({.text = true, .redoSteps = 1}), Contains("MENU:EDIT:REDO"));
-    EXPECT_THAT(EnabledWith({.undoSteps = 2, .redoSteps = 1}), IsEmpty())
-        << "without a text nothing is undone";
-    EXPECT_THAT(EnabledWith({.clipboardText = true}), SizeIs(2));
-    EXPECT_THAT(EnabledWith({.recodeUndo = true}), SizeIs(2));
-    EXPECT_THAT(EnabledWith({.reopen = true}), SizeIs(2));
-    EXPECT_THAT(EnabledWith({.save = true}), testing::ElementsAre("MENU:FILE:SAVE"));
 }
 
 // The keys by what they depend on: a selection, a text, steps to undo and to redo, text on the clipboard, a

@@ -109,19 +109,6 @@ protected:
                    .density = 1}};
 };
 
-TEST_F(MainBarsTest, AHeadingOpensItsMenuBelowItAndARowRunsItsCommandOnce) {
-    Click(menu, 0);
-    ASSERT_THAT(OpenPopups(), ElementsAre(0));
-    EXPECT_EQ(Popup(0).place.left, menu.place.left);
-    EXPECT_EQ(Popup(0).place.top, menu.place.bottom);
-    EXPECT_EQ(Popup(0).shadows[0].left, Popup(0).place.right);
-    EXPECT_THAT(clicked, IsEmpty());
-    EXPECT_FALSE(bars.Bar(1).Enabled());
-    Click(Popup(0), 1);
-    EXPECT_THAT(clicked, ElementsAre("MENU:FILE:OPEN"));
-    ExpectAllIsBack();
-}
-
 TEST_F(MainBarsTest, ASecondClickOnAHeadingClosesItsMenu) {
     Click(menu, 0);
     Click(menu, 0);
@@ -149,28 +136,6 @@ TEST_F(MainBarsTest, EveryRoadClosesWhatItShould) {
     Click(menu, 0);
     Press(toolbar.Id()); // another bar
     ExpectAllIsBack();
-}
-
-TEST_F(MainBarsTest, ARightClickOnAToolbarOpensTheListOfToolbars) {
-    toolbar.listener->OnMousePress({700, 10}, MouseButton::Right);
-    ASSERT_THAT(OpenPopups(), ElementsAre(0));
-    EXPECT_EQ(Popup(0).place.left, 800);
-    EXPECT_EQ(toolkit.Find(Popup(0).Id())->Toolbar()->Key(), "MENU:VIEW:TOOLBARS");
-    Click(Popup(0), 1);
-    EXPECT_THAT(clicked, ElementsAre("MENU:VIEW:TOOLBARS:TBDECODE"));
-    ExpectAllIsBack();
-    menu.listener->OnMousePress({700, 10}, MouseButton::Right);
-    EXPECT_THAT(OpenPopups(), IsEmpty());
-}
-
-TEST_F(MainBarsTest, ShortcutsRunFromTheWindowThatHasTheKeyboardAndOnlyOnce) {
-    EXPECT_TRUE(Key('N', modifier::kCtrl));
-    EXPECT_THAT(clicked, ElementsAre("MENU:FILE:NEW"));
-    bars.Button("MENU:FILE:NEW").SetEnabled(false);
-    EXPECT_FALSE(Key('N', modifier::kCtrl));
-    system.foreground = kElsewhere;
-    EXPECT_FALSE(Key('O', modifier::kCtrl));
-    EXPECT_THAT(clicked, SizeIs(1));
 }
 
 TEST_F(MainBarsTest, OneItemRepaintsWhenThePointerComesOverIt) {

@@ -1,15 +1,15 @@
 #pragma once
 
-#include "platform/Surface.h"
 #include "support/Pixels.h"
+#include "support/RecordingSurface.h"
 
 #include <utility>
 #include <vector>
 
 namespace quillshift {
 
-/// A surface that only remembers what was composited on to it.
-class CompositeRecorder final : public Surface {
+/// A surface that remembers the pixels that were composited on to it.
+class CompositeRecorder final : public RecordingSurface {
 public:
     struct Call {
         Rect target;
@@ -32,15 +32,6 @@ public:
                 call.pixels.push_back(PixelOf(source, x, y));
         calls.push_back(std::move(call));
     }
-    Size TextExtent(std::u16string_view, const FontSpec&, bool) const override { return {}; }
-    void FillRect(const Rect&, Colour) override {}
-    void FillGradient(const Rect&, Colour, Colour, bool) override {}
-    void FrameRect(const Rect&, Colour) override {}
-    void DrawLine(Point, Point, Colour) override {}
-    void DrawText(const Rect&, std::u16string_view, const FontSpec&, Colour, const TextLayout&) override {}
-    void SetClip(const Rect&) override {}
-    void ClearClip() override {}
-    double Density() const override { return 1; }
 };
 
 } // namespace quillshift

@@ -32,17 +32,13 @@ public:
         visible = true;
     }
     void HidePopup() override { visible = false; }
-    void ShowShadows(const std::array<ShadowStrip, 2>& strips) override {
-        for (std::size_t i = 0; i < strips.size(); ++i)
-            shadows[i] = strips[i].place;
-    }
+    void ShowShadows(const std::array<ShadowStrip, 2>&) override {}
 
     Rect place; ///< on the screen
     BarWindowListener* listener = nullptr;
     bool visible = false;
     std::vector<Rect> repainted;
     std::u16string toolTip;
-    std::array<Rect, 2> shadows;
 
 private:
     WindowId id_;

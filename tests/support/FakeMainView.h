@@ -44,17 +44,13 @@ public:
     DecodingView& Decoding() override { return decoding; }
 
     void BuildBars() override {}
-    void SetBarStyle(std::u16string_view style) override { barStyle = style; }
+    void SetBarStyle(std::u16string_view) override {}
     void AttachMenu() override {}
-    void AttachToolBar(int bar, ToolBarIcons icons) override { barIcons[bar] = icons; }
-    Twips MenuHeight() const override { return menuHeight; }
-    void SetToolTip(std::string_view key, std::u16string_view text) override {
-        toolTips[std::string(key)] = text;
-    }
-    void SetHideInfrequentlyUsed(bool on) override { hidesInfrequent = on; }
-    void SetItemVisible(std::string_view key, bool visible) override {
-        itemVisible[std::string(key)] = visible;
-    }
+    void AttachToolBar(int, ToolBarIcons) override {}
+    Twips MenuHeight() const override { return 315_twips; }
+    void SetToolTip(std::string_view, std::u16string_view) override {}
+    void SetHideInfrequentlyUsed(bool) override {}
+    void SetItemVisible(std::string_view, bool) override {}
     void SetBarVisible(int bar, bool visible) override { barVisible[bar] = visible; }
     void SetChecked(std::string_view key, bool on) override { checked[std::string(key)] = on; }
     void SetEnabled(std::string_view key, bool on) override { enabled[std::string(key)] = on; }
@@ -62,13 +58,13 @@ public:
     int Direction() const override { return direction; }
     void SetDirection(int number) override { direction = number; }
     void LayOut(const EditorLayout& layout) override { layouts.push_back(layout); }
-    void ShowDecodeDialog() override { ++decodeDialogs; }
-    void ShowEditMenu(Point) override { ++editMenus; }
+    void ShowDecodeDialog() override {}
+    void ShowEditMenu(Point) override {}
     void Show() override { shown = true; }
     void Close() override { ++closeRequests; }
 
     void SetTitle(std::u16string_view text) override { title = text; }
-    void SetTopMost(bool on) override { topMost = on; }
+    void SetTopMost(bool) override {}
     void SetPointer(Pointer) override {}
     WindowState State() const override { return state; }
     void SetState(WindowState value) override { state = value; }
@@ -79,19 +75,11 @@ public:
     FakeSurface document, backup, import;
     FakeDecoding decoding;
     std::map<int, bool> barVisible;
-    std::map<int, ToolBarIcons> barIcons;
-    std::u16string barStyle;
-    std::map<std::string, std::u16string> toolTips; ///< as set anew
-    bool hidesInfrequent = false;
-    Twips menuHeight = 315_twips;
-    std::map<std::string, bool> checked, enabled, itemVisible;
+    std::map<std::string, bool> checked, enabled;
     std::vector<EditorLayout> layouts;
     int direction = 0;
-    int decodeDialogs = 0;
-    int editMenus = 0;
     int closeRequests = 0;
     bool shown = false;
-    bool topMost = false;
     std::u16string title = u"Morvane Quillshift 3.0";
     WindowState state = WindowState::Normal;
     TwipsRect bounds{0_twips, 0_twips, 11700_twips, 9150_twips};

@@ -16,15 +16,11 @@ public:
     }
     void LoadPlain(std::u16string_view text) override {
         text_ = text;
-        rich = {};
         start_ = length_ = 0;
         ++loads;
         Raise(OnChange);
     }
-    void LoadRich(const RichText& text) override {
-        LoadPlain(text.text);
-        rich = text;
-    }
+    void LoadRich(const RichText& text) override { LoadPlain(text.text); }
 
     std::size_t SelStart() const override { return start_; }
     void SetSelStart(std::size_t position) override { Select(std::min(position, text_.size()), 0); }
@@ -54,7 +50,6 @@ public:
     std::optional<std::size_t> LineIndex(int) const override { return 0; }
     void SetFocus() override {}
 
-    RichText rich; ///< what was last loaded with formatting
     int loads = 0; ///< how often everything was replaced
 
 private:

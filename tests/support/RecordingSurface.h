@@ -18,7 +18,7 @@ inline Size FixedPitchExtent(std::u16string_view text, bool mnemonics) {
 }
 
 /// Writes down what is drawn, one line each, such as "fill 1,1-23,23 d4d0c8" (red, green, blue).
-class RecordingSurface final : public Surface {
+class RecordingSurface : public Surface {
 public:
     Size TextExtent(std::u16string_view text, const FontSpec&, bool mnemonics) const override {
         return FixedPitchExtent(text, mnemonics);

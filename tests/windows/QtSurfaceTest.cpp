@@ -9,7 +9,6 @@ namespace {
 
 constexpr Colour kRed = Rgb(255, 0, 0);
 constexpr Colour kBlue = Rgb(0, 0, 255);
-const FontSpec kFont{.name = u"Tahoma", .points = 8};
 
 /// A white sheet of 60 by 40 logical pixels in a density of its own.
 class Sheet {
@@ -101,32 +100,6 @@ TEST(QtSurface, CompositesTheRightWayUp) {
         const int inked = (4 + 32 + 9) * density * density;
         EXPECT_EQ(sheet.Count(qRgb(255, 255, 255)), 60 * 40 * density * density - inked);
     }
-}
-
-Sheet WithText(std::u16string_view text, const Rect& area, const TextLayout& layout = {}) {
-    Sheet sheet;
-    sheet.Painted([&](Surface& surface) { surface.DrawText(area, text, kFont, Rgb(0, 0, 0), layout); });
-    return sheet;
-}
-
-TEST(QtSurface, TurnsTextDownwards) {
-    const Rect area = RectAt(20, 2, 20, 36);
-    const QRect upright = WithText(u"L", area).Inked();
-    const Sheet turned = WithText(u"L", area, {.rotated = true});
-    const QRect lying = turned.Inked();
-    EXPECT_NEAR(lying.top(), 2, 2) << "the text begins at the top";
-    EXPECT_NEAR(lying.center().x(), 30, 3);
-    EXPECT_NEAR(upright.width(), lying.height(), 1);
-    EXPECT_NEAR(upright.height(), lying.width(), 1);
-    // Letters stand with their feet to the left: there the "L" has its longest stroke across.
-    const auto inkOfColumn = [&](int x) {
-        int ink = 0;
-        for (int y = 0; y < 40; ++y)
-            ink += 255 - qGray(turned.At(x, y));
-        return ink;
-    };
-    EXPECT_GT(inkOfColumn(lying.left()) + inkOfColumn(lying.left() + 1),
-              inkOfColumn(lying.right()) + inkOfColumn(lying.right() - 1));
 }
 
 } // namespace

@@ -37,12 +37,14 @@ TEST_F(RecodingDialogs, ATargetIsDisabledWhileItsSourceIsChosen) {
     QTest::mouseClick(dialog.cmdDecode, Qt::LeftButton);
     EXPECT_EQ(recoded, (Direction{1, 2}));
 
-    recoded.reset();
-    dialog.sourceOptions[1]->setChecked(true); // the chosen target stays chosen, and no pair is left
-    EXPECT_TRUE(dialog.targetOptions[0]->isEnabled());
-    EXPECT_FALSE(dialog.targetOptions[1]->isEnabled());
-    QTest::mouseClick(dialog.cmdDecode, Qt::LeftButton);
-    EXPECT_FALSE(recoded);
+    for (Charset source = 1; source <= kCharsets; ++source)
+        for (Charset target = 1; target <= kCharsets; ++target) {
+            recoded.reset();
+            dialog.sourceOptions[static_cast<std::size_t>(source - 1)]->setChecked(true);
+            dialog.targetOptions[static_cast<std::size_t>(target - 1)]->setChecked(true);
+            QTest::mouseClick(dialog.cmdDecode, Qt::LeftButton);
+            EXPECT_EQ(recoded, source == target ? std::nullopt : std::optional(Direction{source, target}));
+        }
 }
 
 TEST_F(RecodingDialogs, PlayTheirSoundsAtLoadMovePressAndUnload) {
@@ -57,25 +59,6 @@ TEST_F(RecodingDialogs, PlayTheirSoundsAtLoadMovePressAndUnload) {
     EXPECT_EQ(fakes.sound.played.front(), u"FormLoad.wav");
     EXPECT_EQ(fakes.sound.played[fakes.sound.played.size() - 2], u"ButtonClick.wav");
     EXPECT_EQ(fakes.sound.played.back(), u"FormUnload.wav");
-}
-
-TEST_F(RecodingDialogs, CancellingAsksAndDestroysTheProgressDialog) {
-    bool stopped = false;
-    QWidget owner;
-    DecodingDialog dialog(settings, sounds, fakes.messageBox, &owner);
-    dialog.StopRecoding = [&] { stopped = true; };
-    dialog.Create(u"/d/a.txt");
-    dialog.Show();
-    frmDecoding* form = owner.findChild<frmDecoding*>();
-    ASSERT_TRUE(form);
-    EXPECT_EQ(form->txtPath->text(), QStringLiteral("/d/a.txt"));
-    form->cmdCancel->click(); // Escape answers No
-    EXPECT_TRUE(dialog.IsCreated());
-    EXPECT_FALSE(stopped);
-    fakes.messageBox.answers = {BoxAnswer::Yes};
-    form->cmdCancel->click();
-    EXPECT_TRUE(stopped);
-    EXPECT_FALSE(dialog.IsCreated());
 }
 
 TEST(ProgressBarTest, InvertsTheLabelUnderTheFilledPart) {

@@ -144,18 +144,5 @@ TEST_F(IconLists, MakeEachLookOnceAndKeepItWhenTheStripGrows) {
     EXPECT_EQ(strip.pixels[12], kNothing);
 }
 
-TEST_F(IconLists, FollowANewColourInPlace) {
-    Add({0, 0, 0, 255});
-    Add({227, 227, 227, 255});
-    bar.InitialiseFromVariant(list.hIml());
-    Drawn(0, IconMode::Disabled);
-    Drawn(1, IconMode::Highlighted);
-    bar.SetDisabledColor(Rgb(1, 2, 3));
-    bar.SetHighlightColor(Rgb(255, 255, 0));
-    EXPECT_EQ(Drawn(0, IconMode::Disabled), (Pixel{3, 2, 1, 255}));
-    EXPECT_EQ(Drawn(1, IconMode::Highlighted), (Pixel{0, 90, 90, 90}));
-    EXPECT_EQ(bar.count(), 2);
-}
-
 } // namespace
 } // namespace quillshift
