@@ -11,7 +11,11 @@ protected:
     ClipboardElsewhere() { editor.Set("SaveChange", u"0"); }
 
     // Another program puts a text on the clipboard, and stays behind to give it out.
-    void Copy(const std::string& text) { StartCopying(text, "-silent").WaitForEnd(); }
+    void Copy(const std::string& text, const char* form = "UTF8_STRING") {
+        const XWindow before = desktop.ClipboardOwner();
+        StartCopying(text, "-silent", form).WaitForEnd();
+        desktop.WaitUntil("the text is copied", [&] { return desktop.ClipboardOwner() != before; });
+    }
     // One that ends when it is told.
     Process StartCopying(const std::string& text, const char* how = "-quiet",
                          const char* form = "UTF8_STRING") {
@@ -70,10 +74,10 @@ TEST_F(ClipboardElsewhere, ALongTextArrivesWholeAndOutlivesTheProgramItCameFrom)
 
 TEST_F(ClipboardElsewhere, BytesOfAnOldProgramAreReadAsThoseOfFilesAre) {
     Watch(Recode, Replace).Start();
-    StartCopying("\x8F\xE0", "-silent", "STRING").WaitForEnd();
+    Copy("\x8F\xE0", "STRING");
     WaitUntilSeen("Џа");
     EXPECT_EQ(Saved(), Bytes("Пр\r\n"));
-    StartCopying("no text", "-silent", "image/png").WaitForEnd();
+    Copy("no text", "image/png");
     WaitUntilSeen("");
     EXPECT_EQ(Saved(), "\r\n");
 }

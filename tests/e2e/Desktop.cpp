@@ -312,6 +312,10 @@ Rect Desktop::Place(XWindow window) const {
     return RectAt(x, y, attributes.width, attributes.height);
 }
 
+XWindow Desktop::ClipboardOwner() const {
+    return XGetSelectionOwner(display_, Atom("CLIPBOARD"));
+}
+
 bool Desktop::Lists(XWindow window, const char* property, const char* atom) const {
     const auto listed = Property(window, property);
     return std::find(listed.begin(), listed.end(), Atom(atom)) != listed.end();

@@ -69,6 +69,8 @@ public:
     std::u16string Title(XWindow window) const;
     /// The client area on the screen, in device pixels.
     Rect Place(XWindow window) const;
+    /// The window of the program that has the clipboard; 0 if none has.
+    XWindow ClipboardOwner() const;
     bool IsDialog(XWindow window) const;
     bool IsAboveOthers(XWindow window) const;
     /// The windows that no window manager decorates, such as menus: where they stand on the screen.
