@@ -17,6 +17,7 @@ QtClipboard::QtClipboard() {
     if (!reader_ || !reader_->IsOpen()) {
         reader_.reset();
         connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, &QtClipboard::Tell);
+        NoteUnread();
         return;
     }
     reader_->OnChange = [this] { Tell(); };
@@ -26,7 +27,13 @@ QtClipboard::QtClipboard() {
 
 QtClipboard::~QtClipboard() = default;
 
+// Asked for at every key, and a text is copied to be looked at.
+void QtClipboard::NoteUnread() {
+    hasUnreadText_ = !IsRead() && !QGuiApplication::clipboard()->text().isEmpty();
+}
+
 void QtClipboard::Tell() {
+    NoteUnread();
     if (OnChange)
         OnChange();
 }
@@ -48,7 +55,7 @@ std::optional<std::u16string> QtClipboard::Text() {
 }
 
 bool QtClipboard::HasText() const {
-    return IsRead() ? !reader_->Last().bytes.empty() : !QGuiApplication::clipboard()->text().isEmpty();
+    return IsRead() ? !reader_->Last().bytes.empty() : hasUnreadText_;
 }
 
 void QtClipboard::SetText(std::u16string_view text) {

@@ -27,9 +27,11 @@ public:
 private:
     void OnDataChanged();
     void Tell();
+    void NoteUnread();
     bool IsRead() const;
 
     std::unique_ptr<X11SelectionReader> reader_; // null where the clipboard is Qt's alone
+    bool hasUnreadText_ = false;                 // the clipboard, not read by it, holds text
 };
 
 } // namespace quillshift
