@@ -1,8 +1,8 @@
 #pragma once
 
-#include "commandbar/BarIcons.h"
 #include "commandbar/HitTest.h"
 #include "commandbar/cDrawButtonParams.h"
+#include "commandbar/icons/BarIcons.h"
 #include "commandbar/mCommandBarUtility.h"
 
 namespace quillshift {

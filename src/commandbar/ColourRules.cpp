@@ -1,5 +1,8 @@
 #include "commandbar/ColourRules.h"
 
+#include <array>
+#include <concepts>
+
 namespace quillshift {
 namespace {
 

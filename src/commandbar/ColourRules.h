@@ -1,6 +1,10 @@
 #pragma once
 
-#include "commandbar/mCommandBarColours.h"
+#include "base/Colour.h"
+#include "commandbar/ColourSlots.h"
+#include "platform/SystemColours.h"
+
+#include <cstdint>
 
 namespace quillshift {
 

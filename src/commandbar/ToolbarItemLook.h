@@ -1,8 +1,8 @@
 #pragma once
 
+#include "commandbar/ColourSlots.h"
 #include "commandbar/cButtonInt.h"
 #include "commandbar/cDrawButtonParams.h"
-#include "commandbar/mCommandBarColours.h"
 
 #include <optional>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "commandbar/BarIcons.h"
 #include "commandbar/BarTypes.h"
+#include "commandbar/icons/BarIcons.h"
 
 namespace quillshift {
 

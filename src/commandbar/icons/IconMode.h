@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/Colour.h"
-#include "commandbar/BarIcons.h"
+#include "commandbar/icons/BarIcons.h"
 #include "controls/bitmaps/cAlphaDIBSection.h"
 
 namespace quillshift {
