@@ -1,4 +1,4 @@
-#include "platform/qt/SqliteSettings.h"
+#include "platform/posix/SqliteSettings.h"
 #include "settings/FirstValues.h"
 
 #include <benchmark/benchmark.h>

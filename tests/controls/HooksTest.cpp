@@ -1,7 +1,7 @@
 #include "controls/hooks/CTimer.h"
 #include "controls/hooks/GSubclass.h"
 #include "controls/hooks/MSubclass.h"
-#include "platform/qt/clsLibrary.h"
+#include "platform/posix/clsLibrary.h"
 #include "support/FailureOf.h"
 #include "support/FakePlatform.h"
 #include "support/FakeWindowMessages.h"

@@ -2,7 +2,7 @@
 
 #include "e2e/Desktop.h"
 #include "platform/MessageBox.h"
-#include "platform/qt/SqliteSettings.h"
+#include "platform/posix/SqliteSettings.h"
 #include "settings/SettingsStore.h"
 
 #include <memory>

@@ -1,4 +1,4 @@
-#include "platform/qt/PosixFiles.h"
+#include "platform/posix/PosixFiles.h"
 
 #include "base/Utf8.h"
 #include "support/TemporaryFolder.h"

@@ -1,4 +1,4 @@
-#include "platform/qt/SdlSound.h"
+#include "platform/posix/SdlSound.h"
 #include "support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-#include "platform/qt/SqliteSettings.h"
+#include "platform/posix/SqliteSettings.h"
 #include "support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>

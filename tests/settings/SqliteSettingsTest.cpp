@@ -1,5 +1,5 @@
-#include "platform/qt/SqliteSettings.h"
-#include "platform/qt/XdgFolders.h"
+#include "platform/posix/SqliteSettings.h"
+#include "platform/posix/XdgFolders.h"
 #include "settings/FirstValues.h"
 #include "support/TemporaryFolder.h"
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/qt/PosixFiles.h"
+#include "platform/posix/PosixFiles.h"
 #include "platform/qt/QtBarSystem.h"
 #include "platform/qt/QtBarWindow.h"
-#include "platform/qt/QtServices.h"
+#include "platform/qt/QtTimers.h"
 #include "shell/MainBars.h"
 #include "support/FakeBarControl.h"
 

@@ -1,4 +1,4 @@
-#include "platform/qt/SdlSound.h"
+#include "platform/posix/SdlSound.h"
 
 #include "base/Utf8.h"
 

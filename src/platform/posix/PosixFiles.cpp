@@ -1,11 +1,11 @@
-#include "platform/qt/PosixFiles.h"
+#include "platform/posix/PosixFiles.h"
 
 #include "base/Utf8.h"
+#include "platform/posix/FileBytes.h"
+#include "platform/posix/FileFailures.h"
 
 #include <fcntl.h>
-#include <poll.h>
 #include <sys/stat.h>
-#include <sys/types.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
@@ -13,42 +13,16 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <random>
 #include <system_error>
 #include <utility>
 
 namespace quillshift {
 namespace {
 
-constexpr int kStallMilliseconds = 4000;
 constexpr int kMostLinks = 40;
 constexpr const char* kAccessList = "system.posix_acl_access";
-
-// An open file that closes itself. `Close` tells what closing said, which for a network drive may be the
-// first word of a failed write.
-class OpenFile {
-public:
-    explicit OpenFile(int fd = -1) : fd_(fd) {}
-    OpenFile(OpenFile&& other) noexcept : fd_(std::exchange(other.fd_, -1)) {}
-    OpenFile& operator=(OpenFile&& other) noexcept {
-        std::swap(fd_, other.fd_);
-        return *this;
-    }
-    ~OpenFile() { Close(); }
-
-    explicit operator bool() const { return fd_ >= 0; }
-    int Fd() const { return fd_; }
-    int Close() {
-        const int fd = std::exchange(fd_, -1);
-        return fd >= 0 && close(fd) != 0 && errno != EINTR ? errno : 0;
-    }
-
-private:
-    int fd_;
-};
 
 // Keeps the two signals that a failed write may send from ending the program: the error number says it too.
 class WriteSignals {
@@ -71,184 +45,6 @@ public:
 private:
     sigset_t ours_{};
     sigset_t before_{};
-};
-
-std::pair<std::string, std::string> SplitPath(const std::string& path) {
-    const auto slash = path.rfind('/');
-    if (slash == std::string::npos)
-        return {".", path};
-    return {slash == 0 ? "/" : path.substr(0, slash), path.substr(slash + 1)};
-}
-
-FileFailure Explain(int error, const std::string& path) {
-    struct stat folder {};
-    switch (error) {
-    case ENOENT:
-        if (stat(SplitPath(path).first.c_str(), &folder) == 0 && S_ISDIR(folder.st_mode))
-            return {53, u"Файл не найден"};
-        [[fallthrough]];
-    case ENOTDIR:
-        return {76, u"Папка не найдена"};
-    case EACCES:
-    case EPERM:
-        return {70, u"Нет прав доступа к файлу"};
-    case EROFS:
-        return {70, u"Диск доступен только для чтения"};
-    case ENOSPC:
-        return {61, u"На диске нет места"};
-    case EDQUOT:
-        return {61, u"Исчерпана дисковая квота"};
-    case EFBIG:
-        return {61, u"Файл больше, чем разрешено на этом диске"};
-    case EISDIR:
-        return {75, u"Это не обычный файл, а папка"};
-    case ENAMETOOLONG:
-        return {75, u"Слишком длинное имя файла"};
-    case ELOOP:
-        return {75, u"Ссылки на файл образуют круг"};
-    case ENXIO:
-    case EPIPE:
-        return {75, u"Канал или устройство никто не читает"};
-    case ETIMEDOUT:
-        return {75, u"Канал или устройство не принимает данные"};
-    case EIO:
-        return {75, u"Ошибка чтения или записи диска"};
-    default:
-        return {75, u"Ошибка доступа к файлу, код " + FromUtf8(std::to_string(error))};
-    }
-}
-
-std::optional<FileFailure> RefuseUnlessRegular(const struct stat& info) {
-    const auto refuse = [](std::u16string_view what) {
-        return FileFailure{75, u"Это не обычный файл, а " + std::u16string(what)};
-    };
-    switch (info.st_mode & S_IFMT) {
-    case S_IFREG:
-        return std::nullopt;
-    case S_IFDIR:
-        return refuse(u"папка");
-    case S_IFIFO:
-        return refuse(u"канал");
-    case S_IFSOCK:
-        return refuse(u"сокет");
-    default:
-        return refuse(u"устройство");
-    }
-}
-
-// A name the system would read as another one, cut at a zero or mended, is no name of a file.
-std::optional<FileFailure> ToNative(std::u16string_view path, std::string& native) {
-    if (path.empty())
-        return FileFailure{75, u"Не задано имя файла"};
-    native = ToUtf8(path);
-    if (path.find(u'\0') != std::u16string_view::npos || FromUtf8(native) != path)
-        return FileFailure{53, u"Файл не найден: такого имени не бывает"};
-    return std::nullopt;
-}
-
-// The functions below answer with an error number, 0 for success.
-
-int WriteAll(int fd, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = write(fd, bytes.data(), bytes.size());
-        if (written >= 0) {
-            bytes.remove_prefix(static_cast<std::size_t>(written));
-        } else if (errno == EAGAIN) {
-            pollfd ready{fd, POLLOUT, 0};
-            if (poll(&ready, 1, kStallMilliseconds) == 0)
-                return ETIMEDOUT;
-        } else if (errno != EINTR) {
-            return errno;
-        }
-    }
-    return 0;
-}
-
-// Some file systems have nothing to flush and say so.
-int Flush(int fd) {
-    return fsync(fd) == 0 || errno == EINVAL || errno == ENOSYS || errno == ENOTSUP ? 0 : errno;
-}
-
-// Makes the names in a folder last through a power cut.
-void FlushFolder(const std::string& folder) {
-    if (const OpenFile holder(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)); holder)
-        Flush(holder.Fd());
-}
-
-// Replaces the contents of `to` by those of `from`.
-int CopyContents(int from, int to) {
-    if (lseek(from, 0, SEEK_SET) < 0 || lseek(to, 0, SEEK_SET) < 0)
-        return errno;
-    std::string buffer(std::size_t{256} << 10U, '\0');
-    off_t copied = 0;
-    for (;;) {
-        const ssize_t got = read(from, buffer.data(), buffer.size());
-        if (got < 0 && errno == EINTR)
-            continue;
-        if (got < 0)
-            return errno;
-        if (got == 0)
-            break;
-        if (const int error = WriteAll(to, {buffer.data(), static_cast<std::size_t>(got)}))
-            return error;
-        copied += got;
-    }
-    return ftruncate(to, copied) == 0 ? Flush(to) : errno;
-}
-
-// Takes the room a file will need, so that a full disk shows before a byte of it has changed.
-int Reserve(int fd, off_t size, off_t oldSize) {
-    if (size == 0)
-        return 0;
-    int error = 0;
-    do {
-        error = posix_fallocate(fd, 0, size);
-    } while (error == EINTR);
-    if (error == EINVAL || error == EOPNOTSUPP || error == ENOSYS)
-        error = 0;
-    if (error != 0 && ftruncate(fd, oldSize) != 0)
-        return errno;
-    return error;
-}
-
-// A file with a name of its own, removed at the end unless it was renamed or kept. The system gives the mode,
-// so that a new file gets what the user's mask and the folder's access list say.
-class SideFile {
-public:
-    SideFile(const std::string& folder, std::string name, mode_t mode) {
-        constexpr std::size_t kLongestStem = 160;
-        if (name.size() > kLongestStem) {
-            std::size_t end = kLongestStem;
-            while (end > 0 && (static_cast<unsigned char>(name[end]) & 0xC0U) == 0x80)
-                --end;
-            name.resize(end);
-        }
-        std::random_device random;
-        do {
-            std::array<char, 16> suffix{};
-            std::snprintf(suffix.data(), suffix.size(), ".%08x", static_cast<unsigned>(random()));
-            path_ = folder + "/" + name + suffix.data();
-            file_ = OpenFile(open(path_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode));
-        } while (!file_ && errno == EEXIST);
-        error_ = file_ ? 0 : errno;
-    }
-    ~SideFile() {
-        if (error_ == 0 && !kept_)
-            unlink(path_.c_str());
-    }
-    SideFile(const SideFile&) = delete;
-    SideFile& operator=(const SideFile&) = delete;
-
-    int Error() const { return error_; }
-    const std::string& Path() const { return path_; }
-    OpenFile& File() { return file_; }
-    void Keep() { kept_ = true; }
-
-private:
-    std::string path_;
-    OpenFile file_;
-    int error_ = 0;
-    bool kept_ = false;
 };
 
 // The file that a save goes to: links are followed, also a link to a file that is yet to be made.
@@ -378,14 +174,6 @@ int MakeFolder(const std::string& folder) {
     if (std::filesystem::create_directories(folder, error))
         std::filesystem::permissions(folder, std::filesystem::perms::owner_all, error);
     return error.value();
-}
-
-int PutContents(int fd, std::string_view bytes) {
-    if (lseek(fd, 0, SEEK_SET) < 0)
-        return errno;
-    if (const int error = WriteAll(fd, bytes))
-        return error;
-    return ftruncate(fd, static_cast<off_t>(bytes.size())) == 0 ? Flush(fd) : errno;
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/SettingsBackend.h"
-#include "platform/qt/StoreFile.h"
+#include "platform/posix/StoreFile.h"
 
 #include <filesystem>
 #include <functional>

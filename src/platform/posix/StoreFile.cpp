@@ -1,4 +1,4 @@
-#include "platform/qt/StoreFile.h"
+#include "platform/posix/StoreFile.h"
 
 #include <sqlite3.h>
 #include <string>

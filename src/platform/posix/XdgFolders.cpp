@@ -1,4 +1,4 @@
-#include "platform/qt/XdgFolders.h"
+#include "platform/posix/XdgFolders.h"
 
 #include <cstdlib>
 #include <pwd.h>

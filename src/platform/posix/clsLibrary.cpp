@@ -1,4 +1,4 @@
-#include "platform/qt/clsLibrary.h"
+#include "platform/posix/clsLibrary.h"
 
 #include "base/Error.h"
 #include "base/Utf8.h"

@@ -1,0 +1,54 @@
+#include "platform/qt/QtMessageBox.h"
+
+#include "platform/qt/DialogOwner.h"
+#include "platform/qt/QtText.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace quillshift {
+namespace {
+
+QMessageBox::Icon IconOf(BoxIcon icon) {
+    switch (icon) {
+    case BoxIcon::None:
+        break;
+    case BoxIcon::Information:
+        return QMessageBox::Information;
+    case BoxIcon::Question:
+        return QMessageBox::Question;
+    case BoxIcon::Critical:
+        return QMessageBox::Critical;
+    }
+    return QMessageBox::NoIcon;
+}
+
+} // namespace
+
+BoxAnswer QtMessageBox::Show(BoxIcon icon, BoxButtons buttons, std::u16string_view title,
+                             std::u16string_view text) {
+    QMessageBox box(DialogOwner());
+    box.setWindowTitle(ToQString(title));
+    box.setTextFormat(Qt::PlainText); // the texts hold "<" and ">"
+    box.setText(ToQString(text));
+    box.setIcon(IconOf(icon));
+    if (buttons == BoxButtons::Ok) {
+        box.addButton(QStringLiteral("ОК"), QMessageBox::AcceptRole);
+        box.exec();
+        return BoxAnswer::Ok;
+    }
+    QPushButton* yes = box.addButton(QStringLiteral("&Да"), QMessageBox::YesRole);
+    QPushButton* no = box.addButton(QStringLiteral("&Нет"), QMessageBox::NoRole);
+    // Escape goes to the cancel button. Where it has no place it is hidden, so that a box that was only
+    // closed is told from one that was answered No.
+    QPushButton* cancel = box.addButton(QStringLiteral("Отмена"), QMessageBox::RejectRole);
+    cancel->setVisible(buttons == BoxButtons::YesNoCancel);
+    box.setDefaultButton(yes);
+    box.setEscapeButton(cancel);
+    box.exec();
+    if (box.clickedButton() == yes)
+        return BoxAnswer::Yes;
+    return box.clickedButton() == no ? BoxAnswer::No : BoxAnswer::Cancel;
+}
+
+} // namespace quillshift

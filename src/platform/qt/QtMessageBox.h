@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/MessageBox.h"
+
+namespace quillshift {
+
+class QtMessageBox final : public MessageBox {
+public:
+    BoxAnswer Show(BoxIcon icon, BoxButtons buttons, std::u16string_view title,
+                   std::u16string_view text) override;
+};
+
+} // namespace quillshift

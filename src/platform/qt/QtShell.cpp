@@ -1,0 +1,46 @@
+#include "platform/qt/QtShell.h"
+
+#include "platform/qt/QtText.h"
+
+#include <QCoreApplication>
+#include <QDesktopServices>
+#include <QProcess>
+#include <QUrl>
+
+#include <cstdlib>
+#include <fcntl.h>
+#include <sys/file.h>
+
+namespace quillshift {
+
+// Every copy holds a shared lock for as long as it lives, and the system takes it away however the copy ends.
+// A copy that gets the lock for itself alone when it starts is therefore the only one.
+QtShell::QtShell(const std::filesystem::path& lockFile) {
+    const int lock = ::open(lockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    if (lock < 0)
+        return;
+    anotherCopyRuns_ = ::flock(lock, LOCK_EX | LOCK_NB) != 0;
+    ::flock(lock, LOCK_SH); // at most for the moment in which another copy asks whether it is alone
+}
+
+std::u16string QtShell::ProgramFolder() const {
+    return FromQString(QCoreApplication::applicationDirPath());
+}
+
+bool QtShell::StartProcess(std::u16string_view program) {
+    return QProcess::startDetached(ToQString(program), {});
+}
+
+bool QtShell::OpenWithDefault(std::u16string_view link) {
+    return QDesktopServices::openUrl(QUrl(ToQString(link)));
+}
+
+void QtShell::RunPendingEvents() {
+    QCoreApplication::processEvents();
+}
+
+void QtShell::EndProcess() {
+    std::_Exit(0);
+}
+
+} // namespace quillshift
