@@ -17,9 +17,6 @@ public:
     Dialog(SettingsStore& settings, SoundEvents& sounds, QWidget* parent);
     ~Dialog() override;
 
-protected:
-    SoundEvents& Sounds() { return sounds_; }
-
 private:
     SoundEvents& sounds_;
 };

@@ -28,9 +28,8 @@ bool LoadContents(TextSurface& surface, std::string_view bytes) {
 BoxAnswer modDocument::AskToSave(BoxButtons buttons) {
     if (!services_.state.DocumentModified || !services_.settings.PreferenceIs("SaveChange", u"1"))
         return BoxAnswer::No;
-    return services_.platform.messageBox.Show(
-        BoxIcon::Question, buttons, kProgramTitle,
-        u"Документ был изменен. Вы хотите сохранить сделанные изменения?");
+    return services_.platform.messageBox.Ask(
+        u"Документ был изменен. Вы хотите сохранить сделанные изменения?", buttons);
 }
 
 // Yes saves and ends the command there: the user gives it again once the text is safe.
@@ -82,8 +81,7 @@ void modDocument::Report(const std::function<void()>& routine) {
     try {
         routine();
     } catch (const Error& error) {
-        services_.platform.messageBox.Show(BoxIcon::Critical, BoxButtons::Ok, kProgramTitle,
-                                           FailureText(error.Number(), error.Description()));
+        services_.platform.messageBox.Report(error);
     }
 }
 
@@ -207,8 +205,7 @@ bool modDocument::AskAboutLostCharacters() {
                                 WholeNumberText(static_cast<int>(lost.count)) + u", например «" +
                                 lost.example +
                                 u"»). В файле вместо каждого из них будет знак «?».\r\nСохранить документ?";
-    return services_.platform.messageBox.Show(BoxIcon::Question, BoxButtons::YesNo, kProgramTitle, text) ==
-           BoxAnswer::Yes;
+    return services_.platform.messageBox.Ask(text) == BoxAnswer::Yes;
 }
 
 // The document first, then the backup, then what both of them show for.

@@ -1,7 +1,5 @@
 #include "document/modEdit.h"
 
-#include "base/Texts.h"
-
 #include <algorithm>
 #include <array>
 
@@ -56,8 +54,7 @@ void modEdit::Cut() {
 void modEdit::Copy() {
     const std::u16string selected = services_.document.SelText();
     if (selected.empty())
-        services_.messageBox.Show(BoxIcon::Information, BoxButtons::Ok, kProgramTitle,
-                                  u"Нет выделенного фрагмента текста!");
+        services_.messageBox.Inform(u"Нет выделенного фрагмента текста!");
     else
         services_.clipboard.SetText(selected);
 }

@@ -1,21 +1,39 @@
 #pragma once
 
+#include "base/Error.h"
+#include "base/Texts.h"
+
 #include <string_view>
 
 namespace quillshift {
 
-enum class BoxIcon { None, Information, Question, Critical };
+enum class BoxIcon { None, Information, Exclamation, Question, Critical };
 enum class BoxButtons { Ok, YesNo, YesNoCancel };
 enum class BoxAnswer { Ok, Yes, No, Cancel };
 
+/// The one form in which the program speaks in boxes: modal, under its own title.
 class MessageBox {
 public:
     virtual ~MessageBox() = default;
 
-    /// Shows a modal box and waits for the answer. A question closed without a button, by Escape or its close
-    /// box, answers Cancel, also where no such button is shown.
-    virtual BoxAnswer Show(BoxIcon icon, BoxButtons buttons, std::u16string_view title,
-                           std::u16string_view text) = 0;
+    /// Tells something and waits until it is read.
+    void Inform(std::u16string_view text, BoxIcon icon = BoxIcon::Information) {
+        Show(icon, BoxButtons::Ok, text);
+    }
+    void Warn(std::u16string_view text) { Show(BoxIcon::Exclamation, BoxButtons::Ok, text); }
+    /// A question closed without a button, by Escape or its close box, answers Cancel, also where no such
+    /// button is shown.
+    BoxAnswer Ask(std::u16string_view text, BoxButtons buttons = BoxButtons::YesNo) {
+        return Show(BoxIcon::Question, buttons, text);
+    }
+    /// Tells of a failure, with its number.
+    void Report(const Error& error) {
+        Show(BoxIcon::Critical, BoxButtons::Ok, FailureText(error.Number(), error.Description()));
+    }
+
+private:
+    /// Shows a modal box under the program's title and waits for the answer.
+    virtual BoxAnswer Show(BoxIcon icon, BoxButtons buttons, std::u16string_view text) = 0;
 };
 
 } // namespace quillshift

@@ -18,8 +18,6 @@ public:
     virtual bool StartProcess(std::u16string_view program) = 0;
     /// Asks the desktop to open a link with its default handler. False if it has none.
     virtual bool OpenWithDefault(std::u16string_view link) = 0;
-    /// Delivers what events are pending, on top of the caller's stack, and returns.
-    virtual void RunPendingEvents() = 0;
     /// Ends the process at once; other windows get no close event.
     virtual void EndProcess() = 0;
 };

@@ -61,8 +61,7 @@ void RecodingJob::RunRecodingJob() {
     if (state.walking)
         return;
     if (services_.document.Text().empty()) {
-        services_.messageBox.Show(BoxIcon::Information, BoxButtons::Ok, kProgramTitle,
-                                  u"Нет текста для перекодирования !");
+        services_.messageBox.Inform(u"Нет текста для перекодирования !");
         return;
     }
     state.StopRequested = false;

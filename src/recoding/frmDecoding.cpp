@@ -1,6 +1,5 @@
 #include "recoding/frmDecoding.h"
 
-#include "base/Texts.h"
 #include "controls/ProgressBar.h"
 #include "platform/MessageBox.h"
 #include "platform/qt/QtText.h"
@@ -103,8 +102,7 @@ void DecodingDialog::SetProgress(float percentage) {
 }
 
 void DecodingDialog::AskToCancel() {
-    const BoxAnswer answer = messageBox_.Show(BoxIcon::Question, BoxButtons::YesNo, kProgramTitle,
-                                              u"Вы действительно хотите отменить перекодирование?");
+    const BoxAnswer answer = messageBox_.Ask(u"Вы действительно хотите отменить перекодирование?");
     if (answer != BoxAnswer::Yes)
         return;
     StopRecoding();

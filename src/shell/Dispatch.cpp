@@ -141,7 +141,7 @@ void Program::RunJob(const std::function<void()>& road) {
         road();
     } catch (const Error& error) {
         main_->Decoding().Destroy();
-        ReportFailure(error);
+        platform_.messageBox.Report(error);
     }
 }
 
@@ -159,14 +159,14 @@ void Program::RecodeFromDialog(Direction direction) {
 
 void Program::OpenDecodeDialog() {
     if (main_->RichTextBox().Text().empty())
-        Inform(u"Документ не содержит текста!");
+        platform_.messageBox.Inform(u"Документ не содержит текста!");
     else
         main_->ShowDecodeDialog();
 }
 
 void Program::RunWizard() {
     if (!platform_.shell.StartProcess(platform_.shell.ProgramFolder() + u"/Wizard.exe"))
-        Inform(u"Мастер перекодирования не найден в папке программы.");
+        platform_.messageBox.Inform(u"Мастер перекодирования не найден в папке программы.");
 }
 
 void Program::SetOnTop() {

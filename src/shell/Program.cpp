@@ -234,13 +234,4 @@ void Program::OnClipboardChange() {
     watcher_->OnClipboardChange();
 }
 
-void Program::Inform(std::u16string_view text) {
-    platform_.messageBox.Show(BoxIcon::Information, BoxButtons::Ok, kProgramTitle, text);
-}
-
-void Program::ReportFailure(const Error& error) {
-    platform_.messageBox.Show(BoxIcon::Critical, BoxButtons::Ok, kProgramTitle,
-                              FailureText(error.Number(), error.Description()));
-}
-
 } // namespace quillshift

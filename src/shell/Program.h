@@ -16,8 +16,6 @@
 
 namespace quillshift {
 
-class Error;
-
 /// The whole program over a platform: its state, its components, the way in and the way out.
 class Program {
 public:
@@ -80,8 +78,6 @@ private:
     void RunWizard();
     void SetOnTop();
     void SwitchBar(int bar, std::string_view key, std::string_view setting);
-    void Inform(std::u16string_view text);
-    void ReportFailure(const Error& error);
 
     bool AskToLeave();
     void StorePlace();

@@ -1,7 +1,6 @@
 // The way in and the way out of the program.
 
 #include "base/Error.h"
-#include "base/Texts.h"
 #include "shell/Program.h"
 
 namespace quillshift {
@@ -32,21 +31,21 @@ void Program::Main() {
             ShowFirstWindow();
     } catch (const Error& error) {
         if (error.Number() > kNothingWrong && error.Number() != kUnloadedItself)
-            ReportFailure(error);
+            platform_.messageBox.Report(error);
     }
 }
 
 void Program::ShowFirstRunNotice() {
     if (!settings_.PreferenceIs("FirstRun", u"1"))
         return;
-    platform_.messageBox.Show(BoxIcon::None, BoxButtons::Ok, kProgramTitle, kFirstRunNotice);
+    platform_.messageBox.Inform(kFirstRunNotice, BoxIcon::None);
     settings_.SetPreference("FirstRun", u"0");
 }
 
 bool Program::RefusesSecondCopy() {
     if (!settings_.PreferenceIs("ManyCopies", u"0") || !platform_.shell.AnotherCopyRuns())
         return false;
-    Inform(
+    platform_.messageBox.Inform(
         u"Программа уже запущена! Чтобы запустить программу несколько раз, включите опцию <Разрешить запуск "
         u"нескольких копий программы> в диалоговом окне Параметры программы.");
     return true;
@@ -108,9 +107,7 @@ void Program::StorePlace() {
 bool Program::AskToLeave() {
     if (!settings_.PreferenceIs("MessageOnExit", u"1"))
         return true;
-    if (platform_.messageBox.Show(BoxIcon::Question, BoxButtons::YesNo, kProgramTitle,
-                                  u"Вы действительно хотите завершить работу с программой?") !=
-        BoxAnswer::Yes)
+    if (platform_.messageBox.Ask(u"Вы действительно хотите завершить работу с программой?") != BoxAnswer::Yes)
         return false;
     sounds_.Play(sound_event::kFormUnload);
     return true;

@@ -53,9 +53,8 @@ private:
 /// Answers with `answers`, one after another; with none left as a user who presses Escape.
 class FakeMessageBox final : public MessageBox {
 public:
-    BoxAnswer Show(BoxIcon icon, BoxButtons buttons, std::u16string_view title,
-                   std::u16string_view text) override {
-        shown.push_back({icon, buttons, std::u16string(title), std::u16string(text)});
+    BoxAnswer Show(BoxIcon icon, BoxButtons buttons, std::u16string_view text) override {
+        shown.push_back({icon, buttons, std::u16string(text)});
         if (buttons == BoxButtons::Ok)
             return BoxAnswer::Ok;
         if (answers.empty())
@@ -67,7 +66,7 @@ public:
     struct Box {
         BoxIcon icon;
         BoxButtons buttons;
-        std::u16string title, text;
+        std::u16string text;
     };
     std::vector<Box> shown;
     std::deque<BoxAnswer> answers;
@@ -148,7 +147,6 @@ public:
     bool AnotherCopyRuns() const override { return anotherCopyRuns; }
     bool StartProcess(std::u16string_view) override { return false; }
     bool OpenWithDefault(std::u16string_view) override { return true; }
-    void RunPendingEvents() override {}
     void EndProcess() override { ended = true; }
 
     bool anotherCopyRuns = false;

@@ -15,6 +15,8 @@ QMessageBox::Icon IconOf(BoxIcon icon) {
         break;
     case BoxIcon::Information:
         return QMessageBox::Information;
+    case BoxIcon::Exclamation:
+        return QMessageBox::Warning;
     case BoxIcon::Question:
         return QMessageBox::Question;
     case BoxIcon::Critical:
@@ -25,10 +27,9 @@ QMessageBox::Icon IconOf(BoxIcon icon) {
 
 } // namespace
 
-BoxAnswer QtMessageBox::Show(BoxIcon icon, BoxButtons buttons, std::u16string_view title,
-                             std::u16string_view text) {
+BoxAnswer QtMessageBox::Show(BoxIcon icon, BoxButtons buttons, std::u16string_view text) {
     QMessageBox box(DialogOwner());
-    box.setWindowTitle(ToQString(title));
+    box.setWindowTitle(ToQString(kProgramTitle));
     box.setTextFormat(Qt::PlainText); // the texts hold "<" and ">"
     box.setText(ToQString(text));
     box.setIcon(IconOf(icon));

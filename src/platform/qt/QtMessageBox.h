@@ -5,9 +5,7 @@
 namespace quillshift {
 
 class QtMessageBox final : public MessageBox {
-public:
-    BoxAnswer Show(BoxIcon icon, BoxButtons buttons, std::u16string_view title,
-                   std::u16string_view text) override;
+    BoxAnswer Show(BoxIcon icon, BoxButtons buttons, std::u16string_view text) override;
 };
 
 } // namespace quillshift

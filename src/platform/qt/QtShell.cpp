@@ -35,10 +35,6 @@ bool QtShell::OpenWithDefault(std::u16string_view link) {
     return QDesktopServices::openUrl(QUrl(ToQString(link)));
 }
 
-void QtShell::RunPendingEvents() {
-    QCoreApplication::processEvents();
-}
-
 void QtShell::EndProcess() {
     std::_Exit(0);
 }

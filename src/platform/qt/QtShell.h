@@ -15,7 +15,6 @@ public:
     bool AnotherCopyRuns() const override { return anotherCopyRuns_; }
     bool StartProcess(std::u16string_view program) override;
     bool OpenWithDefault(std::u16string_view link) override;
-    void RunPendingEvents() override;
     void EndProcess() override;
 
 private:
