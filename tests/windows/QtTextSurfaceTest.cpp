@@ -1,9 +1,11 @@
 #include "platform/qt/QtTextSurface.h"
 
 #include "base/Windows1251.h"
+#include "document/rtf/RtfReader.h"
 
 #include <gtest/gtest.h>
 
+#include <QAbstractTextDocumentLayout>
 #include <QTest>
 #include <QTextBlock>
 
@@ -164,6 +166,50 @@ TEST_F(QtTextSurfaceTest, ShowsFormattingUntilThePlainTextIsSet) {
     cursor.setPosition(2);
     EXPECT_NE(cursor.charFormat().fontWeight(), QFont::Bold);
     EXPECT_NE(surface.document()->lastBlock().blockFormat().alignment(), Qt::AlignRight);
+}
+
+// Qt's own layout is the model, which shows a copy of the document.
+TEST_F(QtTextSurfaceTest, ALongWordIsLaidOutAsAnyOther) {
+    const std::string word(5000, 'w');
+    surface.LoadRich(ReadRtf("{\\rtf1 one two\\par\\li300\\fi200\\sb150 before " + word + " behind three " +
+                             word + " " + word + "\\par\\pard\\qr\\ri900\\sa300{\\ul\\fs30 four-" + word +
+                             "}\\par\\pard\\par five}"));
+    surface.SetSelText(u"in"); // a changed paragraph is laid out anew
+    QTextEdit model;
+    model.setFrameShape(QFrame::NoFrame);
+    model.setDocument(surface.document()->clone(&model));
+    for (const QSize size : {QSize(400, 300), QSize(231, 90)}) {
+        for (QTextEdit* edit : {static_cast<QTextEdit*>(&surface), &model}) {
+            edit->resize(size);
+            edit->show();
+            edit->ensureCursorVisible();
+        }
+        for (const int at : {0, 3, 9, 30, 4000, 5020, 5040, 15060, 15080, 19990}) {
+            for (QTextEdit* edit : {static_cast<QTextEdit*>(&surface), &model}) {
+                QTextCursor cursor(edit->document());
+                cursor.setPosition(at + 40);
+                cursor.setPosition(at, QTextCursor::KeepAnchor);
+                edit->setTextCursor(cursor);
+                edit->ensureCursorVisible();
+            }
+            EXPECT_EQ(surface.cursorRect(), model.cursorRect()) << at;
+            EXPECT_EQ(surface.viewport()->grab().toImage(), model.viewport()->grab().toImage()) << at;
+            for (int x = -5; x < size.width() + 20; x += 37)
+                for (int y = -5; y < size.height() + 20; y += 12)
+                    EXPECT_EQ(surface.cursorForPosition({x, y}).position(),
+                              model.cursorForPosition({x, y}).position())
+                        << at << ": " << x << ", " << y;
+        }
+    }
+    const auto hasModelsLayout = [&] {
+        return surface.document()->documentLayout()->metaObject() ==
+               model.document()->documentLayout()->metaObject();
+    };
+    EXPECT_FALSE(hasModelsLayout());
+    surface.SetText(u"short");
+    EXPECT_TRUE(hasModelsLayout());
+    surface.SetSelText(std::u16string(5000, u'w'));
+    EXPECT_FALSE(hasModelsLayout());
 }
 
 TEST_F(QtTextSurfaceTest, LeavesClipboardAndUndoKeysToTheProgram) {

@@ -1,5 +1,6 @@
 #include "platform/qt/QtTextSurface.h"
 
+#include "platform/qt/LongWordLayout.h"
 #include "platform/qt/QtText.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -166,6 +167,9 @@ void QtTextSurface::MirrorChange(int from, int /*removed*/, int added) {
         return;
     mirror_.replace(begin, oldLength, text);
     textMoved_ = true;
+    if (!replacing_ && !hasLongWords_)
+        LayOutFor(std::u16string_view(mirror_).substr(begin - std::min(begin, kLongWord),
+                                                      text.size() + 2 * kLongWord));
 }
 
 void QtTextSurface::RaiseChange() {
@@ -185,12 +189,19 @@ void QtTextSurface::NoteSelection() {
         OnSelChange();
 }
 
+void QtTextSurface::LayOutFor(std::u16string_view text) {
+    if (std::exchange(hasLongWords_, HasLongWord(text)) != hasLongWords_)
+        document()->setDocumentLayout(hasLongWords_ ? new LongWordLayout(document()) : nullptr);
+}
+
 // --- Replacing everything
 
-void QtTextSurface::ReplaceAll(const std::function<void()>& fill) {
+void QtTextSurface::ReplaceAll(std::u16string_view text, const std::function<void()>& fill) {
     replacing_ = true;
     // The widget would follow its caret to the end of the new text, and lay all of it out for that.
     setTextCursor(QTextCursor());
+    document()->clear();
+    LayOutFor(text);
     fill();
     setTextCursor(QTextCursor(document()));
     setCurrentCharFormat({});
@@ -208,12 +219,11 @@ void QtTextSurface::SetText(std::u16string_view text) {
 }
 
 void QtTextSurface::LoadPlain(std::u16string_view text) {
-    ReplaceAll([&, plain = WithPlainBreaks(text)] { document()->setPlainText(plain); });
+    ReplaceAll(text, [&, plain = WithPlainBreaks(text)] { document()->setPlainText(plain); });
 }
 
 void QtTextSurface::LoadRich(const RichText& rich) {
-    ReplaceAll([&] {
-        document()->clear();
+    ReplaceAll(rich.text, [&] {
         QTextCursor cursor(document());
         cursor.beginEditBlock();
         const std::u16string_view text = rich.text;

@@ -65,7 +65,8 @@ private:
     std::u16string TextBetween(int from, int to) const;
     Selection CurrentSelection() const { return {SelStart(), SelLength()}; }
 
-    void ReplaceAll(const std::function<void()>& fill);
+    void ReplaceAll(std::u16string_view text, const std::function<void()>& fill);
+    void LayOutFor(std::u16string_view text);
     void MirrorChange(int from, int removed, int added);
     void NoteSelection();
     void RaiseChange();
@@ -74,6 +75,7 @@ private:
     SurfaceFont font_;
     Selection noted_;        // what the listeners were last told
     bool textMoved_ = false; // the mirror changed since the last `Change`
+    bool hasLongWords_ = false;
     bool replacing_ = false; // a call here replaces everything, and raises the notices itself
 };
 
