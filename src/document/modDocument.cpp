@@ -41,8 +41,9 @@ bool modDocument::MayDropText() {
 }
 
 void modDocument::New() {
+    // Loaded, not set: an unchanged document stays one.
     if (MayDropText())
-        services_.document.SetText(u"");
+        services_.document.LoadPlain(u"");
 }
 
 void modDocument::Open() {

@@ -59,9 +59,9 @@ bool IsEnabled(Depends on, const CommandInputs& inputs) {
     case Text:
         return inputs.text;
     case Undo:
-        return inputs.text && inputs.undoSteps > 1; // the last of them is the present state
+        return inputs.undoSteps > 1; // the last of them is the present state
     case Redo:
-        return inputs.text && inputs.redoSteps > 0;
+        return inputs.redoSteps > 0;
     case Clipboard:
         return inputs.clipboardText;
     case RecodeUndo:

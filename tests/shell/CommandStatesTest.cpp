@@ -54,11 +54,11 @@ TEST(CommandStates, AreRightInEachSituationAfterEachCommand) {
     test.clipboard.SetText(u"by another program");
     EXPECT_EQ(enabled(), "STUC");
     test.program.Dispatch("MENU:EDIT:DELETE");
-    EXPECT_EQ(enabled(), "C");
+    EXPECT_EQ(enabled(), "UC") << "what was deleted is still in reach";
     test.program.Dispatch("MENU:EDIT:UNDO");
     EXPECT_EQ(enabled(), "STURC");
     test.program.Dispatch("MENU:EDIT:REDO");
-    EXPECT_EQ(enabled(), "C");
+    EXPECT_EQ(enabled(), "UC");
     test.clipboard.SetText(u"");
     text.SetSelText(u"Џа");
     test.program.Dispatch("MENU:DECODE:DOS:DW");
@@ -70,7 +70,7 @@ TEST(CommandStates, AreRightInEachSituationAfterEachCommand) {
     test.OpenFile(u"/b.txt", "b");
     EXPECT_EQ(enabled(), "TUDOV");
     test.program.Dispatch("MENU:EDIT:CLEAR");
-    EXPECT_EQ(enabled(), "DOV");
+    EXPECT_EQ(enabled(), "UDOV");
 }
 
 } // namespace
