@@ -1,6 +1,8 @@
 #include "base/Error.h"
 #include "base/Texts.h"
+#include "platform/posix/FileBytes.h"
 #include "platform/posix/PosixFiles.h"
+#include "platform/posix/PrivateFolder.h"
 #include "platform/posix/SdlSound.h"
 #include "platform/posix/SqliteSettings.h"
 #include "platform/posix/XdgFolders.h"
@@ -67,8 +69,8 @@ std::filesystem::path DataFolder() {
     if (data.empty())
         return {}; // a user without a home: nothing is kept, and nothing litters the current folder
     std::filesystem::path folder = data / "quillshift";
-    std::error_code ignored;
-    std::filesystem::create_directories(folder, ignored);
+    MakeFolders(folder);
+    CloseToOthers(folder); // a password and the clipboard's text are in it
     return folder;
 }
 
@@ -91,6 +93,7 @@ void SetUpStore(SqliteSettings& store, const Platform& platform) {
 }
 
 int Run(int argc, char** argv) {
+    SurviveFailedWrites();
     qputenv("LC_TIME", "ru_RU.UTF-8"); // for the dates in the file dialog, which follow the environment
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("quillshift"));

@@ -14,8 +14,12 @@ TEST_F(StartAndEnd, TheFirstStartTellsItsNoticeAndFillsTheStore) {
     EXPECT_EQ(editor.Settings().Preference("FontName"), u"MS Sans Serif");
 }
 
-TEST_F(StartAndEnd, ASecondCopyIsRefused) {
+TEST_F(StartAndEnd, ASecondCopyIsRefusedAndTheStoreIsItsOwnersAlone) {
+    namespace fs = std::filesystem;
+    const fs::path folder = editor.home / "data/quillshift";
+    fs::permissions(folder, fs::perms(0755));
     editor.Start();
+    EXPECT_EQ(fs::status(folder).permissions(), fs::perms::owner_all);
     Process second(QUILLSHIFT_PROGRAM, {}, desktop.ProgramEnvironment(editor.home.Path()));
     editor.AnswerBox(BoxAnswer::Ok);
     EXPECT_EQ(second.WaitForEnd(), 0);

@@ -1,6 +1,8 @@
 #include "platform/posix/PosixFiles.h"
 
 #include "base/Utf8.h"
+#include "platform/posix/FileBytes.h"
+#include "support/InProcess.h"
 #include "support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
@@ -11,7 +13,6 @@
 #include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
@@ -28,22 +29,15 @@ using testing::UnorderedElementsAre;
 
 constexpr uid_t kSomebody = 65534;
 
-// Runs `act` in a child process, as an unprivileged user where asked; gives what it returns.
-int InChild(bool unprivileged, const std::function<int()>& act) {
-    const pid_t child = fork();
-    if (child == 0) {
-        if (unprivileged && (setegid(kSomebody) != 0 || seteuid(kSomebody) != 0))
-            _exit(201);
-        _exit(act());
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : 1000 + WTERMSIG(status);
+// Runs `act` as an unprivileged user; gives what it returns.
+int AsSomebody(const std::function<int()>& act) {
+    return ExitOf(InProcess([&] { return BecomeSomebody() ? act() : 201; }));
 }
 
 class PosixFilesTest : public testing::Test {
 protected:
     PosixFilesTest() {
+        SurviveFailedWrites();
         fs::create_directory(folder_);
         fs::permissions(root_.Path(), fs::perms::all);
         fs::permissions(folder_, fs::perms::all);
@@ -193,14 +187,14 @@ TEST_F(PosixFilesTest, RightsAreRespectedAndAClosedFolderIsWrittenInPlace) {
     chmod(foreign.c_str(), 0644);
     const std::string shared = Make("shared"); // writable, but its owner can't be given to a new file
     chmod(shared.c_str(), 0666);
-    EXPECT_EQ(InChild(true, [&] { return Write(foreign, "new"); }), 70);
-    EXPECT_EQ(InChild(true, [&] { return Write(shared, "new"); }), 0);
+    EXPECT_EQ(AsSomebody([&] { return Write(foreign, "new"); }), 70);
+    EXPECT_EQ(AsSomebody([&] { return Write(shared, "new"); }), 0);
     EXPECT_EQ(Info(shared).st_uid, 0U);
     fs::permissions(folder_, fs::perms(0755));
-    EXPECT_EQ(InChild(true, [&] { return Write(shared, "newer"); }), 0);
-    EXPECT_EQ(InChild(true, [&] { return Write(folder_ / "fresh", "new"); }), 70);
+    EXPECT_EQ(AsSomebody([&] { return Write(shared, "newer"); }), 0);
+    EXPECT_EQ(AsSomebody([&] { return Write(folder_ / "fresh", "new"); }), 70);
     chmod(foreign.c_str(), 0600);
-    EXPECT_EQ(InChild(true, [&] { return Read(foreign); }), 70);
+    EXPECT_EQ(AsSomebody([&] { return Read(foreign); }), 70);
     EXPECT_EQ(Contents(foreign), "old");
     EXPECT_EQ(Contents(shared), "newer");
     EXPECT_THAT(Names(folder_), UnorderedElementsAre("foreign", "shared"));
@@ -250,11 +244,11 @@ TEST_F(PosixFilesTest, ALimitOnTheSizeOfFilesIsAFailureNotTheEnd) {
     const std::string linked = Make("linked");
     fs::create_hard_link(linked, folder_ / "other");
     const auto limited = [&](const std::string& target) {
-        return InChild(false, [&] {
+        return ExitOf(InProcess([&] {
             const rlimit limit{1000, 1000};
             setrlimit(RLIMIT_FSIZE, &limit);
             return Write(target, std::string(2000, 'n'));
-        });
+        }));
     };
     EXPECT_EQ(limited(path), 61);
     EXPECT_EQ(limited(linked), 61);

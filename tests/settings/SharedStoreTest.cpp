@@ -1,12 +1,11 @@
 #include "platform/posix/SqliteSettings.h"
+#include "support/InProcess.h"
 #include "support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <csignal>
-#include <sys/wait.h>
-#include <unistd.h>
 #include <vector>
 
 namespace quillshift {
@@ -18,15 +17,6 @@ StoredValue Text(int number) {
     return {ValueType::Text, std::to_string(number)};
 }
 
-// Runs `work` in a process of its own, whose exit code is what it returns.
-template <typename Work>
-pid_t InProcess(Work work) {
-    const pid_t child = fork();
-    if (child == 0)
-        _exit(work());
-    return child;
-}
-
 // Runs `work(number)` in `count` processes at once.
 template <typename Work>
 std::vector<pid_t> InProcesses(int count, Work work) {
@@ -34,12 +24,6 @@ std::vector<pid_t> InProcesses(int count, Work work) {
     for (int number = 0; number < count; ++number)
         children[static_cast<std::size_t>(number)] = InProcess([&] { return work(number); });
     return children;
-}
-
-int ExitOf(pid_t child) {
-    int status = 0;
-    waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
 class SharedStore : public testing::Test {
@@ -114,7 +98,7 @@ TEST_F(SharedStore, ASetUpKilledHalfwayLeavesNoStoreAndTheNextOneIsWhole) {
         });
         return 0;
     });
-    EXPECT_EQ(ExitOf(copy), -1);
+    EXPECT_EQ(ExitOf(copy), 1000 + SIGKILL);
     EXPECT_FALSE(fs::exists(file_));
     EXPECT_EQ(SqliteSettings(file_).Read("P", "a"), std::nullopt);
     EXPECT_TRUE(

@@ -1,13 +1,16 @@
 #include "platform/posix/SqliteSettings.h"
+#include "platform/posix/FileBytes.h"
+#include "platform/posix/PrivateFolder.h"
 #include "platform/posix/XdgFolders.h"
 #include "settings/FirstValues.h"
+#include "support/InProcess.h"
 #include "support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <sys/wait.h>
-#include <unistd.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
 
 namespace quillshift {
 namespace {
@@ -59,23 +62,92 @@ TEST_F(SqliteSettingsTest, KeepsValuesBetweenRunsWhateverTheCaseAndSize) {
     EXPECT_EQ(settings.Read("Some\\Path", "Empty"), (StoredValue{ValueType::Text, ""}));
     EXPECT_EQ(settings.Read("Some", "Empty"), std::nullopt);
     EXPECT_TRUE(settings.Read("P", "large") == large);
-    EXPECT_EQ(fs::status(file_.parent_path()).permissions(), fs::perms::owner_all) << "for its owner only";
 }
 
-TEST_F(SqliteSettingsTest, ADamagedFileIsSetAsideAtTheFirstUse) {
+// A program that was given a store like these once waited for ever, or ended.
+TEST_F(SqliteSettingsTest, WhatIsNoStoreIsSetAsideAtTheFirstUse) {
     MakeStore();
     const std::string good = Contents(file_);
-    const std::string damages[] = {"garbage", std::string(100000, '\xA5'), good.substr(0, good.size() / 2),
-                                   good.substr(0, 100)};
+    const auto changed = [&](const std::string& sql) {
+        Put(file_, good);
+        OutputOf("sqlite3 " + file_.string() + " \"" + sql + "\"");
+        EXPECT_TRUE(Contents(file_) != good) << sql;
+        return Contents(file_);
+    };
+    const std::string columns = "path TEXT NOT NULL COLLATE NOCASE, name TEXT NOT NULL COLLATE NOCASE,"
+                                "type INTEGER NOT NULL, data BLOB NOT NULL, PRIMARY KEY(name, path)";
+    const std::string endless = "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT ";
+    const std::string damages[] = {
+        "garbage",
+        std::string(100000, '\xA5'),
+        good.substr(0, good.size() / 2),
+        good.substr(0, 100),
+        changed("DROP TABLE value; CREATE TABLE value(x)"),
+        changed("DROP TABLE value; CREATE VIEW value AS " + endless +
+                "'P' path, 'a' name, 1 type, i data FROM n"),
+        changed("CREATE TRIGGER t BEFORE INSERT ON value BEGIN SELECT 1 WHERE (" + endless +
+                "max(i) FROM n); END"),
+        changed("DROP TABLE value; CREATE TABLE value(" + columns + ", CHECK(name = 'a')) WITHOUT ROWID"),
+        changed("DROP TABLE value; CREATE TABLE value(more AS (zeroblob(900000000)), " + columns +
+                ") WITHOUT ROWID"),
+        changed("CREATE INDEX i ON value(data)"),
+        changed("CREATE TABLE more(x)"),
+        changed("PRAGMA writable_schema=1; UPDATE sqlite_schema SET rootpage=1"),
+        changed("PRAGMA writable_schema=1; UPDATE sqlite_schema SET sql=NULL"),
+    };
     int number = 0;
     for (const std::string& damaged : damages) {
         Put(file_, damaged);
         SqliteSettings settings(file_);
-        EXPECT_EQ(settings.Read("P", "a"), std::nullopt);
+        ASSERT_FALSE(settings.Read("P", "a")) << number;
         settings.Write("P", "b", kTwo);
-        EXPECT_EQ(settings.Read("P", "b"), kTwo);
+        EXPECT_EQ(settings.Read("P", "b"), kTwo) << number;
         EXPECT_TRUE(Contents(file_.string() + ".damaged-" + std::to_string(++number)) == damaged) << number;
     }
+    Put(file_, changed("ANALYZE"));
+    EXPECT_EQ(SqliteSettings(file_).Read("P", "a"), kOne);
+}
+
+TEST_F(SqliteSettingsTest, ALimitOnTheSizeOfFilesLosesTheWriteAndNoMore) {
+    MakeStore();
+    for (const rlim_t most : {std::size_t{0}, std::size_t{4096}, std::size_t{40000}, fs::file_size(file_)}) {
+        const pid_t limited = InProcess([&] {
+            SurviveFailedWrites();
+            const rlimit limit{most, most};
+            setrlimit(RLIMIT_FSIZE, &limit);
+            SqliteSettings settings(file_);
+            settings.SetUp([](SettingsBackend&) {});
+            settings.Write("P", "a", {ValueType::Text, std::string(200000, 'x')});
+            return settings.Read("P", "a") == kOne ? 0 : 1;
+        });
+        EXPECT_EQ(ExitOf(limited), 0) << most;
+        EXPECT_EQ(SqliteSettings(file_).Read("P", "a"), kOne) << most;
+    }
+    EXPECT_FALSE(fs::exists(aside_));
+}
+
+TEST_F(SqliteSettingsTest, ItsOwnerAloneCanReadIt) {
+    const fs::path folder = file_.parent_path();
+    const auto rightsOfOthers = [&] {
+        fs::perms rights = fs::status(folder).permissions();
+        for (const auto& entry : fs::directory_iterator(folder))
+            rights |= entry.status().permissions();
+        return rights & (fs::perms::group_all | fs::perms::others_all);
+    };
+    const mode_t before = umask(0);
+    SqliteSettings settings(file_);
+    settings.SetUp([](SettingsBackend& first) { first.Write("P", "a", kOne); });
+    settings.Write("P", "a", kTwo);
+    EXPECT_TRUE(fs::exists(file_.string() + "-wal"));
+    EXPECT_EQ(rightsOfOthers(), fs::perms::none);
+
+    Put(aside_, "of an older version");
+    for (const fs::path& wide : {folder, file_, fs::path(file_.string() + "-wal")})
+        fs::permissions(wide, fs::perms(0755));
+    umask(before);
+    CloseToOthers(folder);
+    EXPECT_EQ(rightsOfOthers(), fs::perms::none);
+    EXPECT_EQ(settings.Read("P", "a"), kTwo);
 }
 
 TEST_F(SqliteSettingsTest, DamageFoundWhileRunningEndsInAnEmptyStore) {
@@ -92,15 +164,6 @@ TEST_F(SqliteSettingsTest, DamageFoundWhileRunningEndsInAnEmptyStore) {
     settings.Write("P", "b", kTwo);
     EXPECT_EQ(settings.Read("P", "b"), kTwo);
     EXPECT_EQ(settings.Read("P", "1"), std::nullopt);
-}
-
-TEST_F(SqliteSettingsTest, AnotherProgramsDatabaseIsSetAside) {
-    MakeStore();
-    OutputOf("sqlite3 " + file_.string() + " 'DROP TABLE value; CREATE TABLE value(x)'");
-    SqliteSettings settings(file_);
-    settings.Write("P", "b", kTwo);
-    EXPECT_EQ(settings.Read("P", "b"), kTwo);
-    EXPECT_TRUE(fs::exists(aside_));
 }
 
 TEST_F(SqliteSettingsTest, DeletionAndReplacementAreNoticed) {
@@ -140,25 +203,20 @@ TEST_F(SqliteSettingsTest, WhereNoStoreCanBeNothingHappens) {
     EXPECT_FALSE(fs::exists("relative"));
 }
 
-// Runs the checks as a user whom mode bits bind; the superuser may write anywhere.
 TEST_F(SqliteSettingsTest, AReadOnlyStoreIsReadAndNotWritten) {
     MakeStore();
     for (const fs::path& open : {folder_.Path(), folder_ / "new", file_.parent_path()})
         fs::permissions(open, static_cast<fs::perms>(0555));
     fs::permissions(file_, static_cast<fs::perms>(0444));
-    const pid_t child = fork();
-    if (child == 0) {
-        constexpr uid_t kNobody = 65534;
-        if (getuid() == 0 && setuid(kNobody) != 0)
-            _exit(3);
+    const pid_t reader = InProcess([&] {
+        if (!BecomeSomebody())
+            return 3;
         SqliteSettings settings(file_);
         settings.Write("P", "a", kTwo);
         settings.SetUp([](SettingsBackend&) {});
-        _exit(settings.Read("P", "a") == kOne ? 0 : 1);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    EXPECT_EQ(status, 0);
+        return settings.Read("P", "a") == kOne ? 0 : 1;
+    });
+    EXPECT_EQ(ExitOf(reader), 0);
     for (const fs::path& open : {folder_.Path(), folder_ / "new", file_.parent_path()})
         fs::permissions(open, fs::perms::owner_all);
     EXPECT_EQ(SqliteSettings(file_).Read("P", "a"), kOne);

@@ -4,6 +4,7 @@
 #include <poll.h>
 
 #include <array>
+#include <csignal>
 #include <cstdio>
 #include <random>
 
@@ -30,6 +31,11 @@ SideFile::SideFile(const std::string& folder, std::string name, mode_t mode) {
         file_ = OpenFile(open(path_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode));
     } while (!file_ && errno == EEXIST);
     error_ = file_ ? 0 : errno;
+}
+
+void SurviveFailedWrites() {
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
 }
 
 int WriteAll(int fd, std::string_view bytes) {

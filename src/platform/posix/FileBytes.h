@@ -56,6 +56,10 @@ private:
     bool kept_ = false;
 };
 
+/// To be called once at start: keeps the signals of a failed write from ending the program. The error number
+/// says it too.
+void SurviveFailedWrites();
+
 // The functions below answer with an error number, 0 for success.
 
 /// Writes from where the file stands. What accepts nothing for a few seconds is given up.

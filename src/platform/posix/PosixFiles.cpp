@@ -3,6 +3,7 @@
 #include "base/Utf8.h"
 #include "platform/posix/FileBytes.h"
 #include "platform/posix/FileFailures.h"
+#include "platform/posix/PrivateFolder.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -12,10 +13,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <csignal>
 #include <cstdlib>
-#include <filesystem>
-#include <system_error>
 #include <utility>
 
 namespace quillshift {
@@ -23,29 +21,6 @@ namespace {
 
 constexpr int kMostLinks = 40;
 constexpr const char* kAccessList = "system.posix_acl_access";
-
-// Keeps the two signals that a failed write may send from ending the program: the error number says it too.
-class WriteSignals {
-public:
-    WriteSignals() {
-        sigemptyset(&ours_);
-        sigaddset(&ours_, SIGPIPE);
-        sigaddset(&ours_, SIGXFSZ);
-        pthread_sigmask(SIG_BLOCK, &ours_, &before_);
-    }
-    ~WriteSignals() {
-        const timespec now{};
-        while (sigtimedwait(&ours_, nullptr, &now) > 0) {
-        }
-        pthread_sigmask(SIG_SETMASK, &before_, nullptr);
-    }
-    WriteSignals(const WriteSignals&) = delete;
-    WriteSignals& operator=(const WriteSignals&) = delete;
-
-private:
-    sigset_t ours_{};
-    sigset_t before_{};
-};
 
 // The file that a save goes to: links are followed, also a link to a file that is yet to be made.
 struct Target {
@@ -169,13 +144,6 @@ std::string DefaultSafetyFolder() {
     return home != nullptr && home[0] == '/' ? std::string(home) + "/.cache/quillshift" : "/var/tmp";
 }
 
-int MakeFolder(const std::string& folder) {
-    std::error_code error;
-    if (std::filesystem::create_directories(folder, error))
-        std::filesystem::permissions(folder, std::filesystem::perms::owner_all, error);
-    return error.value();
-}
-
 } // namespace
 
 FileContents PosixFiles::Read(std::u16string_view path) {
@@ -226,7 +194,6 @@ std::optional<FileFailure> PosixFiles::Write(std::u16string_view path, std::stri
     std::string native;
     if (auto failure = ToNative(path, native))
         return failure;
-    const WriteSignals signals;
     Target target;
     if (auto failure = FindTarget(native, target))
         return failure;
@@ -259,7 +226,7 @@ std::optional<FileFailure> PosixFiles::Overwrite(const std::string& path, std::s
         failure.description = u"Не удалось сберечь прежнее содержимое файла. " + failure.description;
         return failure;
     };
-    if (const int error = MakeFolder(folder))
+    if (const int error = MakeFolders(folder))
         return noCopy(error);
     SideFile copy(folder, SplitPath(path).second, 0600);
     if (copy.Error() != 0)

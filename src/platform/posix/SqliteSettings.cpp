@@ -1,5 +1,7 @@
 #include "platform/posix/SqliteSettings.h"
 
+#include "platform/posix/PrivateFolder.h"
+
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -31,14 +33,6 @@ void Remove(const fs::path& file) {
 void RemoveCompanions(const fs::path& file) {
     for (const auto suffix : kCompanions)
         Remove(Beside(file, suffix));
-}
-
-// The user's data is nobody else's to read: it holds a password and the clipboard.
-void MakeFolders(const fs::path& folder) {
-    if (mkdir(folder.c_str(), S_IRWXU) == 0 || errno != ENOENT || !folder.has_relative_path())
-        return;
-    MakeFolders(folder.parent_path());
-    mkdir(folder.c_str(), S_IRWXU);
 }
 
 bool RenameUnlessThere(const fs::path& from, const fs::path& to) {
@@ -120,7 +114,7 @@ Result SqliteSettings::Attempt(Missing missing, Action action) {
         if (!Ready(missing))
             return Result::Failed;
         result = action();
-        if (result == Result::Damaged) {
+        if (result == Result::Damaged && !store_.IsFrozen()) {
             const FolderLock lock(file_.parent_path());
             if (lock.Held() && SetAside())
                 continue;

@@ -1,5 +1,6 @@
 #include "platform/posix/StoreFile.h"
 
+#include <fcntl.h>
 #include <sqlite3.h>
 #include <string>
 #include <sys/stat.h>
@@ -12,6 +13,15 @@ namespace {
 // bound is for a copy that was stopped in the middle of its turn.
 constexpr useconds_t kNapMicroseconds = 500;
 constexpr int kMostNaps = 4000;
+
+// In the key the name comes first: the paths share their first fifty letters, and comparing those at each
+// step of the search takes a tenth of a read.
+const std::string kTable = "value("
+                           "path TEXT NOT NULL COLLATE NOCASE,"
+                           "name TEXT NOT NULL COLLATE NOCASE,"
+                           "type INTEGER NOT NULL,"
+                           "data BLOB NOT NULL,"
+                           "PRIMARY KEY(name, path)) WITHOUT ROWID";
 
 int WaitForTurn(void* /*unused*/, int naps) {
     if (naps >= kMostNaps)
@@ -36,6 +46,14 @@ StoreFile::Result ResultOf(int code) {
 
 int BindText(sqlite3_stmt* statement, int index, std::string_view text) {
     return sqlite3_bind_text(statement, index, text.data(), static_cast<int>(text.size()), SQLITE_STATIC);
+}
+
+// For its owner alone, as a password and the clipboard are in it; the files beside it get the same rights. An
+// existing file is left alone: closing it would take away the database's locks on it.
+void CreatePrivate(const std::filesystem::path& file) {
+    const int made = open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    if (made >= 0)
+        close(made);
 }
 
 // The file as an address that asks for it as it is, without locks and without a log.
@@ -85,13 +103,14 @@ int StoreFile::Connect(const char* name, int flags) {
 
 StoreFile::Result StoreFile::Open(const std::filesystem::path& file, Missing missing) {
     Close();
-    const int create = missing == Missing::Create ? SQLITE_OPEN_CREATE : 0;
-    Result result = ResultOf(Connect(file.c_str(), SQLITE_OPEN_READWRITE | create));
+    if (missing == Missing::Create)
+        CreatePrivate(file);
+    Result result = ResultOf(Connect(file.c_str(), SQLITE_OPEN_READWRITE));
     if (result == Result::Done)
         result = Prepare();
-    // In a folder that can't be written, the log's index can't be made; then nobody writes there, and the
-    // file alone is the store unless a log with something in it lies beside it.
-    if (result == Result::Failed && access(file.parent_path().c_str(), W_OK) != 0) {
+    // Where the log's index can't be made, as on a full disk, the file alone is the store unless a log with
+    // something in it lies beside it. Should another copy write there meanwhile, a torn page is no damage.
+    if (result == Result::Failed && (sqlite3_errcode(connection_.get()) & 0xFF) != SQLITE_BUSY) {
         std::error_code error;
         const auto logSize = std::filesystem::file_size(Beside(file, "-wal"), error);
         if (error || logSize == 0) {
@@ -100,6 +119,8 @@ StoreFile::Result StoreFile::Open(const std::filesystem::path& file, Missing mis
             result = ResultOf(Connect(FrozenAddress(file).c_str(), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI));
             if (result == Result::Done)
                 result = Prepare();
+            if (result == Result::Damaged)
+                result = Result::Failed;
         }
     }
     if (result == Result::Done)
@@ -113,19 +134,15 @@ StoreFile::Result StoreFile::Open(const std::filesystem::path& file, Missing mis
 // system, when its statement returns: killing the program can't lose it. "synchronous=NORMAL" leaves out only
 // the wait for the disk, which matters when the power fails, and even then the file stays whole.
 StoreFile::Result StoreFile::Prepare() {
-    // In the key the name comes first: the paths share their first fifty letters, and comparing those at each
-    // step of the search takes a tenth of a read.
-    constexpr const char* kSetUp = "PRAGMA journal_mode=WAL;"
-                                   "PRAGMA synchronous=NORMAL;"
-                                   "PRAGMA journal_size_limit=1048576;"
-                                   "CREATE TABLE IF NOT EXISTS value("
-                                   "path TEXT NOT NULL COLLATE NOCASE,"
-                                   "name TEXT NOT NULL COLLATE NOCASE,"
-                                   "type INTEGER NOT NULL,"
-                                   "data BLOB NOT NULL,"
-                                   "PRIMARY KEY(name, path)) WITHOUT ROWID";
+    const std::string setUp = "PRAGMA journal_mode=WAL;"
+                              "PRAGMA synchronous=NORMAL;"
+                              "PRAGMA journal_size_limit=1048576;"
+                              "CREATE TABLE IF NOT EXISTS " +
+                              kTable;
     const bool readOnly = sqlite3_db_readonly(connection_.get(), "main") == 1;
-    int code = readOnly ? SQLITE_OK : sqlite3_exec(connection_.get(), kSetUp, nullptr, nullptr, nullptr);
+    int code = CheckShape();
+    if (code == SQLITE_OK && !readOnly)
+        code = sqlite3_exec(connection_.get(), setUp.c_str(), nullptr, nullptr, nullptr);
     if (code == SQLITE_OK)
         code = PrepareStatement("SELECT type, data FROM value WHERE path = ?1 AND name = ?2", read_);
     if (code == SQLITE_OK)
@@ -137,6 +154,25 @@ StoreFile::Result StoreFile::Prepare() {
     if (code == SQLITE_ERROR && !readOnly)
         return Result::Damaged;
     return ResultOf(code);
+}
+
+// Nothing in the file is run: a view, a trigger or a column that computes might never end. So there is only
+// the table as it is made here, or none yet; what the database's own analysis leaves does no harm.
+int StoreFile::CheckShape() {
+    for (const int feature :
+         {SQLITE_DBCONFIG_TRUSTED_SCHEMA, SQLITE_DBCONFIG_ENABLE_TRIGGER, SQLITE_DBCONFIG_ENABLE_VIEW})
+        sqlite3_db_config(connection_.get(), feature, 0, nullptr);
+    Statement shapes;
+    int code = PrepareStatement("SELECT sql IS 'CREATE TABLE ' || ?1 FROM sqlite_schema "
+                                "WHERE NOT (type = 'table' AND name LIKE 'sqlite_stat%')",
+                                shapes);
+    if (code != SQLITE_OK)
+        return code;
+    BindText(shapes.get(), 1, kTable);
+    while ((code = sqlite3_step(shapes.get())) == SQLITE_ROW)
+        if (sqlite3_column_int(shapes.get(), 0) == 0)
+            return SQLITE_CORRUPT;
+    return code == SQLITE_DONE ? SQLITE_OK : code;
 }
 
 int StoreFile::PrepareStatement(const char* sql, Statement& statement) {

@@ -19,7 +19,7 @@ class StoreFile {
 public:
     enum class Result {
         Done,
-        Damaged, ///< the file is no store: not a database, malformed, or another program's
+        Damaged, ///< the file is no store: not a database, malformed, or of another shape
         Failed,  ///< not now: missing, not permitted, busy for too long, disk full
     };
     enum class Missing { Fail, Create };
@@ -54,6 +54,7 @@ private:
 
     int Connect(const char* name, int flags);
     Result Prepare();
+    int CheckShape();
     int PrepareStatement(const char* sql, Statement& statement);
     Result Run(const char* sql);
 
