@@ -35,7 +35,7 @@ public:
 protected:
     static bool Fill(SqliteSettings& settings) {
         return settings.SetUp([](SettingsBackend& backend) {
-            SettingsStore store(backend);
+            Settings store(backend);
             WriteFirstValues(store, {u"/opt/quillshift", u"Printer", {}});
         });
     }
@@ -46,16 +46,15 @@ protected:
 };
 
 BENCHMARK_DEFINE_F(StoreBench, ReadString)(benchmark::State& state) {
-    SettingsStore store(*settings_);
+    Settings store(*settings_);
     for ([[maybe_unused]] auto _ : state)
-        benchmark::DoNotOptimize(
-            store.ReadString(Hive::CurrentUser, settings_path::kSounds, "ButtonMouseMove"));
+        benchmark::DoNotOptimize(store.Find(Setting::ButtonMouseMove));
 }
 
 BENCHMARK_DEFINE_F(StoreBench, ReadDword)(benchmark::State& state) {
-    SettingsStore store(*settings_);
+    Settings store(*settings_);
     for ([[maybe_unused]] auto _ : state)
-        benchmark::DoNotOptimize(store.ReadDword(Hive::CurrentUser, settings_path::kToolBarsStandart, "20"));
+        benchmark::DoNotOptimize(store.IsItemShown(ItemBar::Standart, 20));
 }
 
 BENCHMARK_DEFINE_F(StoreBench, PlainOpenReadClose)(benchmark::State& state) {
@@ -68,9 +67,9 @@ BENCHMARK_DEFINE_F(StoreBench, PlainOpenReadClose)(benchmark::State& state) {
 }
 
 BENCHMARK_DEFINE_F(StoreBench, WriteString)(benchmark::State& state) {
-    SettingsStore store(*settings_);
+    Settings store(*settings_);
     for ([[maybe_unused]] auto _ : state)
-        store.WriteString(Hive::CurrentUser, settings_path::kPreferences, "ViewMode", u"1");
+        store.Set(Setting::ViewMode, u"1");
 }
 
 BENCHMARK_DEFINE_F(StoreBench, SetUpFirstStart)(benchmark::State& state) {

@@ -15,7 +15,7 @@ constexpr int kRuns = 11;
 constexpr std::chrono::seconds kWatched{10};
 
 void Watch(Editor& editor) {
-    editor.Set("ClipboardDetect", u"1").Set("DecodeClipboard", u"0").Set("SaveChange", u"0").Start();
+    editor.Set(Setting::ClipboardDetect, u"1").Set(Setting::DecodeClipboard, u"0").Set(Setting::SaveChange, u"0").Start();
 }
 
 // How often its threads are given the processor while nobody does anything.

@@ -84,7 +84,7 @@ TwipsRect FirstRectangle(const Screen& screen) {
 
 void SetUpStore(SqliteSettings& store, const Platform& platform) {
     store.SetUp([&](SettingsBackend& first) {
-        SettingsStore settings(first);
+        Settings settings(first);
         WriteFirstValues(settings,
                          {.programFolder = platform.shell.ProgramFolder(),
                           .printerName = FromQString(QPrinterInfo::availablePrinterNames().value(0)),

@@ -4,14 +4,13 @@
 
 namespace quillshift {
 
-Dialog::Dialog(SettingsStore& settings, SoundEvents& sounds, QWidget* parent)
-    : QDialog(parent), sounds_(sounds) {
-    SetWindowTopMost(*this, settings.PreferenceIs("TopMost", u"1"));
-    sounds_.Play(sound_event::kFormLoad);
+Dialog::Dialog(Settings& settings, SoundEvents& sounds, QWidget* parent) : QDialog(parent), sounds_(sounds) {
+    SetWindowTopMost(*this, settings.Is(Setting::TopMost));
+    sounds_.PlaySoundEvent(sound_event::kFormLoad);
 }
 
 Dialog::~Dialog() {
-    sounds_.Play(sound_event::kFormUnload);
+    sounds_.PlaySoundEvent(sound_event::kFormUnload);
 }
 
 DialogButton::DialogButton(const QString& text, SoundEvents& sounds, QWidget* parent)
@@ -20,12 +19,12 @@ DialogButton::DialogButton(const QString& text, SoundEvents& sounds, QWidget* pa
 }
 
 void DialogButton::mousePressEvent(QMouseEvent* event) {
-    sounds_.Play(sound_event::kButtonMouseClick);
+    sounds_.PlaySoundEvent(sound_event::kButtonMouseClick);
     QPushButton::mousePressEvent(event);
 }
 
 void DialogButton::mouseMoveEvent(QMouseEvent* event) {
-    sounds_.Play(sound_event::kButtonMouseMove);
+    sounds_.PlaySoundEvent(sound_event::kButtonMouseMove);
     QPushButton::mouseMoveEvent(event);
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "settings/SettingsStore.h"
+#include "settings/Settings.h"
 #include "settings/SoundEvents.h"
 
 #include <QDialog>
@@ -14,7 +14,7 @@ class Dialog : public QDialog {
     Q_OBJECT
 
 public:
-    Dialog(SettingsStore& settings, SoundEvents& sounds, QWidget* parent);
+    Dialog(Settings& settings, SoundEvents& sounds, QWidget* parent);
     ~Dialog() override;
 
 private:

@@ -4,7 +4,6 @@
 #include "base/Texts.h"
 #include "base/Windows1251.h"
 #include "document/rtf/RtfReader.h"
-#include "settings/SoundEvents.h"
 
 namespace quillshift {
 namespace {
@@ -26,7 +25,7 @@ bool LoadContents(TextSurface& surface, std::string_view bytes) {
 // --- The commands
 
 BoxAnswer modDocument::AskToSave(BoxButtons buttons) {
-    if (!services_.state.DocumentModified || !services_.settings.PreferenceIs("SaveChange", u"1"))
+    if (!services_.state.DocumentModified || !services_.settings.Is(Setting::SaveChange))
         return BoxAnswer::No;
     return services_.platform.messageBox.Ask(
         u"Документ был изменен. Вы хотите сохранить сделанные изменения?", buttons);
@@ -47,7 +46,7 @@ void modDocument::New() {
 }
 
 void modDocument::Open() {
-    SoundEvents(services_.settings, services_.platform.sound).Play(sound_event::kFormLoad);
+    services_.sounds.PlaySoundEvent(sound_event::kFormLoad);
     if (MayDropText())
         OpenDocument();
 }
@@ -63,7 +62,7 @@ void modDocument::ToolbarSave() {
 }
 
 void modDocument::SaveAs() {
-    SoundEvents(services_.settings, services_.platform.sound).Play(sound_event::kFormLoad);
+    services_.sounds.PlaySoundEvent(sound_event::kFormLoad);
     if (!SaveDocumentAs())
         return;
     services_.state.DocumentModified = false;
@@ -71,7 +70,7 @@ void modDocument::SaveAs() {
 }
 
 void modDocument::ImportRtf() {
-    SoundEvents(services_.settings, services_.platform.sound).Play(sound_event::kFormLoad);
+    services_.sounds.PlaySoundEvent(sound_event::kFormLoad);
     if (ImportRtfFile(u"RTF файлы (*.rtf)|*.rtf", u"*.rtf", u"Импорт текста из *.rtf файла"))
         InsertImported();
 }
@@ -91,7 +90,7 @@ void modDocument::SetUpDialog(std::u16string_view title) {
     dialog.Filter = kFilter;
     dialog.DefaultExt = kExtension;
     dialog.DialogTitle = title;
-    dialog.InitDir = services_.settings.Preference("FolderDocuments");
+    dialog.InitDir = services_.settings.Text(Setting::FolderDocuments);
 }
 
 void modDocument::OpenDocument() {
@@ -103,7 +102,7 @@ void modDocument::OpenDocument() {
         services_.state.ReopenAvailable = true;
         PointSaveAtOpenedFile(plain);
         ApplyCaptionRule();
-        if (services_.settings.PreferenceIs("StartAtOpen", u"1"))
+        if (services_.settings.Is(Setting::StartAtOpen))
             services_.startDecode();
     });
 }
@@ -135,12 +134,12 @@ void modDocument::PointSaveAtOpenedFile(bool plain) {
         return;
     }
     services_.state.saveTarget = services_.platform.fileDialog.FileName;
-    services_.settings.SetPreference("SaveFileName", services_.state.saveTarget);
+    services_.settings.Set(Setting::SaveFileName, services_.state.saveTarget);
 }
 
 void modDocument::ApplyCaptionRule() {
     const FileDialog& dialog = services_.platform.fileDialog;
-    const std::u16string shown = services_.settings.Preference("ShowInCaption");
+    const std::u16string shown = services_.settings.Text(Setting::ShowInCaption);
     if (shown != u"1" && shown != u"2")
         return;
     std::u16string title(kProgramTitle);
@@ -165,7 +164,7 @@ bool modDocument::ImportRtfFile(std::u16string_view filter, std::u16string_view 
         services_.state.ReopenAvailable = true;
         imported = true;
         // On the present document: the imported text arrives only after it.
-        if (services_.settings.PreferenceIs("StartAtImport", u"1"))
+        if (services_.settings.Is(Setting::StartAtImport))
             services_.startDecode();
     });
     return imported;
@@ -227,7 +226,7 @@ bool modDocument::SaveDocumentAs() {
         if (!dialog.ShowSave() || !WriteDocument())
             return;
         services_.state.saveTarget = dialog.FileName;
-        services_.settings.SetPreference("SaveFileName", dialog.FileName);
+        services_.settings.Set(Setting::SaveFileName, dialog.FileName);
         written = true;
     });
     return written;
@@ -236,7 +235,7 @@ bool modDocument::SaveDocumentAs() {
 bool modDocument::SaveDocument() {
     bool written = false;
     Report([&] {
-        const FileName stored = services_.settings.Preference("SaveFileName");
+        const FileName stored = services_.settings.Text(Setting::SaveFileName);
         const FileName& chosen = services_.state.saveTarget;
         if (stored.empty())
             return;
@@ -251,15 +250,15 @@ bool modDocument::SaveDocument() {
 }
 
 void modDocument::MakeBackup() {
-    SettingsStore& settings = services_.settings;
+    Settings& settings = services_.settings;
     const FileDialog& dialog = services_.platform.fileDialog;
-    if (!settings.PreferenceIs("CreateBackup", u"1"))
+    if (!settings.Is(Setting::CreateBackup))
         return;
     FileName target;
-    if (settings.PreferenceIs("CreateBackupIn", u"1"))
+    if (settings.Is(Setting::CreateBackupIn))
         target = dialog.FileName;
-    else if (settings.PreferenceIs("CreateBackupIn", u"2"))
-        target = settings.Preference("BackupFolder") + dialog.FileTitle;
+    else if (settings.Is(Setting::CreateBackupIn, u"2"))
+        target = settings.Text(Setting::BackupFolder) + dialog.FileTitle;
     else
         return;
     WriteOrThrow(target + u".bak", services_.backup.Text());

@@ -4,7 +4,7 @@
 #include "platform/Platform.h"
 #include "platform/TextSurface.h"
 #include "platform/Window.h"
-#include "settings/SettingsStore.h"
+#include "settings/SoundEvents.h"
 
 #include <functional>
 #include <string_view>
@@ -17,7 +17,8 @@ class modDocument {
 public:
     struct Services {
         DocumentState& state;
-        SettingsStore& settings;
+        Settings& settings;
+        SoundEvents& sounds;
         Platform& platform;
         TextSurface& document; ///< `RichTextBox`
         TextSurface& backup;   ///< `RichTextBoxBackup`: the document as it last stood on disk

@@ -8,8 +8,6 @@
 namespace quillshift {
 namespace {
 
-constexpr std::string_view kMemory = "ClipboardText";
-
 // A text as the store gives it back.
 std::u16string StoredForm(std::u16string_view text) {
     std::string bytes = windows1251::Encode(text);
@@ -36,11 +34,10 @@ void ClipboardWatcher::OnClipboardChange() {
 
 // Whether it is another text than the one seen last.
 bool ClipboardWatcher::Remember(std::u16string_view text) {
-    SettingsStore& settings = services_.settings;
-    const auto memory = settings.ReadString(Hive::CurrentUser, settings_path::kClipboard, kMemory);
-    if (memory.value_or(u"") == StoredForm(text))
+    Settings& settings = services_.settings;
+    if (settings.Is(Setting::ClipboardText, StoredForm(text)))
         return false;
-    settings.WriteString(Hive::CurrentUser, settings_path::kClipboard, kMemory, text);
+    settings.Set(Setting::ClipboardText, text);
     return true;
 }
 
@@ -59,7 +56,7 @@ void ClipboardWatcher::Detect() {
 void ClipboardWatcher::TakeIn() {
     std::u16string text = std::exchange(copied_, {});
     RecodingState& recoding = services_.recoding;
-    if (services_.settings.PreferenceIs("DecodeClipboard", u"1")) {
+    if (services_.settings.Is(Setting::DecodeClipboard)) {
         try {
             text = RecodeText(text, static_cast<Charset>(recoding.Combo1 + 1),
                               static_cast<Charset>(recoding.Combo2 + 1));
@@ -70,7 +67,7 @@ void ClipboardWatcher::TakeIn() {
         recoding.RecodeUndoAvailable = true;
     }
     const std::u16string_view old = services_.document.Text();
-    const bool accumulates = services_.settings.PreferenceIs("ClipboardText", u"1");
+    const bool accumulates = services_.settings.Is(Setting::Accumulate);
     if (accumulates && !old.empty())
         text = std::u16string(old) + u'\r' + text;
     services_.document.SetText(text);

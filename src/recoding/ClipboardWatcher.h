@@ -4,7 +4,7 @@
 #include "platform/TextSurface.h"
 #include "platform/Timer.h"
 #include "recoding/RecodingState.h"
-#include "settings/SettingsStore.h"
+#include "settings/Settings.h"
 
 #include <functional>
 #include <memory>
@@ -18,7 +18,7 @@ class ClipboardWatcher {
 public:
     struct Services {
         Clipboard& clipboard;
-        SettingsStore& settings;
+        Settings& settings;
         RecodingState& recoding;
         TextSurface& document;
         Timers& timers;

@@ -44,7 +44,7 @@ std::size_t WalkSteps(std::size_t length) {
 }
 
 void RecodingJob::StartDecode() {
-    if (const auto number = DirectionNumber(services_.settings.Preference("DefaultCode")))
+    if (const auto number = DirectionNumber(services_.settings.Text(Setting::DefaultCode)))
         StartDirection(DirectionOf(*number));
 }
 

@@ -5,7 +5,7 @@
 #include "platform/Window.h"
 #include "recoding/DecodingView.h"
 #include "recoding/RecodingState.h"
-#include "settings/SettingsStore.h"
+#include "settings/Settings.h"
 
 #include <cstddef>
 #include <functional>
@@ -18,7 +18,7 @@ class RecodingJob {
 public:
     struct Services {
         RecodingState& state;
-        SettingsStore& settings;
+        Settings& settings;
         MessageBox& messageBox;
         TextSurface& document;
         Window& mainWindow;

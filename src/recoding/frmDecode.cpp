@@ -24,7 +24,7 @@ Charset ChosenIn(const std::array<QRadioButton*, kCharsets>& options) {
 
 } // namespace
 
-frmDecode::frmDecode(SettingsStore& settings, SoundEvents& sounds, QWidget* parent,
+frmDecode::frmDecode(Settings& settings, SoundEvents& sounds, QWidget* parent,
                      std::function<void(Direction)> recode)
     : Dialog(settings, sounds, parent),
       sourceOptions{},

@@ -17,7 +17,7 @@ class frmDecode final : public Dialog {
 
 public:
     /// `recode` runs the job with the chosen pair.
-    frmDecode(SettingsStore& settings, SoundEvents& sounds, QWidget* parent,
+    frmDecode(Settings& settings, SoundEvents& sounds, QWidget* parent,
               std::function<void(Direction)> recode);
 
     // In order of the character sets.

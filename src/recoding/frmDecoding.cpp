@@ -15,7 +15,7 @@
 
 namespace quillshift {
 
-frmDecoding::frmDecoding(SettingsStore& settings, SoundEvents& sounds, QWidget* parent,
+frmDecoding::frmDecoding(Settings& settings, SoundEvents& sounds, QWidget* parent,
                          std::function<void()> cancel)
     : Dialog(settings, sounds, parent),
       txtPath(new QLineEdit),
@@ -50,7 +50,7 @@ void frmDecoding::closeEvent(QCloseEvent* event) {
     cancel_();
 }
 
-DecodingDialog::DecodingDialog(SettingsStore& settings, SoundEvents& sounds, MessageBox& messageBox,
+DecodingDialog::DecodingDialog(Settings& settings, SoundEvents& sounds, MessageBox& messageBox,
                                QWidget* owner)
     : settings_(settings), sounds_(sounds), messageBox_(messageBox), owner_(owner) {}
 

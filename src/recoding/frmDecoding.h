@@ -20,7 +20,7 @@ class frmDecoding final : public Dialog {
 
 public:
     /// `cancel` asks the user whether to stop; the dialog is not closed by it.
-    frmDecoding(SettingsStore& settings, SoundEvents& sounds, QWidget* parent, std::function<void()> cancel);
+    frmDecoding(Settings& settings, SoundEvents& sounds, QWidget* parent, std::function<void()> cancel);
 
     QLineEdit* txtPath;
     QLabel* lblCode;
@@ -38,7 +38,7 @@ private:
 /// Owns the progress dialog: created at the first job, hidden at a job's end, destroyed by a stop.
 class DecodingDialog final : public DecodingView {
 public:
-    DecodingDialog(SettingsStore& settings, SoundEvents& sounds, MessageBox& messageBox, QWidget* owner);
+    DecodingDialog(Settings& settings, SoundEvents& sounds, MessageBox& messageBox, QWidget* owner);
     ~DecodingDialog() override;
 
     /// Asks the job to stop; called when the user cancels and says yes.
@@ -56,7 +56,7 @@ public:
 private:
     void AskToCancel();
 
-    SettingsStore& settings_;
+    Settings& settings_;
     SoundEvents& sounds_;
     MessageBox& messageBox_;
     QWidget* owner_;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/Twips.h"
-#include "settings/SettingsStore.h"
+#include "settings/Settings.h"
 
 #include <string>
 
@@ -14,9 +14,8 @@ struct FirstValueInputs {
     TwipsRect mainWindow;         ///< where the main window first opens
 };
 
-/// Writes what a store holds before the program's first start: the switches and texts of the settings
-/// dialogs, every tool bar item shown, all sounds off. Values that only the user's work gives (folders, the
-/// lock, places of windows other than the main one) stay absent.
-void WriteFirstValues(SettingsStore& settings, const FirstValueInputs& inputs);
+/// Writes what a store holds before the program's first start: the first values of the settings' table, every
+/// toolbar item shown, the default wave files. Values that only the user's work gives stay absent.
+void WriteFirstValues(Settings& settings, const FirstValueInputs& inputs);
 
 } // namespace quillshift

@@ -49,18 +49,6 @@ void SettingsStore::WriteDword(Hive /*hive*/, std::string_view path, std::string
     backend_.Write(path, name, {ValueType::Number, bytes});
 }
 
-bool SettingsStore::PreferenceIs(std::string_view name, std::u16string_view literal) {
-    return Preference(name) == literal;
-}
-
-std::u16string SettingsStore::Preference(std::string_view name) {
-    return ReadString(Hive::CurrentUser, settings_path::kPreferences, name).value_or(std::u16string());
-}
-
-void SettingsStore::SetPreference(std::string_view name, std::u16string_view text) {
-    WriteString(Hive::CurrentUser, settings_path::kPreferences, name, text);
-}
-
 float NumberIn(std::u16string_view text) {
     const std::string bytes = windows1251::Encode(text);
     std::size_t start = bytes.find_first_not_of(" \t\r\n");

@@ -9,21 +9,6 @@
 
 namespace quillshift {
 
-// The paths of the store. The tool bars' item paths hold one number per item, named "00" and up.
-namespace settings_path {
-inline constexpr std::string_view kPreferences = R"(Software\Morvane Tolric\Quillshift 3.0\Preferences)";
-inline constexpr std::string_view kDialogs = R"(Software\Morvane Tolric\Quillshift 3.0\Preferences\Dialogs)";
-inline constexpr std::string_view kLocked = R"(Software\Morvane Tolric\Quillshift 3.0\Preferences\Locked)";
-inline constexpr std::string_view kSounds = R"(Software\Morvane Tolric\Quillshift 3.0\Preferences\Sounds)";
-inline constexpr std::string_view kToolBars =
-    R"(Software\Morvane Tolric\Quillshift 3.0\Preferences\ToolBars)";
-inline constexpr std::string_view kToolBarsStandart =
-    R"(Software\Morvane Tolric\Quillshift 3.0\Preferences\ToolBars\Standart)";
-inline constexpr std::string_view kToolBarsDecode =
-    R"(Software\Morvane Tolric\Quillshift 3.0\Preferences\ToolBars\Decode)";
-inline constexpr std::string_view kClipboard = R"(Software\Morvane Tolric\Quillshift 3.0\Clipboard)";
-} // namespace settings_path
-
 /// The hives of the store; the program uses the user's own.
 enum class Hive : std::uint32_t { CurrentUser = 0x80000001U };
 
@@ -40,14 +25,6 @@ public:
     /// 0 if the value is missing, a text, or shorter than 4 bytes.
     std::int32_t ReadDword(Hive hive, std::string_view path, std::string_view name);
     void WriteDword(Hive hive, std::string_view path, std::string_view name, std::int32_t value);
-
-    // The general settings (path `kPreferences`), as most callers ask for them.
-
-    /// Whether the text equals `literal`; an absent value equals only the empty text.
-    bool PreferenceIs(std::string_view name, std::u16string_view literal);
-    /// The text; empty when absent.
-    std::u16string Preference(std::string_view name);
-    void SetPreference(std::string_view name, std::u16string_view text);
 
 private:
     SettingsBackend& backend_;

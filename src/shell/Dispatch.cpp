@@ -111,9 +111,9 @@ void Program::Dispatch(std::string_view commandKey) {
         {"TOOLBAR:OUTDENT", [](Program& p) { p.modEdit_->Outdent(); }},
         {"MENU:VIEW:ONTOP", [](Program& p) { p.SetOnTop(); }},
         {"MENU:VIEW:TOOLBARS:TBSTANDART",
-         [](Program& p) { p.SwitchBar(1, "MENU:VIEW:TOOLBARS:TBSTANDART", "ToolBarStandart"); }},
+         [](Program& p) { p.SwitchBar(1, "MENU:VIEW:TOOLBARS:TBSTANDART", Setting::ToolBarStandart); }},
         {"MENU:VIEW:TOOLBARS:TBDECODE",
-         [](Program& p) { p.SwitchBar(2, "MENU:VIEW:TOOLBARS:TBDECODE", "ToolBarDecode"); }},
+         [](Program& p) { p.SwitchBar(2, "MENU:VIEW:TOOLBARS:TBDECODE", Setting::ToolBarDecode); }},
         {"MENU:DECODE:UNDO", [](Program& p) { p.job_->UndoRecoding(); }},
         {"TOOLBAR2:UNDO", [](Program& p) { p.job_->UndoRecoding(); }},
         {"MENU:DECODE:DECODE", [](Program& p) { p.OpenDecodeDialog(); }},
@@ -146,10 +146,10 @@ void Program::RunJob(const std::function<void()>& road) {
 }
 
 void Program::OnDirectionChange() {
-    if (!settings_.PreferenceIs("DecodeAtCodeChange", u"1") || main_->RichTextBox().Text().empty())
+    if (!settings_.Is(Setting::DecodeAtCodeChange) || main_->RichTextBox().Text().empty())
         return;
     const std::string number = std::to_string(main_->Direction());
-    settings_.SetPreference("DefaultCode", std::u16string(number.begin(), number.end()));
+    settings_.Set(Setting::DefaultCode, std::u16string(number.begin(), number.end()));
     RunJob([this] { job_->StartDecode(); });
 }
 
@@ -171,14 +171,14 @@ void Program::RunWizard() {
 
 void Program::SetOnTop() {
     const bool onTop = main_->IsChecked("MENU:VIEW:ONTOP");
-    settings_.SetPreference("TopMost", onTop ? u"1" : u"0");
+    settings_.Switch(Setting::TopMost, onTop);
     main_->SetTopMost(onTop);
 }
 
 // The layout follows behind this command, not inside it.
-void Program::SwitchBar(int bar, std::string_view key, std::string_view setting) {
+void Program::SwitchBar(int bar, std::string_view key, Setting setting) {
     barShown_[bar] = main_->IsChecked(key);
-    settings_.SetPreference(setting, barShown_[bar] ? u"1" : u"0");
+    settings_.Switch(setting, barShown_[bar]);
     main_->SetBarVisible(bar, barShown_[bar]);
     timerUpdate_->StartOnce();
 }

@@ -25,7 +25,7 @@ void Program::ShowMainWindow() {
         RecodingJob::Services{recoding_, settings_, platform_.messageBox, main_->RichTextBox(), *main_,
                               main_->Decoding(), platform_.fileDialog.FileName});
     modDocument_ = std::make_unique<modDocument>(modDocument::Services{
-        document_, settings_, platform_, main_->RichTextBox(), main_->RichTextBoxBackup(),
+        document_, settings_, sounds_, platform_, main_->RichTextBox(), main_->RichTextBoxBackup(),
         main_->RichTextBoxImport(), *main_, [this] { job_->StartDecode(); }, [this] { modEdit_->Paste(); }});
     modEdit_ = std::make_unique<modEdit>(modEdit::Services{main_->RichTextBox(), platform_.clipboard,
                                                            platform_.messageBox, document_, history_});
@@ -53,7 +53,7 @@ void Program::ShowMainWindow() {
     }
     main_->Show();
     // Not earlier: a job of the load runs events, and would re-code again what was taken in meanwhile.
-    if (settings_.PreferenceIs("ClipboardDetect", u"1"))
+    if (settings_.Is(Setting::ClipboardDetect))
         watcher_->Start();
     if (failure)
         std::rethrow_exception(failure);
@@ -67,82 +67,72 @@ void Program::LoadMainWindow() {
     ConnectSurface();
     main_->BuildBars();
     GreyWhatIsToCome();
-    main_->SetBarStyle(settings_.Preference("Style"));
+    main_->SetBarStyle(settings_.Text(Setting::Style));
     main_->AttachMenu();
     LoadToolBars();
-    sounds_.Play(sound_event::kFormLoad);
+    sounds_.PlaySoundEvent(sound_event::kFormLoad);
     recoding_.Combo1 = 0;
     recoding_.Combo2 = 1;
-    const int direction = static_cast<int>(NumberIn(settings_.Preference("DefaultCode")));
+    const int direction = static_cast<int>(settings_.Number(Setting::DefaultCode));
     main_->SetDirection(direction >= 0 && direction < kDirections ? direction : 0);
-    barShown_[1] = settings_.PreferenceIs("ToolBarStandart", u"1");
-    barShown_[2] = settings_.PreferenceIs("ToolBarDecode", u"1");
+    barShown_[1] = settings_.Is(Setting::ToolBarStandart);
+    barShown_[2] = settings_.Is(Setting::ToolBarDecode);
     main_->SetChecked("MENU:VIEW:TOOLBARS:TBSTANDART", barShown_[1]);
     main_->SetBarVisible(1, barShown_[1]);
     main_->SetChecked("MENU:VIEW:TOOLBARS:TBDECODE", barShown_[2]);
     main_->SetBarVisible(2, barShown_[2]);
-    const bool topMost = settings_.PreferenceIs("TopMost", u"1");
+    const bool topMost = settings_.Is(Setting::TopMost);
     main_->SetChecked("MENU:VIEW:ONTOP", topMost);
     main_->SetTopMost(topMost);
     LoadPlace();
     LoadTitle();
     if (OpenAtStart)
         modDocument_->OpenDocument();
-    if (settings_.PreferenceIs("StartAtStartup", u"1")) {
+    if (settings_.Is(Setting::StartAtStartup)) {
         main_->RichTextBox().SetText(platform_.clipboard.Text().value_or(u""));
         job_->StartDecode();
     }
-    main_->RichTextBox().SetFont(
-        {settings_.Preference("FontName"), NumberIn(settings_.Preference("FontSize"))});
+    main_->RichTextBox().SetFont({settings_.Text(Setting::FontName), settings_.Number(Setting::FontSize)});
     OnResize();
     UpdateStates();
 }
 
 void Program::LoadToolBars() {
     AttachToolBars();
-    LoadItems("TOOLBAR", settings_path::kToolBarsStandart);
-    LoadItems("TOOLBAR2", settings_path::kToolBarsDecode);
+    LoadItems("TOOLBAR", ItemBar::Standart);
+    LoadItems("TOOLBAR2", ItemBar::Decode);
 }
 
 void Program::AttachToolBars() {
     for (const int bar : {1, 2})
-        main_->AttachToolBar(bar, ToolBarOption("UseLargeIcons") == u"1" ? ToolBarIcons::Large
-                                                                         : ToolBarIcons::Small);
-}
-
-std::optional<std::u16string> Program::ToolBarOption(std::string_view name) {
-    return settings_.ReadString(Hive::CurrentUser, settings_path::kToolBars, name);
+        main_->AttachToolBar(bar, settings_.Is(Setting::UseLargeIcons) ? ToolBarIcons::Large
+                                                                       : ToolBarIcons::Small);
 }
 
 // Tips that were taken away come back only at the next start.
 void Program::ApplyBarOptions() {
-    if (ToolBarOption("ShowToolTips") == u"0")
+    if (settings_.Is(Setting::ShowToolTips, u"0"))
         for (const CatalogueEntry& entry : Catalogue())
             if (ParentKey(entry.Key) == "TOOLBAR" || ParentKey(entry.Key) == "TOOLBAR2")
                 main_->SetToolTip(entry.Key, u"");
-    main_->SetHideInfrequentlyUsed(ToolBarOption("HideInfrequently") != u"1");
+    main_->SetHideInfrequentlyUsed(!settings_.Is(Setting::HideInfrequently));
     AttachToolBars();
 }
 
-// The store has a number for each item of a toolbar, in order: "00" and up.
-void Program::LoadItems(std::string_view root, std::string_view path) {
+void Program::LoadItems(std::string_view root, ItemBar bar) {
     int item = 0;
     for (const CatalogueEntry& entry : Catalogue()) {
         if (ParentKey(entry.Key) != root)
             continue;
-        const std::string digits = std::to_string(item++);
-        const std::string name = digits.size() < 2 ? "0" + digits : digits;
-        main_->SetItemVisible(entry.Key, settings_.ReadDword(Hive::CurrentUser, path, name) != 0);
+        main_->SetItemVisible(entry.Key, settings_.IsItemShown(bar, item++));
     }
 }
 
 void Program::LoadPlace() {
-    if (settings_.PreferenceIs("SaveWindowPositionAndSize", u"1")) {
-        const auto stored = [this](std::string_view name) {
-            return Twips{NumberIn(settings_.Preference(name))};
-        };
-        const TwipsRect bounds{stored("MainLeft"), stored("MainTop"), stored("MainWidth"),
-                               stored("MainHeight")};
+    if (settings_.Is(Setting::SaveWindowPositionAndSize)) {
+        const auto stored = [this](Setting name) { return Twips{settings_.Number(name)}; };
+        const TwipsRect bounds{stored(Setting::MainLeft), stored(Setting::MainTop),
+                               stored(Setting::MainWidth), stored(Setting::MainHeight)};
         main_->SetBounds(WithinReach(bounds, platform_.screen.WorkAreas()));
     } else {
         const TwipsRect screen = platform_.screen.Primary();
@@ -152,14 +142,14 @@ void Program::LoadPlace() {
         main_->SetBounds(bounds);
     }
     // After the rectangle, which is that of the window when it is not maximised.
-    if (settings_.PreferenceIs("WindowState", u"0"))
+    if (settings_.Is(Setting::WindowState, u"0"))
         main_->SetState(WindowState::Normal);
-    else if (settings_.PreferenceIs("WindowState", u"2"))
+    else if (settings_.Is(Setting::WindowState, u"2"))
         main_->SetState(WindowState::Maximised);
 }
 
 void Program::LoadTitle() {
-    const std::u16string shown = settings_.Preference("ShowInCaption");
+    const std::u16string shown = settings_.Text(Setting::ShowInCaption);
     if (shown == u"1")
         main_->SetTitle(u"Morvane Quillshift 3.0 Preview - [Документ]");
     else if (shown == u"2")
@@ -184,17 +174,17 @@ void Program::ConnectSurface() {
         timerEdit_->StartOnce();
     };
     surface.OnRightMouseDown = [this](Point screen) { main_->ShowEditMenu(screen); };
-    surface.OnKeyDown = [this] { sounds_.Play(sound_event::kKeyDown); };
+    surface.OnKeyDown = [this] { sounds_.PlaySoundEvent(sound_event::kKeyDown); };
 }
 
 void Program::OnResize() {
     if (!main_ || main_->State() == WindowState::Minimised)
         return;
     const TwipsRect bounds = main_->Bounds();
-    const auto large = ToolBarOption("UseLargeIcons");
     const int bars = (barShown_[1] ? 1 : 0) + (barShown_[2] ? 1 : 0);
     const Twips moreRows = main_->MenuHeight() - kMenuRowHeight;
-    if (const auto layout = LayOutEditor(bounds.height - moreRows, bounds.width, large.value_or(u""), bars))
+    if (const auto layout = LayOutEditor(bounds.height - moreRows, bounds.width,
+                                         settings_.Text(Setting::UseLargeIcons), bars))
         main_->LayOut(*layout);
 }
 

@@ -6,7 +6,7 @@
 #include "platform/Platform.h"
 #include "recoding/ClipboardWatcher.h"
 #include "recoding/RecodingJob.h"
-#include "settings/SettingsStore.h"
+#include "settings/Settings.h"
 #include "settings/SoundEvents.h"
 #include "shell/MainView.h"
 
@@ -44,7 +44,7 @@ public:
     /// Recodes by the pair of the recoding dialog.
     void RecodeFromDialog(Direction direction);
 
-    SettingsStore& Settings() { return settings_; }
+    Settings& StoredSettings() { return settings_; }
     SoundEvents& Sounds() { return sounds_; }
     RecodingState& Recoding() { return recoding_; }
     DocumentState& Document() { return document_; }
@@ -62,9 +62,8 @@ private:
     void GreyWhatIsToCome();
     void LoadToolBars();
     void AttachToolBars();
-    std::optional<std::u16string> ToolBarOption(std::string_view name);
     void ApplyBarOptions();
-    void LoadItems(std::string_view root, std::string_view path);
+    void LoadItems(std::string_view root, ItemBar bar);
     void LoadPlace();
     void LoadTitle();
     void ConnectSurface();
@@ -77,14 +76,14 @@ private:
     void OpenDecodeDialog();
     void RunWizard();
     void SetOnTop();
-    void SwitchBar(int bar, std::string_view key, std::string_view setting);
+    void SwitchBar(int bar, std::string_view key, Setting setting);
 
     bool AskToLeave();
     void StorePlace();
 
     Platform& platform_;
     std::function<std::unique_ptr<MainView>()> makeMainView_;
-    SettingsStore settings_;
+    Settings settings_;
     SoundEvents sounds_;
     RecodingState recoding_;
     DocumentState document_;

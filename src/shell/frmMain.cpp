@@ -39,7 +39,7 @@ private:
 
 frmMain::frmMain(Program& program, const MainWindowServices& services)
     : program_(program),
-      decoding_(program.Settings(), program.Sounds(), services.messageBox, this),
+      decoding_(program.StoredSettings(), program.Sounds(), services.messageBox, this),
       cmbDecode_(new QComboBox(this)),
       directionsPanel_(std::make_unique<DirectionsPanel>(*cmbDecode_, services.windowIds)),
       barWindows_{new QtBarWindow(services.windowIds, services.texts, this),
@@ -125,7 +125,7 @@ void frmMain::LayOut(const EditorLayout& layout) {
 }
 
 void frmMain::ShowDecodeDialog() {
-    frmDecode dialog(program_.Settings(), program_.Sounds(), this,
+    frmDecode dialog(program_.StoredSettings(), program_.Sounds(), this,
                      [this](quillshift::Direction direction) { program_.RecodeFromDialog(direction); });
     dialog.exec();
 }

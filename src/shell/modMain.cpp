@@ -26,7 +26,7 @@ void Program::Main() {
             platform_.shell.EndProcess();
             return;
         }
-        const bool splash = settings_.ReadDword(Hive::CurrentUser, settings_path::kDialogs, "Splash") == 1;
+        const bool splash = settings_.Is(Setting::Splash);
         if (!splash || !ShowStartDialog(StartDialog::Splash))
             ShowFirstWindow();
     } catch (const Error& error) {
@@ -36,14 +36,14 @@ void Program::Main() {
 }
 
 void Program::ShowFirstRunNotice() {
-    if (!settings_.PreferenceIs("FirstRun", u"1"))
+    if (!settings_.Is(Setting::FirstRun))
         return;
     platform_.messageBox.Inform(kFirstRunNotice, BoxIcon::None);
-    settings_.SetPreference("FirstRun", u"0");
+    settings_.Set(Setting::FirstRun, u"0");
 }
 
 bool Program::RefusesSecondCopy() {
-    if (!settings_.PreferenceIs("ManyCopies", u"0") || !platform_.shell.AnotherCopyRuns())
+    if (!settings_.Is(Setting::ManyCopies, u"0") || !platform_.shell.AnotherCopyRuns())
         return false;
     platform_.messageBox.Inform(
         u"Программа уже запущена! Чтобы запустить программу несколько раз, включите опцию <Разрешить запуск "
@@ -52,12 +52,9 @@ bool Program::RefusesSecondCopy() {
 }
 
 void Program::ShowFirstWindow() {
-    const auto wanted = [this](std::string_view name) {
-        return settings_.ReadDword(Hive::CurrentUser, settings_path::kDialogs, name) == 1;
-    };
-    if (wanted("Welcome") && ShowStartDialog(StartDialog::Welcome))
+    if (settings_.Is(Setting::Welcome) && ShowStartDialog(StartDialog::Welcome))
         return;
-    if (wanted("WorkBegin") && ShowStartDialog(StartDialog::WorkBegin))
+    if (settings_.Is(Setting::WorkBegin) && ShowStartDialog(StartDialog::WorkBegin))
         return;
     ShowMainWindow();
 }
@@ -81,10 +78,10 @@ bool Program::OnClose() {
         return false;
     if (answer == BoxAnswer::Yes)
         modDocument_->SaveAs();
-    if (settings_.PreferenceIs("ClearClipboard", u"1"))
+    if (settings_.Is(Setting::ClearClipboard))
         platform_.clipboard.Clear();
     StorePlace();
-    settings_.WriteString(Hive::CurrentUser, settings_path::kClipboard, "ClipboardText", u"");
+    settings_.Set(Setting::ClipboardText, u"");
     if (!AskToLeave())
         return false;
     platform_.shell.EndProcess();
@@ -92,24 +89,24 @@ bool Program::OnClose() {
 }
 
 void Program::StorePlace() {
-    if (settings_.PreferenceIs("SaveWindowPositionAndSize", u"1")) {
+    if (settings_.Is(Setting::SaveWindowPositionAndSize)) {
         const TwipsRect bounds = main_->RestoredBounds();
-        settings_.SetPreference("MainLeft", DecimalText(bounds.left.value));
-        settings_.SetPreference("MainTop", DecimalText(bounds.top.value));
-        settings_.SetPreference("MainHeight", DecimalText(bounds.height.value));
-        settings_.SetPreference("MainWidth", DecimalText(bounds.width.value));
+        settings_.Set(Setting::MainLeft, DecimalText(bounds.left.value));
+        settings_.Set(Setting::MainTop, DecimalText(bounds.top.value));
+        settings_.Set(Setting::MainHeight, DecimalText(bounds.height.value));
+        settings_.Set(Setting::MainWidth, DecimalText(bounds.width.value));
     }
     const WindowState state = main_->State();
     if (state != WindowState::Minimised)
-        settings_.SetPreference("WindowState", state == WindowState::Maximised ? u"2" : u"0");
+        settings_.Set(Setting::WindowState, state == WindowState::Maximised ? u"2" : u"0");
 }
 
 bool Program::AskToLeave() {
-    if (!settings_.PreferenceIs("MessageOnExit", u"1"))
+    if (!settings_.Is(Setting::MessageOnExit))
         return true;
     if (platform_.messageBox.Ask(u"Вы действительно хотите завершить работу с программой?") != BoxAnswer::Yes)
         return false;
-    sounds_.Play(sound_event::kFormUnload);
+    sounds_.PlaySoundEvent(sound_event::kFormUnload);
     return true;
 }
 

@@ -18,10 +18,10 @@ struct modDocumentTest : testing::Test {
 };
 
 TEST_F(modDocumentTest, ShowsTheNameAsTheSettingSays) {
-    test.Set("ShowInCaption", u"1");
+    test.Set(Setting::ShowInCaption, u"1");
     test.OpenFile(u"/d/a.txt", "x");
     EXPECT_EQ(window.title, u"Morvane Quillshift 3.0 Preview - [a.txt]");
-    test.Set("ShowInCaption", u"2");
+    test.Set(Setting::ShowInCaption, u"2");
     Dispatch("MENU:FILE:REOPEN");
     EXPECT_EQ(window.title, u"Morvane Quillshift 3.0 Preview - [/d/a.txt]");
 }
@@ -37,7 +37,7 @@ TEST_F(modDocumentTest, AMissingFileIsReportedAndTouchesNothing) {
 }
 
 TEST_F(modDocumentTest, AsksBeforeAChangedTextIsDropped) {
-    test.Set("SaveChange", u"1");
+    test.Set(Setting::SaveChange, u"1");
     window.document.SetText(u"x");
     Dispatch("MENU:FILE:NEW"); // Escape
     EXPECT_EQ(window.document.Text(), u"x");
@@ -80,7 +80,7 @@ TEST_F(modDocumentTest, PlainSaveNeverHitsAnotherFile) {
     EXPECT_EQ(File(u"/d/first.txt"), "\r\n");
     EXPECT_EQ(File(u"/d/second.txt"), "second\r\n");
 
-    test.Set("SaveFileName", u"/d/of-another-copy.txt");
+    test.Set(Setting::SaveFileName, u"/d/of-another-copy.txt");
     Dispatch("MENU:FILE:SAVE");
     EXPECT_FALSE(test.files.files.contains(u"/d/of-another-copy.txt"));
     EXPECT_EQ(test.messageBox.shown.back().icon, BoxIcon::Critical);
@@ -99,7 +99,7 @@ TEST_F(modDocumentTest, AnRtfFileWithdrawsPlainSave) {
 }
 
 TEST_F(modDocumentTest, TheBackupHoldsTheVersionBefore) {
-    test.Set("CreateBackup", u"1").Set("CreateBackupIn", u"1");
+    test.Set(Setting::CreateBackup, u"1").Set(Setting::CreateBackupIn, u"1");
     window.document.SetText(u"1");
     SaveAs(u"/d/a.txt");
     EXPECT_EQ(File(u"/d/a.txt.bak"), "\r\n");
@@ -107,24 +107,24 @@ TEST_F(modDocumentTest, TheBackupHoldsTheVersionBefore) {
     Dispatch("MENU:FILE:SAVE");
     EXPECT_EQ(File(u"/d/a.txt.bak"), "1\r\n\r\n");
 
-    test.Set("CreateBackupIn", u"2").Set("BackupFolder", u"/backups/");
+    test.Set(Setting::CreateBackupIn, u"2").Set(Setting::BackupFolder, u"/backups/");
     Dispatch("MENU:FILE:SAVE");
     EXPECT_EQ(File(u"/backups/a.txt.bak"), "2\r\n\r\n");
 }
 
 TEST_F(modDocumentTest, AFailedSaveOrBackupLeavesTheDocumentModified) {
-    test.Set("CreateBackup", u"1").Set("CreateBackupIn", u"1");
+    test.Set(Setting::CreateBackup, u"1").Set(Setting::CreateBackupIn, u"1");
     window.document.SetText(u"x");
     test.files.unwritable = {u"/d/a.txt"};
     SaveAs(u"/d/a.txt");
     EXPECT_EQ(test.LastBox(), u"Произошла ошибка № 61\r\nНа диске нет места");
     EXPECT_TRUE(test.files.files.empty());
-    EXPECT_EQ(test.settings.Preference("SaveFileName"), u"");
+    EXPECT_EQ(test.settings.Text(Setting::SaveFileName), u"");
 
     test.files.unwritable = {u"/d/a.txt.bak"};
     SaveAs(u"/d/a.txt");
     EXPECT_EQ(File(u"/d/a.txt"), "x\r\n");
-    EXPECT_EQ(test.settings.Preference("SaveFileName"), u"");
+    EXPECT_EQ(test.settings.Text(Setting::SaveFileName), u"");
     EXPECT_TRUE(test.program.Document().DocumentModified);
     EXPECT_FALSE(test.program.Document().SaveAvailable);
 }
@@ -153,7 +153,7 @@ TEST_F(modDocumentTest, ImportInsertsAtTheCaretAndKeepsTheSelection) {
 }
 
 TEST_F(modDocumentTest, RecodesWhatIsOpenedWhereThatIsAskedForButNotOnReopen) {
-    test.Set("StartAtOpen", u"1").Set("DefaultCode", u"0");
+    test.Set(Setting::StartAtOpen, u"1").Set(Setting::DefaultCode, u"0");
     test.OpenFile(u"/d/dos.txt", "\x8F\xE0\xA8\xA2\xA5\xE2");
     EXPECT_EQ(window.document.Text(), u"Привет");
     Dispatch("MENU:FILE:REOPEN");

@@ -8,7 +8,7 @@ namespace {
 
 class ClipboardElsewhere : public EditorTest {
 protected:
-    ClipboardElsewhere() { editor.Set("SaveChange", u"0"); }
+    ClipboardElsewhere() { editor.Set(Setting::SaveChange, u"0"); }
 
     // Another program puts a text on the clipboard, and stays behind to give it out.
     void Copy(const std::string& text, const char* form = "UTF8_STRING") {
@@ -27,15 +27,13 @@ protected:
     enum Form { AsItCame, Recode };
     enum Place { Replace, Collect };
     Editor& Watch(Form form, Place place) {
-        return editor.Set("ClipboardDetect", u"1")
-            .Set("DecodeClipboard", form == Recode ? u"1" : u"0")
-            .Set("ClipboardText", place == Collect ? u"1" : u"0");
+        return editor.Set(Setting::ClipboardDetect, u"1")
+            .Set(Setting::DecodeClipboard, form == Recode ? u"1" : u"0")
+            .Set(Setting::Accumulate, place == Collect ? u"1" : u"0");
     }
     void WaitUntilSeen(const std::string& text) {
-        desktop.WaitUntil("the text has been seen", [&] {
-            return editor.Settings().ReadString(Hive::CurrentUser, settings_path::kClipboard,
-                                                "ClipboardText") == FromUtf8(text);
-        });
+        desktop.WaitUntil("the text has been seen",
+                          [&] { return editor.Store().Is(Setting::ClipboardText, FromUtf8(text)); });
         desktop.WaitUntilQuiet(editor.Program());
     }
     std::string Bytes(const std::string& text) { return Iconv(text, "UTF-8", "CP1251"); }
@@ -43,7 +41,7 @@ protected:
 
 TEST_F(ClipboardElsewhere, TheClipboardIsTakenInAndRecodedAtTheStart) {
     Copy("Џа");
-    editor.Set("StartAtStartup", u"1").Start();
+    editor.Set(Setting::StartAtStartup, u"1").Start();
     EXPECT_EQ(Saved(), Iconv("Пр\r\n", "UTF-8", "CP1251"));
 }
 
@@ -149,7 +147,7 @@ TEST_F(ClipboardElsewhere, IsRecodedOnceAtAStartThatTakesItInTwice) {
     while (letter.size() < 4000)
         letter += "Џа"; // "Пр"
     Copy(letter);
-    Watch(Recode, Replace).Set("StartAtStartup", u"1").Start();
+    Watch(Recode, Replace).Set(Setting::StartAtStartup, u"1").Start();
     WaitUntilSeen(letter);
     std::string expected;
     while (expected.size() < letter.size())

@@ -7,7 +7,7 @@ namespace {
 
 class Editing : public BarsTest {
 protected:
-    Editing() { editor.Set("SaveChange", u"0"); }
+    Editing() { editor.Set(Setting::SaveChange, u"0"); }
     std::string Bytes(const std::string& text) { return Iconv(text + "\r\n", "UTF-8", "CP1251"); }
 };
 

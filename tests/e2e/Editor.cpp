@@ -36,12 +36,12 @@ Editor::Editor(Desktop& desktop)
       settings_(store_) {
     const std::filesystem::path program = QUILLSHIFT_PROGRAM;
     store_.SetUp([&](SettingsBackend& first) {
-        SettingsStore settings(first);
+        Settings settings(first);
         WriteFirstValues(settings, {.programFolder = FromUtf8(program.parent_path().string()),
                                     .printerName = u"",
                                     .mainWindow = {1500_twips, 750_twips, 11700_twips, 9150_twips}});
     });
-    Set("FirstRun", u"0").Set("MessageOnExit", u"0");
+    Set(Setting::FirstRun, u"0").Set(Setting::MessageOnExit, u"0");
 }
 
 void Editor::DeleteStore() {

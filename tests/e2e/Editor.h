@@ -3,7 +3,7 @@
 #include "e2e/Desktop.h"
 #include "platform/MessageBox.h"
 #include "platform/posix/SqliteSettings.h"
-#include "settings/SettingsStore.h"
+#include "settings/Settings.h"
 
 #include <memory>
 #include <string>
@@ -19,9 +19,9 @@ public:
     explicit Editor(Desktop& desktop);
 
     TemporaryFolder home;
-    SettingsStore& Settings() { return settings_; }
-    Editor& Set(std::string_view name, std::u16string_view text) {
-        settings_.SetPreference(name, text);
+    Settings& Store() { return settings_; }
+    Editor& Set(Setting setting, std::u16string_view text) {
+        settings_.Set(setting, text);
         return *this;
     }
     void DeleteStore();
@@ -54,7 +54,7 @@ private:
     Desktop& desktop_;
     std::filesystem::path storeFile_;
     SqliteSettings store_;
-    SettingsStore settings_;
+    Settings settings_;
     void SettleWhere(const std::string& what, const std::function<bool(XWindow)>& isWanted);
 
     std::unique_ptr<Process> program_;

@@ -14,7 +14,7 @@ TEST_F(Menus, EachOpensByKeyboardAndMouseAndClosesByEveryRoad) {
     constexpr const char* kHeadings[] = {"MENU:FILE",    "MENU:EDIT",   "MENU:FIND",
                                          "MENU:VIEW",    "MENU:INSERT", "MENU:FORMAT",
                                          "MENU:SERVICE", "MENU:DECODE", "MENU:HELP"};
-    editor.Set("SaveChange", u"0").Start();
+    editor.Set(Setting::SaveChange, u"0").Start();
     const Rect window = desktop.Place(editor.Window());
     const std::function<void(Point)> roads[] = {[&](Point /*heading*/) {
                                                     desktop.Press("Escape");
@@ -122,7 +122,7 @@ TEST_F(Menus, AnEntryIsTickedByTheMouse) {
         desktop.WaitUntil("the window has its layer",
                           [&] { return desktop.IsAboveOthers(editor.Window()) == above; });
         WaitUntilClosed();
-        EXPECT_EQ(editor.Settings().Preference("TopMost"), above ? u"1" : u"0");
+        EXPECT_EQ(editor.Store().Text(Setting::TopMost), above ? u"1" : u"0");
     }
 }
 
@@ -175,7 +175,7 @@ TEST_F(Menus, StayOnTheMonitorOfTheirWindow) {
 }
 
 TEST_F(Menus, CloseWhenAnotherWindowTakesTheKeyboardAndWithTheirOwn) {
-    editor.Set("ManyCopies", u"1").Start();
+    editor.Set(Setting::ManyCopies, u"1").Start();
     OpenByKeyboard(0);
     WaitForMenu(1);
     Editor other(desktop);
@@ -193,7 +193,7 @@ TEST_F(Menus, CloseWhenAnotherWindowTakesTheKeyboardAndWithTheirOwn) {
 }
 
 TEST_F(Menus, CloseWhenTheirWindowIsMinimised) {
-    editor.Set("SaveChange", u"0").Start();
+    editor.Set(Setting::SaveChange, u"0").Start();
     OpenByKeyboard(7);
     desktop.Press("Right");
     WaitForMenu(2);
@@ -206,7 +206,7 @@ TEST_F(Menus, CloseWhenTheirWindowIsMinimised) {
 }
 
 TEST_F(Menus, ShortcutsWorkInTheRussianLayoutAndTheLayoutSwitchOpensNothing) {
-    editor.Set("SaveChange", u"0").Start();
+    editor.Set(Setting::SaveChange, u"0").Start();
     desktop.Type(u"x");
     desktop.UseLayout(1);
     desktop.Press("Ctrl+n");
@@ -222,7 +222,7 @@ TEST_F(Menus, ShortcutsWorkInTheRussianLayoutAndTheLayoutSwitchOpensNothing) {
 }
 
 TEST_F(Menus, AShortcutFiresOnceAndNotWhileAMenuIsOpen) {
-    editor.Set("SaveChange", u"0").Start();
+    editor.Set(Setting::SaveChange, u"0").Start();
     desktop.Type(u"q");
     editor.Settle();
     for (const auto& [shortcut, title] :
@@ -251,7 +251,7 @@ TEST_F(Menus, AShortcutFiresOnceAndNotWhileAMenuIsOpen) {
 }
 
 TEST_F(Menus, KeepEveryKeyFromTheTextAndGiveThemToAQuestion) {
-    editor.Set("SaveChange", u"0").Set("MessageOnExit", u"1").Start();
+    editor.Set(Setting::SaveChange, u"0").Set(Setting::MessageOnExit, u"1").Start();
     OpenByKeyboard(0);
     WaitForMenu(1);
     desktop.Type(u"ф;");

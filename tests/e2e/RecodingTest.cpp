@@ -72,7 +72,7 @@ TEST_F(Recoding, ALetterFromDosIsReadTakenBackRecodedAgainAndSaved) {
 }
 
 TEST_F(Recoding, EveryDirectionByTheMenu) {
-    editor.Set("SaveChange", u"0").Start();
+    editor.Set(Setting::SaveChange, u"0").Start();
     for (int number = 0; number < kDirections; ++number) {
         const Direction direction = DirectionOf(number);
         editor.Open(SampleIn(direction.source));
@@ -97,7 +97,7 @@ TEST_F(Recoding, ADirectionIsChosenInTheDialogByTheKeyboardAlone) {
 
 TEST_F(Recoding, CancellingAStepLeavesTheTextAlone) {
     const std::string before = Contents(LongLetter());
-    editor.Set("SaveChange", u"0").Start().Open(LongLetter());
+    editor.Set(Setting::SaveChange, u"0").Start().Open(LongLetter());
     editor.Choose("MENU:DECODE:DOS:DW");
     desktop.WaitForWindow(u"Перекодирование...");
     desktop.Press("Escape");

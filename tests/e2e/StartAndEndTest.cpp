@@ -10,8 +10,8 @@ TEST_F(StartAndEnd, TheFirstStartTellsItsNoticeAndFillsTheStore) {
     editor.Launch();
     editor.AnswerBox(BoxAnswer::Ok);
     editor.Settle();
-    EXPECT_EQ(editor.Settings().Preference("FirstRun"), u"0");
-    EXPECT_EQ(editor.Settings().Preference("FontName"), u"MS Sans Serif");
+    EXPECT_EQ(editor.Store().Text(Setting::FirstRun), u"0");
+    EXPECT_EQ(editor.Store().Text(Setting::FontName), u"MS Sans Serif");
 }
 
 TEST_F(StartAndEnd, ASecondCopyIsRefusedAndTheStoreIsItsOwnersAlone) {
@@ -30,7 +30,7 @@ TEST_F(StartAndEnd, LeavingAsksCleansUpAndKeepsThePlaceOfTheWindow) {
     const Environment environment = desktop.ProgramEnvironment(editor.home.Path());
     Put(Path("clipboard.txt"), "secret");
     Process("xclip", {"-selection", "clipboard", "-i", Path("clipboard.txt")}, environment).WaitForEnd();
-    editor.Set("MessageOnExit", u"1").Set("ClearClipboard", u"1").Start();
+    editor.Set(Setting::MessageOnExit, u"1").Set(Setting::ClearClipboard, u"1").Start();
     desktop.Resize(editor.Window(), {700, 500});
     const auto resized = [&] { return desktop.Place(editor.Window()).Width() == 700; };
     desktop.WaitUntil("the window is resized", resized);
@@ -50,13 +50,13 @@ TEST_F(StartAndEnd, LeavingAsksCleansUpAndKeepsThePlaceOfTheWindow) {
 }
 
 TEST_F(StartAndEnd, AMaximisedWindowComesBackMaximised) {
-    editor.Set("WindowState", u"2").Start();
+    editor.Set(Setting::WindowState, u"2").Start();
     desktop.WaitUntil("the window is as wide as the screen",
                       [&] { return desktop.Place(editor.Window()).Width() >= 1270; });
     desktop.AskToClose(editor.Window());
     editor.WaitForEnd();
-    EXPECT_EQ(editor.Settings().Preference("WindowState"), u"2");
-    EXPECT_EQ(editor.Settings().Preference("MainWidth"), u"11700");
+    EXPECT_EQ(editor.Store().Text(Setting::WindowState), u"2");
+    EXPECT_EQ(editor.Store().Text(Setting::MainWidth), u"11700");
 }
 
 TEST_F(StartAndEnd, TheWindowGoesAboveOthersByItsCommandAndAtTheNextStart) {

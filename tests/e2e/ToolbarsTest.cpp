@@ -37,12 +37,12 @@ TEST_F(Toolbars, AreHiddenByTheMenuAndByTheirOwn) {
     EXPECT_NE(desktop.Pixel(inTheText), 0xFFFFFFU) << "a toolbar is there";
     editor.Choose("MENU:VIEW:TOOLBARS:TBSTANDART");
     desktop.WaitUntil("the text has moved up", [&] { return desktop.Pixel(inTheText) == 0xFFFFFFU; });
-    EXPECT_EQ(editor.Settings().Preference("ToolBarStandart"), u"0");
+    EXPECT_EQ(editor.Store().Text(Setting::ToolBarStandart), u"0");
 
     desktop.Click({window.left + 600, window.top + 35}, 3); // the recoding toolbar
     desktop.Click(Row(WaitForMenu(1), "MENU:VIEW:TOOLBARS:TBSTANDART"));
     desktop.WaitUntil("the text has moved down", [&] { return desktop.Pixel(inTheText) != 0xFFFFFFU; });
-    EXPECT_EQ(editor.Settings().Preference("ToolBarStandart"), u"1");
+    EXPECT_EQ(editor.Store().Text(Setting::ToolBarStandart), u"1");
 }
 
 TEST_F(Toolbars, ANarrowWindowLosesGroupsAndWrapsItsMenuAndAWideOneHasAllBack) {

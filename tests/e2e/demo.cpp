@@ -12,7 +12,10 @@ namespace {
 void Demonstrate(const std::filesystem::path& letter, const std::filesystem::path& picture) {
     Desktop desktop({900, 700});
     Editor editor(desktop);
-    editor.Set("FontSize", u"10").Set("ShowInCaption", u"1").Start().Open(std::filesystem::absolute(letter));
+    editor.Set(Setting::FontSize, u"10")
+        .Set(Setting::ShowInCaption, u"1")
+        .Start()
+        .Open(std::filesystem::absolute(letter));
     editor.Choose("MENU:DECODE:DOS:DW");
     editor.Settle();
     const Rect place = desktop.Place(editor.Window());

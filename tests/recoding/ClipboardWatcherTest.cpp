@@ -11,7 +11,7 @@ namespace {
 struct ClipboardWatcherTest : testing::Test, FakePlatform {
     ClipboardWatcherTest() {
         clipboard.OnChange = [this] { watcher.OnClipboardChange(); };
-        settings.SetPreference("DecodeClipboard", u"1");
+        settings.Set(Setting::DecodeClipboard, u"1");
     }
     /// Somebody copies a text, and the program has a moment.
     void Copy(std::u16string_view text) {
@@ -20,7 +20,7 @@ struct ClipboardWatcherTest : testing::Test, FakePlatform {
         timers.Tick();
     }
 
-    SettingsStore settings{store};
+    Settings settings{store};
     RecodingState recoding;
     FakeSurface document;
     int takenIn = 0;
@@ -36,7 +36,7 @@ TEST_F(ClipboardWatcherTest, TheSameTextIsTakenInOnceAlsoIfTheStoreCantHoldIt) {
 }
 
 TEST_F(ClipboardWatcherTest, TakesInBothWhereATextReplacesAnotherMeanwhile) {
-    settings.SetPreference("ClipboardText", u"1");
+    settings.Set(Setting::Accumulate, u"1");
     watcher.Start();
     clipboard.SetText(u"Џ");
     timers.Tick();

@@ -85,7 +85,7 @@ TEST_F(RecodingJobTest, IgnoresASecondStartWhileItWalks) {
     window.decoding.atStep = [&] {
         window.decoding.atStep = {};
         test.program.Dispatch("MENU:DECODE:WIN:WK");
-        test.Set("DefaultCode", u"7");
+        test.Set(Setting::DefaultCode, u"7");
         test.program.Dispatch("TOOLBAR2:START");
     };
     RecodeFromDos();
@@ -108,32 +108,32 @@ TEST_F(RecodingJobTest, ReportsAnEmptyDocumentAndOneOverTheLimit) {
 
 TEST_F(RecodingJobTest, StartsByTheStoredDirectionOnlyIfItIsANumberOfOne) {
     for (const auto* wrong : {u"", u"20", u"-1", u"01", u" 0", u"x"}) {
-        test.Set("DefaultCode", wrong);
+        test.Set(Setting::DefaultCode, wrong);
         window.document.SetText(kDosHello);
         test.program.Dispatch("TOOLBAR2:START");
         EXPECT_EQ(window.document.Text(), kDosHello);
     }
-    test.Set("DefaultCode", u"0");
+    test.Set(Setting::DefaultCode, u"0");
     test.program.Dispatch("TOOLBAR2:START");
     EXPECT_EQ(window.document.Text(), u"Привет");
 }
 
 TEST_F(RecodingJobTest, AChosenDirectionRunsAtOnceOnlyWhereThatIsAskedFor) {
-    test.Set("DefaultCode", u"4");
+    test.Set(Setting::DefaultCode, u"4");
     window.direction = 0;
     window.document.SetText(kDosHello);
     test.program.OnDirectionChange();
     EXPECT_EQ(window.document.Text(), kDosHello);
 
-    test.Set("DecodeAtCodeChange", u"1");
+    test.Set(Setting::DecodeAtCodeChange, u"1");
     test.program.OnDirectionChange();
     EXPECT_EQ(window.document.Text(), u"Привет");
-    EXPECT_EQ(test.settings.Preference("DefaultCode"), u"0");
+    EXPECT_EQ(test.settings.Text(Setting::DefaultCode), u"0");
 
     window.document.SetText(u"");
     window.direction = 5;
     test.program.OnDirectionChange();
-    EXPECT_EQ(test.settings.Preference("DefaultCode"), u"0");
+    EXPECT_EQ(test.settings.Text(Setting::DefaultCode), u"0");
 }
 
 TEST_F(RecodingJobTest, ClosingDuringTheWalkStopsItFirst) {

@@ -9,42 +9,31 @@ namespace quillshift {
 namespace {
 
 constexpr Hive kHive = Hive::CurrentUser;
-using settings_path::kDialogs;
-using settings_path::kPreferences;
+constexpr std::string_view kPath = "Path";
 
 TEST(SettingsStore, KeepsTypesApart) {
     FakeSettings backend;
     SettingsStore store(backend);
-    store.WriteDword(kHive, kDialogs, "Splash", -2);
-    EXPECT_EQ(backend.Read(kDialogs, "Splash")->data, std::string("\xFE\xFF\xFF\xFF"));
-    EXPECT_EQ(store.ReadDword(kHive, kDialogs, "splash"), -2);
-    EXPECT_EQ(store.ReadString(kHive, kDialogs, "Splash"), std::nullopt);
+    store.WriteDword(kHive, kPath, "Splash", -2);
+    EXPECT_EQ(backend.Read(kPath, "Splash")->data, std::string("\xFE\xFF\xFF\xFF"));
+    EXPECT_EQ(store.ReadDword(kHive, kPath, "splash"), -2);
+    EXPECT_EQ(store.ReadString(kHive, kPath, "Splash"), std::nullopt);
 
-    store.WriteString(kHive, kDialogs, "Text", u"1111");
-    EXPECT_EQ(store.ReadDword(kHive, kDialogs, "Text"), 0);
-    EXPECT_EQ(store.ReadDword(kHive, kDialogs, "Nowhere"), 0);
-    backend.Write(kDialogs, "Short", {ValueType::Number, "\x01\x01\x01"});
-    EXPECT_EQ(store.ReadDword(kHive, kDialogs, "Short"), 0);
+    store.WriteString(kHive, kPath, "Text", u"1111");
+    EXPECT_EQ(store.ReadDword(kHive, kPath, "Text"), 0);
+    EXPECT_EQ(store.ReadDword(kHive, kPath, "Nowhere"), 0);
+    backend.Write(kPath, "Short", {ValueType::Number, "\x01\x01\x01"});
+    EXPECT_EQ(store.ReadDword(kHive, kPath, "Short"), 0);
 }
 
 TEST(SettingsStore, TextsAreStoredAsWindows1251) {
     FakeSettings backend;
     SettingsStore store(backend);
-    store.SetPreference("TextExample", u"Ёж, \u4E2D");
-    EXPECT_EQ(backend.Read(kPreferences, "TextExample")->data, "\xA8\xE6, ?");
-    EXPECT_EQ(store.Preference("TextExample"), u"Ёж, ?");
-    backend.Write(kPreferences, "Cut", {ValueType::Text, std::string("ab\0cd", 5)});
-    EXPECT_EQ(store.Preference("Cut"), u"ab");
-}
-
-TEST(SettingsStore, AbsentEqualsOnlyTheEmptyText) {
-    FakeSettings backend;
-    SettingsStore store(backend);
-    EXPECT_EQ(store.ReadString(kHive, kPreferences, "User"), std::nullopt);
-    EXPECT_TRUE(store.PreferenceIs("User", u""));
-    EXPECT_FALSE(store.PreferenceIs("User", u"0"));
-    store.SetPreference("User", u"");
-    EXPECT_EQ(store.ReadString(kHive, kPreferences, "User"), u"");
+    store.WriteString(kHive, kPath, "TextExample", u"Ёж, \u4E2D");
+    EXPECT_EQ(backend.Read(kPath, "TextExample")->data, "\xA8\xE6, ?");
+    EXPECT_EQ(store.ReadString(kHive, kPath, "TextExample"), u"Ёж, ?");
+    backend.Write(kPath, "Cut", {ValueType::Text, std::string("ab\0cd", 5)});
+    EXPECT_EQ(store.ReadString(kHive, kPath, "Cut"), u"ab");
 }
 
 TEST(SettingsStore, NumbersInTexts) {

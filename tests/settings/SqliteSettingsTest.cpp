@@ -225,7 +225,7 @@ TEST_F(SqliteSettingsTest, AReadOnlyStoreIsReadAndNotWritten) {
 TEST_F(SqliteSettingsTest, SetUpValuesAreReadableWithTheCommandLineTool) {
     SqliteSettings settings(file_);
     EXPECT_TRUE(settings.SetUp([](SettingsBackend& backend) {
-        SettingsStore store(backend);
+        Settings store(backend);
         WriteFirstValues(store, {u"/opt", u"", {}});
     }));
     settings.Write("P", "a", kOne); // the running program does not keep others out

@@ -21,7 +21,7 @@ TEST(Main, AnEmptyStoreGoesStraightToACentredWindowWithoutBars) {
 
 TEST(Main, TakesTheClipboardInAndReportsWhatFailsOnTheWay) {
     TestProgram test;
-    test.Set("StartAtStartup", u"1").Set("DefaultCode", u"0");
+    test.Set(Setting::StartAtStartup, u"1").Set(Setting::DefaultCode, u"0");
     test.clipboard.text = std::u16string(40000, u'x');
     test.program.Main();
     EXPECT_EQ(test.LastBox(), u"Произошла ошибка № 6\r\nOverflow");
@@ -30,8 +30,10 @@ TEST(Main, TakesTheClipboardInAndReportsWhatFailsOnTheWay) {
 
 TEST(Load, RestoresThePlaceAndBringsALostWindowBackIntoReach) {
     TestProgram test;
-    test.Set("SaveWindowPositionAndSize", u"1").Set("MainLeft", u"150").Set("MainTop", u"300.5");
-    test.Set("MainHeight", u"6000").Set("MainWidth", u"9000").Set("WindowState", u"2");
+    test.Set(Setting::SaveWindowPositionAndSize, u"1")
+        .Set(Setting::MainLeft, u"150")
+        .Set(Setting::MainTop, u"300.5");
+    test.Set(Setting::MainHeight, u"6000").Set(Setting::MainWidth, u"9000").Set(Setting::WindowState, u"2");
     const FakeMainView& window = test.Start();
     EXPECT_EQ(window.bounds, (TwipsRect{150_twips, {300.5F}, 9000_twips, 6000_twips}));
     EXPECT_EQ(window.state, WindowState::Maximised);
@@ -42,8 +44,10 @@ TEST(Load, RestoresThePlaceAndBringsALostWindowBackIntoReach) {
 
 TEST(Closing, AsksThenCleansUpThenAsksAgain) {
     TestProgram test;
-    test.Set("SaveChange", u"1").Set("ClearClipboard", u"1").Set("MessageOnExit", u"1");
-    test.Set("SaveWindowPositionAndSize", u"1").Set("MainLeft", u"0").Set("MainWidth", u"9000");
+    test.Set(Setting::SaveChange, u"1").Set(Setting::ClearClipboard, u"1").Set(Setting::MessageOnExit, u"1");
+    test.Set(Setting::SaveWindowPositionAndSize, u"1")
+        .Set(Setting::MainLeft, u"0")
+        .Set(Setting::MainWidth, u"9000");
     FakeMainView& window = test.Start();
     window.document.SetText(u"x");
     test.clipboard.text = u"kept";
@@ -56,9 +60,9 @@ TEST(Closing, AsksThenCleansUpThenAsksAgain) {
     test.messageBox.answers = {BoxAnswer::No, BoxAnswer::No};
     EXPECT_FALSE(test.program.OnClose());
     EXPECT_EQ(test.clipboard.text, u"");
-    EXPECT_EQ(test.settings.Preference("MainLeft"), u"1500.5");
-    EXPECT_EQ(test.settings.Preference("WindowState"), u"") << "a minimised window stores no state";
-    EXPECT_EQ(test.settings.ReadString(Hive::CurrentUser, settings_path::kClipboard, "ClipboardText"), u"");
+    EXPECT_EQ(test.settings.Text(Setting::MainLeft), u"1500.5");
+    EXPECT_EQ(test.settings.Text(Setting::WindowState), u"") << "a minimised window stores no state";
+    EXPECT_EQ(test.settings.Find(Setting::ClipboardText), u"");
     EXPECT_FALSE(test.shell.ended);
 
     test.messageBox.answers = {BoxAnswer::No, BoxAnswer::Yes};

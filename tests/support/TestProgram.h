@@ -8,7 +8,7 @@ namespace quillshift {
 
 /// A whole program over fakes: set what the store holds, then `Start`.
 struct TestProgram : FakePlatform {
-    SettingsStore settings{store};
+    Settings settings{store};
     FakeMainView* window = nullptr; ///< from the first show on
     Program program{platform, [this] {
                         auto view = std::make_unique<FakeMainView>();
@@ -16,8 +16,8 @@ struct TestProgram : FakePlatform {
                         return view;
                     }};
 
-    TestProgram& Set(std::string_view name, std::u16string_view text) {
-        settings.SetPreference(name, text);
+    TestProgram& Set(Setting setting, std::u16string_view text) {
+        settings.Set(setting, text);
         return *this;
     }
     FakeMainView& Start() {

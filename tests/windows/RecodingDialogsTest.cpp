@@ -17,15 +17,14 @@ namespace {
 
 struct RecodingDialogs : testing::Test {
     FakePlatform fakes;
-    SettingsStore settings{fakes.store};
+    Settings settings{fakes.store};
     SoundEvents sounds{settings, fakes.sound};
 
     void SwitchSoundsOn() {
         for (const SoundEvent& event : {sound_event::kButtonMouseMove, sound_event::kButtonMouseClick,
                                         sound_event::kFormLoad, sound_event::kFormUnload}) {
-            settings.WriteString(Hive::CurrentUser, settings_path::kSounds, event.switchName, u"1");
-            settings.WriteString(Hive::CurrentUser, settings_path::kSounds, event.pathName,
-                                 event.defaultFile);
+            settings.Switch(event.on, true);
+            settings.Set(event.path, event.defaultFile);
         }
     }
 };
