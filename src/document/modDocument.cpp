@@ -96,15 +96,27 @@ void modDocument::SetUpDialog(std::u16string_view title) {
 void modDocument::OpenDocument() {
     Report([this] {
         SetUpDialog(u"Открытие документа");
-        if (!services_.platform.fileDialog.ShowOpen())
-            return;
-        const bool plain = LoadBoth();
-        services_.state.ReopenAvailable = true;
-        PointSaveAtOpenedFile(plain);
-        ApplyCaptionRule();
-        if (services_.settings.Is(Setting::StartAtOpen))
-            services_.startDecode();
+        if (services_.platform.fileDialog.ShowOpen())
+            LoadChosen();
     });
+}
+
+void modDocument::OpenFile(std::u16string_view path) {
+    services_.sounds.PlaySoundEvent(sound_event::kFormLoad);
+    if (!MayDropText())
+        return;
+    services_.platform.fileDialog.FileName = path;
+    services_.platform.fileDialog.FileTitle = path.substr(path.rfind(u'/') + 1);
+    Report([this] { LoadChosen(); });
+}
+
+void modDocument::LoadChosen() {
+    const bool plain = LoadBoth();
+    services_.state.ReopenAvailable = true;
+    PointSaveAtOpenedFile(plain);
+    ApplyCaptionRule();
+    if (services_.settings.Is(Setting::StartAtOpen))
+        services_.startDecode();
 }
 
 void modDocument::ReopenDocument() {

@@ -42,6 +42,8 @@ public:
     // The routines behind them. Each reports its own failures; the saves answer whether a file was written.
 
     void OpenDocument();
+    /// Opens a file as the command does, without its dialog.
+    void OpenFile(std::u16string_view path);
     void ReopenDocument();
     bool SaveDocumentAs();
     bool SaveDocument();
@@ -54,6 +56,7 @@ private:
 
     bool MayDropText();
     void Report(const std::function<void()>& routine);
+    void LoadChosen();
     bool LoadBoth();
     void PointSaveAtOpenedFile(bool plain);
     bool ImportRtfFile(std::u16string_view filter, std::u16string_view extension, std::u16string_view title);

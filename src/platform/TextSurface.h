@@ -84,6 +84,9 @@ public:
     std::function<void()> OnKeyDown;                    ///< a key went down, also by auto-repeat
     std::function<void()> OnKeyPress;                   ///< a key gave a character
     std::function<void(Point screen)> OnRightMouseDown; ///< the right button went down there
+    /// A file was dropped, the first of them if there were several. Raised only once the drop is over, so that
+    /// the program it came from waits for no answer given here.
+    std::function<void(std::u16string_view path)> OnFileDrop;
 };
 
 } // namespace quillshift

@@ -174,6 +174,7 @@ void Program::ConnectSurface() {
         timerEdit_->StartOnce();
     };
     surface.OnRightMouseDown = [this](Point screen) { main_->ShowEditMenu(screen); };
+    surface.OnFileDrop = [this](std::u16string_view path) { modDocument_->OpenFile(path); };
     surface.OnKeyDown = [this] { sounds_.PlaySoundEvent(sound_event::kKeyDown); };
 }
 

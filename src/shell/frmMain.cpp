@@ -56,6 +56,7 @@ frmMain::frmMain(Program& program, const MainWindowServices& services)
     shapeRichTextBox_->move(ToPixels(60_twips), ToPixels(60_twips));
     richTextBox_->move(ToPixels(90_twips), ToPixels(90_twips));
     richTextBox_->setFocus();
+    richTextBox_->TakeFilesDroppedOn(*this);
     for (int number = 0; number < kDirections; ++number)
         cmbDecode_->addItem(ToQString(DirectionName(DirectionOf(number))));
     cmbDecode_->setFont(QFont(QStringLiteral("Tahoma"), 8));

@@ -59,6 +59,26 @@ TEST_F(modDocumentTest, AsksBeforeAChangedTextIsDropped) {
     EXPECT_FALSE(test.program.Document().DocumentModified) << "an empty new document is not a changed one";
 }
 
+TEST_F(modDocumentTest, ADroppedFileIsOpenedAsByTheCommand) {
+    test.Set(Setting::SaveChange, u"1").Set(Setting::ShowInCaption, u"1");
+    test.Set(Setting::FormLoad, u"1").Set(Setting::FormLoadPath, u"/open.wav");
+    test.files.files[u"/d/a.txt"] = "a";
+    window.document.SetText(u"x");
+    window.document.OnFileDrop(u"/d/a.txt"); // Escape
+    EXPECT_EQ(window.document.Text(), u"x");
+    test.messageBox.answers = {BoxAnswer::No};
+    window.document.OnFileDrop(u"/d/a.txt");
+    EXPECT_EQ(window.document.Text(), u"a");
+    EXPECT_EQ(window.backup.Text(), u"a");
+    EXPECT_EQ(window.title, u"Morvane Quillshift 3.0 Preview - [a.txt]");
+    EXPECT_TRUE(test.program.Document().ReopenAvailable);
+    EXPECT_EQ(test.sound.played, std::vector(2, std::u16string(u"/open.wav")));
+    test.messageBox.answers = {BoxAnswer::No};
+    window.document.OnFileDrop(u"/d/none.txt");
+    EXPECT_EQ(test.LastBox(), u"Произошла ошибка № 53\r\nФайл не найден");
+    EXPECT_EQ(window.document.Text(), u"a");
+}
+
 TEST_F(modDocumentTest, PlainSaveIsOfferedOnlyAfterSaveAs) {
     window.document.SetText(u"one");
     test.fileDialog.chosen = {u"/d/one.txt"};

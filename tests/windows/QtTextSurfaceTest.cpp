@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractTextDocumentLayout>
+#include <QApplication>
+#include <QMimeData>
 #include <QTest>
 #include <QTextBlock>
 
@@ -210,6 +212,47 @@ TEST_F(QtTextSurfaceTest, ALongWordIsLaidOutAsAnyOther) {
     EXPECT_TRUE(hasModelsLayout());
     surface.SetSelText(std::u16string(5000, u'w'));
     EXPECT_FALSE(hasModelsLayout());
+}
+
+TEST_F(QtTextSurfaceTest, HandsDroppedFilesOnAndTakesDroppedText) {
+    QWidget window;
+    surface.setParent(&window);
+    surface.TakeFilesDroppedOn(window);
+    std::u16string opened;
+    surface.OnFileDrop = [&](std::u16string_view path) { opened += path; };
+    const QString file = QStringLiteral("file:///d/%D1%8F%201.txt");
+    struct Drop {
+        QWidget& target;
+        QStringList urls;
+        QString text;
+        std::u16string_view opens, leaves;
+        bool taken;
+    };
+    for (const Drop& drop :
+         {Drop{*surface.viewport(), {file, "file:///d/2.txt"}, file, u"/d/я 1.txt", u"x", true},
+          Drop{window, {file}, file, u"/d/я 1.txt", u"x", true},
+          Drop{*surface.viewport(), {"https://a.example/"}, "link", u"", u"linkx", true},
+          Drop{*surface.viewport(), {}, "two\nlines", u"", u"two\r\nlinesx", true},
+          Drop{window, {}, "text", u"", u"x", false}}) {
+        surface.SetText(u"x");
+        opened.clear();
+        QMimeData data;
+        data.setText(drop.text);
+        data.setUrls(QUrl::fromStringList(drop.urls));
+        QDragEnterEvent enter({1, 1}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&drop.target, &enter);
+        EXPECT_EQ(enter.isAccepted(), drop.taken) << drop.text.toStdString();
+        QDropEvent event({1, 1}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        event.setDropAction(Qt::MoveAction);
+        QApplication::sendEvent(&drop.target, &event);
+        EXPECT_EQ(event.isAccepted(), drop.taken);
+        EXPECT_TRUE(drop.opens.empty() || event.dropAction() == Qt::CopyAction) << "the giver keeps its file";
+        EXPECT_EQ(opened, u"") << "nobody waits for the program to answer";
+        QApplication::processEvents();
+        EXPECT_EQ(opened, drop.opens);
+        EXPECT_EQ(surface.Text(), drop.leaves);
+    }
+    surface.setParent(nullptr);
 }
 
 TEST_F(QtTextSurfaceTest, LeavesClipboardAndUndoKeysToTheProgram) {

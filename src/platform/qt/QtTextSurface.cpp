@@ -4,6 +4,8 @@
 #include "platform/qt/QtText.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
@@ -11,6 +13,7 @@
 #include <QTextDocument>
 #include <QTextDocumentFragment>
 #include <QTextLayout>
+#include <QUrl>
 
 #include <algorithm>
 #include <utility>
@@ -58,6 +61,14 @@ bool PutsTextIn(const QKeyEvent& event) {
         return false;
     return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter || event.key() == Qt::Key_Tab ||
            (!event.text().isEmpty() && event.text().front().isPrint());
+}
+
+// The first file among what is dragged or copied; empty if there is none.
+QString FileIn(const QMimeData& data) {
+    for (const QUrl& url : data.urls())
+        if (url.isLocalFile())
+            return url.toLocalFile();
+    return {};
 }
 
 QTextCharFormat ToQt(const CharacterFormat& from) {
@@ -270,6 +281,14 @@ void QtTextSurface::SetSelLength(std::size_t length) {
     cursor.setPosition(DocumentPosition(start + std::min(length, mirror_.size() - start)),
                        QTextCursor::KeepAnchor);
     setTextCursor(cursor);
+    OfferSelection();
+}
+
+// For the middle button, as the widget itself does with what is selected by mouse or key.
+void QtTextSurface::OfferSelection() const {
+    QClipboard* const clipboard = QGuiApplication::clipboard();
+    if (hasFocus() && textCursor().hasSelection() && clipboard->supportsSelection())
+        clipboard->setMimeData(createMimeDataFromSelection(), QClipboard::Selection);
 }
 
 std::u16string QtTextSurface::SelText() const {
@@ -411,12 +430,55 @@ void QtTextSurface::inputMethodEvent(QInputMethodEvent* event) {
     QTextEdit::inputMethodEvent(event);
 }
 
+void QtTextSurface::TakeFilesDroppedOn(QWidget& window) {
+    window.setAcceptDrops(true);
+    window.installEventFilter(this);
+}
+
+bool QtTextSurface::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop: {
+        auto& drop = static_cast<QDropEvent&>(*event);
+        drop.ignore();
+        if (event->type() == QEvent::Drop)
+            TakeFile(drop);
+        else if (!FileIn(*drop.mimeData()).isEmpty())
+            drop.accept();
+        return true;
+    }
+    default:
+        return QTextEdit::eventFilter(watched, event);
+    }
+}
+
+bool QtTextSurface::TakeFile(QDropEvent& event) {
+    const QString path = FileIn(*event.mimeData());
+    if (path.isEmpty())
+        return false;
+    event.setDropAction(Qt::CopyAction); // a file that is to be moved would be deleted by its giver
+    event.accept();
+    QMetaObject::invokeMethod(
+        this,
+        [this, path] {
+            if (OnFileDrop)
+                OnFileDrop(ViewOf(path));
+        },
+        Qt::QueuedConnection);
+    return true;
+}
+
 void QtTextSurface::dropEvent(QDropEvent* event) {
+    QDragLeaveEvent over; // the widget's part of a drop: it no longer shows where the text would go
+    if (TakeFile(*event)) {
+        dragLeaveEvent(&over);
+        return;
+    }
     if (event->source() != viewport() || event->dropAction() != Qt::MoveAction) {
         QTextEdit::dropEvent(event);
         return;
     }
-    QDragLeaveEvent over; // the widget's part of a drop: it no longer shows where the text would go
     dragLeaveEvent(&over);
     event->accept();
     const QTextCursor selection = textCursor();
@@ -439,6 +501,10 @@ QMimeData* QtTextSurface::createMimeDataFromSelection() const {
     auto* copy = new QMimeData;
     copy->setText(WithLineFeeds(SelText()));
     return copy;
+}
+
+bool QtTextSurface::canInsertFromMimeData(const QMimeData* source) const {
+    return source->hasText() || !FileIn(*source).isEmpty();
 }
 
 void QtTextSurface::insertFromMimeData(const QMimeData* source) {

@@ -16,6 +16,8 @@ class QtTextSurface final : public QTextEdit, public TextSurface {
 
 public:
     explicit QtTextSurface(QWidget* parent = nullptr);
+    /// Takes files dropped anywhere on a window, as those dropped on the surface itself.
+    void TakeFilesDroppedOn(QWidget& window);
 
     std::u16string_view Text() const override { return mirror_; }
     void SetText(std::u16string_view text) override;
@@ -50,7 +52,9 @@ protected:
     void inputMethodEvent(QInputMethodEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     QMimeData* createMimeDataFromSelection() const override;
+    bool canInsertFromMimeData(const QMimeData* source) const override;
     void insertFromMimeData(const QMimeData* source) override;
 
 private:
@@ -69,6 +73,8 @@ private:
     void LayOutFor(std::u16string_view text);
     void MirrorChange(int from, int removed, int added);
     void NoteSelection();
+    void OfferSelection() const;
+    bool TakeFile(QDropEvent& event);
     void RaiseChange();
 
     std::u16string mirror_;
