@@ -2,20 +2,15 @@
 
 #include "platform/qt/QtText.h"
 
-#include <QGuiApplication>
 #include <QLinearGradient>
 #include <QPaintDevice>
-#include <QScreen>
 #include <QTransform>
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 
 namespace quillshift {
 namespace {
-
-constexpr int kPointsPerInch = 72;
 
 QRect ToQRect(const Rect& rect) {
     return {rect.left, rect.top, rect.Width(), rect.Height()};
@@ -41,18 +36,6 @@ int AlignFlag(TextLayout::Align align) {
     return Qt::AlignLeft | Qt::AlignAbsolute;
 }
 
-double DotsPerInch() {
-    const QScreen* screen = QGuiApplication::primaryScreen();
-    return screen != nullptr ? screen->logicalDotsPerInchY() : 96;
-}
-
-QFont MakeFont(const FontSpec& spec, double dpi) {
-    QFont font(ToQString(spec.name));
-    font.setPixelSize(std::max(1, static_cast<int>(std::lround(spec.points * dpi / kPointsPerInch))));
-    font.setBold(spec.bold);
-    return font;
-}
-
 // Puts back the painter's transformation.
 class KeptTransform {
 public:
@@ -74,17 +57,8 @@ bool IsWholeMultiple(double target, int source) {
 } // namespace
 
 Size QtTextMeasurer::TextExtent(std::u16string_view text, const FontSpec& font, bool mnemonics) const {
-    const QSize size = Find(font).metrics.size(TextFlags(mnemonics), ToQString(text));
+    const QSize size = fonts_.Find(font).metrics.size(TextFlags(mnemonics), ToQString(text));
     return {size.width(), size.height()};
-}
-
-const QtTextMeasurer::Known& QtTextMeasurer::Find(const FontSpec& font) const {
-    const double dpi = DotsPerInch();
-    for (const Known& known : known_)
-        if (known.spec == font && known.dpi == dpi)
-            return known;
-    const QFont made = MakeFont(font, dpi);
-    return known_.emplace_back(Known{font, dpi, made, QFontMetrics(made)});
 }
 
 QtSurface::QtSurface(QPainter& painter, const QtTextMeasurer& texts) : painter_(painter), texts_(texts) {

@@ -1,13 +1,11 @@
 #pragma once
 
 #include "platform/Surface.h"
+#include "platform/qt/cFontCache.h"
 
-#include <QFont>
-#include <QFontMetrics>
 #include <QImage>
 #include <QPainter>
 
-#include <deque>
 #include <functional>
 
 namespace quillshift {
@@ -16,19 +14,10 @@ namespace quillshift {
 class QtTextMeasurer final : public TextMeasurer {
 public:
     Size TextExtent(std::u16string_view text, const FontSpec& font, bool mnemonics = true) const override;
-    /// The font in whole pixels, so that text is as large on every device as it was measured.
-    const QFont& FontOf(const FontSpec& font) const { return Find(font).font; }
+    const QFont& FontOf(const FontSpec& font) const { return fonts_.Find(font).font; }
 
 private:
-    struct Known {
-        FontSpec spec;
-        double dpi;
-        QFont font;
-        QFontMetrics metrics;
-    };
-    const Known& Find(const FontSpec& font) const;
-
-    mutable std::deque<Known> known_; // its elements stay where they are
+    mutable cFontCache fonts_;
 };
 
 /// Draws with a painter, on an image or a widget. Logical pixels are the painter's, and each covers a whole
