@@ -123,14 +123,15 @@ BarView qsCommandBar::View() const {
     const bool across =
         place_.direction == PopupDirection::Below || place_.direction == PopupDirection::Above;
     const int origin = across ? place_.rect.left : place_.rect.top;
-    return {.mode = Mode(),
+    return {.window = Window(),
+            .mode = Mode(),
             .orientation = orientation_,
             .textPosition = textPosition_,
             .rightToLeft = window_.RightToLeft(),
             .keyboardMode = bars_.Menu().KeyboardMode,
             .client = window_.ClientSize(),
             .parentClient = window_.ParentClient(),
-            .background = background_.View(),
+            .background = background_.hDib(),
             .gap = {place_.direction, place_.anchorPosition - origin, place_.anchorSize},
             .font = font_,
             .icons = Icons(),

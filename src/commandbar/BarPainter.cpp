@@ -24,7 +24,8 @@ void Tile(Surface& surface, const PixelView& picture, const Rect& part) {
 
 cDrawButtonParams DrawParamsOf(const BarView& bar, std::size_t index) {
     const cDisplayButtonInfo& item = bar.items[index];
-    return {.Font = bar.font,
+    return {.Window = bar.window,
+            .Font = bar.font,
             .Left = item.Left,
             .Top = item.Top,
             .Height = item.Bottom - item.Top,
@@ -82,14 +83,7 @@ void BarPainter::PaintBarBackground(Surface& surface, const BarView& bar, const 
 
 // Several bars in one window show parts of one gradient.
 void BarPainter::PaintSharedBackground(Surface& surface, const BarView& bar) const {
-    std::optional<Colour> start = colours_.Of(Slot::BarFillEnd);
-    std::optional<Colour> end = colours_.Of(Slot::BarFillStart);
-    if (colours_.Style() == BarStyle::System) {
-        const Colour face = colours_.Of(SystemColour::ButtonFace);
-        start = end = face;
-        if (colours_.HighColour())
-            start = Blend(colours_.Of(SystemColour::Highlight3D), face, 192);
-    }
+    const auto [start, end] = colours_.SharedGround();
     Fill(surface, bar.parentClient, start, end, FillDirection::Across, colours_.Flags());
 }
 

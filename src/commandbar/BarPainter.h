@@ -17,6 +17,7 @@ struct PopupGap {
 
 /// A bar to be painted. Lengths in client pixels; nothing is owned.
 struct BarView {
+    WindowId window = 0;
     DisplayMode mode = DisplayMode::Toolbar;
     quillshift::Orientation orientation = quillshift::Orientation::Top;
     TextPosition textPosition = TextPosition::BesideIcon;

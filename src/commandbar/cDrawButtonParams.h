@@ -7,6 +7,7 @@ namespace quillshift {
 
 /// What the painting of an item depends on, besides its button. Lengths in client pixels.
 struct cDrawButtonParams {
+    WindowId Window = 0;
     FontSpec Font;
     int Left = 0;
     int Top = 0;

@@ -2,6 +2,7 @@
 
 #include "base/Geometry.h"
 #include "commandbar/BarTypes.h"
+#include "commandbar/cDrawButtonParams.h"
 #include "platform/Surface.h"
 
 #include <cstddef>
@@ -21,6 +22,22 @@ struct cMeasureButtonParams {
     quillshift::Orientation Orientation = quillshift::Orientation::Top;
     TextPosition ButtonTextPosition = TextPosition::BesideIcon;
     int Width = 0;
+
+    /// What an item that is painted so was measured under; the client's width isn't told there and stays.
+    void FromDrawButtonParams(const cDrawButtonParams& item) {
+        const Size icon = IconSizeOf(item.Icons);
+        *this = {.Window = item.Window,
+                 .Font = item.Font,
+                 .IconWidth = icon.width,
+                 .IconHeight = icon.height,
+                 .Height = IsMenu(item.Mode) ? 0 : item.Height,
+                 .RightToLeft = item.RightToLeft,
+                 .Mode = item.Mode,
+                 .Orientation = item.Orientation,
+                 .ButtonTextPosition = item.ButtonTextPosition,
+                 .Width = Width};
+    }
+    void FromMeasureButtonParams(const cMeasureButtonParams& other) { *this = other; }
 
     /// Whether an item measures the same under both; the client's width plays no part in that.
     bool CompareTo(const cMeasureButtonParams& other) const {
@@ -45,7 +62,8 @@ public:
         // Dragging a window's edge gives a new height at each step: the oldest sizes make room.
         if (measured_.size() == kMost)
             measured_.erase(measured_.begin());
-        measured_.push_back({params, size});
+        measured_.emplace_back().params.FromMeasureButtonParams(params);
+        measured_.back().size = size;
     }
     void Clear() { measured_.clear(); }
 

@@ -54,7 +54,7 @@ void MainBars::ShowMenu(std::string_view barKey, Point screen) {
 
 void MainBars::LoadIcons(CatalogueIcons list) {
     const IconListSource source = IconsOf(list);
-    clsImageList& icons = icons_.emplace(list, host_.files).first->second;
+    clsImageList& icons = icons_.try_emplace(list, host_.files, bars_.Services().colours).first->second;
     icons.IconSizeX = icons.IconSizeY = source.size;
     icons.Density = host_.density;
     icons.Create();

@@ -16,7 +16,7 @@ namespace {
 constexpr int kMost = std::numeric_limits<int>::max();
 
 Pixel First(const DibSection& bitmap) {
-    return PixelOf(bitmap.View(), 0, 0);
+    return PixelOf(bitmap.hDib(), 0, 0);
 }
 
 TEST(Bitmap, CopiesTheBlockThatLiesInBoth) {
@@ -35,7 +35,7 @@ TEST(Bitmap, CopiesTheBlockThatLiesInBoth) {
         target.Create(3, 3);
         source.PaintPicture(target, c.x, c.y, c.width, c.height, c.sourceX, c.sourceY);
         for (int i = 0; i < 9; ++i)
-            EXPECT_EQ(PixelOf(target.View(), i % 3, i / 3)[0], c.expected[static_cast<std::size_t>(i)])
+            EXPECT_EQ(PixelOf(target.hDib(), i % 3, i / 3)[0], c.expected[static_cast<std::size_t>(i)])
                 << i << " at " << c.x;
     }
 }
@@ -73,35 +73,27 @@ TEST(Bitmap, ResamplesBetweenItsPixelsFromTheBottomUp) {
     const auto square =
         BitmapOf<pcDibSection>(2, {{200, 0, 0, 9}, {40, 0, 0, 9}, {0, 0, 0, 9}, {100, 0, 0, 9}});
     const pcDibSection large = square.Resample(4, 4); // a quarter of the way with each line and column
-    EXPECT_EQ(PixelOf(large.View(), 0, 3), (Pixel{0, 0, 0, 0}));
-    EXPECT_EQ(PixelOf(large.View(), 2, 1), (Pixel{85, 0, 0, 0})); // half of 100 and 70
-    EXPECT_EQ(PixelOf(large.View(), 3, 2), (Pixel{76, 0, 0, 0})); // 50 / 4 + 85 * 3 / 4
-    EXPECT_EQ(PixelOf(square.Resample(1, 1).View(), 0, 0), (Pixel{0, 0, 0, 0}));
-    EXPECT_EQ(PixelOf(square.Resample(2, 2).View(), 1, 0), (Pixel{40, 0, 0, 9})) << "a copy, alpha and all";
+    EXPECT_EQ(PixelOf(large.hDib(), 0, 3), (Pixel{0, 0, 0, 0}));
+    EXPECT_EQ(PixelOf(large.hDib(), 2, 1), (Pixel{85, 0, 0, 0})); // half of 100 and 70
+    EXPECT_EQ(PixelOf(large.hDib(), 3, 2), (Pixel{76, 0, 0, 0})); // 50 / 4 + 85 * 3 / 4
+    EXPECT_EQ(PixelOf(square.Resample(1, 1).hDib(), 0, 0), (Pixel{0, 0, 0, 0}));
+    EXPECT_EQ(PixelOf(square.Resample(2, 2).hDib(), 1, 0), (Pixel{40, 0, 0, 9})) << "a copy, alpha and all";
     const auto dot = BitmapOf<cAlphaDIBSection>(1, {{7, 8, 9, 10}});
-    EXPECT_EQ(PixelOf(dot.Resample(2, 3).View(), 2, 0), (Pixel{7, 8, 9, 0}));
+    EXPECT_EQ(PixelOf(dot.Resample(2, 3).hDib(), 2, 0), (Pixel{7, 8, 9, 0}));
     EXPECT_TRUE(dot.Resample(0, 3).IsEmpty());
 }
 
-TEST(Hls, ConvertsCornersOfTheColourSpaceAndBack) {
-    struct Case {
-        Colour colour;
-        float hue, luminance, saturation;
-    };
-    for (const Case& c : {Case{Rgb(255, 0, 0), 0, 0.5F, 1}, Case{Rgb(0, 255, 0), 2, 0.5F, 1},
-                          Case{Rgb(0, 0, 255), 4, 0.5F, 1}, Case{Rgb(255, 0, 255), -1, 0.5F, 1},
-                          Case{Rgb(255, 255, 255), 0, 1, 0}, Case{Rgb(0, 0, 0), 0, 0, 0},
-                          Case{Rgb(204, 204, 255), 4, 0.9F, 1}, Case{Rgb(51, 153, 51), 2, 0.4F, 0.5F}}) {
-        const Hls hls = ToHls(c.colour);
-        EXPECT_NEAR(hls.hue, c.hue, 1e-5);
-        EXPECT_NEAR(hls.luminance, c.luminance, 1e-5);
-        EXPECT_NEAR(hls.saturation, c.saturation, 1e-5);
-    }
+TEST(Hls, ConvertsEveryCornerOfTheColourSpaceAndBack) {
+    const Hls pale = ToHls(Rgb(204, 204, 255));
+    EXPECT_NEAR(pale.hue, 4, 1e-5);
+    EXPECT_NEAR(pale.luminance, 0.9, 1e-5);
+    EXPECT_NEAR(pale.saturation, 1, 1e-5);
+    EXPECT_EQ(ToHls(Rgb(255, 0, 255)).hue, -1);
+    const auto channel = [](int value) { return static_cast<std::uint8_t>(value); };
     for (int red = 0; red < 256; red += 15)
         for (int green = 0; green < 256; green += 15)
             for (int blue = 0; blue < 256; blue += 15) {
-                const Colour colour = Rgb(static_cast<std::uint8_t>(red), static_cast<std::uint8_t>(green),
-                                          static_cast<std::uint8_t>(blue));
+                const Colour colour = Rgb(channel(red), channel(green), channel(blue));
                 ASSERT_EQ(ToRgb(ToHls(colour)), colour) << red << ' ' << green << ' ' << blue;
             }
 }
@@ -123,6 +115,52 @@ TEST(AlphaBitmap, TakesOnHueAndLuminance) {
         bitmap.AdjustHLS(c.hue, c.luminance, c.saturation);
         EXPECT_EQ(First(bitmap), c.expected) << c.hue << ' ' << c.luminance;
     }
+}
+
+TEST(Bitmap, DrawnAsAPictureKnowsNoRasterOperation) {
+    auto source = BitmapOf<pcDibSection>(1, {{12, 12, 12, 12}});
+    for (const bool drawn : {false, true}) {
+        auto target = BitmapOf<pcDibSection>(1, {{10, 10, 10, 10}});
+        source.SetUseDrawDib(drawn);
+        source.PaintPicture(target, 0, 0, -1, -1, 0, 0, RasterOperation::Xor);
+        EXPECT_EQ(First(target)[0], drawn ? 12 : 6);
+    }
+    EXPECT_TRUE(source.Create(2, 2));
+    EXPECT_TRUE(source.UseDrawDib()) << "for the new picture, too";
+    EXPECT_EQ(source.hdc(), &source);
+    source.ClearUp();
+    EXPECT_FALSE(source.UseDrawDib());
+    EXPECT_EQ(source.hdc(), nullptr);
+    EXPECT_EQ(source.hDib().bits, nullptr);
+    EXPECT_EQ(source.Width(), 2) << "the size of what was there stays";
+}
+
+TEST(Bitmap, MakesPixelsThatTheCallerOwns) {
+    pcDibSection bitmap;
+    BitmapPicture dib;
+    EXPECT_TRUE(bitmap.CreateDIB(3, 2, dib));
+    EXPECT_EQ(dib.bits, std::vector<std::uint8_t>(24));
+    EXPECT_EQ(bitmap.BytesPerScanLine(), 12);
+    EXPECT_TRUE(bitmap.IsEmpty());
+    EXPECT_FALSE(bitmap.CreateDIB(0, 2, dib));
+    EXPECT_FALSE(bitmap.CreateDIB(kMost, 2, dib));
+}
+
+TEST(ProgressBitmap, BlendsASourceOverADestination) {
+    auto target = BitmapOf<pcDibSection>(2, {{100, 0, 40, 9}, {100, 0, 40, 9}});
+    const auto source = BitmapOf<pcDibSection>(1, {{200, 50, 40, 1}, {0, 0, 0, 1}});
+    pcDibSection::CodeAlphaBlend(target, source, 1, 0, -1, -1, 64); // about a quarter of the source
+    EXPECT_EQ(First(target), (Pixel{100, 0, 40, 9}));
+    EXPECT_EQ(PixelOf(target.hDib(), 1, 0), (Pixel{125, 13, 40, 9}));
+    pcDibSection::CodeAlphaBlend(target, source, 0, 0, 0, 1, 255);
+    EXPECT_EQ(First(target), (Pixel{100, 0, 40, 9})) << "no width, no change";
+    pcMemDC memory;
+    target.PaintPicture(memory.hdc(2, 1), 0, 0);
+    EXPECT_EQ(&memory.hdc(1, 1), &memory.hdc(2, 1)) << "grows on demand, and never shrinks";
+    pcDibSection copy;
+    copy.Create(2, 1);
+    memory.Draw(copy, 1, 0);
+    EXPECT_EQ(First(copy), (Pixel{125, 13, 40, 9}));
 }
 
 TEST(ProgressBitmap, ScalesItsColoursAndStopsAtWhite) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Utf8.h"
 #include "platform/Surface.h"
 #include "platform/SystemColours.h"
 
@@ -35,14 +36,14 @@ public:
                   const TextLayout& layout) override {
         constexpr const char* kAligns[] = {" left", " centre", " right"};
         Note("text " + Text(area) + Text(colour) + kAligns[static_cast<int>(layout.align)] +
-             (layout.rotated ? " rotated " : " ") + std::string(text.begin(), text.end()));
+             (layout.rotated ? " rotated" : "") + (layout.mnemonics ? " " : " literally ") + ToUtf8(text));
     }
-    void Composite(const Rect& target, const PixelView&, const Rect&, std::uint8_t) override {
-        Note("composite " + Text(target));
+    void Composite(const Rect& target, const PixelView&, const Rect& part, std::uint8_t) override {
+        Note("composite " + Text(target) + " of " + Text(part));
     }
     void SetClip(const Rect& area) override { Note("clip " + Text(area)); }
     void ClearClip() override { Note("unclip"); }
-    double Density() const override { return 1; }
+    double Density() const override { return density; }
 
     void Note(std::string line) { drawn.push_back(std::move(line)); }
     static std::string Text(const Rect& area) {
@@ -59,6 +60,7 @@ public:
         return text;
     }
 
+    double density = 1;
     std::vector<std::string> drawn;
 };
 

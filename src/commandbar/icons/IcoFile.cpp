@@ -147,7 +147,7 @@ cAlphaDIBSection ScaledIcon(const cAlphaDIBSection& image, Size size) {
     const std::vector<Share> columns = Shares(image.Width(), size.width);
     std::size_t number = 0;
     result.ForEachPixel([&](std::uint8_t* pixel) {
-        Average(image.View(), lines[number / columns.size()], columns[number % columns.size()], pixel);
+        Average(image.hDib(), lines[number / columns.size()], columns[number % columns.size()], pixel);
         ++number;
     });
     return result;

@@ -39,7 +39,7 @@ int CutDown(int wanted, int full) {
 } // namespace
 
 void cCommandBarImageList::DrawStrip(Surface& surface, int x, int y) const {
-    surface.Composite(RectAt(x, y, capacity_ * size_.width, size_.height), strip_.View(),
+    surface.Composite(RectAt(x, y, capacity_ * size_.width, size_.height), strip_.hDib(),
                       RectAt(0, 0, strip_.Width(), strip_.Height()));
 }
 
@@ -74,14 +74,14 @@ void cCommandBarImageList::Draw(Surface& surface, int iconIndex, IconMode mode, 
     const Rect part = RectAt(0, 0, shownWidth * density_, shownHeight * density_);
     if (mode != IconMode::Source) {
         const Entry& entry = FindOrMake(iconIndex, mode);
-        surface.Composite(target, strip_.View(), part.MovedBy(entry.x, 0));
+        surface.Composite(target, strip_.hDib(), part.MovedBy(entry.x, 0));
     } else if (const auto* list = std::get_if<ImageListHandle>(&source_)) {
         const auto icons = list->lock();
         if (const IconImage* icon = icons ? icons->Find(iconIndex) : nullptr)
-            surface.Composite(target, icon->composite.View(), part);
+            surface.Composite(target, icon->composite.hDib(), part);
     } else if (auto icon = Fetch(iconIndex)) {
         icon->PreMultiplyAlpha();
-        surface.Composite(target, icon->View(), part);
+        surface.Composite(target, icon->hDib(), part);
     }
 }
 
@@ -136,7 +136,7 @@ void cCommandBarImageList::Grow() {
     const cAlphaDIBSection old = std::exchange(strip_, {});
     capacity_ += kGrowStep;
     strip_.Create(capacity_ * PixelSize().width, PixelSize().height);
-    strip_.LoadPictureBlt(old.View());
+    strip_.LoadPictureBlt(old.hDib());
 }
 
 // An icon that can't be had leaves its place in the strip empty.

@@ -5,6 +5,7 @@
 #include "commandbar/icons/IcoFile.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace quillshift {
@@ -18,7 +19,7 @@ std::vector<cAlphaDIBSection> CutStrip(const cAlphaDIBSection& strip, Size size)
     for (int x = 0; x + size.width <= strip.Width(); x += size.width) {
         cAlphaDIBSection image;
         image.Create(size.width, size.height);
-        image.LoadPictureBlt(strip.View(), x, 0);
+        image.LoadPictureBlt(strip.hDib(), x, 0);
         images.push_back(std::move(image));
     }
     return images;
@@ -38,6 +39,8 @@ cAlphaDIBSection Blended(cAlphaDIBSection image, Colour blend) {
 
 bool clsImageList::Create() {
     Destroy();
+    if (OwnerHDC != nullptr)
+        Density = static_cast<int>(std::ceil(OwnerHDC->Density()));
     const auto isPossible = [this](int side) {
         return side >= 1 && side <= kLargestSide && Density >= 1 && Density <= kLargestSide / side;
     };
@@ -54,32 +57,59 @@ void clsImageList::Destroy() {
     keys_.clear();
 }
 
-void clsImageList::AddFromFile(std::u16string_view fileName, ImageType type, std::string_view key) {
+void clsImageList::AddFromFile(std::u16string_view fileName, ImageType type, std::string_view key,
+                               Greys greys) {
     if (!list_)
         return;
-    std::vector<cAlphaDIBSection> images = ReadImages(fileName, type);
+    auto image = ReadImage(fileName, type);
+    if (image && greys == Greys::TheDesktops)
+        MapGreys(*image);
+    AddFromHandle(image ? *image : cAlphaDIBSection(), type, key);
+}
+
+void clsImageList::AddFromHandle(const cAlphaDIBSection& image, ImageType type, std::string_view key) {
+    if (!list_)
+        return;
+    std::vector<cAlphaDIBSection> images = ImagesOf(image, type);
     if (images.empty()) {
         images.emplace_back();
         images.back().Create(list_->PixelSize().width, list_->PixelSize().height);
     }
-    for (cAlphaDIBSection& image : images) {
-        list_->images.emplace_back(std::move(image));
+    for (cAlphaDIBSection& one : images) {
+        list_->images.emplace_back(std::move(one));
         keys_.emplace_back(key);
     }
 }
 
-std::vector<cAlphaDIBSection> clsImageList::ReadImages(std::u16string_view fileName, ImageType type) const {
+std::optional<cAlphaDIBSection> clsImageList::ReadImage(std::u16string_view fileName, ImageType type) const {
     const FileContents file = files_.Read(fileName);
-    if (type != ImageType::Bitmap) {
-        auto icon = ReadIcon(file.bytes, list_->PixelSize());
-        return icon ? std::vector{std::move(*icon)} : std::vector<cAlphaDIBSection>{};
-    }
-    const auto strip = ReadBitmap(file.bytes);
-    std::vector<cAlphaDIBSection> images =
-        strip ? CutStrip(*strip, list_->size) : std::vector<cAlphaDIBSection>{};
-    for (cAlphaDIBSection& image : images)
-        image = ScaledIcon(image, list_->PixelSize());
+    return type == ImageType::Bitmap ? ReadBitmap(file.bytes) : ReadIcon(file.bytes, list_->PixelSize());
+}
+
+std::vector<cAlphaDIBSection> clsImageList::ImagesOf(const cAlphaDIBSection& image, ImageType type) const {
+    if (image.IsEmpty())
+        return {};
+    if (type != ImageType::Bitmap)
+        return {ScaledIcon(image, list_->PixelSize())};
+    std::vector<cAlphaDIBSection> images = CutStrip(image, list_->size);
+    for (cAlphaDIBSection& one : images)
+        one = ScaledIcon(one, list_->PixelSize());
     return images;
+}
+
+void clsImageList::MapGreys(cAlphaDIBSection& image) const {
+    constexpr std::pair<std::uint8_t, SystemColour> kGreys[] = {
+        {128, SystemColour::ButtonShadow}, {192, SystemColour::ButtonFace}, {223, SystemColour::Light3D}};
+    image.ForEachPixel([&](std::uint8_t* pixel) {
+        for (const auto& [level, name] : kGreys)
+            if (pixel[0] == level && pixel[1] == level && pixel[2] == level) {
+                const Colour colour = desktop_.Of(name);
+                pixel[0] = colour.Blue();
+                pixel[1] = colour.Green();
+                pixel[2] = colour.Red();
+                break;
+            }
+    });
 }
 
 void clsImageList::RemoveImage(const ImageReference& image) {
@@ -120,15 +150,21 @@ void clsImageList::SetItemKey(const ImageReference& image, std::string key) {
 }
 
 void clsImageList::DrawImage(const ImageReference& image, Surface& surface, Point at,
-                             std::optional<Colour> blend) const {
-    const IconImage& icon = list_->images[PlaceOf(image)];
-    const Size pixels = list_->PixelSize();
-    const Rect target = RectAt(at.x, at.y, list_->size.width, list_->size.height);
+                             const ImageDrawing& flags) const {
+    const int index = ItemIndex(image) - 1;
+    const std::shared_ptr<const PlatformImageList> list = flags.otherList ? flags.otherList->lock() : list_;
+    const IconImage* const icon = list ? list->Find(index) : nullptr;
+    if (icon == nullptr)
+        return;
+    const Size pixels = list->PixelSize();
+    const Rect target = RectAt(at.x, at.y, list->size.width, list->size.height);
     const Rect whole = RectAt(0, 0, pixels.width, pixels.height);
-    if (blend)
-        surface.Composite(target, Blended(icon.straight, *blend).View(), whole);
-    else
-        surface.Composite(target, icon.composite.View(), whole);
+    if (!flags.selected && !flags.cut) {
+        surface.Composite(target, icon->composite.hDib(), whole);
+        return;
+    }
+    const Colour blend = flags.colour.value_or(desktop_.Of(SystemColour::Window));
+    surface.Composite(target, Blended(icon->straight, blend).hDib(), whole);
 }
 
 } // namespace quillshift

@@ -89,17 +89,28 @@ long Between(double first, double second, double fraction) {
 
 } // namespace
 
-bool DibSection::Create(int width, int height) {
-    ClearUp();
+bool DibSection::CreateDIB(int width, int height, BitmapPicture& dib) {
     if (!IsPossible(width, height))
         return false;
     width_ = width;
     height_ = height;
     try {
-        bits_.resize(static_cast<std::size_t>(BytesPerScanLine()) * static_cast<std::size_t>(height));
+        const auto lineBytes = static_cast<std::size_t>(BytesPerScanLine());
+        dib = {width, height, std::vector<std::uint8_t>(lineBytes * static_cast<std::size_t>(height))};
     } catch (const std::bad_alloc&) {
         return false;
     }
+    return true;
+}
+
+bool DibSection::Create(int width, int height) {
+    const bool drawDib = useDrawDib_;
+    ClearUp();
+    useDrawDib_ = drawDib;
+    BitmapPicture dib;
+    if (!CreateDIB(width, height, dib))
+        return false;
+    bits_ = std::move(dib.bits);
     return true;
 }
 
@@ -112,9 +123,10 @@ bool DibSection::CreateFromHBitmap(const PixelView& bitmap) {
 
 void DibSection::ClearUp() {
     bits_ = std::vector<std::uint8_t>(); // an empty list would keep the memory
+    useDrawDib_ = false;
 }
 
-PixelView DibSection::View() const {
+PixelView DibSection::hDib() const {
     return IsEmpty() ? PixelView{} : PixelView{bits_.data(), width_, height_};
 }
 
@@ -125,9 +137,9 @@ void DibSection::LoadPictureBlt(const PixelView& source, int x, int y, int width
 
 void DibSection::PaintPicture(DibSection& target, int x, int y, int width, int height, int sourceX,
                               int sourceY, RasterOperation operation) const {
-    target.CopyBlock(View(),
+    target.CopyBlock(hDib(),
                      {x, y, width < 0 ? width_ : width, height < 0 ? height_ : height, sourceX, sourceY},
-                     operation);
+                     useDrawDib_ ? RasterOperation::Copy : operation);
 }
 
 void DibSection::CopyBlock(const PixelView& source, const Block& block, RasterOperation operation) {
@@ -157,7 +169,7 @@ void DibSection::AlphaPaintPicture(DibSection& target, int x, int y, int width, 
     if (IsEmpty() || target.IsEmpty())
         return;
     const Block block{x, y, width < 0 ? width_ : width, height < 0 ? height_ : height, sourceX, sourceY};
-    JoinBlock(target.bits_.data(), {target.width_, target.height_}, View(), block,
+    JoinBlock(target.bits_.data(), {target.width_, target.height_}, hDib(), block,
               [&](std::uint8_t* to, const std::uint8_t* from) {
                   const int pixelAlpha = perPixel ? from[3] : 255;
                   const int kept = 255 * 255 - pixelAlpha * constantAlpha;
@@ -193,6 +205,7 @@ void DibSection::RandomiseBits(bool grey) {
 }
 
 BitmapPicture DibSection::Release() {
+    useDrawDib_ = false;
     return {std::exchange(width_, 0), std::exchange(height_, 0), std::exchange(bits_, {})};
 }
 

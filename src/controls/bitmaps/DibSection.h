@@ -24,9 +24,8 @@ struct BitmapPicture {
 };
 
 /// What the two bitmap classes have in common: a bitmap of 32 bits a pixel whose bytes the program works on
-/// in place. The pixel memory stands for the bitmap handle (`hDib`), for the memory surface it would be
-/// selected into (`hdc`) and for the draw handle; where an operation takes a surface, it takes another bitmap
-/// or its view. On to a `Surface` a bitmap goes by `Surface::Composite` of its `View`.
+/// in place. Bitmaps are copied from and on to each other; on to a `Surface` one goes by `Surface::Composite`
+/// of its `hDib`.
 ///
 /// Places in block copies count from the top left, whatever the order of the lines in memory. What a copy
 /// would reach outside either bitmap is left out. An empty bitmap paints nothing and is not painted on.
@@ -35,6 +34,9 @@ public:
     /// Makes an empty picture, all bytes 0, of at least one pixel. False, and the bitmap is empty, if the
     /// pixels can't be had.
     bool Create(int width, int height);
+    /// Takes on a size and makes the pixels for it, all bytes 0, which the caller then owns. False if they
+    /// can't be had.
+    bool CreateDIB(int width, int height, BitmapPicture& dib);
     /// A copy of a picture or of another bitmap's pixels.
     bool CreateFromPicture(const BitmapPicture& picture) { return CreateFromHBitmap(picture.View()); }
     bool CreateFromHBitmap(const PixelView& bitmap);
@@ -48,8 +50,14 @@ public:
     /// The pixels: blue, green, red, alpha; lines bottom up without a gap. Null when empty.
     std::uint8_t* DIBSectionBitsPtr() { return IsEmpty() ? nullptr : bits_.data(); }
     const std::uint8_t* DIBSectionBitsPtr() const { return IsEmpty() ? nullptr : bits_.data(); }
-    /// Valid until the bitmap is made anew or cleared.
-    PixelView View() const;
+    /// The bitmap, to copy from; without bits when empty. Valid until it is made anew or cleared.
+    PixelView hDib() const;
+    /// What others paint on; null when empty.
+    DibSection* hdc() { return IsEmpty() ? nullptr : this; }
+    /// Whether `PaintPicture` draws the picture as such, which knows no raster operation, and doesn't copy a
+    /// block. Lasts until `ClearUp`.
+    bool UseDrawDib() const { return useDrawDib_; }
+    void SetUseDrawDib(bool on) { useDrawDib_ = on; }
 
     /// Copies from (x, y) of `source` to the bitmap's top left. A width or height below 0 means the bitmap's.
     void LoadPictureBlt(const PixelView& source, int x = 0, int y = 0, int width = -1, int height = -1,
@@ -98,6 +106,7 @@ private:
 
     int width_ = 0;
     int height_ = 0;
+    bool useDrawDib_ = false;
     std::vector<std::uint8_t> bits_;
 };
 

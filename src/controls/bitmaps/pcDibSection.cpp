@@ -24,7 +24,7 @@ void pcDibSection::CodeAlphaBlend(pcDibSection& destination, const pcDibSection&
                       .height = height == -1 ? std::min(size.height, source.Height()) : height,
                       .sourceX = 0,
                       .sourceY = 0};
-    JoinBlock(destination.DIBSectionBitsPtr(), size, source.View(), block,
+    JoinBlock(destination.DIBSectionBitsPtr(), size, source.hDib(), block,
               [alpha](std::uint8_t* to, const std::uint8_t* from) {
                   for (int i = 0; i < 3; ++i)
                       to[i] =

@@ -12,7 +12,7 @@ const Pixel kGreen{0, 255, 0, 255};
 const Pixel kBlue{255, 0, 0, 255};
 
 Pixel Corner(const std::optional<cAlphaDIBSection>& icon) {
-    return icon ? PixelOf(icon->View(), 0, 0) : Pixel{-1, -1, -1, -1};
+    return icon ? PixelOf(icon->hDib(), 0, 0) : Pixel{-1, -1, -1, -1};
 }
 
 TEST(IconFile, GivesTheImageThatSuitsTheSize) {
@@ -29,7 +29,7 @@ TEST(IconFile, GivesTheImageThatSuitsTheSize) {
         EXPECT_EQ(icon->Width(), side);
         EXPECT_EQ(icon->Height(), side);
         EXPECT_EQ(Corner(icon), expected) << side;
-        EXPECT_EQ(PixelOf(icon->View(), side - 1, side - 1), expected) << side;
+        EXPECT_EQ(PixelOf(icon->hDib(), side - 1, side - 1), expected) << side;
     }
 }
 
@@ -56,7 +56,7 @@ TEST(IconFile, ReadsEveryDepthWithItsMask) {
     for (const Case& c : cases) {
         const auto icon = ReadIcon(IconFile({c.image}), {2, 1});
         EXPECT_EQ(Corner(icon), c.first) << &c - cases.data();
-        EXPECT_EQ(icon ? PixelOf(icon->View(), 1, 0) : Pixel{}, c.second) << &c - cases.data();
+        EXPECT_EQ(icon ? PixelOf(icon->hDib(), 1, 0) : Pixel{}, c.second) << &c - cases.data();
     }
 }
 

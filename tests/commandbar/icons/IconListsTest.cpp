@@ -2,10 +2,13 @@
 #include "commandbar/icons/cCommandBarImageList.h"
 #include "commandbar/icons/clsImageList.h"
 #include "support/CompositeRecorder.h"
+#include "support/FakeDesktop.h"
 #include "support/FakePlatform.h"
 #include "support/IconFiles.h"
 
 #include <gtest/gtest.h>
+
+#include <map>
 
 namespace quillshift {
 namespace {
@@ -34,7 +37,8 @@ protected:
     }
 
     FakeFiles files;
-    clsImageList list{files};
+    FakeSystemColours desktop;
+    clsImageList list{files, desktop};
     cCommandBarImageList bar;
     CompositeRecorder surface;
 };
@@ -55,26 +59,71 @@ TEST_F(IconLists, KeepNumbersRightWhenAFileIsMissing) {
     EXPECT_EQ(call.pixels, (std::vector<Pixel>{{3, 3, 3, 255}}));
     EXPECT_EQ(call.target, RectAt(5, 6, 1, 1));
     EXPECT_TRUE(list.KeyExists("D") && !list.KeyExists("B"));
-    list.DrawImage("C", surface, {0, 0}, Rgb(255, 101, 3));
-    EXPECT_EQ(surface.Take().pixels, (std::vector<Pixel>{{3, 52, 129, 255}})) << "half in another colour";
+}
+
+TEST_F(IconLists, DrawASelectedOrCutImageHalfInAColourAndOneOfAnotherList) {
+    list.AddFromHandle(BitmapOf<cAlphaDIBSection>(2, {{1, 1, 1, 255}, {3, 3, 3, 255}}),
+                       clsImageList::ImageType::Bitmap, "A");
+    clsImageList other(files, desktop);
+    other.IconSizeX = other.IconSizeY = 1;
+    other.Create();
+    other.AddFromHandle(BitmapOf<cAlphaDIBSection>(2, {{9, 9, 9, 255}, {9, 9, 9, 255}}));
+    const auto drawn = [this](int image, const ImageDrawing& how) {
+        list.DrawImage(image, surface, {0, 0}, how);
+        const auto call = surface.Take();
+        return call.pixels.empty() ? Pixel{-1, -1, -1, -1} : call.pixels.front();
+    };
+    EXPECT_EQ(list.ImageCount(), 2) << "a bitmap is cut";
+    EXPECT_EQ(drawn(2, {}), (Pixel{3, 3, 3, 255}));
+    const ImageDrawing selected{.selected = true, .colour = Rgb(255, 101, 3)};
+    EXPECT_EQ(drawn(2, selected), (Pixel{3, 52, 129, 255}));
+    desktop.colours[SystemColour::Window] = Rgb(5, 7, 9);
+    EXPECT_EQ(drawn(2, {.cut = true}), (Pixel{6, 5, 4, 255})) << "without a colour, that of windows";
+    EXPECT_EQ(drawn(1, {.otherList = other.hIml()}), (Pixel{9, 9, 9, 255}));
+    EXPECT_EQ(drawn(2, {.otherList = other.hIml()})[0], -1) << "not in that list";
+    other.Destroy();
+    EXPECT_EQ(drawn(1, {.otherList = other.hIml()})[0], -1);
+}
+
+TEST_F(IconLists, TakeOnTheDesktopsGreysIfAsked) {
+    for (const auto greys : {clsImageList::Greys::AsTheyAre, clsImageList::Greys::TheDesktops})
+        for (const int level : {128, 192, 223, 200}) {
+            files.files[u"icon"] = IconFile({SolidImage(1, {level, level, level, 255})});
+            list.AddFromFile(u"icon", clsImageList::ImageType::Icon, {}, greys);
+        }
+    desktop.colours[SystemColour::Light3D] = Rgb(3, 2, 1);
+    list.AddFromFile(u"icon", clsImageList::ImageType::Icon, {}, clsImageList::Greys::TheDesktops);
+    for (const auto& [image, pixel] : std::map<int, Pixel>{{2, {192, 192, 192, 255}},
+                                                           {3, {223, 223, 223, 255}},
+                                                           {5, {128, 128, 128, 255}},
+                                                           {6, {200, 208, 212, 255}},
+                                                           {7, {200, 208, 212, 255}},
+                                                           {8, {200, 200, 200, 255}}}) {
+        list.DrawImage(image, surface, {0, 0});
+        EXPECT_EQ(surface.Take().pixels.front(), pixel) << image;
+    }
+    EXPECT_EQ(list.SystemColourDepth(), 24);
 }
 
 TEST_F(IconLists, LoadTheSharperImageForADenserDisplay) {
     files.files[u"icon"] = IconFile({SolidImage(16, {1, 1, 1, 255}), SolidImage(32, {2, 2, 2, 255})});
     for (const int density : {1, 2}) {
         list.IconSizeX = list.IconSizeY = 16;
-        list.Density = density;
+        surface.density = density;
+        list.OwnerHDC = &surface;
         list.Create();
         list.AddFromFile(u"icon");
         bar.InitialiseFromVariant(list.hIml());
         EXPECT_EQ(bar.IconWidth(), 16);
-        for (const IconMode mode : {IconMode::Source, IconMode::Plain}) {
-            bar.Draw(surface, 0, mode, 3, 4, -1, 8);
-            const auto call = surface.Take();
-            EXPECT_EQ(call.target, RectAt(3, 4, 16, 8));
-            EXPECT_EQ(call.part, RectAt(0, 0, 16 * density, 8 * density));
-            EXPECT_EQ(call.pixels.front(), (Pixel{density, density, density, 255}));
-        }
+        for (const IconMode mode : {IconMode::Source, IconMode::Plain})
+            for (const auto& [width, shown] : {std::pair{-1, 16}, {99, 16}, {8, 8}}) {
+                bar.Draw(surface, 0, mode, 3, 4, width, 8);
+                bar.Draw(surface, 0, mode, 3, 4, 0, width); // nothing to be seen
+                const auto call = surface.Take();
+                EXPECT_EQ(call.target, RectAt(3, 4, shown, 8));
+                EXPECT_EQ(call.part, RectAt(0, 0, shown * density, 8 * density));
+                EXPECT_EQ(call.pixels.front(), (Pixel{density, density, density, 255}));
+            }
     }
 }
 
@@ -119,10 +168,10 @@ TEST(DisabledIcon, LosesItsWhiteUnlessThereIsNothingElse) {
     const Pixel grey{221, 221, 221, 255};
     auto monochrome = BitmapOf<cAlphaDIBSection>(3, {white, grey, {9, 9, 9, 0}});
     DeriveIcon(monochrome, IconMode::Disabled, kDisabled, kHighlight);
-    EXPECT_EQ(PixelOf(monochrome.View(), 0, 0), (Pixel{50, 100, 200, 255}));
+    EXPECT_EQ(PixelOf(monochrome.hDib(), 0, 0), (Pixel{50, 100, 200, 255}));
     auto coloured = BitmapOf<cAlphaDIBSection>(3, {white, grey, {254, 255, 255, 1}});
     DeriveIcon(coloured, IconMode::Disabled, kDisabled, kHighlight);
-    EXPECT_EQ(PixelOf(coloured.View(), 0, 0), kNothing);
+    EXPECT_EQ(PixelOf(coloured.hDib(), 0, 0), kNothing);
 }
 
 TEST_F(IconLists, MakeEachLookOnceAndKeepItWhenTheStripGrows) {
