@@ -23,12 +23,20 @@ constexpr Colour Blend(Colour a, Colour b, int n) {
     return Rgb(channel(a.Red(), b.Red()), channel(a.Green(), b.Green()), channel(a.Blue(), b.Blue()));
 }
 
+/// The colours of a gradient, either of which may be none.
+struct ColourPair {
+    std::optional<Colour> start, end;
+};
+
 /// The colour table of all bars. Every answer is worked out anew from the style, the theme and the system's
 /// colours, so a change of any shows at the next paint.
 class mCommandBarColours {
 public:
-    /// Detects the scheme at once. Both services have to outlive the table.
+    /// Both services have to outlive the table, and are asked nothing before `Start`.
     mCommandBarColours(const SystemColours& system, const ThemeService& theme, PlatformFlags flags = {});
+
+    /// When the first control comes: forgets all overrides and detects the scheme. The style stays.
+    void Start();
 
     BarStyle Style() const { return style_; }
     /// True if this is another style than before: the scheme has been detected, and every control has its
@@ -42,7 +50,9 @@ public:
 
     /// The colour in effect; nothing paints nothing.
     std::optional<Colour> Of(Slot slot) const;
-    Colour Of(SystemColour name) const { return system_.Of(name); }
+    Colour Of(SystemColour name) const;
+    /// What runs from left to right through all bars of a window that have no fill of their own.
+    ColourPair SharedGround() const;
 
     // By number, 0 to 31; any other throws Error 9 (Subscript out of range.).
 

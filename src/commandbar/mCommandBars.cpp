@@ -22,6 +22,7 @@ mCommandBars::~mCommandBars() = default;
 
 void mCommandBars::Register(qsCommandBar& control) {
     if (controls_.empty()) {
+        colours_.Start();
         model_.Open();
         services_.system.SetInputFilter(&hooks_);
     }

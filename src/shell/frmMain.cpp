@@ -53,6 +53,9 @@ frmMain::frmMain(Program& program, const MainWindowServices& services)
     resize(ToPixels(kDesignWidth), ToPixels(kDesignHeight));
     setMinimumSize(ToPixels(kLeastWidth), ToPixels(kLeastHeight));
     shapeRichTextBox_->setFrameShape(QFrame::Box);
+    // A frame as bright as the text of a dark desktop would outshine it.
+    if (palette().color(QPalette::WindowText).lightness() > palette().color(QPalette::Window).lightness())
+        shapeRichTextBox_->setForegroundRole(QPalette::Mid);
     shapeRichTextBox_->move(ToPixels(60_twips), ToPixels(60_twips));
     richTextBox_->move(ToPixels(90_twips), ToPixels(90_twips));
     richTextBox_->setFocus();

@@ -13,6 +13,21 @@ public:
     int BitsPerPixel() const override { return bitsPerPixel; }
     bool HighContrast() const override { return false; }
 
+    /// The colours of a dark desktop of today.
+    void MakeDark() {
+        const auto grey = [](std::uint8_t level) { return Rgb(level, level, level); };
+        for (const SystemColour name : {SystemColour::ButtonFace, SystemColour::Menu})
+            colours[name] = grey(50);
+        for (const SystemColour name : {SystemColour::Highlight3D, SystemColour::Light3D})
+            colours[name] = grey(75);
+        colours[SystemColour::ButtonShadow] = grey(33);
+        colours[SystemColour::DarkShadow3D] = grey(20);
+        colours[SystemColour::Highlight] = Rgb(48, 140, 198);
+        colours[SystemColour::Window] = grey(36);
+        colours[SystemColour::WindowText] = grey(255);
+        colours[SystemColour::GrayText] = grey(120);
+    }
+
     std::map<SystemColour, Colour> colours{
         {SystemColour::ButtonFace, Rgb(212, 208, 200)},    {SystemColour::ButtonShadow, Rgb(128, 128, 128)},
         {SystemColour::Highlight3D, Rgb(255, 255, 255)},   {SystemColour::DarkShadow3D, Rgb(64, 64, 64)},
