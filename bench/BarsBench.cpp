@@ -3,6 +3,9 @@
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
+#include <QTest>
+
+#include <stdexcept>
 
 namespace quillshift {
 namespace {
@@ -13,6 +16,9 @@ struct BarsInAWindow : WidgetBars {
         static_cast<QVBoxLayout*>(window.layout())->addStretch();
         window.resize(1280, 400);
         window.show();
+        // A window that isn't shown paints nothing, in no time.
+        if (!QTest::qWaitForWindowExposed(&window))
+            throw std::runtime_error("The window of the bars was not shown: there is nothing to measure.");
         QApplication::processEvents();
     }
     void ForgetSizes() {
