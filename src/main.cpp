@@ -30,27 +30,22 @@
 namespace quillshift {
 namespace {
 
-// What the toolkit's own Russian leaves out: the kinds of files in its file dialog.
-class MissingWords final : public QTranslator {
-public:
-    using QTranslator::QTranslator;
-
-    QString translate(const char* /*context*/, const char* source, const char* /*hint*/,
-                      int /*number*/) const override {
-        static constexpr std::pair<std::string_view, const char16_t*> kWords[] = {
-            {"Folder", u"Папка"}, {"File", u"Файл"}, {"%1 File", u"Файл %1"}, {"Drive", u"Диск"}};
-        for (const auto& [english, russian] : kWords)
-            if (english == source)
-                return QString::fromUtf16(russian);
-        return {};
-    }
-    bool isEmpty() const override { return false; }
-};
+// The file dialog writes dates and sizes as the system's locale has them, which is read from the environment
+// at its first use. Programs that are started from here keep the user's.
+void WriteDatesInRussian() {
+    const bool wasSet = qEnvironmentVariableIsSet("LC_ALL");
+    const QByteArray before = qgetenv("LC_ALL");
+    qputenv("LC_ALL", "ru_RU.UTF-8");
+    QLocale::system().name();
+    if (wasSet)
+        qputenv("LC_ALL", before);
+    else
+        qunsetenv("LC_ALL");
+}
 
 // The toolkit's own dialogs speak Russian, whatever the desktop's language is.
 void SpeakRussian(QApplication& application) {
     QLocale::setDefault(QLocale(QLocale::Russian));
-    QCoreApplication::installTranslator(new MissingWords(&application));
     auto* translator = new QTranslator(&application);
     if (translator->load(QLocale(QLocale::Russian), QStringLiteral("qtbase"), QStringLiteral("_"),
                          QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
@@ -94,7 +89,7 @@ void SetUpStore(SqliteSettings& store, const Platform& platform) {
 
 int Run(int argc, char** argv) {
     SurviveFailedWrites();
-    qputenv("LC_TIME", "ru_RU.UTF-8"); // for the dates in the file dialog, which follow the environment
+    WriteDatesInRussian();
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("quillshift"));
     QApplication::setWindowIcon(

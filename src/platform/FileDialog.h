@@ -12,7 +12,8 @@ public:
     virtual ~FileDialog() = default;
 
     std::u16string Filter;     ///< pairs of a description and a pattern, separated by "|"
-    std::u16string DefaultExt; ///< patterns such as "*.txt|*.*"; the first is given to a name without one
+    std::u16string DefaultExt; ///< patterns such as "*.txt|*.*", one for each of the filter's; the chosen
+                               ///< one's extension is given to a name without any
     std::u16string DialogTitle;
     std::u16string InitDir;   ///< the first folder; empty: left to the dialog
     std::u16string FileName;  ///< full path of the file last chosen

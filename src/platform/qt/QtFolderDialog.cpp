@@ -1,6 +1,7 @@
 #include "platform/qt/QtFolderDialog.h"
 
 #include "platform/qt/DialogOwner.h"
+#include "platform/qt/FileKinds.h"
 #include "platform/qt/QtText.h"
 
 #include <QDir>
@@ -9,13 +10,15 @@
 namespace quillshift {
 
 bool QtFolderDialog::ShowFolder(std::u16string_view start) {
-    QFileDialog::Options options;
-    options.setFlag(QFileDialog::ShowDirsOnly, (flags & kListFiles) == 0);
-    const QString chosen = QFileDialog::getExistingDirectory(
-        DialogOwner(), ToQString(DialogTitle), start.empty() ? QDir::homePath() : ToQString(start), options);
-    if (chosen.isEmpty())
+    FileKinds kinds; // a thread of the dialog asks it to the end
+    QFileDialog dialog(DialogOwner(), ToQString(DialogTitle),
+                       start.empty() ? QDir::homePath() : ToQString(start));
+    dialog.setIconProvider(&kinds);
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly, (flags & kListFiles) == 0);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return false;
-    InitDir = FromQString(chosen);
+    InitDir = FromQString(dialog.selectedFiles().constFirst());
     return true;
 }
 
