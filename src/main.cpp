@@ -21,7 +21,9 @@
 #include "shell/frmMain.h"
 
 #include <QApplication>
+#include <QBuffer>
 #include <QIcon>
+#include <QImageReader>
 #include <QLibraryInfo>
 #include <QPrinterInfo>
 #include <QTimer>
@@ -50,6 +52,16 @@ void SpeakRussian(QApplication& application) {
     if (translator->load(QLocale(QLocale::Russian), QStringLiteral("qtbase"), QStringLiteral("_"),
                          QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QCoreApplication::installTranslator(translator);
+}
+
+QIcon ReadIcon(FileSystem& files, const QString& path) {
+    QByteArray bytes = QByteArray::fromStdString(files.Read(FromQString(path)).bytes);
+    QBuffer device(&bytes);
+    QImageReader reader(&device, "ico");
+    QIcon icon;
+    for (int number = 0; reader.jumpToImage(number); ++number)
+        icon.addPixmap(QPixmap::fromImage(reader.read()));
+    return icon;
 }
 
 // The stored font names stay as they are; what is shown is a near relative.
@@ -92,8 +104,6 @@ int Run(int argc, char** argv) {
     WriteDatesInRussian();
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("quillshift"));
-    QApplication::setWindowIcon(
-        QIcon(QCoreApplication::applicationDirPath() + QStringLiteral("/Data/icons/menu/Decoding.ico")));
     SpeakRussian(application);
     ShowFontRelatives();
     const CaretRest caretRest;
@@ -102,6 +112,8 @@ int Run(int argc, char** argv) {
     SqliteSettings store(data / "settings.db");
     SdlSound sound;
     PosixFiles files;
+    QApplication::setWindowIcon(ReadIcon(files, QCoreApplication::applicationDirPath() +
+                                                    QStringLiteral("/Data/icons/menu/Decoding.ico")));
     QtFileDialog fileDialog;
     QtMessageBox messageBox;
     QtClipboard clipboard;

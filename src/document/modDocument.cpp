@@ -11,6 +11,10 @@ namespace {
 constexpr std::u16string_view kFilter = u"Текстовые файлы (*.txt)|*.txt|Все файлы (*.*)|*.*|";
 constexpr std::u16string_view kExtension = u"*.txt|*.*";
 
+[[noreturn]] void Throw(const FileFailure& failure, const std::u16string& path) {
+    throw Error(failure.number, u"modDocument", u"«" + path + u"»\r\n" + failure.description);
+}
+
 } // namespace
 
 bool LoadContents(TextSurface& surface, std::string_view bytes) {
@@ -198,7 +202,7 @@ void modDocument::InsertImported() {
 std::string modDocument::ReadOrThrow(const FileName& path) {
     FileContents contents = services_.platform.files.Read(path);
     if (contents.failure)
-        throw Error(contents.failure->number, u"modDocument", contents.failure->description);
+        Throw(*contents.failure, path);
     return std::move(contents.bytes);
 }
 
@@ -206,7 +210,7 @@ void modDocument::WriteOrThrow(const FileName& path, std::u16string_view text) {
     std::string bytes = windows1251::Encode(text);
     bytes += "\r\n";
     if (const auto failure = services_.platform.files.Write(path, bytes))
-        throw Error(failure->number, u"modDocument", failure->description);
+        Throw(*failure, path);
 }
 
 bool modDocument::AskAboutLostCharacters() {

@@ -16,7 +16,8 @@ public:
     virtual bool AnotherCopyRuns() const = 0;
     /// Starts a program as a process of its own and does not wait for it. False if it can't be started.
     virtual bool StartProcess(std::u16string_view program) = 0;
-    /// Asks the desktop to open a link with its default handler. False if it has none.
+    /// Asks the desktop to open a link with its default handler. False if it has none,
+    /// as far as that shows within a second.
     virtual bool OpenWithDefault(std::u16string_view link) = 0;
     /// Ends the process at once; other windows get no close event.
     virtual void EndProcess() = 0;

@@ -126,8 +126,8 @@ void Program::Dispatch(std::string_view commandKey) {
              p.RunJob([&p] { p.job_->StartDecode(); });
          }},
         {"TOOLBAR2:STOP", [](Program& p) { p.job_->StopRecoding(); }},
-        {"MENU:HELP:AUTHORMAIL", [](Program& p) { p.platform_.shell.OpenWithDefault(kMailLink); }},
-        {"MENU:HELP:VISITHOMEPAGE", [](Program& p) { p.platform_.shell.OpenWithDefault(kHomePage); }},
+        {"MENU:HELP:AUTHORMAIL", [](Program& p) { p.OpenLink(kMailLink); }},
+        {"MENU:HELP:VISITHOMEPAGE", [](Program& p) { p.OpenLink(kHomePage); }},
     });
     for (const auto& [key, handler] : kHandlers)
         if (key == commandKey)
@@ -167,6 +167,12 @@ void Program::OpenDecodeDialog() {
 void Program::RunWizard() {
     if (!platform_.shell.StartProcess(platform_.shell.ProgramFolder() + u"/Wizard.exe"))
         platform_.messageBox.Inform(u"Мастер перекодирования не найден в папке программы.");
+}
+
+void Program::OpenLink(std::u16string_view link) {
+    if (!platform_.shell.OpenWithDefault(link))
+        platform_.messageBox.Inform(u"Не найдена программа, которая откроет ссылку\r\n" +
+                                    std::u16string(link));
 }
 
 void Program::SetOnTop() {

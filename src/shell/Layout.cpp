@@ -13,12 +13,13 @@ std::optional<MainView::EditorLayout> LayOutEditor(Twips height, Twips width,
     if (useLargeIcons != u"0" && useLargeIcons != u"1")
         return std::nullopt;
     const auto& above = useLargeIcons == u"1" ? kLarge : kSmall;
-    const Twips editor = height - above[static_cast<std::size_t>(std::clamp(barsShown, 0, 2))];
+    const auto less = [](Twips all, Twips part) { return std::max(all - part, 0_twips); };
+    const Twips editor = less(height, above[static_cast<std::size_t>(std::clamp(barsShown, 0, 2))]);
     return MainView::EditorLayout{.picEditorHeight = editor,
-                                  .shapeHeight = editor - 120_twips,
-                                  .shapeWidth = width - 240_twips,
-                                  .surfaceHeight = editor - 180_twips,
-                                  .surfaceWidth = width - 310_twips};
+                                  .shapeHeight = less(editor, 120_twips),
+                                  .shapeWidth = less(width, 240_twips),
+                                  .surfaceHeight = less(editor, 180_twips),
+                                  .surfaceWidth = less(width, 310_twips)};
 }
 
 TwipsRect WithinReach(const TwipsRect& bounds, const std::vector<TwipsRect>& workAreas) {

@@ -75,6 +75,7 @@ private:
     void RunJob(const std::function<void()>& road);
     void OpenDecodeDialog();
     void RunWizard();
+    void OpenLink(std::u16string_view link);
     void SetOnTop();
     void SwitchBar(int bar, std::string_view key, Setting setting);
 

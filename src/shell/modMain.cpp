@@ -107,6 +107,7 @@ bool Program::AskToLeave() {
     if (platform_.messageBox.Ask(u"Вы действительно хотите завершить работу с программой?") != BoxAnswer::Yes)
         return false;
     sounds_.PlaySoundEvent(sound_event::kFormUnload);
+    platform_.sound.WaitForEnd(); // the end would cut it
     return true;
 }
 

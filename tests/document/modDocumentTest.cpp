@@ -30,7 +30,7 @@ TEST_F(modDocumentTest, AMissingFileIsReportedAndTouchesNothing) {
     test.OpenFile(u"/d/a.txt", "text");
     test.fileDialog.chosen.emplace_back(u"/d/none.txt");
     Dispatch("MENU:FILE:OPEN");
-    EXPECT_EQ(test.LastBox(), u"Произошла ошибка № 53\r\nФайл не найден");
+    EXPECT_EQ(test.LastBox(), u"Произошла ошибка № 53\r\n«/d/none.txt»\r\nФайл не найден");
     EXPECT_EQ(test.messageBox.shown.back().icon, BoxIcon::Critical);
     EXPECT_EQ(window.document.Text(), u"text");
     EXPECT_EQ(window.backup.loads, 1);
@@ -75,7 +75,7 @@ TEST_F(modDocumentTest, ADroppedFileIsOpenedAsByTheCommand) {
     EXPECT_EQ(test.sound.played, std::vector(2, std::u16string(u"/open.wav")));
     test.messageBox.answers = {BoxAnswer::No};
     window.document.OnFileDrop(u"/d/none.txt");
-    EXPECT_EQ(test.LastBox(), u"Произошла ошибка № 53\r\nФайл не найден");
+    EXPECT_EQ(test.LastBox(), u"Произошла ошибка № 53\r\n«/d/none.txt»\r\nФайл не найден");
     EXPECT_EQ(window.document.Text(), u"a");
 }
 
@@ -137,7 +137,7 @@ TEST_F(modDocumentTest, AFailedSaveOrBackupLeavesTheDocumentModified) {
     window.document.SetText(u"x");
     test.files.unwritable = {u"/d/a.txt"};
     SaveAs(u"/d/a.txt");
-    EXPECT_EQ(test.LastBox(), u"Произошла ошибка № 61\r\nНа диске нет места");
+    EXPECT_EQ(test.LastBox(), u"Произошла ошибка № 61\r\n«/d/a.txt»\r\nНа диске нет места");
     EXPECT_TRUE(test.files.files.empty());
     EXPECT_EQ(test.settings.Text(Setting::SaveFileName), u"");
 

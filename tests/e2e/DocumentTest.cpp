@@ -2,6 +2,7 @@
 
 #include "support/Iconv.h"
 
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace quillshift::e2e {
@@ -17,6 +18,27 @@ TEST_F(Document, EveryByteSurvivesOpeningAndSaving) {
     Put(Path("bytes.txt"), bytes);
     editor.Start().Open(Path("bytes.txt"));
     EXPECT_EQ(Saved(), bytes + "\r\n");
+}
+
+TEST_F(Document, NamesAreCompletedUnlessThereIsSuchAFileAndOnlyFilesAreRead) {
+    Put(Path("letter"), "letter");
+    ASSERT_EQ(mkfifo(Path("pipe").c_str(), 0600), 0);
+    editor.Start();
+    desktop.Type(u"x");
+    desktop.Press("Ctrl+Shift+s");
+    editor.AnswerFileDialog(u"Сохранение документа", Path("new"));
+    editor.Settle();
+    EXPECT_EQ(Contents(Path("new.txt")), "x\r\n");
+    editor.Open(Path("letter"));
+    EXPECT_EQ(Saved(), "letter\r\n");
+    editor.Open(Path("new"));
+    for (const std::filesystem::path& special : {Path("pipe"), {"/dev/zero"}, {"/proc/kmsg"}}) {
+        desktop.Press("Ctrl+o");
+        editor.AnswerFileDialog(u"Открытие документа", special);
+        editor.AnswerBox(BoxAnswer::Ok);
+        editor.Settle();
+    }
+    EXPECT_EQ(Saved(), "x\r\n\r\n");
 }
 
 TEST_F(Document, RtfIsShownAndSavedAsItsPlainText) {
@@ -56,14 +78,22 @@ TEST_F(Document, NewAsksToSaveAndKeepsTheTextUntilGivenAgain) {
     EXPECT_EQ(Saved(), "\r\n");
 }
 
-TEST_F(Document, AFullDiskIsReportedAndTheTextCanBeSavedElsewhere) {
+TEST_F(Document, AFullDiskAndALimitAreReportedAndTheTextCanBeSavedElsewhere) {
     std::filesystem::create_symlink("/dev/full", Path("full.txt"));
     editor.Start();
     desktop.Type(u"kept");
-    desktop.Press("Ctrl+Shift+s");
-    editor.AnswerFileDialog(u"Сохранение документа", Path("full.txt"));
-    editor.AnswerBox(BoxAnswer::Ok);
-    editor.Settle();
+    const auto failToSave = [&](const std::string& name) {
+        desktop.Press("Ctrl+Shift+s");
+        editor.AnswerFileDialog(u"Сохранение документа", Path(name));
+        editor.AnswerBox(BoxAnswer::Ok);
+        editor.Settle();
+    };
+    failToSave("full.txt");
+    rlimit limit{0, RLIM_INFINITY};
+    prlimit(editor.Program().Pid(), RLIMIT_FSIZE, &limit, nullptr);
+    failToSave("limited.txt");
+    limit.rlim_cur = RLIM_INFINITY;
+    prlimit(editor.Program().Pid(), RLIMIT_FSIZE, &limit, nullptr);
     desktop.AskToClose(editor.Window());
     editor.AnswerBox(BoxAnswer::Cancel); // still counts as changed
     editor.Settle();

@@ -65,9 +65,22 @@ TEST(Closing, AsksThenCleansUpThenAsksAgain) {
     EXPECT_EQ(test.settings.Find(Setting::ClipboardText), u"");
     EXPECT_FALSE(test.shell.ended);
 
+    test.Set(Setting::FormUnload, u"1").Set(Setting::FormUnloadPath, u"/end.wav");
     test.messageBox.answers = {BoxAnswer::No, BoxAnswer::Yes};
     EXPECT_TRUE(test.program.OnClose());
     EXPECT_TRUE(test.shell.ended);
+    EXPECT_EQ(test.sound.ended, std::vector<std::u16string>{u"/end.wav"}) << "the end cut its own sound";
+}
+
+TEST(Links, ANoticeTellsThatNobodyOpensThem) {
+    TestProgram test;
+    test.Start();
+    test.program.Dispatch("MENU:HELP:VISITHOMEPAGE");
+    EXPECT_EQ(test.LastBox(), u"");
+    test.shell.opensLinks = false;
+    test.program.Dispatch("MENU:HELP:AUTHORMAIL");
+    EXPECT_TRUE(test.LastBox().ends_with(test.shell.opened.back()));
+    EXPECT_TRUE(test.shell.opened.back().starts_with(u"mailto:"));
 }
 
 } // namespace

@@ -146,10 +146,15 @@ public:
     std::u16string ProgramFolder() const override { return u"/program"; }
     bool AnotherCopyRuns() const override { return anotherCopyRuns; }
     bool StartProcess(std::u16string_view) override { return false; }
-    bool OpenWithDefault(std::u16string_view) override { return true; }
+    bool OpenWithDefault(std::u16string_view link) override {
+        opened.emplace_back(link);
+        return opensLinks;
+    }
     void EndProcess() override { ended = true; }
 
     bool anotherCopyRuns = false;
+    bool opensLinks = true;
+    std::vector<std::u16string> opened;
     bool ended = false;
 };
 

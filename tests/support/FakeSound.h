@@ -12,7 +12,10 @@ class FakeSound : public SoundOutput {
 public:
     void Play(std::u16string_view path) override { played.emplace_back(path); }
 
+    void WaitForEnd() override { ended = played; }
+
     std::vector<std::u16string> played;
+    std::vector<std::u16string> ended; ///< those that somebody has waited for
 };
 
 } // namespace quillshift

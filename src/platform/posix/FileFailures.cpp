@@ -44,6 +44,8 @@ FileFailure Explain(int error, const std::string& path) {
         return {75, u"Канал или устройство никто не читает"};
     case ETIMEDOUT:
         return {75, u"Канал или устройство не принимает данные"};
+    case EAGAIN:
+        return {75, u"Читать из файла сейчас нечего"};
     case EIO:
         return {75, u"Ошибка чтения или записи диска"};
     default:

@@ -1,9 +1,11 @@
 #include "platform/posix/SdlSound.h"
 
 #include "base/Utf8.h"
+#include "platform/posix/PosixFiles.h"
 
 #include <SDL.h>
 
+#include <algorithm>
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
@@ -22,9 +24,10 @@ using namespace std::chrono_literals;
 
 constexpr auto kKeepOpen = 2s;      // an open device wakes the program up many times a second
 constexpr auto kAfterFailure = 30s; // opening can take long where there is no sound
-constexpr auto kFarewell = 1s;      // a sound server that hangs must not keep the program from ending
+constexpr auto kFarewell = 1s;      // neither a sound nor its server keeps the program from ending for longer
 constexpr off_t kLargestFile = 16L << 20U;
 constexpr Uint16 kBufferFrames = 1024;
+constexpr auto kLatency = 150ms; // from the queue to the ear
 
 // Which contents of which file: the same stamp means the same sound.
 struct Stamp {
@@ -37,7 +40,6 @@ struct Stamp {
     bool operator==(const Stamp&) const = default;
 };
 
-// Nothing for what is no ordinary file: reading a pipe or a device might never end.
 std::optional<Stamp> StampOf(const std::string& path) {
     struct stat status {};
     if (stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode) || status.st_size > kLargestFile)
@@ -64,10 +66,12 @@ bool IsPlayable(const SDL_AudioSpec& spec) {
 }
 
 std::optional<Wave> LoadWave(const std::string& path) {
+    const FileContents file = PosixFiles().Read(FromUtf8(path));
     Wave wave;
     Uint8* samples = nullptr;
     Uint32 size = 0;
-    if (SDL_LoadWAV(path.c_str(), &wave.spec, &samples, &size) == nullptr)
+    SDL_RWops* const bytes = SDL_RWFromConstMem(file.bytes.data(), static_cast<int>(file.bytes.size()));
+    if (bytes == nullptr || SDL_LoadWAV_RW(bytes, 1, &wave.spec, &samples, &size) == nullptr)
         return std::nullopt;
     wave.samples.assign(samples, samples + size);
     SDL_FreeWAV(samples);
@@ -90,6 +94,15 @@ public:
         wake_.notify_all();
     }
 
+    void WaitForEnd() {
+        const auto latest = Clock::now() + kFarewell;
+        std::unique_lock lock(mutex_);
+        wake_.wait_until(lock, latest, [this] { return !wish_ && !starting_; });
+        const auto end = std::min(latest, end_);
+        lock.unlock();
+        std::this_thread::sleep_until(end);
+    }
+
     // Whether the thread has ended within a decent time.
     bool Leave() {
         std::unique_lock lock(mutex_);
@@ -109,12 +122,17 @@ public:
             if (leaving_)
                 break;
             const auto wish = std::exchange(wish_, std::nullopt);
+            starting_ = true;
             lock.unlock();
+            Clock::time_point end;
             if (wish)
-                Start(ToUtf8(*wish));
+                end = Start(ToUtf8(*wish));
             else
                 CloseDevice();
             lock.lock();
+            starting_ = false;
+            end_ = end;
+            wake_.notify_all();
         }
         lock.unlock();
         CloseDevice();
@@ -125,15 +143,18 @@ public:
     }
 
 private:
-    void Start(const std::string& path) {
+    // Gives the time of its end.
+    Clock::time_point Start(const std::string& path) {
         if (device_ != 0)
             SDL_ClearQueuedAudio(device_);
-        closeAt_ = Clock::now() + kKeepOpen;
-        if (!Load(path) || !OpenDevice())
-            return;
-        SDL_QueueAudio(device_, wave_->samples.data(), static_cast<Uint32>(wave_->samples.size()));
-        SDL_PauseAudioDevice(device_, 0);
-        closeAt_ = Clock::now() + wave_->Length() + kKeepOpen;
+        Clock::time_point end = Clock::now();
+        if (Load(path) && OpenDevice()) {
+            SDL_QueueAudio(device_, wave_->samples.data(), static_cast<Uint32>(wave_->samples.size()));
+            SDL_PauseAudioDevice(device_, 0);
+            end = Clock::now() + wave_->Length() + kLatency;
+        }
+        closeAt_ = end + kKeepOpen;
+        return end;
     }
 
     // Pointer moves ask for the same file again and again.
@@ -182,6 +203,8 @@ private:
     std::mutex mutex_;
     std::condition_variable wake_;
     std::optional<std::u16string> wish_;
+    bool starting_ = false;
+    Clock::time_point end_; // of what was started last
     bool leaving_ = false;
     bool gone_ = false;
 
@@ -202,6 +225,11 @@ SdlSound::~SdlSound() {
         thread_.join();
     else
         thread_.detach(); // it holds what it needs
+}
+
+void SdlSound::WaitForEnd() {
+    if (thread_.joinable())
+        player_->WaitForEnd();
 }
 
 void SdlSound::Play(std::u16string_view path) {

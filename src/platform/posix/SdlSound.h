@@ -20,6 +20,7 @@ public:
     SdlSound& operator=(const SdlSound&) = delete;
 
     void Play(std::u16string_view path) override;
+    void WaitForEnd() override;
 
 private:
     class Player;

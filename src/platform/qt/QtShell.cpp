@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QDesktopServices>
 #include <QProcess>
+#include <QStandardPaths>
 #include <QUrl>
 
 #include <cstdlib>
@@ -31,8 +32,20 @@ bool QtShell::StartProcess(std::u16string_view program) {
     return QProcess::startDetached(ToQString(program), {});
 }
 
+// The desktop's opener fails at once where nobody takes the link, and may go on for long where somebody does.
 bool QtShell::OpenWithDefault(std::u16string_view link) {
-    return QDesktopServices::openUrl(QUrl(ToQString(link)));
+    constexpr int kPatience = 1000; // milliseconds
+    const QUrl url(ToQString(link));
+    const QString opener = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
+    if (opener.isEmpty())
+        return QDesktopServices::openUrl(url);
+    auto* const process = new QProcess; // lives as long as the opener
+    QObject::connect(process, &QProcess::finished, process, &QObject::deleteLater);
+    process->setStandardOutputFile(QProcess::nullDevice());
+    process->setStandardErrorFile(QProcess::nullDevice());
+    process->start(opener, {QString::fromLatin1(url.toEncoded())});
+    const bool ended = process->waitForFinished(kPatience);
+    return ended ? process->exitCode() == 0 : process->state() == QProcess::Running;
 }
 
 void QtShell::EndProcess() {
