@@ -33,9 +33,9 @@ void TypeWithUndo(benchmark::State& state) {
     surface.resize(760, 490);
     surface.show();
     std::chrono::duration<double> recording{};
-    surface.OnChange = [&] {
+    surface.OnChange = [&](const TextEdit& edit) {
         const auto begin = std::chrono::steady_clock::now();
-        history.Record(surface);
+        history.Record(edit);
         recording += std::chrono::steady_clock::now() - begin;
     };
     surface.LoadPlain(TextFor(state));

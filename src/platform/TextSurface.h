@@ -28,11 +28,18 @@ constexpr bool Has(FindOptions options, FindOptions one) {
     return (static_cast<unsigned>(options) & static_cast<unsigned>(one)) != 0;
 }
 
+/// One edit of a text: `went` stood at `place`, and `came` stands there now.
+struct TextEdit {
+    std::size_t place = 0;
+    std::u16string_view went;
+    std::u16string_view came;
+};
+
 /// A rich-text editing control, and the only door to the text in it.
 ///
 /// Positions are indexes of 16-bit units from 0. A line break counts as CR LF, two positions; a lone CR or LF
-/// given to the surface is a line break as well. A position between the two is taken as the one before them,
-/// a position behind the end as the end.
+/// given to the surface is a line break as well. A position between the two, or between the halves of a
+/// surrogate pair, is taken as the one before them, a position behind the end as the end.
 class TextSurface {
 public:
     virtual ~TextSurface() = default;
@@ -79,13 +86,15 @@ public:
     virtual void SetFocus() = 0;
 
     // Notifications, raised inside the operation that causes them.
-    std::function<void()> OnChange;                     ///< the text may have changed
+    /// The text was edited; all that one key, call or drop does is one edit. Where everything was replaced,
+    /// it is what differs. What it views holds until the call returns.
+    std::function<void(const TextEdit& edit)> OnChange;
     std::function<void()> OnSelChange;                  ///< caret or selection have changed
     std::function<void()> OnKeyDown;                    ///< a key went down, also by auto-repeat
     std::function<void()> OnKeyPress;                   ///< a key gave a character
     std::function<void(Point screen)> OnRightMouseDown; ///< the right button went down there
-    /// A file was dropped, the first of them if there were several. Raised only once the drop is over, so that
-    /// the program it came from waits for no answer given here.
+    /// A file was dropped, the first of them if there were several. Raised only once the drop is over, so
+    /// that the program it came from waits for no answer given here.
     std::function<void(std::u16string_view path)> OnFileDrop;
 };
 

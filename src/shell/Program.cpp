@@ -160,8 +160,8 @@ void Program::LoadTitle() {
 
 void Program::ConnectSurface() {
     TextSurface& surface = main_->RichTextBox();
-    surface.OnChange = [this, &surface] {
-        history_.Record(surface);
+    surface.OnChange = [this](const TextEdit& edit) {
+        history_.Record(edit);
         timerEdit_->StartOnce();
     };
     surface.OnSelChange = [this] {

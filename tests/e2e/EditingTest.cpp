@@ -86,7 +86,7 @@ TEST_F(Editing, AnIndentGoesAndStopsAtTheMargin) {
     desktop.WaitUntil("the text is back", [&] { return desktop.Pixels(margin) == before; });
 }
 
-TEST_F(Editing, AMovedSelectionIsTakenBackInTwoSteps) {
+TEST_F(Editing, AMovedSelectionAndATypedOverOneAreOneStepEach) {
     editor.Start();
     desktop.Type(u"abc def");
     desktop.Press("Home");
@@ -103,7 +103,14 @@ TEST_F(Editing, AMovedSelectionIsTakenBackInTwoSteps) {
     editor.Settle();
     EXPECT_EQ(Saved(), Bytes("defabc "));
     desktop.Press("Ctrl+z");
-    EXPECT_EQ(Saved(), Bytes("def"));
+    EXPECT_EQ(Saved(), Bytes("abc def"));
+    desktop.Press("Ctrl+a");
+    desktop.Type(u"x");
+    editor.Settle();
+    desktop.Press("Ctrl+z");
+    EXPECT_EQ(Saved(), Bytes("abc def"));
+    desktop.Press("Ctrl+k");
+    editor.Settle();
     desktop.Press("Ctrl+z");
     EXPECT_EQ(Saved(), Bytes("abc def"));
 }

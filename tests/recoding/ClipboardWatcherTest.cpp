@@ -42,7 +42,7 @@ TEST_F(ClipboardWatcherTest, TakesInBothWhereATextReplacesAnotherMeanwhile) {
     timers.Tick();
     Copy(u"а");
     timers.Tick();
-    EXPECT_EQ(document.Text(), u"П\rр");
+    EXPECT_EQ(document.Text(), u"П\r\nр");
 }
 
 TEST_F(ClipboardWatcherTest, KeepsTheDocumentWhereNobodyAnswers) {

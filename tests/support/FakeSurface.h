@@ -1,12 +1,18 @@
 #pragma once
 
+#include "base/TextChange.h"
+#include "base/Windows1251.h"
+#include "document/modEdit.h"
 #include "platform/TextSurface.h"
+
+#include <gtest/gtest.h>
 
 #include <algorithm>
 
 namespace quillshift {
 
-/// A surface without a window: one line per line break, no formatting but what was loaded.
+/// A surface without a window: no formatting but what was loaded, and no line wider than the window. Where
+/// the real one would know more, it fails the test.
 class FakeSurface final : public TextSurface {
 public:
     std::u16string_view Text() const override { return text_; }
@@ -15,39 +21,74 @@ public:
         Raise(OnSelChange);
     }
     void LoadPlain(std::u16string_view text) override {
-        text_ = text;
+        const std::u16string old = std::exchange(text_, WithWholeBreaks(text));
         start_ = length_ = 0;
         ++loads;
-        Raise(OnChange);
+        const auto [place, removed, added] = ChangeBetween(old, text_, 0);
+        Tell(place, std::u16string_view(old).substr(place, removed), added);
     }
     void LoadRich(const RichText& text) override { LoadPlain(text.text); }
 
     std::size_t SelStart() const override { return start_; }
-    void SetSelStart(std::size_t position) override { Select(std::min(position, text_.size()), 0); }
+    void SetSelStart(std::size_t position) override { Select(Snapped(position), 0); }
     std::size_t SelLength() const override { return length_; }
     void SetSelLength(std::size_t length) override {
-        Select(start_, std::min(length, text_.size() - start_));
+        Select(start_, Snapped(start_ + std::min(length, text_.size() - start_)) - start_);
     }
     std::u16string SelText() const override { return text_.substr(start_, length_); }
     void SetSelText(std::u16string_view text) override {
-        const bool changes = SelText() != text;
-        text_.replace(start_, length_, text);
-        Select(start_ + text.size(), 0);
+        const std::u16string came = WithWholeBreaks(text);
+        const auto [before, behind] = CutHalves(text_, {start_, length_, came.size()}, came);
+        const std::size_t place = start_ - before;
+        const std::u16string went = text_.substr(place, before + length_ + behind);
+        const bool changes = SelText() != came;
+        text_.replace(start_, length_, came);
+        Select(start_ + came.size(), 0);
         if (changes)
-            Raise(OnChange);
+            Tell(place, went, before + came.size() + behind);
     }
-    void Clear() override { SetSelText(u""); }
+    void Clear() override {
+        if (length_ > 0)
+            SetSelText(u"");
+    }
 
     Twips SelIndent() const override { return indent_; }
     void SetSelIndent(Twips indent) override { indent_ = indent; }
     void SetRightMargin(Twips) override {}
     SurfaceFont Font() const override { return font_; }
     void SetFont(const SurfaceFont& font) override { font_ = font; }
-    std::optional<std::size_t> Find(std::u16string_view wanted, std::size_t start, FindOptions) override {
-        const auto at = text_.find(wanted, start);
-        return at == std::u16string::npos ? std::nullopt : std::optional(at);
+    std::optional<std::size_t> Find(std::u16string_view wanted, std::size_t start,
+                                    FindOptions options) override {
+        EXPECT_EQ(windows1251::FindUnencodable(text_).count, 0U) << "the case of other letters";
+        const bool matchCase = Has(options, FindOptions::MatchCase);
+        const std::u16string in = matchCase ? text_ : ToCase(text_, LetterCase::Lower);
+        const std::u16string what = matchCase ? std::u16string(wanted) : ToCase(wanted, LetterCase::Lower);
+        for (std::size_t at = in.find(what, start); !what.empty() && at < in.size();
+             at = in.find(what, at + 1)) {
+            const std::size_t end = at + what.size();
+            const bool isWhole = !IsInWord(at == 0 ? u' ' : text_[at - 1]) &&
+                                 !IsInWord(end == text_.size() ? u' ' : text_[end]);
+            if (Has(options, FindOptions::WholeWord) && !isWhole)
+                continue;
+            SetSelStart(at);
+            SetSelLength(what.size());
+            return at;
+        }
+        return std::nullopt;
     }
-    std::optional<std::size_t> LineIndex(int) const override { return 0; }
+    std::optional<std::size_t> LineIndex(int line) const override {
+        std::size_t begin = 0;
+        for (;; --line) {
+            const std::size_t end = std::min(text_.find(u"\r\n", begin), text_.size());
+            EXPECT_LT(end - begin, 40U) << "such a line may wrap";
+            if (line == 0 || (line < 0 && start_ + length_ <= end))
+                return begin;
+            if (end == text_.size())
+                return std::nullopt;
+            begin = end + 2;
+            line += line < 0 ? 1 : 0;
+        }
+    }
     void SetFocus() override {}
 
     int loads = 0; ///< how often everything was replaced
@@ -56,6 +97,31 @@ private:
     static void Raise(const std::function<void()>& notice) {
         if (notice)
             notice();
+    }
+    void Tell(std::size_t place, std::u16string_view went, std::size_t came) {
+        if (OnChange)
+            OnChange({place, went, std::u16string_view(text_).substr(place, came)});
+    }
+    static std::u16string WithWholeBreaks(std::u16string_view text) {
+        std::u16string whole;
+        for (std::size_t i = 0; i < text.size(); ++i) {
+            const bool isSecond = i > 0 && text[i] == u'\n' && text[i - 1] == u'\r';
+            const bool isBreak =
+                text[i] == u'\r' || text[i] == u'\n' || text[i] == u'\u2028' || text[i] == u'\u2029';
+            if (!isSecond)
+                whole += isBreak ? std::u16string_view(u"\r\n") : text.substr(i, 1);
+        }
+        return whole;
+    }
+    static bool IsInWord(char16_t character) {
+        const auto changes = [character](LetterCase to) {
+            return ToCase({&character, 1}, to)[0] != character;
+        };
+        return changes(LetterCase::Upper) || changes(LetterCase::Lower) ||
+               std::u16string_view(u"0123456789_µ").find(character) != std::u16string_view::npos;
+    }
+    std::size_t Snapped(std::size_t position) const {
+        return IsInsideCharacter(text_, position) ? position - 1 : std::min(position, text_.size());
     }
     void Select(std::size_t start, std::size_t length) {
         const bool moves = start != start_ || length != length_;

@@ -1,5 +1,6 @@
 #include "platform/qt/QtTextSurface.h"
 
+#include "base/TextChange.h"
 #include "platform/qt/LongWordLayout.h"
 #include "platform/qt/QtText.h"
 
@@ -27,7 +28,7 @@ constexpr std::u16string_view kBreak = u"\r\n";
 // the first of them inside a line.
 QString WithPlainBreaks(std::u16string_view text) {
     QString plain = ToQString(text);
-    plain.replace(QChar::LineSeparator, u'\n');
+    plain.replace(QChar::LineSeparator, QChar::ParagraphSeparator);
     return plain;
 }
 
@@ -53,14 +54,6 @@ bool IsOwnedByCommands(const QKeyEvent& event) {
 
 bool HasAltAlone(const QKeyEvent& event) {
     return (event.modifiers() & (Qt::AltModifier | Qt::ControlModifier)) == Qt::AltModifier;
-}
-
-// Only what is sure to: a selection goes before the key is handed on.
-bool PutsTextIn(const QKeyEvent& event) {
-    if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
-        return false;
-    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter || event.key() == Qt::Key_Tab ||
-           (!event.text().isEmpty() && event.text().front().isPrint());
 }
 
 // The first file among what is dragged or copied; empty if there is none.
@@ -134,6 +127,7 @@ std::size_t QtTextSurface::SurfacePosition(int documentPosition) const {
 }
 
 int QtTextSurface::DocumentPosition(std::size_t surfacePosition) const {
+    surfacePosition -= IsInsideCharacter(mirror_, surfacePosition) ? 1 : 0;
     const int wanted = static_cast<int>(std::min(surfacePosition, mirror_.size()));
     int low = 0; // a block that begins at or before the position
     int high = document()->blockCount();
@@ -166,28 +160,45 @@ std::u16string QtTextSurface::TextBetween(int from, int to) const {
 // What stands before and behind a change is as it was, so its place in the old mirror follows from the new
 // document: as many positions from the front and from the back.
 void QtTextSurface::MirrorChange(int from, int /*removed*/, int added) {
+    if (replacing_)
+        return;
+    RaiseChange(); // of an earlier part of the same edit, if the widget tells it in parts
     const int last = document()->characterCount() - 1;
     from = std::min(from, last);
     const int to = std::min(from + added, last);
     const std::size_t length = static_cast<std::size_t>(last + document()->blockCount() - 1);
     const std::size_t begin = std::min(SurfacePosition(from), mirror_.size());
     const std::size_t behind = std::min(length - SurfacePosition(to), mirror_.size() - begin);
-    const std::size_t oldLength = mirror_.size() - begin - behind;
+    TextChange change{.place = begin, .removed = mirror_.size() - begin - behind, .added = 0};
     const std::u16string text = TextBetween(from, to);
-    if (std::u16string_view(mirror_).substr(begin, oldLength) == text)
+    const auto old = std::u16string_view(mirror_).substr(begin, change.removed);
+    if (old == text)
         return;
-    mirror_.replace(begin, oldLength, text);
+    if (composing_) {
+        const std::size_t caret = SurfacePosition(textCursor().position());
+        change = ChangeBetween(old, text, caret - std::min(begin, caret));
+        change.place += begin;
+    } else {
+        change.added = text.size();
+    }
+    const auto came = std::u16string_view(text).substr(change.place - begin, change.added);
+    const auto [before, after] = CutHalves(mirror_, change, came);
+    went_ = mirror_.substr(change.place - before, before + change.removed + after);
+    mirror_.replace(change.place, change.removed, came);
+    place_ = change.place - before;
+    came_ = before + change.added + after;
     textMoved_ = true;
-    if (!replacing_ && !hasLongWords_)
-        LayOutFor(std::u16string_view(mirror_).substr(begin - std::min(begin, kLongWord),
-                                                      text.size() + 2 * kLongWord));
+    if (!hasLongWords_)
+        LayOutFor(
+            std::u16string_view(mirror_).substr(place_ - std::min(place_, kLongWord), came_ + 2 * kLongWord));
 }
 
 void QtTextSurface::RaiseChange() {
-    if (replacing_ || !std::exchange(textMoved_, false))
+    if (!std::exchange(textMoved_, false))
         return;
+    const std::u16string went = std::exchange(went_, {});
     if (OnChange)
-        OnChange();
+        OnChange({.place = place_, .went = went, .came = std::u16string_view(mirror_).substr(place_, came_)});
 }
 
 void QtTextSurface::NoteSelection() {
@@ -217,10 +228,14 @@ void QtTextSurface::ReplaceAll(std::u16string_view text, const std::function<voi
     setTextCursor(QTextCursor(document()));
     setCurrentCharFormat({});
     replacing_ = false;
-    textMoved_ = false;
     noted_ = {};
-    if (OnChange)
-        OnChange();
+    const std::u16string old = std::exchange(mirror_, TextBetween(0, document()->characterCount() - 1));
+    const TextChange change = ChangeBetween(old, mirror_, 0);
+    went_ = std::u16string_view(old).substr(change.place, change.removed);
+    place_ = change.place;
+    came_ = change.added;
+    textMoved_ = true;
+    RaiseChange();
 }
 
 void QtTextSurface::SetText(std::u16string_view text) {
@@ -403,9 +418,6 @@ void QtTextSurface::keyPressEvent(QKeyEvent* event) {
     }
     if (!event->text().isEmpty() && OnKeyPress)
         OnKeyPress();
-    // Typing over a selection is told as two changes, a removal and an insertion, for undo to take back.
-    if (textCursor().hasSelection() && PutsTextIn(*event))
-        Clear();
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (isReturn && event->modifiers().testFlag(Qt::ShiftModifier)) {
         // Shift would make a break inside the paragraph, which has no form in a plain file.
@@ -423,11 +435,12 @@ void QtTextSurface::mousePressEvent(QMouseEvent* event) {
         OnRightMouseDown({screen.x(), screen.y()});
 }
 
-// The widget would tell these as one change that puts something else in the selection's place.
 void QtTextSurface::inputMethodEvent(QInputMethodEvent* event) {
-    if (textCursor().hasSelection() && !event->commitString().isEmpty())
-        Clear();
+    event->setCommitString(WithPlainBreaks(ViewOf(event->commitString())), event->replacementStart(),
+                           event->replacementLength());
+    composing_ = true; // the widget then calls the whole paragraph changed
     QTextEdit::inputMethodEvent(event);
+    composing_ = false;
 }
 
 void QtTextSurface::TakeFilesDroppedOn(QWidget& window) {
@@ -481,14 +494,15 @@ void QtTextSurface::dropEvent(QDropEvent* event) {
     }
     dragLeaveEvent(&over);
     event->accept();
-    const QTextCursor selection = textCursor();
+    QTextCursor selection = textCursor();
     QTextCursor target = cursorForPosition(event->position().toPoint());
     if (target.position() >= selection.selectionStart() && target.position() <= selection.selectionEnd())
         return;
     const QTextDocumentFragment moved = selection.selection();
-    Clear();
-    setTextCursor(target);
+    target.beginEditBlock(); // one edit of the text
+    selection.removeSelectedText();
     target.insertFragment(moved);
+    target.endEditBlock();
     setTextCursor(target);
 }
 

@@ -80,7 +80,11 @@ private:
     std::u16string mirror_;
     SurfaceFont font_;
     Selection noted_;        // what the listeners were last told
-    bool textMoved_ = false; // the mirror changed since the last `Change`
+    std::u16string went_;    // the edit that is not told yet: what went ...
+    std::size_t place_ = 0;  // ... where ...
+    std::size_t came_ = 0;   // ... and how much of the mirror came there
+    bool textMoved_ = false; // there is such an edit
+    bool composing_ = false; // an input method's event is at work
     bool hasLongWords_ = false;
     bool replacing_ = false; // a call here replaces everything, and raises the notices itself
 };

@@ -1,7 +1,8 @@
-#include "document/TextChange.h"
+#include "base/TextChange.h"
 
 #include <algorithm>
 #include <cstring>
+#include <string>
 
 namespace quillshift {
 namespace {
@@ -38,17 +39,34 @@ std::size_t CommonBack(std::u16string_view a, std::u16string_view b) {
 
 } // namespace
 
+bool IsInsideCharacter(std::u16string_view text, std::size_t place) {
+    if (place == 0 || place >= text.size())
+        return false;
+    const char16_t before = text[place - 1];
+    const char16_t behind = text[place];
+    const bool isPair = before >= 0xD800 && before < 0xDC00 && behind >= 0xDC00 && behind < 0xE000;
+    return isPair || (before == u'\r' && behind == u'\n');
+}
+
+Halves CutHalves(std::u16string_view text, const TextChange& change, std::u16string_view came) {
+    const std::size_t end = change.place + change.removed;
+    const std::size_t before = change.place > 0 ? 1 : 0;
+    const std::size_t behind = end < text.size() ? 1 : 0;
+    std::u16string now(text.substr(change.place - before, before));
+    (now += came) += text.substr(end, behind);
+    const bool cutsBefore = IsInsideCharacter(text, change.place) || IsInsideCharacter(now, before);
+    const bool cutsBehind = IsInsideCharacter(text, end) || IsInsideCharacter(now, now.size() - behind);
+    return {cutsBefore ? before : 0, cutsBehind ? behind : 0};
+}
+
 TextChange ChangeBetween(std::u16string_view from, std::u16string_view to, std::size_t caret) {
-    const std::size_t shorter = std::min(from.size(), to.size());
-    const auto frontUpTo = [&](std::size_t limit) {
-        return CommonFront(from.substr(0, limit), to.substr(0, limit));
-    };
     std::size_t back = CommonBack(from, to.substr(std::min(caret, to.size())));
-    std::size_t front = frontUpTo(shorter - back);
-    if (front + back < shorter) { // no insertion or removal at the caret
-        back = CommonBack(from, to);
-        front = frontUpTo(shorter - back);
-    }
+    while (IsInsideCharacter(from, from.size() - back) || IsInsideCharacter(to, to.size() - back))
+        --back;
+    const std::size_t limit = std::min(from.size(), to.size()) - back;
+    std::size_t front = CommonFront(from.substr(0, limit), to.substr(0, limit));
+    while (IsInsideCharacter(from, front) || IsInsideCharacter(to, front))
+        --front;
     return {.place = front, .removed = from.size() - front - back, .added = to.size() - front - back};
 }
 
