@@ -18,6 +18,7 @@
 #include "settings/FirstValues.h"
 #include "shell/Layout.h"
 #include "shell/Program.h"
+#include "shell/ProgramDialogs.h"
 #include "shell/frmMain.h"
 
 #include <QApplication>
@@ -123,17 +124,17 @@ int Run(int argc, char** argv) {
     Platform platform{store, sound, files, fileDialog, messageBox, clipboard, timers, screen, shell};
     SetUpStore(store, platform);
 
-    Program* self = nullptr;
     QtWindowMessages windowIds;
     MSubclass subclass(windowIds, u"quillshift");
     const QtTextMeasurer texts;
     QtBarSystem barSystem(windowIds);
     const QtSystemColours colours;
     const QtTheme theme;
-    mCommandBars bars({barSystem, windowIds, subclass, colours, theme, timers});
-    const MainWindowServices services{messageBox, bars, windowIds, texts, files, shell.ProgramFolder()};
-    Program program(platform, [&] { return std::make_unique<frmMain>(*self, services); });
-    self = &program;
+    mCommandBars toolkit({barSystem, windowIds, subclass, colours, theme, timers});
+    frmMain window(windowIds, texts);
+    Program program(platform, window, toolkit, [&window](ProgramParts& parts) {
+        return std::make_unique<ProgramDialogs>(parts, window);
+    });
     QTimer::singleShot(0, &application, [&] { program.Main(); });
     return QApplication::exec();
 }

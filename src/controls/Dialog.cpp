@@ -4,13 +4,16 @@
 
 namespace quillshift {
 
-Dialog::Dialog(Settings& settings, SoundEvents& sounds, QWidget* parent) : QDialog(parent), sounds_(sounds) {
-    SetWindowTopMost(*this, settings.Is(Setting::TopMost));
-    sounds_.PlaySoundEvent(sound_event::kFormLoad);
+Dialog::Dialog(const DialogContext& context, const QString& title)
+    : QDialog(context.owner), context_(context) {
+    setWindowTitle(title);
+    setFont(QFont(QStringLiteral("MS Sans Serif"), 8));
+    SetWindowTopMost(*this, context_.settings.Is(Setting::TopMost));
+    context_.sounds.PlaySoundEvent(sound_event::kFormLoad);
 }
 
 Dialog::~Dialog() {
-    sounds_.PlaySoundEvent(sound_event::kFormUnload);
+    context_.sounds.PlaySoundEvent(sound_event::kFormUnload);
 }
 
 DialogButton::DialogButton(const QString& text, SoundEvents& sounds, QWidget* parent)

@@ -1,24 +1,21 @@
 #pragma once
 
-#include "settings/Settings.h"
+#include "platform/Platform.h"
 #include "settings/SoundEvents.h"
 
 #include <QDialog>
 #include <QPushButton>
 
+#include <utility>
+
 namespace quillshift {
 
-/// What every dialog does the same way: it takes its place above other windows as `TopMost` says and plays
-/// the load sound before it fills its fields, and plays the unload sound when it closes.
-class Dialog : public QDialog {
-    Q_OBJECT
-
-public:
-    Dialog(Settings& settings, SoundEvents& sounds, QWidget* parent);
-    ~Dialog() override;
-
-private:
-    SoundEvents& sounds_;
+/// What every dialog stands on.
+struct DialogContext {
+    Platform& platform;
+    Settings& settings;
+    SoundEvents& sounds;
+    QWidget* owner;
 };
 
 /// A button of a dialog: plays its sound on each press, by whatever mouse button, and on each move over it.
@@ -34,6 +31,34 @@ protected:
 
 private:
     SoundEvents& sounds_;
+};
+
+/// What every dialog does the same way: it takes its place above other windows as `TopMost` says and plays
+/// the load sound before it fills its fields, and plays the unload sound when it is unloaded.
+class Dialog : public QDialog {
+    Q_OBJECT
+
+public:
+    Dialog(const DialogContext& context, const QString& title);
+    ~Dialog() override;
+
+protected:
+    /// Makes a control under its name, which becomes the object name.
+    template <typename Control, typename... Arguments>
+    Control* Add(const char* name, Arguments&&... arguments) {
+        auto* control = new Control(std::forward<Arguments>(arguments)...);
+        control->setObjectName(QLatin1String(name));
+        return control;
+    }
+    /// A button with its sounds.
+    DialogButton* AddButton(const char* name, const QString& text) {
+        return Add<DialogButton>(name, text, context_.sounds);
+    }
+
+    const DialogContext& Context() const { return context_; }
+
+private:
+    DialogContext context_;
 };
 
 /// Places a window above all others or takes that place away, without hiding it in between.

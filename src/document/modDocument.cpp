@@ -3,6 +3,7 @@
 #include "base/Error.h"
 #include "base/Texts.h"
 #include "base/Windows1251.h"
+#include "document/Caption.h"
 #include "document/rtf/RtfReader.h"
 
 namespace quillshift {
@@ -155,12 +156,7 @@ void modDocument::PointSaveAtOpenedFile(bool plain) {
 
 void modDocument::ApplyCaptionRule() {
     const FileDialog& dialog = services_.platform.fileDialog;
-    const std::u16string shown = services_.settings.Text(Setting::ShowInCaption);
-    if (shown != u"1" && shown != u"2")
-        return;
-    std::u16string title(kProgramTitle);
-    title += u" - [" + (shown == u"1" ? dialog.FileTitle : dialog.FileName) + u"]";
-    services_.mainWindow.SetTitle(title);
+    ShowCaption(services_.mainWindow, services_.settings, dialog.FileTitle, dialog.FileName);
 }
 
 // --- Import

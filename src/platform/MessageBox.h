@@ -4,6 +4,7 @@
 #include "base/Texts.h"
 
 #include <string_view>
+#include <utility>
 
 namespace quillshift {
 
@@ -29,6 +30,16 @@ public:
     /// Tells of a failure, with its number.
     void Report(const Error& error) {
         Show(BoxIcon::Critical, BoxButtons::Ok, FailureText(error.Number(), error.Description()));
+    }
+
+    /// Runs something, and reports the failure that it ends in.
+    template <typename Routine>
+    void Attempt(Routine&& routine) {
+        try {
+            std::forward<Routine>(routine)();
+        } catch (const Error& error) {
+            Report(error);
+        }
     }
 
 private:

@@ -1,8 +1,9 @@
 #include "recoding/RecodingJob.h"
 
+#include "base/Error.h"
 #include "base/Texts.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace quillshift {
 namespace {
@@ -51,65 +52,80 @@ void RecodingJob::StartDecode() {
 void RecodingJob::StartDirection(Direction direction) {
     if (services_.state.walking)
         return;
-    services_.state.Combo1 = direction.source - 1;
-    services_.state.Combo2 = direction.target - 1;
+    services_.state.SetPair(direction);
     RunRecodingJob();
+}
+
+void RecodingJob::StartAndReport(Direction direction) {
+    services_.messageBox.Attempt([&] { StartDirection(direction); });
 }
 
 void RecodingJob::RunRecodingJob() {
     RecodingState& state = services_.state;
-    if (state.walking)
-        return;
     if (services_.document.Text().empty()) {
         services_.messageBox.Inform(u"Нет текста для перекодирования !");
         return;
     }
     state.StopRequested = false;
     const WalkingMark mark(state.walking, OnEnded);
-    PrepareDialog();
+    ShowDialog();
     if (WalkTheBar() == Walk::Finished)
         Finish();
     else
-        services_.dialog.Destroy();
+        CloseDialog();
 }
 
-void RecodingJob::PrepareDialog() {
-    DecodingView& dialog = services_.dialog;
-    if (!dialog.IsCreated())
-        dialog.Create(services_.documentPath.empty() ? std::u16string_view(u"Документ не сохранен")
-                                                     : std::u16string_view(services_.documentPath));
-    dialog.SetWaiting(true);
-    const Direction pair{static_cast<Charset>(services_.state.Combo1 + 1),
-                         static_cast<Charset>(services_.state.Combo2 + 1)};
-    dialog.SetCode(DirectionName(pair));
-    dialog.Show();
+void RecodingJob::ShowDialog() {
+    services_.dialogs.Show(DialogKind::Decoding);
+    if (view_ == nullptr)
+        return;
+    view_->SetWaiting(true);
+    view_->SetCode(DirectionName(services_.state.Pair()));
+}
+
+void RecodingJob::CloseDialog() {
+    view_ = nullptr;
+    services_.dialogs.Close(DialogKind::Decoding);
+}
+
+void RecodingJob::Detach(const DecodingView& view) {
+    if (view_ == &view)
+        view_ = nullptr;
 }
 
 RecodingJob::Walk RecodingJob::WalkTheBar() {
     RecodingState& state = services_.state;
     const std::size_t steps = WalkSteps(services_.document.Text().size());
-    for (std::size_t i = 0; i <= steps; ++i) {
-        if (state.StopRequested) {
-            state.StopRequested = false;
-            return Walk::Stopped;
-        }
+    for (std::size_t i = 0; i <= steps && !state.StopRequested; ++i) {
         // Events ran at the last step, so the text may have changed, or be gone.
         const auto length = static_cast<float>(services_.document.Text().size());
         if (length == 0)
             return Walk::Stopped;
-        services_.dialog.SetProgress(static_cast<float>(i) / (length / 10) * 100);
+        if (view_ != nullptr)
+            view_->SetProgress(static_cast<float>(i) / (length / 10) * 100);
     }
-    return services_.document.Text().empty() ? Walk::Stopped : Walk::Finished;
+    // The last step ran events, too.
+    if (std::exchange(state.StopRequested, false) || services_.document.Text().empty())
+        return Walk::Stopped;
+    return Walk::Finished;
 }
 
 void RecodingJob::Finish() {
     RecodingState& state = services_.state;
-    state.SavedText = services_.document.Text();
-    const std::u16string recoded = RecodeText(state.SavedText, static_cast<Charset>(state.Combo1 + 1),
-                                              static_cast<Charset>(state.Combo2 + 1));
+    std::u16string text(services_.document.Text());
+    std::u16string recoded;
+    try {
+        recoded = RecodeText(text, state.Pair());
+    } catch (const Error&) {
+        CloseDialog();
+        throw;
+    }
+    state.SavedText = std::move(text);
     services_.document.SetText(recoded);
-    services_.dialog.Hide();
-    services_.dialog.SetWaiting(false);
+    if (view_ != nullptr) {
+        view_->Hide();
+        view_->SetWaiting(false);
+    }
     state.RecodeUndoAvailable = true;
 }
 
@@ -118,8 +134,19 @@ void RecodingJob::StopRecoding() {
     services_.mainWindow.SetPointer(Pointer::Default);
 }
 
+void RecodingJob::AskToStop() {
+    if (services_.messageBox.Ask(u"Вы действительно хотите отменить перекодирование?") != BoxAnswer::Yes)
+        return;
+    StopRecoding();
+    CloseDialog();
+}
+
 void RecodingJob::UndoRecoding() {
     services_.document.SetText(services_.state.SavedText);
+}
+
+std::u16string RecodingJob::DocumentName() const {
+    return services_.documentPath.empty() ? u"Документ не сохранен" : services_.documentPath;
 }
 
 } // namespace quillshift

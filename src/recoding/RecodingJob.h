@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Dialogs.h"
 #include "platform/MessageBox.h"
 #include "platform/TextSurface.h"
 #include "platform/Window.h"
@@ -22,7 +23,7 @@ public:
         MessageBox& messageBox;
         TextSurface& document;
         Window& mainWindow;
-        DecodingView& dialog;
+        Dialogs& dialogs;
         const std::u16string& documentPath; ///< empty while the document has no file
     };
 
@@ -30,16 +31,25 @@ public:
 
     /// Runs the direction of the setting `DefaultCode`; nothing without a valid one. Throws as below.
     void StartDecode();
-    /// Runs one direction.
+    /// Recodes the document from the selectors' pair, which is `direction` from then on, and returns when
+    /// that is done, stopped or refused. A start while a job walks is ignored. Throws Error 6 when the text
+    /// is over the recoder's limit; all is then as it was.
     void StartDirection(Direction direction);
-    /// Recodes the document from the selectors' pair and returns when that is done, stopped or refused. A
-    /// start while a job walks is ignored. Throws Error 6 when the text is over the recoder's limit; the
-    /// progress dialog then is still on screen.
-    void RunRecodingJob();
+    /// As `StartDirection`, and shows a failure in a box: for roads that report none themselves.
+    void StartAndReport(Direction direction);
+
     /// Asks a walking job to stop at its next step; without one nothing lasts.
     void StopRecoding();
+    /// Asks the user whether to stop the job.
+    void AskToStop();
     /// Brings back the text of before the last recoding, whatever has been done since.
     void UndoRecoding();
+
+    /// What the progress dialog shows for the document's file.
+    std::u16string DocumentName() const;
+    /// The progress dialog tells of itself for as long as it lives.
+    void Attach(DecodingView& view) { view_ = &view; }
+    void Detach(const DecodingView& view);
 
     /// Raised when a job has ended, by whatever road.
     std::function<void()> OnEnded;
@@ -47,11 +57,14 @@ public:
 private:
     enum class Walk { Finished, Stopped };
 
-    void PrepareDialog();
+    void RunRecodingJob();
+    void ShowDialog();
+    void CloseDialog();
     Walk WalkTheBar();
     void Finish();
 
     Services services_;
+    DecodingView* view_ = nullptr; ///< none before the first job, and none once the user has closed it
 };
 
 /// Number of steps of the walk after its first: a tenth of the length, exact halves to the even neighbour.

@@ -18,6 +18,12 @@ struct RecodingState {
     int Combo1 = 0;
     int Combo2 = 1;
 
+    Direction Pair() const { return {static_cast<Charset>(Combo1 + 1), static_cast<Charset>(Combo2 + 1)}; }
+    void SetPair(Direction pair) {
+        Combo1 = pair.source - 1;
+        Combo2 = pair.target - 1;
+    }
+
     bool walking = false; ///< a job is between its start and its end
 };
 

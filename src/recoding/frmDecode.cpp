@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <string>
 
 namespace quillshift {
 namespace {
@@ -24,22 +25,17 @@ Charset ChosenIn(const std::array<QRadioButton*, kCharsets>& options) {
 
 } // namespace
 
-frmDecode::frmDecode(Settings& settings, SoundEvents& sounds, QWidget* parent,
-                     std::function<void(Direction)> recode)
-    : Dialog(settings, sounds, parent),
-      sourceOptions{},
-      targetOptions{},
-      cmdDecode(new DialogButton(QStringLiteral("Перекодировать"), sounds)),
-      cmdCancel(new DialogButton(QStringLiteral("Отмена"), sounds)),
-      recode_(std::move(recode)) {
-    setWindowTitle(QStringLiteral("Перекодирование"));
-    auto* label = new QLabel(QStringLiteral("Выберите направление перекодирования и нажмите "
-                                            "'Перекодировать'. Чтобы выйти нажмите 'Отмена'."));
+frmDecode::frmDecode(const DialogContext& context, RecodingJob& job)
+    : Dialog(context, QStringLiteral("Перекодирование")), job_(job) {
+    auto* label = Add<QLabel>("Label2", QStringLiteral("Выберите направление перекодирования и нажмите "
+                                                       "'Перекодировать'. Чтобы выйти нажмите 'Отмена'."));
     label->setWordWrap(true);
+    auto* cmdDecode = AddButton("cmdDecode", QStringLiteral("Перекодировать"));
+    auto* cmdCancel = AddButton("cmdCancel", QStringLiteral("Отмена"));
 
     auto* frames = new QHBoxLayout;
-    frames->addWidget(OptionFrame(QStringLiteral("Исходная кодировка:"), QStringLiteral("1"), sourceOptions));
-    frames->addWidget(OptionFrame(QStringLiteral("Конечная кодировка:"), QStringLiteral("2"), targetOptions));
+    frames->addWidget(OptionFrame(QStringLiteral("Исходная кодировка:"), "1", sources_));
+    frames->addWidget(OptionFrame(QStringLiteral("Конечная кодировка:"), "2", targets_));
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(cmdDecode);
@@ -50,22 +46,21 @@ frmDecode::frmDecode(Settings& settings, SoundEvents& sounds, QWidget* parent,
     all->addLayout(buttons);
     all->setSizeConstraint(QLayout::SetFixedSize);
 
-    for (QRadioButton* option : sourceOptions)
+    for (QRadioButton* option : sources_)
         connect(option, &QRadioButton::toggled, this, &frmDecode::UpdateTargets);
-    targetOptions[1]->setChecked(true);
-    sourceOptions[0]->setChecked(true);
+    targets_[1]->setChecked(true);
+    sources_[0]->setChecked(true);
     cmdDecode->setDefault(true);
     connect(cmdDecode, &QPushButton::clicked, this, &frmDecode::Recode);
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
 }
 
-QGroupBox* frmDecode::OptionFrame(const QString& caption, const QString& nameEnd,
-                                  std::array<QRadioButton*, kCharsets>& options) {
-    auto* frame = new QGroupBox(caption);
+QGroupBox* frmDecode::OptionFrame(const QString& caption, const char* nameEnd, Options& options) {
+    auto* frame = Add<QGroupBox>((std::string("Frame") + nameEnd).c_str(), caption);
     auto* rows = new QVBoxLayout(frame);
     for (std::size_t i = 0; i < options.size(); ++i) {
-        options[i] = new QRadioButton(ToQString(kCharsetNames[i]));
-        options[i]->setObjectName(QLatin1String(kOptionNames[i]) + nameEnd);
+        options[i] =
+            Add<QRadioButton>((std::string(kOptionNames[i]) + nameEnd).c_str(), ToQString(kCharsetNames[i]));
         rows->addWidget(options[i]);
     }
     return frame;
@@ -73,21 +68,21 @@ QGroupBox* frmDecode::OptionFrame(const QString& caption, const QString& nameEnd
 
 // A disabled target that is chosen stays chosen. TAB then reaches the group at its first option instead.
 void frmDecode::UpdateTargets() {
-    for (std::size_t i = 0; i < targetOptions.size(); ++i)
-        targetOptions[i]->setEnabled(!sourceOptions[i]->isChecked());
+    for (std::size_t i = 0; i < targets_.size(); ++i)
+        targets_[i]->setEnabled(!sources_[i]->isChecked());
     const auto enabled = [](const auto* option) { return option->isEnabled(); };
     const auto chosen = [&](const auto* option) { return option->isChecked() && enabled(option); };
-    auto* entry = std::find_if(targetOptions.begin(), targetOptions.end(), chosen);
-    if (entry == targetOptions.end())
-        entry = std::find_if(targetOptions.begin(), targetOptions.end(), enabled);
-    for (QRadioButton* option : targetOptions)
+    auto* entry = std::find_if(targets_.begin(), targets_.end(), chosen);
+    if (entry == targets_.end())
+        entry = std::find_if(targets_.begin(), targets_.end(), enabled);
+    for (QRadioButton* option : targets_)
         option->setFocusPolicy(option == *entry ? Qt::StrongFocus : Qt::ClickFocus);
 }
 
 void frmDecode::Recode() {
-    const Direction chosen{ChosenIn(sourceOptions), ChosenIn(targetOptions)};
+    const Direction chosen{ChosenIn(sources_), ChosenIn(targets_)};
     if (chosen.source != chosen.target)
-        recode_(chosen);
+        job_.StartAndReport(chosen);
 }
 
 } // namespace quillshift

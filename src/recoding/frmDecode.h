@@ -1,10 +1,9 @@
 #pragma once
 
 #include "controls/Dialog.h"
-#include "recoding/modDecode.h"
+#include "recoding/RecodingJob.h"
 
 #include <array>
-#include <functional>
 
 class QGroupBox;
 class QRadioButton;
@@ -16,23 +15,18 @@ class frmDecode final : public Dialog {
     Q_OBJECT
 
 public:
-    /// `recode` runs the job with the chosen pair.
-    frmDecode(Settings& settings, SoundEvents& sounds, QWidget* parent,
-              std::function<void(Direction)> recode);
-
-    // In order of the character sets.
-    std::array<QRadioButton*, kCharsets> sourceOptions;
-    std::array<QRadioButton*, kCharsets> targetOptions;
-    DialogButton* cmdDecode;
-    DialogButton* cmdCancel;
+    frmDecode(const DialogContext& context, RecodingJob& job);
 
 private:
-    QGroupBox* OptionFrame(const QString& caption, const QString& nameEnd,
-                           std::array<QRadioButton*, kCharsets>& options);
+    using Options = std::array<QRadioButton*, kCharsets>; // in order of the character sets
+
+    QGroupBox* OptionFrame(const QString& caption, const char* nameEnd, Options& options);
     void UpdateTargets();
     void Recode();
 
-    std::function<void(Direction)> recode_;
+    RecodingJob& job_;
+    Options sources_{};
+    Options targets_{};
 };
 
 } // namespace quillshift

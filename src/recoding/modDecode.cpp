@@ -113,7 +113,7 @@ std::u16string_view CodeTable(Charset number) {
 std::u16string TranslateText(std::u16string_view text, std::u16string_view target,
                              std::u16string_view source) {
     if (text.size() > kRecodingLimit)
-        throw Error(6, u"modDecode", u"Overflow");
+        throw Error(6, u"modDecode", u"Текст слишком длинный: перекодировать можно не более 32766 символов.");
     std::u16string result(text);
     Substitution(source, target).Apply(result);
     return result;

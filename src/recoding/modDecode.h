@@ -44,13 +44,16 @@ std::u16string DirectionName(Direction direction);
 std::u16string_view CodeTable(Charset number);
 
 /// Replaces each character found in `source` by the one at the same place of `target`; where `source` repeats
-/// a character, its first place counts. Everything else stays. Throws Error 6 (Overflow) for a text of more
-/// than 32766 characters.
+/// a character, its first place counts. Everything else stays. Throws Error 6 for a text of more than 32766
+/// characters.
 std::u16string TranslateText(std::u16string_view text, std::u16string_view target,
                              std::u16string_view source);
 
 /// Re-codes `text` from one character set to another, letter by letter. A number outside 1 to 5 gives an
 /// empty table, so that the text comes back as it was. Throws as `TranslateText` does.
 std::u16string RecodeText(std::u16string_view text, Charset source, Charset target);
+inline std::u16string RecodeText(std::u16string_view text, Direction direction) {
+    return RecodeText(text, direction.source, direction.target);
+}
 
 } // namespace quillshift

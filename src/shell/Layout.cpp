@@ -5,14 +5,11 @@
 
 namespace quillshift {
 
-std::optional<MainView::EditorLayout> LayOutEditor(Twips height, Twips width,
-                                                   std::u16string_view useLargeIcons, int barsShown) {
+MainView::EditorLayout LayOutEditor(Twips height, Twips width, ToolBarIcons icons, int barsShown) {
     // What the outer height has over that of `picEditor`, by the number of bars shown.
     constexpr std::array<Twips, 3> kSmall{870_twips, 1275_twips, 1680_twips};
     constexpr std::array<Twips, 3> kLarge{870_twips, 1385_twips, 1890_twips};
-    if (useLargeIcons != u"0" && useLargeIcons != u"1")
-        return std::nullopt;
-    const auto& above = useLargeIcons == u"1" ? kLarge : kSmall;
+    const auto& above = icons == ToolBarIcons::Large ? kLarge : kSmall;
     const auto less = [](Twips all, Twips part) { return std::max(all - part, 0_twips); };
     const Twips editor = less(height, above[static_cast<std::size_t>(std::clamp(barsShown, 0, 2))]);
     return MainView::EditorLayout{.picEditorHeight = editor,
@@ -24,14 +21,37 @@ std::optional<MainView::EditorLayout> LayOutEditor(Twips height, Twips width,
 
 TwipsRect WithinReach(const TwipsRect& bounds, const std::vector<TwipsRect>& workAreas) {
     constexpr Twips kGrip = 1500_twips; // enough of the title to take hold of
-    const auto reached = [&](const TwipsRect& area) {
+    const auto acrossReached = [&](const TwipsRect& area) {
         return bounds.left + bounds.width >= area.left + kGrip &&
-               bounds.left + kGrip <= area.left + area.width && bounds.top >= area.top &&
-               bounds.top + kGrip <= area.top + area.height;
+               bounds.left + kGrip <= area.left + area.width;
     };
-    if (workAreas.empty() || std::any_of(workAreas.begin(), workAreas.end(), reached))
+    const auto downReached = [&](const TwipsRect& area) {
+        return bounds.top >= area.top && bounds.top + kGrip <= area.top + area.height;
+    };
+    const auto isReached = [&](const TwipsRect& area) { return acrossReached(area) && downReached(area); };
+    if (workAreas.empty() || std::any_of(workAreas.begin(), workAreas.end(), isReached))
         return bounds;
-    return {workAreas.front().left, workAreas.front().top, bounds.width, bounds.height};
+    // The monitor that has it beside or above it, else the first.
+    auto nearest = std::find_if(workAreas.begin(), workAreas.end(), acrossReached);
+    if (nearest == workAreas.end())
+        nearest = std::find_if(workAreas.begin(), workAreas.end(), downReached);
+    const TwipsRect& area = nearest == workAreas.end() ? workAreas.front() : *nearest;
+    return {acrossReached(area) ? bounds.left : area.left, downReached(area) ? bounds.top : area.top,
+            bounds.width, bounds.height};
+}
+
+MainLayout::MainLayout(MainView& window, MainBars& bars, Settings& settings, Timers& timers)
+    : window_(window), bars_(bars), settings_(settings), timerUpdate_(timers.Make([this] { LayOut(); })) {}
+
+void MainLayout::LayOut() {
+    if (window_.State() == WindowState::Minimised)
+        return;
+    const TwipsRect bounds = window_.Bounds();
+    const ToolBarIcons icons =
+        settings_.Is(Setting::UseLargeIcons) ? ToolBarIcons::Large : ToolBarIcons::Small;
+    const int shown = (bars_.IsShown(1) ? 1 : 0) + (bars_.IsShown(2) ? 1 : 0);
+    const Twips moreRows = bars_.MenuHeight() - kMenuRowHeight;
+    window_.LayOut(LayOutEditor(bounds.height - moreRows, bounds.width, icons, shown));
 }
 
 } // namespace quillshift

@@ -1,9 +1,10 @@
 #pragma once
 
-#include "shell/MainView.h"
+#include "platform/Timer.h"
+#include "settings/Settings.h"
+#include "shell/MainBars.h"
 
-#include <optional>
-#include <string_view>
+#include <memory>
 #include <vector>
 
 namespace quillshift {
@@ -23,12 +24,29 @@ inline constexpr Twips kDesignHeight = 8685_twips;
 inline constexpr Twips kLeastWidth = 6000_twips;
 inline constexpr Twips kLeastHeight = 3000_twips;
 
-/// The sizes for a window's outer height and width by the setting `UseLargeIcons` and by how many of the two
-/// toolbars are shown (0 to 2). Nothing for a setting other than "0" and "1".
-std::optional<MainView::EditorLayout> LayOutEditor(Twips height, Twips width,
-                                                   std::u16string_view useLargeIcons, int barsShown);
+/// The sizes for a window's outer height and width, by the size of the icons and by how many of the two
+/// toolbars are shown (0 to 2).
+MainView::EditorLayout LayOutEditor(Twips height, Twips width, ToolBarIcons icons, int barsShown);
 
-/// A window's rectangle, moved so that its title can be reached on one of the monitors.
+/// A window's rectangle, moved so that its title can be reached on one of the monitors. A side that is in
+/// reach stays where it is.
 TwipsRect WithinReach(const TwipsRect& bounds, const std::vector<TwipsRect>& workAreas);
+
+/// Keeps the text area of the main window at the size that its bars leave.
+class MainLayout {
+public:
+    MainLayout(MainView& window, MainBars& bars, Settings& settings, Timers& timers);
+
+    /// A minimised window is left alone.
+    void LayOut();
+    /// The same, behind the present event.
+    void LayOutSoon() { timerUpdate_->StartOnce(); }
+
+private:
+    MainView& window_;
+    MainBars& bars_;
+    Settings& settings_;
+    std::unique_ptr<Timer> timerUpdate_;
+};
 
 } // namespace quillshift

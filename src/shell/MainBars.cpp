@@ -17,27 +17,29 @@ constexpr mCommandBars::ShortcutAlias kOldChords[] = {
     {key::kBackspace, modifier::kAlt, 'Z', modifier::kCtrl},
     {'Z', modifier::kCtrl | modifier::kShift, FunctionKey(4), 0}};
 
+constexpr std::string_view kRoots[] = {"MENU", "TOOLBAR", "TOOLBAR2"};
+
 } // namespace
 
-MainBars::MainBars(mCommandBars& bars, Host host) : bars_(bars), host_(std::move(host)) {
-    for (BarWindow* const window : host_.windows)
-        AddControl(*window);
+MainBars::MainBars(mCommandBars& toolkit, MainView& window, FileSystem& files, std::u16string programFolder)
+    : toolkit_(toolkit), window_(window), files_(files), programFolder_(std::move(programFolder)) {
+    for (const int bar : {0, 1, 2})
+        AddControl(window.CmdBar(bar));
     cmdBar_[0]->Resize = [this, height = 0]() mutable {
-        const int now = host_.windows[0]->ClientSize().height;
-        if (std::exchange(height, now) != now && host_.menuResized)
-            host_.menuResized();
+        const int now = window_.CmdBar(0).ClientSize().height;
+        if (std::exchange(height, now) != now && OnMenuResize)
+            OnMenuResize();
     };
-    bars_.BeforeShortcut = host_.beforeShortcut;
-    bars_.Aliases = kOldChords;
+    toolkit_.Aliases = kOldChords;
 }
 
 qsCommandBar& MainBars::AddControl(BarWindow& window) {
-    qsCommandBar& control = *cmdBar_.emplace_back(std::make_unique<qsCommandBar>(bars_, window));
-    control.ButtonClick = [this](const cButton& button) { host_.dispatch(button.Key()); };
+    qsCommandBar& control = *cmdBar_.emplace_back(std::make_unique<qsCommandBar>(toolkit_, window));
+    control.ButtonClick = [this](const cButton& button) { OnClick(button.Key()); };
     control.RightClick = [this, &control](const std::optional<cButton>& /*button*/, Point at) {
         OnRightClick(control, at);
     };
-    control.RequestNewInstance = [this] { return &AddControl(host_.popupWindow()); };
+    control.RequestNewInstance = [this] { return &AddControl(window_.AddPopupWindow()); };
     return control;
 }
 
@@ -52,46 +54,55 @@ void MainBars::ShowMenu(std::string_view barKey, Point screen) {
     cmdBar_[0]->ShowPopupMenu(screen, cmdBar_[0]->CommandBars().Item(barKey));
 }
 
-void MainBars::LoadIcons(CatalogueIcons list) {
-    const IconListSource source = IconsOf(list);
-    clsImageList& icons = icons_.try_emplace(list, host_.files, bars_.Services().colours).first->second;
-    icons.IconSizeX = icons.IconSizeY = source.size;
-    icons.Density = host_.density;
+void MainBars::LoadIcons(std::string_view root, ToolBarIcons size, std::u16string_view folder) {
+    clsImageList& icons =
+        icons_.try_emplace(IconsKey(root, size), files_, toolkit_.Services().colours).first->second;
+    icons.IconSizeX = icons.IconSizeY = size == ToolBarIcons::Large ? 24 : 16;
+    icons.Density = window_.Density();
     icons.Create();
-    for (const IconFile& icon : source.icons)
-        icons.AddFromFile(host_.programFolder + std::u16string(source.folder) + std::u16string(icon.file),
-                          clsImageList::ImageType::Icon, icon.key);
+    for (const CatalogueEntry& entry : Catalogue())
+        if (RootOf(entry.Key) == root && !entry.picture.file.empty())
+            icons.AddFromFile(programFolder_ + std::u16string(folder) + std::u16string(entry.picture.file),
+                              clsImageList::ImageType::Icon, entry.picture.key);
 }
 
 void MainBars::Build() {
-    for (const CatalogueIcons list :
-         {CatalogueIcons::Menu, CatalogueIcons::ToolbarSmall, CatalogueIcons::ToolbarLarge,
-          CatalogueIcons::DecodeSmall, CatalogueIcons::DecodeLarge})
-        LoadIcons(list);
-    AddCatalogue(cmdBar_[0]->Buttons(), host_.cmbDecode);
+    LoadIcons(kRoots[0], ToolBarIcons::Small, u"/Data/icons/menu/");
+    for (const int bar : {1, 2}) {
+        LoadIcons(kRoots[bar], ToolBarIcons::Small, u"/Data/icons/toolbars/small/");
+        LoadIcons(kRoots[bar], ToolBarIcons::Large, u"/Data/icons/toolbars/large/");
+    }
+    AddCatalogue(cmdBar_[0]->Buttons(), window_.CmbDecode());
     BuildBars(cmdBar_[0]->Buttons(), cmdBar_[0]->CommandBars());
 }
 
 void MainBars::ApplyStyle(std::u16string_view style) {
     if (style == u"System")
-        bars_.SetStyle(BarStyle::System);
+        toolkit_.SetStyle(BarStyle::System);
     else if (style == u"OfficeXP")
-        bars_.SetStyle(BarStyle::OfficeXP);
+        toolkit_.SetStyle(BarStyle::OfficeXP);
 }
 
 void MainBars::AttachMenu() {
     qsCommandBar& menu = *cmdBar_[0];
     menu.SetMainMenu(true);
-    menu.SetMenuImageList(icons_.at(CatalogueIcons::Menu).hIml());
-    menu.SetToolbar(menu.CommandBars().Item("MENU"));
+    menu.SetMenuImageList(icons_.at(IconsKey(kRoots[0], ToolBarIcons::Small)).hIml());
+    menu.SetToolbar(menu.CommandBars().Item(kRoots[0]));
 }
 
 void MainBars::AttachToolBar(int bar, ToolBarIcons icons) {
-    constexpr CatalogueIcons kLists[2][2] = {{CatalogueIcons::ToolbarSmall, CatalogueIcons::ToolbarLarge},
-                                             {CatalogueIcons::DecodeSmall, CatalogueIcons::DecodeLarge}};
     qsCommandBar& control = Bar(bar);
-    control.SetToolbarImageList(icons_.at(kLists[bar - 1][icons == ToolBarIcons::Large ? 1 : 0]).hIml());
-    control.SetToolbar(control.CommandBars().Item(bar == 1 ? "TOOLBAR" : "TOOLBAR2"));
+    control.SetToolbarImageList(icons_.at(IconsKey(kRoots[bar], icons)).hIml());
+    control.SetToolbar(control.CommandBars().Item(kRoots[bar]));
+}
+
+void MainBars::Show(int bar, bool visible) {
+    shown_[bar] = visible;
+    window_.SetBarVisible(bar, visible);
+}
+
+Twips MainBars::MenuHeight() const {
+    return FromPixels(window_.CmdBar(0).ClientSize().height);
 }
 
 } // namespace quillshift

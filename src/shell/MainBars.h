@@ -4,57 +4,59 @@
 #include "commandbar/qsCommandBar.h"
 #include "shell/MainView.h"
 
-#include <array>
 #include <functional>
 #include <map>
 #include <memory>
+#include <string>
 #include <string_view>
 #include <vector>
 
 namespace quillshift {
 
-enum class CatalogueIcons;
+enum class ToolBarIcons { Small, Large };
 
-/// The command bars of the main window: menu, standard toolbar, recoding toolbar, and whatever popups they
-/// open; with the icons and the whole catalogue on them.
+/// The command bars of the main window: menu (0), standard toolbar (1), recoding toolbar (2), and whatever
+/// popups they open; with the icons and the whole catalogue on them.
 class MainBars {
 public:
-    struct Host {
-        std::array<BarWindow*, 3> windows;                  ///< of the bars, in this order
-        std::function<BarWindow&()> popupWindow;            ///< makes the window for one more popup
-        PanelControl& cmbDecode;                            ///< the list of directions
-        std::function<void(std::string_view key)> dispatch; ///< runs the command of a button
-        std::function<void()> beforeShortcut;               ///< the commands' states are about to count
-        std::function<void()> menuResized;                  ///< the menu may have another number of rows
-        FileSystem& files;
-        std::u16string programFolder; ///< the icon files lie below it
-        int density;                  ///< device pixels per logical pixel, rounded up
-    };
+    /// The icon files lie below `programFolder`.
+    MainBars(mCommandBars& toolkit, MainView& window, FileSystem& files, std::u16string programFolder);
 
-    MainBars(mCommandBars& bars, Host host);
+    std::function<void(std::string_view key)> OnClick; ///< a button was chosen
+    std::function<void()> OnMenuResize;                ///< the menu may have another number of rows
 
     /// Loads the icons, makes the buttons of the catalogue, and the bars from their keys.
     void Build();
     /// "System" and "OfficeXP" name a style; any other text leaves it.
     void ApplyStyle(std::u16string_view style);
     void AttachMenu();
-    /// 1: the standard toolbar, 2: the recoding toolbar.
     void AttachToolBar(int bar, ToolBarIcons icons);
+
+    /// Shows or hides bar 1 or 2.
+    void Show(int bar, bool visible);
+    bool IsShown(int bar) const { return shown_[bar]; }
+    /// Extent of the menu, which wraps to further rows in a narrow window.
+    Twips MenuHeight() const;
 
     /// Opens one of the menus at a point of the screen.
     void ShowMenu(std::string_view barKey, Point screen);
 
-    cButton Button(std::string_view key) { return cmdBar_[0]->Buttons().Item(key); }
+    cButton Button(std::string_view key) const { return cmdBar_[0]->Buttons().Item(key); }
     qsCommandBar& Bar(int index) { return *cmdBar_[static_cast<std::size_t>(index)]; }
 
 private:
-    void LoadIcons(CatalogueIcons list);
+    void LoadIcons(std::string_view root, ToolBarIcons size, std::u16string_view folder);
     qsCommandBar& AddControl(BarWindow& window);
     void OnRightClick(qsCommandBar& control, Point at);
 
-    mCommandBars& bars_;
-    Host host_;
-    std::map<CatalogueIcons, clsImageList> icons_;
+    using IconsKey = std::pair<std::string, ToolBarIcons>; // by bar and size
+
+    mCommandBars& toolkit_;
+    MainView& window_;
+    FileSystem& files_;
+    std::u16string programFolder_;
+    bool shown_[3] = {true, false, false};
+    std::map<IconsKey, clsImageList> icons_;
     std::vector<std::unique_ptr<qsCommandBar>> cmdBar_; // the three, then the popups
 };
 

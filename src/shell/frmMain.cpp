@@ -1,10 +1,9 @@
 #include "shell/frmMain.h"
 
-#include "commandbar/PanelControl.h"
+#include "controls/Dialog.h"
 #include "platform/qt/QtText.h"
-#include "recoding/frmDecode.h"
+#include "recoding/modDecode.h"
 #include "shell/Layout.h"
-#include "shell/Program.h"
 
 #include <QCloseEvent>
 #include <QComboBox>
@@ -37,15 +36,13 @@ private:
     WindowId container_ = 0;
 };
 
-frmMain::frmMain(Program& program, const MainWindowServices& services)
-    : program_(program),
-      decoding_(program.StoredSettings(), program.Sounds(), services.messageBox, this),
+frmMain::frmMain(QtWindowMessages& windowIds, const QtTextMeasurer& texts)
+    : windowIds_(windowIds),
+      texts_(texts),
       cmbDecode_(new QComboBox(this)),
-      directionsPanel_(std::make_unique<DirectionsPanel>(*cmbDecode_, services.windowIds)),
-      barWindows_{new QtBarWindow(services.windowIds, services.texts, this),
-                  new QtBarWindow(services.windowIds, services.texts, this),
-                  new QtBarWindow(services.windowIds, services.texts, this)},
-      bars_(services.bars, BarsHost(services)),
+      directionsPanel_(std::make_unique<DirectionsPanel>(*cmbDecode_, windowIds)),
+      cmdBar_{new QtBarWindow(windowIds, texts, this), new QtBarWindow(windowIds, texts, this),
+              new QtBarWindow(windowIds, texts, this)},
       picEditor_(new QWidget(this)),
       shapeRichTextBox_(new QFrame(picEditor_)),
       richTextBox_(new QtTextSurface(picEditor_)) {
@@ -64,39 +61,27 @@ frmMain::frmMain(Program& program, const MainWindowServices& services)
         cmbDecode_->addItem(ToQString(DirectionName(DirectionOf(number))));
     cmbDecode_->setFont(QFont(QStringLiteral("Tahoma"), 8));
     cmbDecode_->resize(cmbDecode_->width(), 21);
-    connect(cmbDecode_, &QComboBox::currentIndexChanged, this, [this] { program_.OnDirectionChange(); });
+    connect(cmbDecode_, &QComboBox::currentIndexChanged, this, [this] {
+        if (OnDirectionChange)
+            OnDirectionChange();
+    });
     // The keyboard goes back to the text once a direction is chosen.
     connect(cmbDecode_, &QComboBox::activated, this, [this] { richTextBox_->setFocus(); });
-    decoding_.StopRecoding = [this] { program_.Job().StopRecoding(); };
     StackBars();
 }
 
 frmMain::~frmMain() = default;
 
-MainBars::Host frmMain::BarsHost(const MainWindowServices& services) {
-    return {.windows = {barWindows_[0], barWindows_[1], barWindows_[2]},
-            .popupWindow = [this, &ids = services.windowIds, &texts = services.texts]() -> BarWindow& {
-                return *new QtBarWindow(ids, texts, this);
-            },
-            .cmbDecode = *directionsPanel_,
-            .dispatch = [this](std::string_view key) { program_.Dispatch(key); },
-            .beforeShortcut = [this] { program_.UpdatePendingStates(); },
-            .menuResized = [this] { program_.OnResize(); },
-            .files = services.files,
-            .programFolder = services.programFolder,
-            .density = static_cast<int>(std::ceil(devicePixelRatioF()))};
-}
-
 void frmMain::StackBars() {
     auto* stack = new QVBoxLayout(this);
     stack->setContentsMargins(0, 0, 0, 0);
     stack->setSpacing(0);
-    for (std::size_t bar = 0; bar < barWindows_.size(); ++bar) {
+    for (std::size_t bar = 0; bar < cmdBar_.size(); ++bar) {
         auto* line = new QFrame;
         line->setFrameShape(QFrame::HLine);
         line->setFrameShadow(QFrame::Sunken);
         line->setFixedHeight(ToPixels(30_twips));
-        stack->addWidget(barWindows_[bar]);
+        stack->addWidget(cmdBar_[bar]);
         stack->addWidget(lines_[bar] = line);
     }
     stack->addWidget(picEditor_);
@@ -104,14 +89,16 @@ void frmMain::StackBars() {
 }
 
 void frmMain::SetBarVisible(int bar, bool visible) {
-    barWindows_[static_cast<std::size_t>(bar)]->setVisible(visible);
+    cmdBar_[static_cast<std::size_t>(bar)]->setVisible(visible);
     lines_[bar]->setVisible(visible);
 }
 
-void frmMain::SetEnabled(std::string_view key, bool enabled) {
-    bars_.Button(key).SetEnabled(enabled);
-    if (key == "TOOLBAR2:DECODE")
-        cmbDecode_->setEnabled(enabled);
+int frmMain::Density() const {
+    return static_cast<int>(std::ceil(devicePixelRatioF()));
+}
+
+PanelControl& frmMain::CmbDecode() {
+    return *directionsPanel_;
 }
 
 int frmMain::Direction() const {
@@ -122,16 +109,14 @@ void frmMain::SetDirection(int number) {
     cmbDecode_->setCurrentIndex(number);
 }
 
+void frmMain::EnableDirections(bool enabled) {
+    cmbDecode_->setEnabled(enabled);
+}
+
 void frmMain::LayOut(const EditorLayout& layout) {
     picEditor_->setFixedHeight(ToPixels(layout.picEditorHeight));
     shapeRichTextBox_->resize(ToPixels(layout.shapeWidth), ToPixels(layout.shapeHeight));
     richTextBox_->resize(ToPixels(layout.surfaceWidth), ToPixels(layout.surfaceHeight));
-}
-
-void frmMain::ShowDecodeDialog() {
-    frmDecode dialog(program_.StoredSettings(), program_.Sounds(), this,
-                     [this](quillshift::Direction direction) { program_.RecodeFromDialog(direction); });
-    dialog.exec();
 }
 
 void frmMain::SetTitle(std::u16string_view title) {
@@ -184,11 +169,12 @@ void frmMain::SetBounds(const TwipsRect& bounds) {
 
 void frmMain::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    program_.OnResize();
+    if (OnResize)
+        OnResize();
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
-    event->setAccepted(program_.OnClose());
+    event->setAccepted(!OnClose || OnClose());
 }
 
 } // namespace quillshift

@@ -1,7 +1,8 @@
-// The way in and the way out of the program.
+#include "shell/modMain.h"
 
 #include "base/Error.h"
-#include "shell/Program.h"
+
+#include <utility>
 
 namespace quillshift {
 namespace {
@@ -19,95 +20,94 @@ constexpr int kUnloadedItself = 364; // a window that closed while it was being 
 
 } // namespace
 
-void Program::Main() {
+modMain::modMain(ProgramParts& parts, MainLoad& load)
+    : parts_(parts),
+      load_(load),
+      timerClose_(parts.platform.timers.Make([this] { parts_.window.Close(); })) {}
+
+void modMain::Main() {
     try {
         ShowFirstRunNotice();
-        if (RefusesSecondCopy()) {
-            platform_.shell.EndProcess();
-            return;
-        }
-        const bool splash = settings_.Is(Setting::Splash);
-        if (!splash || !ShowStartDialog(StartDialog::Splash))
+        if (RefusesSecondCopy())
+            parts_.platform.shell.EndProcess();
+        else
             ShowFirstWindow();
     } catch (const Error& error) {
         if (error.Number() > kNothingWrong && error.Number() != kUnloadedItself)
-            platform_.messageBox.Report(error);
+            parts_.platform.messageBox.Report(error);
     }
 }
 
-void Program::ShowFirstRunNotice() {
-    if (!settings_.Is(Setting::FirstRun))
+void modMain::ShowFirstRunNotice() {
+    if (!parts_.settings.Is(Setting::FirstRun))
         return;
-    platform_.messageBox.Inform(kFirstRunNotice, BoxIcon::None);
-    settings_.Set(Setting::FirstRun, u"0");
+    parts_.platform.messageBox.Inform(kFirstRunNotice, BoxIcon::None);
+    parts_.settings.Switch(Setting::FirstRun, false);
 }
 
-bool Program::RefusesSecondCopy() {
-    if (!settings_.Is(Setting::ManyCopies, u"0") || !platform_.shell.AnotherCopyRuns())
+bool modMain::RefusesSecondCopy() {
+    if (!parts_.settings.Is(Setting::ManyCopies, u"0") || !parts_.platform.shell.AnotherCopyRuns())
         return false;
-    platform_.messageBox.Inform(
+    parts_.platform.messageBox.Inform(
         u"Программа уже запущена! Чтобы запустить программу несколько раз, включите опцию <Разрешить запуск "
         u"нескольких копий программы> в диалоговом окне Параметры программы.");
     return true;
 }
 
-void Program::ShowFirstWindow() {
-    if (settings_.Is(Setting::Welcome) && ShowStartDialog(StartDialog::Welcome))
-        return;
-    if (settings_.Is(Setting::WorkBegin) && ShowStartDialog(StartDialog::WorkBegin))
-        return;
-    ShowMainWindow();
-}
-
-// The one place where the start chain passes over the dialogs it does not have.
-bool Program::ShowStartDialog(StartDialog /*dialog*/) {
-    return false;
+void modMain::ShowFirstWindow() {
+    load_.ShowMainWindow();
 }
 
 // --- Closing
 
-bool Program::OnClose() {
-    if (recoding_.walking) {
+bool modMain::Close() {
+    if (parts_.recoding.walking) {
         // The job is on the stack below; it has to be off before the window goes.
         closeAfterJob_ = true;
-        job_->StopRecoding();
+        parts_.job.StopRecoding();
         return false;
     }
-    const BoxAnswer answer = modDocument_->AskToSave(BoxButtons::YesNoCancel);
+    const BoxAnswer answer = parts_.documents.AskToSave(BoxButtons::YesNoCancel);
     if (answer == BoxAnswer::Cancel)
         return false;
     if (answer == BoxAnswer::Yes)
-        modDocument_->SaveAs();
-    if (settings_.Is(Setting::ClearClipboard))
-        platform_.clipboard.Clear();
+        parts_.documents.SaveAs();
+    if (parts_.settings.Is(Setting::ClearClipboard))
+        parts_.platform.clipboard.Clear();
     StorePlace();
-    settings_.Set(Setting::ClipboardText, u"");
+    parts_.settings.Set(Setting::ClipboardText, u"");
     if (!AskToLeave())
         return false;
-    platform_.shell.EndProcess();
+    parts_.platform.shell.EndProcess();
     return true;
 }
 
-void Program::StorePlace() {
-    if (settings_.Is(Setting::SaveWindowPositionAndSize)) {
-        const TwipsRect bounds = main_->RestoredBounds();
-        settings_.Set(Setting::MainLeft, DecimalText(bounds.left.value));
-        settings_.Set(Setting::MainTop, DecimalText(bounds.top.value));
-        settings_.Set(Setting::MainHeight, DecimalText(bounds.height.value));
-        settings_.Set(Setting::MainWidth, DecimalText(bounds.width.value));
-    }
-    const WindowState state = main_->State();
-    if (state != WindowState::Minimised)
-        settings_.Set(Setting::WindowState, state == WindowState::Maximised ? u"2" : u"0");
+void modMain::OnJobEnded() {
+    if (std::exchange(closeAfterJob_, false))
+        timerClose_->StartOnce();
 }
 
-bool Program::AskToLeave() {
-    if (!settings_.Is(Setting::MessageOnExit))
+void modMain::StorePlace() {
+    if (parts_.settings.Is(Setting::SaveWindowPositionAndSize)) {
+        const TwipsRect bounds = parts_.window.RestoredBounds();
+        parts_.settings.Set(Setting::MainLeft, DecimalText(bounds.left.value));
+        parts_.settings.Set(Setting::MainTop, DecimalText(bounds.top.value));
+        parts_.settings.Set(Setting::MainHeight, DecimalText(bounds.height.value));
+        parts_.settings.Set(Setting::MainWidth, DecimalText(bounds.width.value));
+    }
+    const WindowState state = parts_.window.State();
+    if (state != WindowState::Minimised)
+        parts_.settings.Set(Setting::WindowState, state == WindowState::Maximised ? u"2" : u"0");
+}
+
+bool modMain::AskToLeave() {
+    if (!parts_.settings.Is(Setting::MessageOnExit))
         return true;
-    if (platform_.messageBox.Ask(u"Вы действительно хотите завершить работу с программой?") != BoxAnswer::Yes)
+    if (parts_.platform.messageBox.Ask(u"Вы действительно хотите завершить работу с программой?") !=
+        BoxAnswer::Yes)
         return false;
-    sounds_.PlaySoundEvent(sound_event::kFormUnload);
-    platform_.sound.WaitForEnd(); // the end would cut it
+    parts_.sounds.PlaySoundEvent(sound_event::kFormUnload);
+    parts_.platform.sound.WaitForEnd(); // the end would cut it
     return true;
 }
 

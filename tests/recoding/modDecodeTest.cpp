@@ -53,7 +53,7 @@ TEST(RecodeText, TakesAsMuchAsItsLimitAndOverflowsBeyond) {
     EXPECT_EQ(RecodeText(std::u16string(32766, u'А'), 2, 5), std::u16string(32766, u'\u0402'));
     const Error error = FailureOf([] { RecodeText(std::u16string(32767, u'А'), 2, 5); });
     EXPECT_EQ(error.Number(), 6);
-    EXPECT_EQ(error.Description(), u"Overflow");
+    EXPECT_NE(error.Description().find(u"32766"), std::u16string::npos) << "it tells the limit";
 }
 
 TEST(Direction, NumbersRunBySourceThenByTarget) {

@@ -1,16 +1,11 @@
 #include "shell/MainBars.h"
 
 #include "platform/Keys.h"
-#include "support/FakeBarControl.h"
-#include "support/FakeBarWindow.h"
-#include "support/FakeDesktop.h"
-#include "support/FakePlatform.h"
-#include "support/FakeWindowMessages.h"
+#include "shell/Catalogue.h"
+#include "support/TestProgram.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include <deque>
 
 namespace quillshift {
 namespace {
@@ -26,17 +21,18 @@ constexpr WindowId kElsewhere = 99;
 class MainBarsTest : public testing::Test {
 protected:
     MainBarsTest() {
-        bars.Build();
-        bars.AttachMenu();
-        bars.AttachToolBar(1, ToolBarIcons::Small);
-        bars.AttachToolBar(2, ToolBarIcons::Small);
-        system.foreground = kTop;
+        test.Start();
+        for (const int bar : {1, 2})
+            for (int item = 0; item < 40; ++item)
+                test.settings.ShowItem(bar == 1 ? ItemBar::Standart : ItemBar::Decode, item, true);
+        bars.OnClick = [this](std::string_view key) { clicked.emplace_back(key); };
+        for (const CatalogueEntry& entry : Catalogue())
+            bars.Button(entry.Key).SetVisible(true);
+        platform.timers.Tick();
+        for (const CatalogueEntry& entry : Catalogue())
+            bars.Button(entry.Key).SetEnabled(true);
     }
 
-    FakeBarWindow& Open(WindowId id, Rect place) {
-        messages.Open(id);
-        return windows.emplace_back(id, id < 10 ? kTop : id, place);
-    }
     FakeBarWindow& Popup(std::size_t number) { return windows[3 + number]; }
     std::vector<std::size_t> OpenPopups() {
         std::vector<std::size_t> open;
@@ -82,31 +78,17 @@ protected:
             EXPECT_TRUE(bars.Bar(bar).Enabled()) << bar;
     }
 
-    FakePlatform platform;
-    FakeWindowMessages messages;
-    FakeBarSystem system;
-    FakeSystemColours colours;
-    FakeTheme theme;
-    MSubclass subclass{messages, u"test"};
-    mCommandBars toolkit{{system, messages, subclass, colours, theme, platform.timers}};
-    std::deque<FakeBarWindow> windows;
-    FakePanel panel;
+    TestProgram test;
+    FakePlatform& platform = test;
+    FakeBarSystem& system = test.system;
+    FakeWindowMessages& messages = test.messages;
+    mCommandBars& toolkit = test.toolkit;
+    MainBars& bars = test.program.Parts().bars;
+    std::deque<FakeBarWindow>& windows = test.window.windows;
+    FakeBarWindow& menu = windows[0];
+    FakeBarWindow& toolbar = windows[1];
+    FakeBarWindow& decode = windows[2];
     std::vector<std::string> clicked;
-    FakeBarWindow& menu = (messages.Open(kTop), Open(2, RectAt(100, 100, 780, 21)));
-    FakeBarWindow& toolbar = Open(3, RectAt(100, 123, 780, 24));
-    FakeBarWindow& decode = Open(4, RectAt(100, 149, 780, 24));
-    MainBars bars{toolkit,
-                  {.windows = {&menu, &toolbar, &decode},
-                   .popupWindow = [this]() -> BarWindow& {
-                       return Open(static_cast<WindowId>(10 + windows.size()), {});
-                   },
-                   .cmbDecode = panel,
-                   .dispatch = [this](std::string_view command) { clicked.emplace_back(command); },
-                   .beforeShortcut = {},
-                   .menuResized = {},
-                   .files = platform.files,
-                   .programFolder = u"/program",
-                   .density = 1}};
 };
 
 TEST_F(MainBarsTest, ASecondClickOnAHeadingClosesItsMenu) {

@@ -17,6 +17,7 @@ namespace quillshift {
 class FakeFiles final : public FileSystem {
 public:
     FileContents Read(std::u16string_view path) override {
+        read.emplace_back(path);
         const auto found = files.find(std::u16string(path));
         if (found == files.end())
             return {.bytes = {}, .failure = FileFailure{53, u"Файл не найден"}};
@@ -29,6 +30,7 @@ public:
         return std::nullopt;
     }
     std::map<std::u16string, std::string> files;
+    std::vector<std::u16string> read; ///< in order
     std::set<std::u16string> unwritable;
 };
 

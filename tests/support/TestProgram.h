@@ -1,19 +1,28 @@
 #pragma once
 
 #include "shell/Program.h"
+#include "support/FakeDesktop.h"
+#include "support/FakeDialogs.h"
 #include "support/FakeMainView.h"
 #include "support/FakePlatform.h"
 
 namespace quillshift {
 
-/// A whole program over fakes: set what the store holds, then `Start`.
+/// A whole program over fakes, its bars included: set what the store holds, then `Start`.
 struct TestProgram : FakePlatform {
     Settings settings{store};
-    FakeMainView* window = nullptr; ///< from the first show on
-    Program program{platform, [this] {
-                        auto view = std::make_unique<FakeMainView>();
-                        window = view.get();
-                        return view;
+    FakeWindowMessages messages;
+    FakeBarSystem system;
+    FakeSystemColours colours;
+    FakeTheme theme;
+    MSubclass subclass{messages, u"test"};
+    mCommandBars toolkit{{system, messages, subclass, colours, theme, timers}};
+    FakeMainView window{messages};
+    FakeDialogs* dialogs = nullptr;
+    Program program{platform, window, toolkit, [this](ProgramParts& parts) {
+                        auto made = std::make_unique<FakeDialogs>(parts.job);
+                        dialogs = made.get();
+                        return made;
                     }};
 
     TestProgram& Set(Setting setting, std::u16string_view text) {
@@ -21,14 +30,16 @@ struct TestProgram : FakePlatform {
         return *this;
     }
     FakeMainView& Start() {
+        system.foreground = FakeMainView::kTop;
         program.Main();
-        return *window;
+        return window;
     }
+    cButton Button(std::string_view key) { return program.Parts().bars.Button(key); }
     /// Opens a document that holds `bytes` by the menu.
     void OpenFile(std::u16string_view path, std::string_view bytes) {
         files.files[std::u16string(path)] = bytes;
         fileDialog.chosen.emplace_back(path);
-        program.Dispatch("MENU:FILE:OPEN");
+        program.Run("MENU:FILE:OPEN");
     }
     std::u16string LastBox() const { return messageBox.shown.empty() ? u"" : messageBox.shown.back().text; }
 };

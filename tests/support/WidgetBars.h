@@ -5,9 +5,7 @@
 #include "platform/qt/QtBarWindow.h"
 #include "platform/qt/QtTimers.h"
 #include "shell/MainBars.h"
-#include "support/FakeBarControl.h"
-
-#include <QVBoxLayout>
+#include "shell/frmMain.h"
 
 #include <string>
 #include <vector>
@@ -17,19 +15,21 @@ namespace quillshift {
 /// The bars of the main window in real widgets, with the whole catalogue. `programFolder`: where the icon
 /// files lie; without them the pictures stay blank. Shown when the test shows `window`.
 struct WidgetBars {
-    explicit WidgetBars(std::u16string folder) : programFolder(std::move(folder)) {
+    explicit WidgetBars(std::u16string programFolder)
+        : bars(toolkit, window, files, std::move(programFolder)) {
+        bars.OnClick = [this](std::string_view) { ++commands; };
         bars.Build();
         toolkit.SetStyle(BarStyle::OfficeXP);
         bars.AttachMenu();
         bars.AttachToolBar(1, ToolBarIcons::Small);
         bars.AttachToolBar(2, ToolBarIcons::Small);
-        auto* stack = new QVBoxLayout(&window);
-        stack->setContentsMargins(0, 0, 0, 0);
-        for (QtBarWindow* bar : barWindows)
-            stack->addWidget(bar);
+    }
+    /// The windows of the three bars, then those of the popups so far.
+    std::vector<QtBarWindow*> Windows() {
+        const auto all = window.findChildren<QtBarWindow*>();
+        return {all.begin(), all.end()};
     }
 
-    std::u16string programFolder;
     QtWindowMessages ids;
     MSubclass subclass{ids, u"test"};
     QtTextMeasurer texts;
@@ -39,26 +39,9 @@ struct WidgetBars {
     QtTimers timers;
     PosixFiles files;
     mCommandBars toolkit{{system, ids, subclass, colours, theme, timers}};
-    QWidget window;
-    std::array<QtBarWindow*, 3> barWindows{new QtBarWindow(ids, texts, &window),
-                                           new QtBarWindow(ids, texts, &window),
-                                           new QtBarWindow(ids, texts, &window)};
-    std::vector<QtBarWindow*> popups;
-    FakePanel panel;
+    frmMain window{ids, texts};
     int commands = 0; ///< how many were run
-    MainBars bars{toolkit,
-                  {.windows = {barWindows[0], barWindows[1], barWindows[2]},
-                   .popupWindow = [this]() -> BarWindow& {
-                       popups.push_back(new QtBarWindow(ids, texts, &window));
-                       return *popups.back();
-                   },
-                   .cmbDecode = panel,
-                   .dispatch = [this](std::string_view) { ++commands; },
-                   .beforeShortcut = {},
-                   .menuResized = {},
-                   .files = files,
-                   .programFolder = programFolder,
-                   .density = 1}};
+    MainBars bars;
 };
 
 } // namespace quillshift

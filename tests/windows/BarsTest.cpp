@@ -16,8 +16,6 @@ namespace {
 class BarsTest : public testing::Test, protected WidgetBars {
 protected:
     BarsTest() : WidgetBars(u"/nowhere") {
-        text->setContextMenuPolicy(Qt::NoContextMenu); // as in the program
-        window.layout()->addWidget(text);
         window.resize(700, 400);
         window.show();
         window.activateWindow();
@@ -25,15 +23,15 @@ protected:
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
     }
 
-    std::vector<QtBarWindow*> OpenPopups() const {
+    std::vector<QtBarWindow*> OpenPopups() {
         std::vector<QtBarWindow*> open;
-        for (QtBarWindow* popup : popups)
-            if (popup->isVisible())
+        for (QtBarWindow* popup : Windows())
+            if (popup->isWindow() && popup->isVisible())
                 open.push_back(popup);
         return open;
     }
 
-    QTextEdit* text = new QTextEdit(&window);
+    QTextEdit* text = &static_cast<QtTextSurface&>(window.RichTextBox());
 };
 
 TEST_F(BarsTest, TenThousandRandomEventsLeaveNothingOpenDisabledOrWithoutTheKeyboard) {

@@ -1,63 +1,103 @@
+#include "base/Windows1251.h"
 #include "controls/ProgressBar.h"
 #include "recoding/frmDecode.h"
 #include "recoding/frmDecoding.h"
 #include "support/FailureOf.h"
-#include "support/FakePlatform.h"
+#include "support/Iconv.h"
+#include "support/TestProgram.h"
 
 #include <gtest/gtest.h>
 
 #include <QLineEdit>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
 
-#include <optional>
+#include <stdexcept>
 
 namespace quillshift {
 namespace {
 
+/// The real dialogs over a program whose main window is a fake.
 struct RecodingDialogs : testing::Test {
-    FakePlatform fakes;
-    Settings settings{fakes.store};
-    SoundEvents sounds{settings, fakes.sound};
+    TestProgram test;
+    ProgramParts& parts = (test.Start(), test.program.Parts());
+    DialogContext context{parts.platform, parts.settings, parts.sounds, nullptr};
 
-    void SwitchSoundsOn() {
-        for (const SoundEvent& event : {sound_event::kButtonMouseMove, sound_event::kButtonMouseClick,
-                                        sound_event::kFormLoad, sound_event::kFormUnload}) {
-            settings.Switch(event.on, true);
-            settings.Set(event.path, event.defaultFile);
-        }
+    template <typename Control>
+    static Control& Find(const QWidget& dialog, const char* name) {
+        auto* control = dialog.findChild<Control*>(QLatin1String(name));
+        if (control == nullptr)
+            throw std::runtime_error(name);
+        return *control;
     }
 };
 
-TEST_F(RecodingDialogs, ATargetIsDisabledWhileItsSourceIsChosen) {
-    std::optional<Direction> recoded;
-    frmDecode dialog(settings, sounds, nullptr, [&](Direction direction) { recoded = direction; });
-    EXPECT_FALSE(dialog.targetOptions[0]->isEnabled());
-    QTest::mouseClick(dialog.cmdDecode, Qt::LeftButton);
-    EXPECT_EQ(recoded, (Direction{1, 2}));
-
-    for (Charset source = 1; source <= kCharsets; ++source)
-        for (Charset target = 1; target <= kCharsets; ++target) {
-            recoded.reset();
-            dialog.sourceOptions[static_cast<std::size_t>(source - 1)]->setChecked(true);
-            dialog.targetOptions[static_cast<std::size_t>(target - 1)]->setChecked(true);
-            QTest::mouseClick(dialog.cmdDecode, Qt::LeftButton);
-            EXPECT_EQ(recoded, source == target ? std::nullopt : std::optional(Direction{source, target}));
+// Recodes a letter of the source's alphabet by each pair, against the system's own conversion.
+TEST_F(RecodingDialogs, RecodesByThePairThatIsChosenAndByNoneOfOneSet) {
+    constexpr std::pair<const char*, const char*> kSets[] = {{"DOS", "CP866"},
+                                                             {"WIN", "CP1251"},
+                                                             {"KOI", "KOI8-R"},
+                                                             {"ISO", "ISO-8859-5"},
+                                                             {"MAC", "MACCYRILLIC"}};
+    frmDecode dialog(context, parts.job);
+    EXPECT_TRUE(Find<QRadioButton>(dialog, "OptionDOS1").isChecked());
+    EXPECT_TRUE(Find<QRadioButton>(dialog, "OptionWIN2").isChecked());
+    EXPECT_FALSE(Find<QRadioButton>(dialog, "OptionDOS2").isEnabled());
+    for (const auto& [source, sourceSet] : kSets)
+        for (const auto& [target, targetSet] : kSets) {
+            const std::u16string before = windows1251::Decode(Iconv("Жук", "UTF-8", sourceSet));
+            test.window.document.SetText(before);
+            Find<QRadioButton>(dialog, (std::string("Option") + source + "1").c_str()).setChecked(true);
+            Find<QRadioButton>(dialog, (std::string("Option") + target + "2").c_str()).setChecked(true);
+            for (const auto& [other, set] : kSets)
+                EXPECT_EQ(
+                    Find<QRadioButton>(dialog, (std::string("Option") + other + "2").c_str()).isEnabled(),
+                    other != source);
+            QTest::mouseClick(&Find<QPushButton>(dialog, "cmdDecode"), Qt::LeftButton);
+            const std::u16string after = windows1251::Decode(Iconv("Жук", "UTF-8", targetSet));
+            EXPECT_EQ(test.window.document.Text(), source == target ? before : after) << source << target;
         }
 }
 
 TEST_F(RecodingDialogs, PlayTheirSoundsAtLoadMovePressAndUnload) {
-    SwitchSoundsOn();
-    {
-        frmDecode dialog(settings, sounds, nullptr, [](Direction) {});
-        dialog.show();
-        QTest::mouseMove(dialog.cmdCancel);
-        QTest::mousePress(dialog.cmdCancel, Qt::RightButton);
+    for (const SoundEvent& event : kSoundEvents) {
+        test.settings.Switch(event.on, true);
+        test.settings.Set(event.path, event.defaultFile);
     }
-    ASSERT_GE(fakes.sound.played.size(), 3U);
-    EXPECT_EQ(fakes.sound.played.front(), u"FormLoad.wav");
-    EXPECT_EQ(fakes.sound.played[fakes.sound.played.size() - 2], u"ButtonClick.wav");
-    EXPECT_EQ(fakes.sound.played.back(), u"FormUnload.wav");
+    {
+        frmDecode dialog(context, parts.job);
+        dialog.show();
+        QTest::mouseMove(&Find<QPushButton>(dialog, "cmdCancel"));
+        QTest::mousePress(&Find<QPushButton>(dialog, "cmdCancel"), Qt::RightButton);
+    }
+    EXPECT_EQ(test.sound.played, (std::vector<std::u16string>{u"FormLoad.wav", u"ButtonMove.wav",
+                                                              u"ButtonClick.wav", u"FormUnload.wav"}));
+}
+
+TEST_F(RecodingDialogs, StayAboveOthersWhereTheMainWindowDoes) {
+    for (const bool above : {false, true}) {
+        test.settings.Switch(Setting::TopMost, above);
+        const frmDecode dialog(context, parts.job);
+        EXPECT_EQ(dialog.windowFlags().testFlag(Qt::WindowStaysOnTopHint), above);
+    }
+}
+
+// Only the job closes its dialog: Escape and the close box ask.
+TEST_F(RecodingDialogs, TheProgressDialogAsksBeforeItStops) {
+    frmDecoding dialog(context, parts.job);
+    EXPECT_EQ(Find<QLineEdit>(dialog, "txtPath").text(), QStringLiteral("Документ не сохранен"));
+    dialog.show();
+    test.messageBox.answers = {BoxAnswer::No, BoxAnswer::No, BoxAnswer::No};
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+    dialog.close();
+    QTest::mouseClick(&Find<QPushButton>(dialog, "cmdCancel"), Qt::LeftButton);
+    EXPECT_EQ(test.messageBox.shown.size(), 3U);
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_FALSE(parts.recoding.StopRequested);
+    test.messageBox.answers = {BoxAnswer::Yes};
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+    EXPECT_TRUE(parts.recoding.StopRequested);
 }
 
 TEST(ProgressBarTest, InvertsTheLabelUnderTheFilledPart) {

@@ -1,0 +1,23 @@
+#pragma once
+
+namespace quillshift {
+
+/// The program's own dialogs.
+enum class DialogKind {
+    Decode,   ///< picks a pair of character sets
+    Decoding, ///< the progress of a recoding job
+};
+
+/// Shows and closes the program's dialogs, one of each kind.
+class Dialogs {
+public:
+    virtual ~Dialogs() = default;
+
+    /// Makes the dialog if it is not loaded, and shows it. A modal one is gone again when this returns.
+    virtual void Show(DialogKind kind, int argument = 0) = 0;
+    /// Closes and unloads it; nothing happens to one that is not loaded.
+    virtual void Close(DialogKind kind) = 0;
+    virtual bool IsLoaded(DialogKind kind) const = 0;
+};
+
+} // namespace quillshift

@@ -1,0 +1,208 @@
+#include "shell/Commands.h"
+
+#include "base/Texts.h"
+#include "shell/Catalogue.h"
+
+#include <array>
+
+namespace quillshift {
+namespace {
+
+constexpr std::u16string_view kMailLink =
+    u"mailto:author@quillshift.example?subject=Morvane Quillshift 3.0.0 Preview";
+constexpr std::u16string_view kHomePage = u"https://quillshift.example/";
+
+// What a command needs to be enabled.
+enum class Need { Nothing, Selection, Text, Undo, Redo, Clipboard, RecodeUndo, Reopen, Save };
+
+struct CommandRow {
+    Command command;
+    Need need;
+    /// Gets the argument of the command, and the key of the place where it was chosen. Null: still to come.
+    void (*run)(ProgramParts& parts, int argument, std::string_view key);
+};
+
+// --- What takes more than a call
+
+void KeepOnTop(ProgramParts& parts, int /*argument*/, std::string_view key) {
+    const bool onTop = parts.bars.Button(key).Checked();
+    parts.settings.Switch(Setting::TopMost, onTop);
+    parts.window.SetTopMost(onTop);
+}
+
+// The layout follows behind this command, not inside it.
+void ShowBar(ProgramParts& parts, int bar, std::string_view key) {
+    const bool shown = parts.bars.Button(key).Checked();
+    parts.settings.Switch(bar == 1 ? Setting::ToolBarStandart : Setting::ToolBarDecode, shown);
+    parts.bars.Show(bar, shown);
+    parts.layout.LayOutSoon();
+}
+
+void ChoosePair(ProgramParts& parts, int /*argument*/, std::string_view /*key*/) {
+    if (parts.window.RichTextBox().Text().empty())
+        parts.platform.messageBox.Inform(u"Документ не содержит текста!");
+    else
+        parts.dialogs->Show(DialogKind::Decode);
+}
+
+void StartDecode(ProgramParts& parts, int /*argument*/, std::string_view /*key*/) {
+    if (!parts.recoding.walking)
+        parts.recoding.StopRequested = false;
+    parts.platform.messageBox.Attempt([&] { parts.job.StartDecode(); });
+}
+
+void RunWizard(ProgramParts& parts, int /*argument*/, std::string_view /*key*/) {
+    if (!parts.platform.shell.StartProcess(parts.platform.shell.ProgramFolder() + u"/Wizard.exe"))
+        parts.platform.messageBox.Inform(u"Мастер перекодирования не найден в папке программы.");
+}
+
+void OpenLink(ProgramParts& parts, std::u16string_view link) {
+    if (!parts.platform.shell.OpenWithDefault(link))
+        parts.platform.messageBox.Inform(u"Не найдена программа, которая откроет ссылку\r\n" +
+                                         std::u16string(link));
+}
+
+// --- The table
+
+using P = ProgramParts;
+using Key = std::string_view;
+using enum Need;
+constexpr std::array kCommands{
+    CommandRow{Command::None, Nothing, [](P&, int, Key) {}},
+    CommandRow{Command::New, Nothing, [](P& p, int, Key) { p.documents.New(); }},
+    CommandRow{Command::Open, Nothing, [](P& p, int, Key) { p.documents.Open(); }},
+    CommandRow{Command::Reopen, Reopen, [](P& p, int, Key) { p.documents.ReopenDocument(); }},
+    CommandRow{Command::Save, Save, [](P& p, int, Key) { p.documents.MenuSave(); }},
+    CommandRow{Command::SaveOrSaveAs, Nothing, [](P& p, int, Key) { p.documents.ToolbarSave(); }},
+    CommandRow{Command::SaveAs, Nothing, [](P& p, int, Key) { p.documents.SaveAs(); }},
+    CommandRow{Command::Print, Text, nullptr},
+    CommandRow{Command::ImportRtf, Nothing, [](P& p, int, Key) { p.documents.ImportRtf(); }},
+    CommandRow{Command::ShowProperties, Nothing, nullptr},
+    CommandRow{Command::Exit, Nothing, [](P& p, int, Key) { p.window.Close(); }},
+    CommandRow{Command::Undo, Undo, [](P& p, int, Key) { p.edit.Undo(); }},
+    CommandRow{Command::Redo, Redo, [](P& p, int, Key) { p.edit.Redo(); }},
+    CommandRow{Command::Cut, Selection, [](P& p, int, Key) { p.edit.Cut(); }},
+    CommandRow{Command::Copy, Selection, [](P& p, int, Key) { p.edit.Copy(); }},
+    CommandRow{Command::Paste, Clipboard, [](P& p, int, Key) { p.edit.Paste(); }},
+    CommandRow{Command::Delete, Selection, [](P& p, int, Key) { p.edit.Delete(); }},
+    CommandRow{Command::SelectAll, Text, [](P& p, int, Key) { p.edit.SelectAll(); }},
+    CommandRow{Command::Clear, Text, [](P& p, int, Key) { p.edit.Clear(); }},
+    CommandRow{Command::Find, Text, nullptr},
+    CommandRow{Command::FindNext, Text, nullptr},
+    CommandRow{Command::Replace, Text, nullptr},
+    CommandRow{Command::GoTo, Text, nullptr},
+    CommandRow{Command::KeepOnTop, Nothing, KeepOnTop},
+    CommandRow{Command::ShowBar, Nothing, ShowBar},
+    CommandRow{Command::CustomizeToolbars, Nothing, nullptr},
+    CommandRow{Command::FullScreen, Nothing, nullptr},
+    CommandRow{Command::InsertTimeAndDate, Nothing, nullptr},
+    CommandRow{Command::InsertTextFile, Nothing, nullptr},
+    CommandRow{Command::TextToCase, Text,
+               [](P& p, int to, Key) { p.edit.AllTextTo(static_cast<LetterCase>(to)); }},
+    CommandRow{Command::SelectionToCase, Selection,
+               [](P& p, int to, Key) { p.edit.SelectionTo(static_cast<LetterCase>(to)); }},
+    CommandRow{Command::Outdent, Nothing, [](P& p, int, Key) { p.edit.Outdent(); }},
+    CommandRow{Command::Indent, Nothing, [](P& p, int, Key) { p.edit.Indent(); }},
+    CommandRow{Command::ShowSettings, Nothing, nullptr},
+    CommandRow{Command::Lock, Nothing, nullptr},
+    CommandRow{Command::Recode, Nothing,
+               [](P& p, int direction, Key) { p.job.StartAndReport(DirectionOf(direction)); }},
+    CommandRow{Command::ChoosePair, Nothing, ChoosePair},
+    CommandRow{Command::ChooseDirection, Text, [](P&, int, Key) {}},
+    CommandRow{Command::StartDecode, Text, StartDecode},
+    CommandRow{Command::StopDecode, Text, [](P& p, int, Key) { p.job.StopRecoding(); }},
+    CommandRow{Command::UndoRecoding, RecodeUndo, [](P& p, int, Key) { p.job.UndoRecoding(); }},
+    CommandRow{Command::RunWizard, Nothing, RunWizard},
+    CommandRow{Command::ShowLicense, Nothing, nullptr},
+    CommandRow{Command::WriteToAuthor, Nothing, [](P& p, int, Key) { OpenLink(p, kMailLink); }},
+    CommandRow{Command::VisitHomePage, Nothing, [](P& p, int, Key) { OpenLink(p, kHomePage); }},
+    CommandRow{Command::ShowAbout, Nothing, nullptr},
+};
+
+constexpr bool EachStandsAtItsConstant() {
+    for (std::size_t i = 0; i < kCommands.size(); ++i)
+        if (kCommands[i].command != static_cast<Command>(i))
+            return false;
+    return kCommands.size() == static_cast<std::size_t>(Command::Count);
+}
+static_assert(EachStandsAtItsConstant());
+
+constexpr const CommandRow& RowOf(Command command) {
+    return kCommands[static_cast<std::size_t>(command)];
+}
+
+bool IsMet(Need need, const CommandInputs& inputs) {
+    switch (need) {
+    case Nothing:
+        return true;
+    case Selection:
+        return inputs.selection;
+    case Text:
+        return inputs.text;
+    case Undo:
+        return inputs.undoSteps > 1; // the last of them is the present state
+    case Redo:
+        return inputs.redoSteps > 0;
+    case Clipboard:
+        return inputs.clipboardText;
+    case RecodeUndo:
+        return inputs.recodeUndo;
+    case Reopen:
+        return inputs.reopen;
+    case Save:
+        return inputs.save;
+    }
+    return false;
+}
+
+} // namespace
+
+bool IsEnabled(Command command, const CommandInputs& inputs) {
+    const CommandRow& row = RowOf(command);
+    return row.run != nullptr && IsMet(row.need, inputs);
+}
+
+Commands::Commands(ProgramParts& parts)
+    : parts_(parts), timerEdit_(parts.platform.timers.Make([this] { UpdateStates(); })) {}
+
+void Commands::Run(std::string_view key) {
+    const CatalogueEntry* const entry = FindEntry(key);
+    if (entry == nullptr)
+        return;
+    if (const auto run = RowOf(entry->action.command).run)
+        run(parts_, entry->action.argument, key);
+    InputsChanged();
+}
+
+void Commands::UpdatePendingStates() {
+    if (!timerEdit_->IsRunning())
+        return;
+    timerEdit_->Stop();
+    UpdateStates();
+}
+
+CommandInputs Commands::Inputs() const {
+    const TextSurface& surface = parts_.window.RichTextBox();
+    return {.selection = surface.SelLength() > 0,
+            .text = !surface.Text().empty(),
+            .clipboardText = parts_.platform.clipboard.HasText(),
+            .undoSteps = parts_.history.UndoSteps(),
+            .redoSteps = parts_.history.RedoSteps(),
+            .recodeUndo = parts_.recoding.RecodeUndoAvailable,
+            .reopen = parts_.document.ReopenAvailable,
+            .save = parts_.document.SaveAvailable};
+}
+
+// The list of directions is disabled itself; its place on the bar is not.
+void Commands::UpdateStates() {
+    const CommandInputs inputs = Inputs();
+    if (inputs == shown_)
+        return;
+    shown_ = inputs;
+    for (const CatalogueEntry& entry : Catalogue())
+        if (entry.Style != ButtonStyle::Panel)
+            parts_.bars.Button(entry.Key).SetEnabled(IsEnabled(entry.action.command, inputs));
+    parts_.window.EnableDirections(IsEnabled(Command::ChooseDirection, inputs));
+}
+
+} // namespace quillshift

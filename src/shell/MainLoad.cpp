@@ -1,0 +1,130 @@
+#include "shell/MainLoad.h"
+
+#include "base/Error.h"
+#include "base/Texts.h"
+#include "document/Caption.h"
+#include "shell/Catalogue.h"
+
+#include <exception>
+
+namespace quillshift {
+
+MainLoad::MainLoad(ProgramParts& parts, Commands& commands)
+    : parts_(parts),
+      commands_(commands),
+      timerCommandBars_(parts.platform.timers.Make([this] { ApplyBarOptions(); })) {}
+
+// A load that fails on the way is reported over the window, not in its stead.
+void MainLoad::ShowMainWindow() {
+    timerCommandBars_->StartOnce();
+    std::exception_ptr failure;
+    try {
+        Load();
+    } catch (const Error&) {
+        failure = std::current_exception();
+    }
+    parts_.layout.LayOut();
+    commands_.UpdateStates();
+    parts_.window.Show();
+    // Not earlier: a job of the load runs events, and would re-code again what was taken in meanwhile.
+    if (parts_.settings.Is(Setting::ClipboardDetect))
+        parts_.watcher.Start();
+    if (failure)
+        std::rethrow_exception(failure);
+}
+
+void MainLoad::Load() {
+    parts_.history.UndoCapture = true;
+    parts_.document.ReopenAvailable = false;
+    parts_.document.SaveAvailable = false;
+    parts_.recoding.RecodeUndoAvailable = false;
+    parts_.bars.Build();
+    parts_.bars.ApplyStyle(parts_.settings.Text(Setting::Style));
+    parts_.bars.AttachMenu();
+    LoadToolBars();
+    parts_.sounds.PlaySoundEvent(sound_event::kFormLoad);
+    parts_.recoding.Combo1 = 0;
+    parts_.recoding.Combo2 = 1;
+    const int direction = static_cast<int>(parts_.settings.Number(Setting::DefaultCode));
+    parts_.window.SetDirection(direction >= 0 && direction < kDirections ? direction : 0);
+    LoadBars();
+    LoadPlace();
+    ShowCaption(parts_.window, parts_.settings, u"Документ", u"Документ не сохранен");
+    LoadDocument();
+}
+
+void MainLoad::LoadToolBars() {
+    AttachToolBars();
+    LoadItems("TOOLBAR", ItemBar::Standart);
+    LoadItems("TOOLBAR2", ItemBar::Decode);
+}
+
+void MainLoad::AttachToolBars() {
+    const ToolBarIcons icons =
+        parts_.settings.Is(Setting::UseLargeIcons) ? ToolBarIcons::Large : ToolBarIcons::Small;
+    for (const int bar : {1, 2})
+        parts_.bars.AttachToolBar(bar, icons);
+}
+
+void MainLoad::LoadItems(std::string_view root, ItemBar bar) {
+    int item = 0;
+    for (const CatalogueEntry& entry : Catalogue())
+        if (ParentKey(entry.Key) == root)
+            parts_.bars.Button(entry.Key).SetVisible(parts_.settings.IsItemShown(bar, item++));
+}
+
+// The ticks of the view menu, and what they stand for.
+void MainLoad::LoadBars() {
+    const auto load = [this](std::string_view key, Setting setting) {
+        const bool on = parts_.settings.Is(setting);
+        parts_.bars.Button(key).SetChecked(on);
+        return on;
+    };
+    parts_.bars.Show(1, load("MENU:VIEW:TOOLBARS:TBSTANDART", Setting::ToolBarStandart));
+    parts_.bars.Show(2, load("MENU:VIEW:TOOLBARS:TBDECODE", Setting::ToolBarDecode));
+    parts_.window.SetTopMost(load("MENU:VIEW:ONTOP", Setting::TopMost));
+}
+
+void MainLoad::LoadPlace() {
+    const Screen& screen = parts_.platform.screen;
+    if (parts_.settings.Is(Setting::SaveWindowPositionAndSize)) {
+        const auto stored = [this](Setting side) { return Twips{parts_.settings.Number(side)}; };
+        const TwipsRect bounds{stored(Setting::MainLeft), stored(Setting::MainTop),
+                               stored(Setting::MainWidth), stored(Setting::MainHeight)};
+        parts_.window.SetBounds(WithinReach(bounds, screen.WorkAreas()));
+    } else {
+        const TwipsRect all = screen.Primary();
+        TwipsRect bounds = parts_.window.Bounds();
+        bounds.left = all.left + all.width / 2 - bounds.width / 2;
+        bounds.top = all.top + all.height / 2 - bounds.height / 2;
+        parts_.window.SetBounds(bounds);
+    }
+    // After the rectangle, which is that of the window when it is not maximised.
+    if (parts_.settings.Is(Setting::WindowState, u"0"))
+        parts_.window.SetState(WindowState::Normal);
+    else if (parts_.settings.Is(Setting::WindowState, u"2"))
+        parts_.window.SetState(WindowState::Maximised);
+}
+
+void MainLoad::LoadDocument() {
+    TextSurface& document = parts_.window.RichTextBox();
+    if (parts_.OpenAtStart)
+        parts_.documents.OpenDocument();
+    if (parts_.settings.Is(Setting::StartAtStartup)) {
+        document.SetText(parts_.platform.clipboard.Text().value_or(u""));
+        parts_.job.StartDecode();
+    }
+    document.SetFont({parts_.settings.Text(Setting::FontName), parts_.settings.Number(Setting::FontSize)});
+}
+
+// Tips that were taken away come back only at the next start.
+void MainLoad::ApplyBarOptions() {
+    if (parts_.settings.Is(Setting::ShowToolTips, u"0"))
+        for (const CatalogueEntry& entry : Catalogue())
+            if (ParentKey(entry.Key) == "TOOLBAR" || ParentKey(entry.Key) == "TOOLBAR2")
+                parts_.bars.Button(entry.Key).SetToolTip(u"");
+    parts_.bars.Bar(0).SetHideInfrequentlyUsed(!parts_.settings.Is(Setting::HideInfrequently));
+    AttachToolBars();
+}
+
+} // namespace quillshift

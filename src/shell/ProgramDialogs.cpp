@@ -1,0 +1,74 @@
+#include "shell/ProgramDialogs.h"
+
+#include "recoding/frmDecode.h"
+#include "recoding/frmDecoding.h"
+
+#include <QApplication>
+#include <QWindow>
+
+#include <algorithm>
+#include <array>
+
+namespace quillshift {
+
+struct ProgramDialogs::Row {
+    DialogKind kind;
+    bool modal; ///< a modal one is unloaded when it closes, any other when it is told to
+    std::unique_ptr<Dialog> (*make)(const DialogContext& context, ProgramParts& parts, int argument);
+};
+
+const ProgramDialogs::Row& ProgramDialogs::RowOf(DialogKind kind) {
+    using Context = const DialogContext&;
+    static constexpr std::array kRows{
+        Row{DialogKind::Decode, true,
+            [](Context context, ProgramParts& parts, int) -> std::unique_ptr<Dialog> {
+                return std::make_unique<frmDecode>(context, parts.job);
+            }},
+        Row{DialogKind::Decoding, false,
+            [](Context context, ProgramParts& parts, int) -> std::unique_ptr<Dialog> {
+                return std::make_unique<frmDecoding>(context, parts.job);
+            }},
+    };
+    return *std::find_if(kRows.begin(), kRows.end(), [kind](const Row& row) { return row.kind == kind; });
+}
+
+ProgramDialogs::ProgramDialogs(ProgramParts& parts, QWidget& owner) : parts_(parts), owner_(owner) {}
+
+ProgramDialogs::~ProgramDialogs() = default;
+
+void ProgramDialogs::Show(DialogKind kind, int argument) {
+    const Row& row = RowOf(kind);
+    std::unique_ptr<Dialog>& dialog = loaded_[kind];
+    if (!dialog)
+        dialog = row.make({parts_.platform, parts_.settings, parts_.sounds, &owner_}, parts_, argument);
+    if (!row.modal) {
+        ShowBeside(*dialog);
+        return;
+    }
+    dialog->exec();
+    loaded_.erase(kind);
+}
+
+// Above the dialog that is up, if one is: only so can its buttons be reached then.
+void ProgramDialogs::ShowBeside(Dialog& dialog) {
+    dialog.winId();
+    const QWidget* above = QApplication::activeModalWidget();
+    dialog.windowHandle()->setTransientParent((above != nullptr ? above : &owner_)->windowHandle());
+    dialog.show();
+}
+
+// The dialog may be in the middle of an event of its own, so it goes when that is over.
+void ProgramDialogs::Close(DialogKind kind) {
+    const auto found = loaded_.find(kind);
+    if (found == loaded_.end())
+        return;
+    if (RowOf(kind).modal) {
+        found->second->reject();
+        return;
+    }
+    found->second->hide();
+    found->second.release()->deleteLater();
+    loaded_.erase(found);
+}
+
+} // namespace quillshift

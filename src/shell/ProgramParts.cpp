@@ -1,0 +1,23 @@
+#include "shell/ProgramParts.h"
+
+namespace quillshift {
+
+ProgramParts::ProgramParts(Platform& thePlatform, MainView& mainWindow, mCommandBars& toolkit,
+                           const MakeDialogs& makeDialogs)
+    : platform(thePlatform),
+      window(mainWindow),
+      settings(platform.settings),
+      sounds(settings, platform.sound),
+      bars(toolkit, window, platform.files, platform.shell.ProgramFolder()),
+      layout(window, bars, settings, platform.timers),
+      dialogs(makeDialogs(*this)),
+      job({recoding, settings, platform.messageBox, window.RichTextBox(), window, *dialogs,
+           platform.fileDialog.FileName}),
+      edit({window.RichTextBox(), platform.clipboard, platform.messageBox, document, history}),
+      documents({document, settings, sounds, platform, window.RichTextBox(), window.RichTextBoxBackup(),
+                 window.RichTextBoxImport(), window, [this] { job.StartDecode(); },
+                 [this] { edit.Paste(); }}),
+      watcher({platform.clipboard, settings, recoding, window.RichTextBox(), platform.timers,
+               [this] { document.DocumentModified = true; }}) {}
+
+} // namespace quillshift

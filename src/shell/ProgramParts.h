@@ -1,0 +1,47 @@
+#pragma once
+
+#include "document/UndoHistory.h"
+#include "document/modDocument.h"
+#include "document/modEdit.h"
+#include "platform/Dialogs.h"
+#include "platform/Platform.h"
+#include "recoding/ClipboardWatcher.h"
+#include "recoding/RecodingJob.h"
+#include "settings/Settings.h"
+#include "settings/SoundEvents.h"
+#include "shell/Layout.h"
+#include "shell/MainBars.h"
+#include "shell/MainView.h"
+
+#include <functional>
+#include <memory>
+
+namespace quillshift {
+
+struct ProgramParts;
+/// Makes the program's dialogs over its parts, of which it may keep references but use none yet.
+using MakeDialogs = std::function<std::unique_ptr<Dialogs>(ProgramParts&)>;
+
+/// What the program is made of, each part over those before it.
+struct ProgramParts {
+    ProgramParts(Platform& thePlatform, MainView& mainWindow, mCommandBars& toolkit,
+                 const MakeDialogs& makeDialogs);
+
+    Platform& platform;
+    MainView& window;
+    Settings settings;
+    SoundEvents sounds;
+    RecodingState recoding;
+    DocumentState document;
+    UndoHistory history;
+    bool OpenAtStart = false; ///< the main window's load shows the dialog for opening
+    MainBars bars;
+    MainLayout layout;
+    std::unique_ptr<Dialogs> dialogs;
+    RecodingJob job;
+    modEdit edit;
+    modDocument documents;
+    ClipboardWatcher watcher;
+};
+
+} // namespace quillshift

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "platform/Dialogs.h"
+#include "recoding/RecodingJob.h"
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace quillshift {
+
+/// A progress dialog that records what it is told. `atStep` runs where the real one runs pending events.
+class FakeDecoding final : public DecodingView {
+public:
+    FakeDecoding(RecodingJob& job, const std::function<void()>& step)
+        : path(job.DocumentName()), atStep(step), job_(job) {
+        job.Attach(*this);
+    }
+    ~FakeDecoding() override { job_.Detach(*this); }
+    FakeDecoding(const FakeDecoding&) = delete;
+    FakeDecoding& operator=(const FakeDecoding&) = delete;
+
+    void SetWaiting(bool isWaiting) override { waiting = isWaiting; }
+    void SetCode(std::u16string_view pair) override { code = pair; }
+    void Hide() override { visible = false; }
+    void SetProgress(float percentage) override {
+        progress.push_back(percentage);
+        const auto step = atStep; // it may close this dialog
+        if (step)
+            step();
+    }
+
+    bool visible = false;
+    bool waiting = false;
+    std::u16string path, code;
+    std::vector<float> progress;
+    const std::function<void()>& atStep;
+
+private:
+    RecodingJob& job_;
+};
+
+/// Makes no windows. Modal dialogs run what the test gives them for the time they are up.
+class FakeDialogs final : public Dialogs {
+public:
+    explicit FakeDialogs(RecodingJob& job) : job_(job) {}
+
+    void Show(DialogKind kind, int argument = 0) override {
+        shown.emplace_back(kind, argument);
+        if (kind == DialogKind::Decode) {
+            if (whileModal)
+                whileModal();
+            return;
+        }
+        if (!decoding)
+            decoding = std::make_unique<FakeDecoding>(job_, atStep);
+        decoding->visible = true;
+    }
+    /// As the real one, which is in the middle of its own event: it goes later.
+    void Close(DialogKind kind) override {
+        if (kind == DialogKind::Decoding && decoding)
+            closed_.push_back(std::move(decoding));
+    }
+    bool IsLoaded(DialogKind kind) const override { return kind == DialogKind::Decoding && decoding; }
+
+    std::vector<std::pair<DialogKind, int>> shown;
+    std::unique_ptr<FakeDecoding> decoding;
+    std::function<void()> atStep;
+    std::function<void()> whileModal;
+
+private:
+    RecodingJob& job_;
+    std::vector<std::unique_ptr<FakeDecoding>> closed_;
+};
+
+} // namespace quillshift
