@@ -11,7 +11,11 @@
 #include "support/Pixels.h"
 #include "support/TestBar.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <iterator>
+#include <ranges>
+#include <set>
 
 namespace quillshift {
 namespace {
@@ -70,7 +74,6 @@ constexpr Variant kStates[] = {
     {"locked", [](B& b, I&) { b.Locked = true; }},
     {"locked, disabled", [](B& b, I&) { b.Locked = true, b.Enabled = false; }},
 };
-constexpr std::span<const Variant> kFewStates(kStates, 2);
 
 constexpr Variant kRows[] = {
     {"icon", [](B& b, I&) { b.IconIndex = 7, b.Caption = u"&Open"; }},
@@ -95,6 +98,32 @@ constexpr Variant kRowStates[] = {
     {"with its menu open", [](B&, I& i) { i.ShowingMenu = true; }},
 };
 
+// How a bar stands, and which items are painted on it, in which states.
+struct Scene {
+    const char* name;
+    DisplayMode mode;
+    unsigned how;
+    std::span<const Variant> items;
+    std::span<const Variant> states;
+};
+
+using enum DisplayMode;
+using States = std::span<const Variant>;
+enum How : unsigned { kAsUsual = 0, kByKeys = 1, kRightToLeft = 2, kUpright = 4, kCaptionsBelow = 8 };
+const Scene kScenes[] = {
+    {"toolbar", Toolbar, kAsUsual, kItems, kStates},
+    {"toolbar by keys", Toolbar, kByKeys, kItems, States(kStates).last(3)},
+    {"toolbar right to left", Toolbar, kRightToLeft, kItems, States(kStates).first(2)},
+    {"upright", Toolbar, kUpright, kItems, States(kStates).first(2)},
+    {"captions below", Toolbar, kCaptionsBelow, kItems, States(kStates).first(2)},
+    {"main menu", MainMenu, kAsUsual, kItems, States(kStates).first(2)},
+    {"menu", PopupMenu, kAsUsual, kRows, kRowStates},
+    {"menu by keys", PopupMenu, kByKeys, kRows, States(kRowStates).last(3)},
+    {"menu right to left", PopupMenu, kRightToLeft, kRows, States(kRowStates).first(3)},
+    {"list", AddOrRemoveList, kAsUsual, kRows, States(kRowStates).first(6)},
+    {"list right to left", AddOrRemoveList, kRightToLeft, kRows, States(kRowStates).first(1)},
+};
+
 struct StyleCase {
     const char* name;
     BarStyle style;
@@ -108,184 +137,122 @@ protected:
         theme.name = GetParam().theme;
         colours.Start();
         colours.SetStyle(GetParam().style);
-        bar.parentClient = {-5, -30, 300, 200};
-        bar.icons = &icons;
     }
 
-    // What is drawn for a bar without items.
-    std::vector<std::string> Ground() {
-        BarView empty = bar;
-        empty.buttons = {};
-        empty.items = {};
-        RecordingSurface surface;
-        BarPainter(colours).PaintBar(surface, empty);
-        return {surface.drawn.begin() + 1, surface.drawn.end() - 1};
-    }
-    void ListGround(const std::string& name) {
+    void List(const std::string& name, const BarView& bar, std::size_t from = 0) {
         list.push_back("- " + name);
-        for (const std::string& line : Ground())
-            list.push_back(line);
+        std::ranges::copy(Painted(bar) | std::views::drop(from), std::back_inserter(list));
     }
-    // What is drawn for an item, without the bar beneath it.
-    void List(const std::string& name, const B& button, const I& item) {
-        const B* const buttons[] = {&button};
-        bar.buttons = buttons;
-        bar.items = {&item, 1};
+    std::vector<std::string> Painted(const BarView& bar) {
         RecordingSurface surface;
-        BarPainter(colours).PaintItem(surface, bar, 0);
-        EXPECT_EQ(surface.drawn.front(), "clip " + RecordingSurface::Text(AreaOf(item)));
-        EXPECT_EQ(surface.drawn.back(), "unclip");
-        list.push_back("- " + name);
-        const auto ground = static_cast<std::ptrdiff_t>(Ground().size());
-        list.insert(list.end(), surface.drawn.begin() + 1 + ground, surface.drawn.end() - 1);
+        const BarPainter painter(colours);
+        bar.items.empty() ? painter.PaintBar(surface, bar) : painter.PaintItem(surface, bar, 0);
+        return surface.drawn;
     }
-    void ListAll(const std::string& where, std::span<const Variant> items, std::span<const Variant> states) {
-        list.push_back("= " + where);
-        const bool rows = IsMenu(bar.mode);
-        const Rect place = rows                         ? Rect{0, 1, 200, 25}
-                           : IsUpright(bar.orientation) ? Rect{0, 10, 24, 80}
-                                                        : Rect{10, 0, 80, bar.client.height};
-        for (const Variant& item : items)
-            for (const Variant& state : states) {
+    BarView ViewOf(DisplayMode mode, unsigned how) {
+        BarView bar;
+        bar.mode = mode;
+        bar.client = (how & kUpright) != 0 ? Size{40, 200} : Size{200, (how & kCaptionsBelow) != 0 ? 40 : 26};
+        bar.orientation = (how & kUpright) != 0 ? Orientation::Left : Orientation::Top;
+        bar.textPosition = (how & kCaptionsBelow) != 0 ? TextPosition::BelowIcon : TextPosition::BesideIcon;
+        bar.rightToLeft = (how & kRightToLeft) != 0;
+        bar.keyboardMode = (how & kByKeys) != 0;
+        bar.parentClient = {-5, -30, 300, 200};
+        bar.icons = &icons;
+        return bar;
+    }
+    // The bar itself, and what each item draws on it.
+    void ListScene(const Scene& scene) {
+        BarView bar = ViewOf(scene.mode, scene.how);
+        List(std::string("bar: ") + scene.name, bar);
+        const std::size_t ground = Painted(bar).size() - 1; // the last lifts the clip
+        for (const Variant& item : scene.items)
+            for (const Variant& state : scene.states) {
                 B button;
-                I info{.Left = place.left, .Top = place.top, .Right = place.right, .Bottom = place.bottom};
+                I info{.Left = 10, .Top = 0, .Right = 80, .Bottom = bar.client.height};
+                if (IsMenu(scene.mode))
+                    info = {.Left = 0, .Top = 1, .Right = 200, .Bottom = 25};
+                else if (scene.how == kUpright)
+                    info = {.Left = 0, .Top = 10, .Right = 40, .Bottom = 80};
                 item.make(button, info);
                 state.make(button, info);
-                List(item.name + std::string(" ") + state.name, button, info);
+                const B* const buttons[] = {&button};
+                bar.buttons = buttons;
+                bar.items = {&info, 1};
+                List(item.name + std::string(" ") + state.name, bar, ground);
             }
     }
-    void ListToolbars() {
-        bar.client = {200, 24};
-        ListAll("toolbar", kItems, kStates);
-        bar.keyboardMode = true;
-        ListAll("by keys", std::span(kItems, 1), std::span(kStates).last(3));
-        bar.keyboardMode = false;
-        bar.rightToLeft = true;
-        ListAll("right to left", kItems, kFewStates);
-        bar.rightToLeft = false;
-        bar.orientation = Orientation::Left;
-        bar.client = {24, 200};
-        ListAll("upright", kItems, kFewStates);
-        bar.orientation = Orientation::Top;
-        bar.client = {200, 40};
-        bar.textPosition = TextPosition::BelowIcon;
-        ListAll("captions below", kItems, kFewStates);
-        bar.mode = DisplayMode::MainMenu;
-        ListAll("main menu", kItems, kFewStates);
-        bar.textPosition = TextPosition::BesideIcon;
-    }
-    void ListMenus() {
-        bar.mode = DisplayMode::PopupMenu;
-        bar.client = {200, 26};
-        ListAll("menu", kRows, kRowStates);
-        bar.keyboardMode = true;
-        ListAll("by keys", std::span(kRows, 1), std::span(kRowStates).last(3));
-        bar.keyboardMode = false;
-        bar.rightToLeft = true;
-        ListAll("right to left", kRows, std::span(kRowStates).first(3));
-        bar.rightToLeft = false;
-        bar.mode = DisplayMode::AddOrRemoveList;
-        ListAll("list of buttons", kRows, std::span(kRowStates).first(6));
-    }
-    void ListGrounds() {
-        list.emplace_back("= grounds");
-        bar.client = {200, 24};
-        bar.mode = DisplayMode::Toolbar;
-        ListGround("toolbar");
-        bar.orientation = Orientation::Right;
-        ListGround("upright");
-        bar.mode = DisplayMode::MainMenu;
-        ListGround("main menu");
+    void ListGaps() {
+        BarView bar = ViewOf(PopupMenu, kAsUsual);
+        for (const int direction : {0, 1, 2, 3})
+            for (const int position : {5, -3000}) {
+                bar.gap = {
+                    .direction = static_cast<PopupDirection>(direction), .position = position, .size = 35};
+                List("gap " + std::to_string(direction), bar);
+            }
         const std::uint8_t pixel[4] = {};
-        bar.background = {.bits = pixel, .width = 120, .height = 20};
-        ListGround("picture");
-        bar.background = {};
-        bar.client = {100, 60};
-        bar.mode = DisplayMode::PopupMenu;
-        for (const int direction : {0, 1, 2, 3}) {
-            bar.gap = {.direction = static_cast<PopupDirection>(direction), .position = 5, .size = 35};
-            ListGround("menu to " + std::to_string(direction));
-        }
-        bar.gap = {.direction = PopupDirection::Below, .position = -3000, .size = 36};
-        bar.rightToLeft = true;
-        ListGround("menu right to left, without a gap");
-        bar.mode = DisplayMode::AddOrRemoveList;
-        ListGround("list of buttons right to left");
-        bar.rightToLeft = false;
-    }
-    void ListStrip(const cMenuDropShadow& shadow) {
-        const PixelView pixels = shadow.Pixels();
-        list.push_back(RecordingSurface::Text(shadow.Target()) + ", alpha and blue from the top left:");
-        for (int y = 0; y < pixels.height; ++y) {
-            std::string& line = list.emplace_back();
-            for (int x = 0; x < pixels.width; ++x) {
-                const Pixel pixel = PixelOf(pixels, x, y);
-                line += std::to_string(pixel[3]) + "/" + std::to_string(pixel[0]) + " ";
-            }
-        }
+        bar.mode = Toolbar;
+        bar.background = {.bits = pixel, .width = 50, .height = 40};
+        List("picture", bar);
     }
     void ListShadows() {
-        list.emplace_back("= shadows");
-        for (const auto edge : {ShadowEdge::Right, ShadowEdge::Bottom}) {
-            const Rect menu{100, 50, 112, 59};
-            cMenuDropShadow shadow(edge);
-            shadow.ShadowColor = Rgb(0, 0, 192);
-            list.emplace_back(edge == ShadowEdge::Right ? "- right" : "- below");
-            shadow.Create(menu);
-            ListStrip(shadow);
-            const Size size{shadow.Target().Width(), shadow.Target().Height()};
-            const std::vector<std::uint8_t> screen(static_cast<std::size_t>(size.width * size.height) * 4,
-                                                   99);
-            EXPECT_TRUE(shadow.CreateOver(menu, {screen.data(), size.width, size.height}));
-            ListStrip(shadow);
-            EXPECT_FALSE(shadow.CreateOver(menu, {screen.data(), size.width - 1, size.height}));
-            EXPECT_TRUE(shadow.Target().IsEmpty()) << "no strip without a copy of the screen";
-        }
+        const Rect menu{100, 50, 112, 59};
+        for (const auto edge : {ShadowEdge::Right, ShadowEdge::Bottom})
+            for (const bool layered : {true, false}) {
+                cMenuDropShadow shadow(edge);
+                shadow.Create(menu);
+                const Rect place = shadow.Target();
+                const std::vector<std::uint8_t> screen(
+                    static_cast<std::size_t>(place.Width() * place.Height()) * 4, 99);
+                const PixelView copy{screen.data(), place.Width(), place.Height()};
+                EXPECT_TRUE(layered || shadow.CreateOver(menu, copy));
+                list.push_back("- shadow " + RecordingSurface::Text(place));
+                ListPixels(shadow.Pixels(), list);
+                EXPECT_FALSE(shadow.CreateOver(menu, {copy.bits, copy.width - 1, copy.height}));
+                EXPECT_TRUE(shadow.Target().IsEmpty()) << "no strip without a copy of the screen";
+            }
     }
-    // A line for each slot: its colour on the grey desktop, on a dark one and on one of few colours; in the
-    // themed style, in each theme.
+    // A line for each slot: its colour on the grey desktop, in the themed style in each theme; on a dark
+    // desktop; and on one of few colours.
     void ListColours() {
-        list.emplace_back("= colours");
         std::vector<std::string> lines(31);
-        const auto add = [&] {
+        const auto add = [&](const std::u16string& name) {
+            theme.name = name;
             colours.Start();
-            for (int slot = 1; slot <= 30; ++slot) {
-                const auto colour = colours.StyleColor(slot);
-                lines[static_cast<std::size_t>(slot)] += colour ? RecordingSurface::Text(*colour) : " none  ";
+            for (std::size_t slot = 1; slot <= 30; ++slot) {
+                const auto colour = colours.StyleColor(static_cast<int>(slot));
+                lines[slot] += colour ? RecordingSurface::Text(*colour) : " none  ";
             }
         };
-        for (const char16_t* const name : {u"", u"NormalColor", u"Metallic\0x", u"Homestead"}) {
-            theme.name = name;
-            if (GetParam().style == BarStyle::Themed || name[0] == u'\0')
-                add();
-        }
-        theme.name = u"";
-        const FakeSystemColours light = desktop;
+        add(u"");
+        if (GetParam().style == BarStyle::Themed)
+            for (const auto& name : {u"NormalColor", u"Metallic", u"Homestead"})
+                add(name + std::u16string(u"\0 as it came", 12));
+        const FakeSystemColours grey = desktop;
         desktop.MakeDark();
-        add();
-        desktop = light;
+        add(u"Metallic");
+        desktop = grey;
         desktop.bitsPerPixel = 8;
-        add();
+        add(u"");
         for (std::size_t slot = 1; slot <= 30; ++slot)
-            list.push_back(std::to_string(slot) + lines[slot]);
+            list.push_back("- colour " + std::to_string(slot) + lines[slot]);
     }
 
     FakeSystemColours desktop;
     FakeTheme theme;
     mCommandBarColours colours{desktop, theme, GetParam().flags};
     FakeIcons icons;
-    BarView bar;
     std::vector<std::string> list;
 };
 
 TEST_P(DrawnBars, AreAsStored) {
-    ListToolbars();
-    ListMenus();
-    ListGrounds();
+    for (const Scene& scene : kScenes)
+        ListScene(scene);
+    ListGaps();
     if (GetParam().style == BarStyle::OfficeXP)
         ListShadows(); // the same in all
     ListColours();
-    ExpectAsStored(std::filesystem::path(DRAWN) / (GetParam().name + std::string(".txt")), list);
+    ExpectAsStored(DRAWN + std::string("/") + GetParam().name + ".txt", list);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -297,11 +264,9 @@ INSTANTIATE_TEST_SUITE_P(
                     StyleCase{
                         "SystemByTheTable", BarStyle::System, {}, {.Gradients = false, .Themes = false}}));
 
-/// A control with a button that can be ticked, on a fake desktop.
+/// A control on a fake desktop.
 class PaintedControl : public testing::Test {
 protected:
-    static constexpr int kHot = static_cast<int>(Slot::CheckedFillStart);
-
     std::vector<std::string> Painted() {
         RecordingSurface surface;
         window.listener->OnPaint(surface, {0, 0, 200, 24});
@@ -318,15 +283,15 @@ protected:
     FakeBarWindow window = (messages.Open(1), messages.Open(2), FakeBarWindow(2, 1, {0, 0, 200, 24}));
 };
 
-TEST_F(PaintedControl, ShowsTheStyleThatIsChosen) {
+TEST_F(PaintedControl, ShowsItsTicksAndTheStyleThatIsChosen) {
     qsCommandBar control(toolkit, window);
     const cButton tick = control.Buttons().Add("TICK", -1, u"", ButtonStyle::Check);
     const cCommandBar bar = control.CommandBars().Add("BAR");
     bar.Buttons().Add(tick);
     control.SetToolbar(bar);
-    const std::vector<std::string> unticked = Painted();
+    std::set<std::vector<std::string>> pictures{Painted()};
     tick.SetChecked(true);
-    std::set<std::vector<std::string>> pictures{unticked, Painted()};
+    pictures.insert(Painted());
     for (const BarStyle style : {BarStyle::OfficeXP, BarStyle::Dark, BarStyle::System}) {
         window.repainted.clear();
         toolkit.SetStyle(style);
@@ -337,6 +302,7 @@ TEST_F(PaintedControl, ShowsTheStyleThatIsChosen) {
 }
 
 TEST_F(PaintedControl, FindsTheColoursAsNewAndTheThemeDetectedIfItIsTheFirst) {
+    constexpr int kHot = static_cast<int>(Slot::HotFillStart);
     toolkit.SetCustomColor(kHot, Rgb(1, 2, 3));
     theme.name = u"Metallic";
     EXPECT_EQ(toolkit.Colours().ThemeColour(), ThemeColour::None) << "nobody has asked yet";
@@ -348,6 +314,29 @@ TEST_F(PaintedControl, FindsTheColoursAsNewAndTheThemeDetectedIfItIsTheFirst) {
     FakeBarWindow another(3, 1, {});
     const qsCommandBar second(toolkit, another);
     EXPECT_FALSE(second.UseStyleColor(kHot));
+}
+
+TEST(MeasureParams, TellWhatAPaintedItemWasMeasuredUnder) {
+    FakeIcons icons;
+    const B button;
+    const B* const buttons[] = {&button};
+    const I info{.Right = 20, .Bottom = 24};
+    BarView bar;
+    bar.window = 7;
+    bar.font.bold = true;
+    bar.icons = &icons;
+    bar.buttons = buttons;
+    bar.items = {&info, 1};
+    cMeasureButtonParams measured{
+        .Window = 7, .Font = bar.font, .IconWidth = 16, .IconHeight = 16, .Height = 24};
+    for (const DisplayMode mode : {DisplayMode::Toolbar, DisplayMode::PopupMenu}) {
+        bar.mode = measured.Mode = mode;
+        measured.Height = IsMenu(mode) ? 0 : 24;
+        cMeasureButtonParams told;
+        EXPECT_FALSE(told.CompareTo(measured));
+        told.FromDrawButtonParams(DrawParamsOf(bar, 0));
+        EXPECT_TRUE(told.CompareTo(measured));
+    }
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <vector>
 
 namespace quillshift {
@@ -15,6 +16,23 @@ using Pixel = std::array<int, 4>;
 inline Pixel PixelOf(const PixelView& view, int x, int y) {
     const std::uint8_t* at = view.bits + (std::ptrdiff_t{view.height - 1 - y} * view.width + x) * 4;
     return {at[0], at[1], at[2], at[3]};
+}
+
+/// Such as "0/128/255/255".
+inline std::string TextOf(const Pixel& pixel) {
+    std::string text;
+    for (const int byte : pixel)
+        text += (text.empty() ? "" : "/") + std::to_string(byte);
+    return text;
+}
+
+/// Adds a line of text for each line of pixels, from the top.
+inline void ListPixels(const PixelView& view, std::vector<std::string>& list) {
+    for (int y = 0; y < view.height; ++y) {
+        std::string& line = list.emplace_back();
+        for (int x = 0; x < view.width; ++x)
+            line += (x > 0 ? " " : "") + TextOf(PixelOf(view, x, y));
+    }
 }
 
 /// Fills a bitmap with pixels given line by line from the top.

@@ -3,6 +3,7 @@
 #include "base/Utf8.h"
 #include "platform/Surface.h"
 #include "platform/SystemColours.h"
+#include "support/Pixels.h"
 
 #include <string>
 #include <string_view>
@@ -38,8 +39,18 @@ public:
         Note("text " + Text(area) + Text(colour) + kAligns[static_cast<int>(layout.align)] +
              (layout.rotated ? " rotated" : "") + (layout.mnemonics ? " " : " literally ") + ToUtf8(text));
     }
-    void Composite(const Rect& target, const PixelView&, const Rect& part, std::uint8_t) override {
-        Note("composite " + Text(target) + " of " + Text(part));
+    /// With the pixels, if they are few; of equal ones in a row only the first.
+    void Composite(const Rect& target, const PixelView& source, const Rect& part, std::uint8_t) override {
+        std::string line = "composite " + Text(target) + " of " + Text(part);
+        const int count = part.Width() * part.Height();
+        std::string before;
+        for (int i = 0; i < count && count <= 64; ++i) {
+            const std::string pixel =
+                " " + TextOf(PixelOf(source, part.left + i % part.Width(), part.top + i / part.Width()));
+            line += pixel == before ? "" : pixel;
+            before = pixel;
+        }
+        Note(line);
     }
     void SetClip(const Rect& area) override { Note("clip " + Text(area)); }
     void ClearClip() override { Note("unclip"); }

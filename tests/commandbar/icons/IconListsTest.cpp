@@ -1,196 +1,173 @@
 #include "base/Error.h"
 #include "commandbar/icons/cCommandBarImageList.h"
 #include "commandbar/icons/clsImageList.h"
-#include "support/CompositeRecorder.h"
+#include "support/DrawnList.h"
+#include "support/FailureOf.h"
 #include "support/FakeDesktop.h"
 #include "support/FakePlatform.h"
 #include "support/IconFiles.h"
+#include "support/RecordingSurface.h"
 
 #include <gtest/gtest.h>
-
-#include <map>
 
 namespace quillshift {
 namespace {
 
-const Pixel kNothing{0, 0, 0, 0};
-constexpr Colour kDisabled = Rgb(200, 100, 50);
-constexpr Colour kHighlight = Rgb(10, 20, 250);
+using Type = clsImageList::ImageType;
+constexpr IconMode kModes[] = {IconMode::Source, IconMode::Disabled, IconMode::Plain, IconMode::Highlighted};
 
-/// A list of one-pixel icons, so that a look is one pixel.
+/// A list of one-pixel icons, so that a look is one pixel, and a bar that paints from it.
 class IconLists : public testing::Test {
-protected:
+public:
     IconLists() {
         list.IconSizeX = list.IconSizeY = 1;
         list.Create();
-        bar.SetDisabledColor(kDisabled);
-        bar.SetHighlightColor(kHighlight);
+        bar.SetDisabledColor(Rgb(200, 100, 50));
+        bar.SetHighlightColor(Rgb(10, 20, 250));
     }
     void Add(Pixel pixel, std::string_view key = {}) {
         files.files[u"icon"] = IconFile({SolidImage(1, pixel)});
-        list.AddFromFile(u"icon", clsImageList::ImageType::Icon, key);
+        list.AddFromFile(u"icon", Type::Icon, key);
     }
-    Pixel Drawn(int iconIndex, IconMode mode) {
-        bar.Draw(surface, iconIndex, mode, 0, 0);
-        const auto call = surface.Take();
-        return call.pixels.size() == 1 ? call.pixels.front() : kNothing;
-    }
+    void Heading(const std::string& text) { surface.Note("- " + text); }
+    void ListLooks();
+    void ListDrawings();
+    void ListGreys();
+    void ListSizes();
+    void ListStrip();
 
     FakeFiles files;
     FakeSystemColours desktop;
     clsImageList list{files, desktop};
     cCommandBarImageList bar;
-    CompositeRecorder surface;
+    RecordingSurface surface;
 };
 
-TEST_F(IconLists, KeepNumbersRightWhenAFileIsMissing) {
-    Add({1, 1, 1, 255}, "A");
-    list.AddFromFile(u"missing", clsImageList::ImageType::Icon, "B");
-    Add({3, 3, 3, 255}, "C");
-    EXPECT_EQ(list.ImageCount(), 3);
-    EXPECT_EQ(list.ItemIndex("C"), 3);
-    list.DrawImage("B", surface, {0, 0});
-    EXPECT_EQ(surface.Take().pixels, std::vector{kNothing});
-    list.RemoveImage("A");
-    EXPECT_EQ(list.ItemKey(1), "B");
-    list.SetItemKey(1, "D");
-    list.DrawImage(2, surface, {5, 6});
-    const auto call = surface.Take();
-    EXPECT_EQ(call.pixels, (std::vector<Pixel>{{3, 3, 3, 255}}));
-    EXPECT_EQ(call.target, RectAt(5, 6, 1, 1));
-    EXPECT_TRUE(list.KeyExists("D") && !list.KeyExists("B"));
+// Dark, coloured, white, the two greys of shadows and a neighbour of theirs, a soft edge, and nothing.
+void IconLists::ListLooks() {
+    for (const Pixel& pixel : {Pixel{0, 0, 0, 255},
+                               {50, 100, 200, 255},
+                               {255, 255, 255, 255},
+                               {227, 227, 227, 255},
+                               {221, 221, 221, 255},
+                               {227, 227, 221, 255},
+                               {0, 0, 0, 128},
+                               {227, 227, 227, 128},
+                               {255, 255, 255, 0}})
+        Add(pixel);
+    bar.InitialiseFromVariant(list.hIml());
+    for (int icon = 0; icon < list.ImageCount(); ++icon) {
+        Heading("icon " + std::to_string(icon) + ": source, disabled, plain, highlighted");
+        for (const IconMode mode : kModes)
+            bar.Draw(surface, icon, mode, 5, 6);
+    }
+    Heading("in other colours");
+    bar.SetDisabledColor(Rgb(1, 2, 3));
+    bar.SetHighlightColor(Rgb(4, 5, 6));
+    bar.Draw(surface, 0, IconMode::Disabled, 0, 0);
+    bar.Draw(surface, 3, IconMode::Highlighted, 0, 0);
+    EXPECT_EQ(bar.count(), 27) << "no look was made twice";
+    Heading("white with grey, then with a colour that nobody sees: disabled");
+    for (const int alpha : {0, 1}) {
+        list.IconSizeX = 3;
+        list.Create();
+        list.AddFromHandle(BitmapOf<cAlphaDIBSection>(
+            3, {{255, 255, 255, 255}, {221, 221, 221, 255}, {254, 255, 255, alpha}}));
+        bar.InitialiseFromVariant(list.hIml());
+        bar.Draw(surface, 0, IconMode::Disabled, 0, 0);
+    }
 }
 
-TEST_F(IconLists, DrawASelectedOrCutImageHalfInAColourAndOneOfAnotherList) {
-    list.AddFromHandle(BitmapOf<cAlphaDIBSection>(2, {{1, 1, 1, 255}, {3, 3, 3, 255}}),
-                       clsImageList::ImageType::Bitmap, "A");
+void IconLists::ListDrawings() {
+    const auto strip = BitmapOf<cAlphaDIBSection>(2, {{1, 1, 1, 255}, {3, 3, 3, 255}});
+    list.AddFromHandle(strip, Type::Bitmap);
     clsImageList other(files, desktop);
     other.IconSizeX = other.IconSizeY = 1;
     other.Create();
-    other.AddFromHandle(BitmapOf<cAlphaDIBSection>(2, {{9, 9, 9, 255}, {9, 9, 9, 255}}));
-    const auto drawn = [this](int image, const ImageDrawing& how) {
-        list.DrawImage(image, surface, {0, 0}, how);
-        const auto call = surface.Take();
-        return call.pixels.empty() ? Pixel{-1, -1, -1, -1} : call.pixels.front();
-    };
-    EXPECT_EQ(list.ImageCount(), 2) << "a bitmap is cut";
-    EXPECT_EQ(drawn(2, {}), (Pixel{3, 3, 3, 255}));
-    const ImageDrawing selected{.selected = true, .colour = Rgb(255, 101, 3)};
-    EXPECT_EQ(drawn(2, selected), (Pixel{3, 52, 129, 255}));
+    other.AddFromHandle(strip); // scaled
     desktop.colours[SystemColour::Window] = Rgb(5, 7, 9);
-    EXPECT_EQ(drawn(2, {.cut = true}), (Pixel{6, 5, 4, 255})) << "without a colour, that of windows";
-    EXPECT_EQ(drawn(1, {.otherList = other.hIml()}), (Pixel{9, 9, 9, 255}));
-    EXPECT_EQ(drawn(2, {.otherList = other.hIml()})[0], -1) << "not in that list";
+    Heading("the second of a strip: as it is, selected in a colour, cut in that of windows");
+    list.DrawImage(2, surface, {0, 0});
+    list.DrawImage(2, surface, {0, 0}, {.selected = true, .colour = Rgb(255, 101, 3)});
+    list.DrawImage(2, surface, {0, 0}, {.cut = true});
+    Heading("the first of another list, and nothing where that has no second");
+    list.DrawImage(1, surface, {0, 0}, {.otherList = other.hIml()});
+    list.DrawImage(2, surface, {0, 0}, {.otherList = other.hIml()});
+    Heading("nothing of a list that is gone");
     other.Destroy();
-    EXPECT_EQ(drawn(1, {.otherList = other.hIml()})[0], -1);
+    list.DrawImage(1, surface, {0, 0}, {.otherList = other.hIml()});
 }
 
-TEST_F(IconLists, TakeOnTheDesktopsGreysIfAsked) {
-    for (const auto greys : {clsImageList::Greys::AsTheyAre, clsImageList::Greys::TheDesktops})
+void IconLists::ListGreys() {
+    desktop.colours[SystemColour::Light3D] = Rgb(3, 2, 1);
+    for (const auto greys : {clsImageList::Greys::AsTheyAre, clsImageList::Greys::TheDesktops}) {
+        Heading("greys 128, 192, 223, 200");
         for (const int level : {128, 192, 223, 200}) {
             files.files[u"icon"] = IconFile({SolidImage(1, {level, level, level, 255})});
-            list.AddFromFile(u"icon", clsImageList::ImageType::Icon, {}, greys);
+            list.AddFromFile(u"icon", Type::Icon, {}, greys);
+            list.DrawImage(list.ImageCount(), surface, {0, 0});
         }
-    desktop.colours[SystemColour::Light3D] = Rgb(3, 2, 1);
-    list.AddFromFile(u"icon", clsImageList::ImageType::Icon, {}, clsImageList::Greys::TheDesktops);
-    for (const auto& [image, pixel] : std::map<int, Pixel>{{2, {192, 192, 192, 255}},
-                                                           {3, {223, 223, 223, 255}},
-                                                           {5, {128, 128, 128, 255}},
-                                                           {6, {200, 208, 212, 255}},
-                                                           {7, {200, 208, 212, 255}},
-                                                           {8, {200, 200, 200, 255}}}) {
-        list.DrawImage(image, surface, {0, 0});
-        EXPECT_EQ(surface.Take().pixels.front(), pixel) << image;
     }
-    EXPECT_EQ(list.SystemColourDepth(), 24);
 }
 
-TEST_F(IconLists, LoadTheSharperImageForADenserDisplay) {
-    files.files[u"icon"] = IconFile({SolidImage(16, {1, 1, 1, 255}), SolidImage(32, {2, 2, 2, 255})});
+void IconLists::ListSizes() {
+    files.files[u"icon"] = IconFile({SolidImage(4, {1, 1, 1, 255}), SolidImage(8, {2, 2, 2, 255})});
     for (const int density : {1, 2}) {
-        list.IconSizeX = list.IconSizeY = 16;
+        list.IconSizeX = list.IconSizeY = 4;
         surface.density = density;
         list.OwnerHDC = &surface;
         list.Create();
         list.AddFromFile(u"icon");
         bar.InitialiseFromVariant(list.hIml());
-        EXPECT_EQ(bar.IconWidth(), 16);
+        Heading("4 by 4 in density " + std::to_string(density) + ": whole, too large, cut, none");
         for (const IconMode mode : {IconMode::Source, IconMode::Plain})
-            for (const auto& [width, shown] : {std::pair{-1, 16}, {99, 16}, {8, 8}}) {
-                bar.Draw(surface, 0, mode, 3, 4, width, 8);
-                bar.Draw(surface, 0, mode, 3, 4, 0, width); // nothing to be seen
-                const auto call = surface.Take();
-                EXPECT_EQ(call.target, RectAt(3, 4, shown, 8));
-                EXPECT_EQ(call.part, RectAt(0, 0, shown * density, 8 * density));
-                EXPECT_EQ(call.pixels.front(), (Pixel{density, density, density, 255}));
-            }
+            for (const auto& [width, height] : {std::pair{-1, -1}, {99, 3}, {2, 99}, {0, 3}})
+                bar.Draw(surface, 0, mode, 3, 4, width, height);
     }
 }
 
-TEST_F(IconLists, DeriveLooksByTheRules) {
-    struct Case {
-        Pixel icon;
-        Pixel disabled, plain, highlighted;
-    };
-    const std::vector<Case> cases{
-        // Black keeps the full shape, other colours by their darkness.
-        {{0, 0, 0, 255}, {50, 100, 200, 255}, {0, 0, 0, 255}, {0, 0, 0, 255}},
-        // Luminance (222 * 200 + 707 * 100 + 71 * 50) / 1000 = 118.65, so alpha 136.
-        {{50, 100, 200, 255}, {26, 53, 106, 136}, {50, 100, 200, 255}, {50, 100, 200, 255}},
-        // White alone is solid.
-        {{255, 255, 255, 255}, {50, 100, 200, 255}, {255, 255, 255, 255}, {255, 255, 255, 255}},
-        // The two greys: alpha 28 and 34, then 50 and 90. A neighbour of theirs is a colour like any other.
-        {{227, 227, 227, 255}, {5, 10, 21, 28}, {44, 44, 44, 50}, {88, 7, 3, 90}},
-        {{221, 221, 221, 255}, {6, 13, 26, 34}, {43, 43, 43, 50}, {88, 7, 3, 90}},
-        {{227, 227, 221, 255}, {5, 11, 22, 29}, {227, 227, 221, 255}, {227, 227, 221, 255}},
-        // A soft edge stays in proportion, and what is transparent vanishes.
-        {{0, 0, 0, 128}, {25, 50, 100, 128}, {0, 0, 0, 128}, {0, 0, 0, 128}},
-        {{227, 227, 227, 128}, {2, 5, 10, 14}, {22, 22, 22, 25}, {44, 3, 1, 45}},
-        {{255, 255, 255, 0}, kNothing, kNothing, kNothing},
-    };
-    for (const Case& c : cases)
-        Add(c.icon);
-    bar.InitialiseFromVariant(list.hIml());
-    for (int i = 0; i < static_cast<int>(cases.size()); ++i) {
-        const Case& c = cases[static_cast<std::size_t>(i)];
-        EXPECT_EQ(Drawn(i, IconMode::Disabled), c.disabled) << i;
-        EXPECT_EQ(Drawn(i, IconMode::Plain), c.plain) << i;
-        EXPECT_EQ(Drawn(i, IconMode::Highlighted), c.highlighted) << i;
-        const int alpha = c.icon[3];
-        const Pixel premultiplied{c.icon[0] * alpha / 255, c.icon[1] * alpha / 255, c.icon[2] * alpha / 255,
-                                  alpha};
-        EXPECT_EQ(Drawn(i, IconMode::Source), premultiplied) << i;
-    }
-}
-
-TEST(DisabledIcon, LosesItsWhiteUnlessThereIsNothingElse) {
-    const Pixel white{255, 255, 255, 255};
-    const Pixel grey{221, 221, 221, 255};
-    auto monochrome = BitmapOf<cAlphaDIBSection>(3, {white, grey, {9, 9, 9, 0}});
-    DeriveIcon(monochrome, IconMode::Disabled, kDisabled, kHighlight);
-    EXPECT_EQ(PixelOf(monochrome.hDib(), 0, 0), (Pixel{50, 100, 200, 255}));
-    auto coloured = BitmapOf<cAlphaDIBSection>(3, {white, grey, {254, 255, 255, 1}});
-    DeriveIcon(coloured, IconMode::Disabled, kDisabled, kHighlight);
-    EXPECT_EQ(PixelOf(coloured.hDib(), 0, 0), kNothing);
-}
-
-TEST_F(IconLists, MakeEachLookOnceAndKeepItWhenTheStripGrows) {
+void IconLists::ListStrip() {
     for (int i = 0; i < 12; ++i)
         Add({i, i, i, 255});
     bar.InitialiseFromVariant(list.hIml());
-    for (int i : {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 0, 9, 11})
-        EXPECT_EQ(Drawn(i, IconMode::Plain), (Pixel{i, i, i, 255}));
+    Heading("as the strip grows, and the strip");
+    for (const int i : {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 0, 9, 11})
+        bar.Draw(surface, i, IconMode::Plain, 0, 0);
+    bar.DrawStrip(surface, 2, 0);
     EXPECT_EQ(bar.count(), 12);
     EXPECT_EQ(bar.IndexOf(11, IconMode::Plain), 12);
     EXPECT_EQ(bar.IndexOf(11, IconMode::Disabled), 0);
     EXPECT_EQ(bar.IconIndexOf(12), 11);
     EXPECT_EQ(bar.IconIndexOf(13), -1);
-    bar.DrawStrip(surface, 2, 0);
-    const auto strip = surface.Take();
-    EXPECT_EQ(strip.target, RectAt(2, 0, 20, 1));
-    ASSERT_EQ(strip.pixels.size(), 20U);
-    EXPECT_EQ(strip.pixels[7], (Pixel{7, 7, 7, 255}));
-    EXPECT_EQ(strip.pixels[12], kNothing);
+}
+
+TEST_F(IconLists, DrawAsStored) {
+    for (const auto& section : {&IconLists::ListLooks, &IconLists::ListDrawings, &IconLists::ListGreys,
+                                &IconLists::ListSizes, &IconLists::ListStrip}) {
+        list.IconSizeX = list.IconSizeY = list.Density = 1;
+        list.OwnerHDC = nullptr;
+        list.Create();
+        (this->*section)();
+    }
+    ExpectAsStored(DRAWN "/Icons.txt", surface.drawn);
+}
+
+TEST_F(IconLists, KeepNumbersRightWhenAFileIsMissing) {
+    Add({1, 1, 1, 255}, "A");
+    list.AddFromFile(u"missing", Type::Icon, "B");
+    Add({3, 3, 3, 255}, "C");
+    list.RemoveImage("A");
+    EXPECT_EQ(list.ItemKey(1), "B");
+    list.SetItemKey(1, "D");
+    EXPECT_TRUE(list.KeyExists("D") && !list.KeyExists("B"));
+    EXPECT_EQ(list.ItemIndex("C"), 2);
+    list.DrawImage("D", surface, {0, 0});
+    list.DrawImage("C", surface, {0, 0});
+    EXPECT_EQ(surface.drawn, (std::vector<std::string>{"composite 0,0-1,1 of 0,0-1,1 0/0/0/0",
+                                                       "composite 0,0-1,1 of 0,0-1,1 3/3/3/255"}));
+    for (const ImageReference& wrong : {ImageReference(0), ImageReference(3), ImageReference("A")})
+        EXPECT_EQ(FailureOf([&] { list.ItemIndex(wrong); }).Number(), 9);
+    EXPECT_EQ(list.SystemColourDepth(), 24);
 }
 
 } // namespace
