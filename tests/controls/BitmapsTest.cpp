@@ -8,120 +8,109 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <span>
 
 namespace quillshift {
 namespace {
 
 constexpr int kMost = std::numeric_limits<int>::max();
 
-/// Writes down bitmaps, pixel by pixel, to be compared with what is stored.
-class Bitmaps : public testing::Test {
-protected:
-    void List(const std::string& name, const DibSection& bitmap) {
-        list.push_back("- " + name);
-        ListPixels(bitmap.hDib(), list);
-    }
-    // The result of a change of one pixel.
-    template <class Bitmap, class Change>
-    void ListChanged(const std::string& name, Pixel pixel, Change change) {
-        auto bitmap = BitmapOf<Bitmap>(1, {pixel});
-        change(bitmap);
-        List(name, bitmap);
-    }
+using Lines = std::vector<std::string>;
 
-    void ListCopies();
-    void ListBlends();
-    void ListSizes();
-    void ListColours();
+void List(const std::string& name, const DibSection& bitmap, Lines& list) {
+    list.push_back("- " + name);
+    ListPixels(bitmap.hDib(), list);
+}
 
-    std::vector<std::string> list;
-    const pcDibSection square =
-        BitmapOf<pcDibSection>(2, {{200, 1, 1, 9}, {40, 2, 2, 9}, {0, 3, 3, 9}, {100, 4, 4, 9}});
-};
+const auto kSquare = BitmapOf<pcDibSection>(2, {{200, 1, 1, 9}, {40, 2, 2, 9}, {0, 3, 3, 9}, {100, 4, 4, 9}});
 
-void Bitmaps::ListCopies() {
+void ListCopies(Lines& list) {
     const int places[][6] = {{0, 0, -1, -1, 0, 0},         {1, 1, 1, 2, 1, 0},
                              {2, 2, -1, -1, 0, 0},         {-1, -1, -1, -1, 0, 0},
                              {0, 0, kMost, kMost, -2, -1}, {kMost, kMost, kMost, kMost, kMost, kMost}};
-    for (const auto& [x, y, width, height, sourceX, sourceY] : places) {
-        pcDibSection target;
-        target.Create(3, 3);
-        square.PaintPicture(target, x, y, width, height, sourceX, sourceY);
-        List("copied to " + std::to_string(x) + "," + std::to_string(y), target);
-    }
-    for (const auto operation :
-         {RasterOperation::Copy, RasterOperation::And, RasterOperation::Or, RasterOperation::Xor})
-        ListChanged<pcDibSection>("joined to 6/6/6/6", {6, 6, 6, 6}, [&](pcDibSection& target) {
-            square.PaintPicture(target, 0, 0, 1, 1, 1, 1, operation);
-        });
-    pcMemDC memory;
-    square.PaintPicture(memory.hdc(2, 2), 0, 0);
-    EXPECT_EQ(&memory.hdc(1, 2), memory.hdc(2, 2).hdc()) << "large enough is the same";
     pcDibSection target;
+    for (const auto& [x, y, width, height, sourceX, sourceY] : places) {
+        target.Create(3, 3);
+        kSquare.PaintPicture(target, x, y, width, height, sourceX, sourceY);
+        List("copied to " + std::to_string(x) + "," + std::to_string(y), target, list);
+    }
+    pcMemDC memory;
+    kSquare.PaintPicture(memory.hdc(2, 2), 0, 0);
+    EXPECT_EQ(&memory.hdc(1, 2), &memory.hdc(2, 2)) << "large enough is the same";
     target.Create(2, 2);
     memory.Draw(target, 1, 0);
-    List("through a memory surface, from 1,0", target);
+    List("through a memory surface, from 1,0", target, list);
+    for (const auto& [width, height] : {std::pair{4, 4}, {1, 1}, {2, 2}, {0, 3}})
+        List("resampled to " + std::to_string(width), kSquare.Resample(height, width), list);
+    List("a dot, three by two", BitmapOf<cAlphaDIBSection>(1, {{7, 8, 9, 10}}).Resample(2, 3), list);
 }
 
-void Bitmaps::ListBlends() {
-    const auto source = BitmapOf<cAlphaDIBSection>(1, {{50, 0, 128, 128}});
-    for (const auto& [alpha, perPixel] :
-         {std::pair{255, true}, {128, true}, {255, false}, {128, false}, {0, true}})
-        ListChanged<cAlphaDIBSection>("composited by " + std::to_string(alpha) + (perPixel ? " a pixel" : ""),
-                                      {100, 100, 100, 255}, [&](cAlphaDIBSection& target) {
-                                          source.AlphaPaintPicture(target, 0, 0, -1, -1, 0, 0,
-                                                                   static_cast<std::uint8_t>(alpha),
-                                                                   perPixel);
-                                      });
-    for (const int alpha : {0, 64, 255}) {
-        auto target = BitmapOf<pcDibSection>(2, {{100, 0, 40, 7}, {100, 0, 40, 7}});
-        pcDibSection::CodeAlphaBlend(target, square, 1, 0, -1, -1, static_cast<std::uint8_t>(alpha));
-        List("blended by " + std::to_string(alpha) + " from 1,0", target);
+template <class Bitmap>
+struct Change {
+    const char* name;
+    Pixel before;
+    void (*make)(Bitmap&);
+};
+
+void Composite(cAlphaDIBSection& target, std::uint8_t alpha, bool perPixel) {
+    BitmapOf<cAlphaDIBSection>(1, {{50, 0, 128, 128}})
+        .AlphaPaintPicture(target, 0, 0, -1, -1, 0, 0, alpha, perPixel);
+}
+const Change<cAlphaDIBSection> kAlphaChanges[] = {
+    {"composited", {100, 100, 100, 255}, [](auto& to) { Composite(to, 255, true); }},
+    {"composited by half", {100, 100, 100, 255}, [](auto& to) { Composite(to, 128, true); }},
+    {"composited flat by half", {100, 100, 100, 255}, [](auto& to) { Composite(to, 128, false); }},
+    {"composited by nothing", {100, 100, 100, 255}, [](auto& to) { Composite(to, 0, true); }},
+    {"premultiplied", {255, 100, 1, 128}, [](auto& to) { to.PreMultiplyAlpha(); }},
+    {"nothing told", {0, 100, 200, 77}, [](auto& to) { to.AdjustHLS(-1, -1, -1); }},
+    {"yellow", {0, 100, 200, 77}, [](auto& to) { to.AdjustHLS(85, -1, 0); }},
+    {"white", {0, 100, 200, 77}, [](auto& to) { to.AdjustHLS(-1, 255, 0); }},
+    {"grey", {0, 100, 200, 77}, [](auto& to) { to.AdjustHLS(0, -1, -1); }},
+    {"held at grey", {0, 100, 200, 77}, [](auto& to) { to.AdjustHLS(-1, 200, -3); }},
+    {"as full as can be", {0, 100, 200, 77}, [](auto& to) { to.AdjustHLS(255, -1, 9); }},
+};
+
+void Join(pcDibSection& target, RasterOperation operation) {
+    kSquare.PaintPicture(target, 0, 0, 1, 1, 1, 1, operation);
+}
+void Blend(pcDibSection& target, std::uint8_t alpha) {
+    pcDibSection::CodeAlphaBlend(target, kSquare, 0, 0, -1, -1, alpha);
+}
+const Change<pcDibSection> kProgressChanges[] = {
+    {"and", {6, 6, 6, 6}, [](auto& to) { Join(to, RasterOperation::And); }},
+    {"or", {6, 6, 6, 6}, [](auto& to) { Join(to, RasterOperation::Or); }},
+    {"xor", {6, 6, 6, 6}, [](auto& to) { Join(to, RasterOperation::Xor); }},
+    {"blended by none", {100, 0, 40, 7}, [](auto& to) { Blend(to, 0); }},
+    {"blended by a quarter", {100, 0, 40, 7}, [](auto& to) { Blend(to, 64); }},
+    {"blended by all", {100, 0, 40, 7}, [](auto& to) { Blend(to, 255); }},
+    {"twice as light", {0, 90, 50, 5}, [](auto& to) { to.ModifyHLS(1, 2, 1); }},
+    {"grey", {0, 90, 50, 5}, [](auto& to) { to.ModifyHLS(1, 1, 0); }},
+    {"another hue", {0, 90, 50, 5}, [](auto& to) { to.ModifyHLS(2, 1, 0.5); }},
+    {"held at white", {0, 90, 50, 5}, [](auto& to) { to.ModifyHLS(1, 9, 9); }},
+    {"lightened", {0, 0, 100, 5}, [](auto& to) { to.Lighten(50); }},
+    {"darkened", {0, 0, 100, 5}, [](auto& to) { to.Lighten(-50); }},
+    {"cleared", {1, 2, 3, 4}, [](auto& to) { to.Clear(); }},
+};
+
+template <class Bitmap>
+void ListChanges(std::span<const Change<Bitmap>> changes, Lines& list) {
+    for (const auto& [name, before, make] : changes) {
+        auto bitmap = BitmapOf<Bitmap>(1, {before});
+        make(bitmap);
+        List(name, bitmap, list);
     }
-    ListChanged<cAlphaDIBSection>("premultiplied", {255, 100, 1, 128},
-                                  [](cAlphaDIBSection& bitmap) { bitmap.PreMultiplyAlpha(); });
 }
 
-void Bitmaps::ListSizes() {
-    List("four by four", square.Resample(4, 4));
-    List("one by one", square.Resample(1, 1));
-    List("as it is", square.Resample(2, 2));
-    List("a dot, three by two", BitmapOf<cAlphaDIBSection>(1, {{7, 8, 9, 10}}).Resample(2, 3));
-    EXPECT_TRUE(square.Resample(0, 3).IsEmpty());
-}
-
-void Bitmaps::ListColours() {
-    struct Target {
-        int hue, luminance;
-        float saturation;
-    };
-    for (const auto& [hue, luminance, saturation] :
-         {Target{-1, -1, -1}, {85, -1, 0}, {-1, 255, 0}, {0, -1, -1}, {-1, 200, -3}, {255, -1, 9}})
-        ListChanged<cAlphaDIBSection>(
-            "ochre in hue " + std::to_string(hue) + ", luminance " + std::to_string(luminance),
-            {0, 100, 200, 77},
-            [&](cAlphaDIBSection& bitmap) { bitmap.AdjustHLS(hue, luminance, saturation); });
-    for (const auto& [hue, luminance, saturation] :
-         {std::tuple{1.0, 2.0, 1.0}, {1.0, 1.0, 0.0}, {2.0, 1.0, 0.5}, {1.0, 9.0, 9.0}})
-        ListChanged<pcDibSection>("green, scaled", {0, 90, 50, 5}, [&](pcDibSection& bitmap) {
-            bitmap.ModifyHLS(hue, luminance, saturation);
-        });
-    for (const double amount : {50.0, -50.0, 500.0})
-        ListChanged<pcDibSection>("red, lightened", {0, 0, 100, 5},
-                                  [&](pcDibSection& bitmap) { bitmap.Lighten(amount); });
-    ListChanged<pcDibSection>("cleared", {1, 2, 3, 4}, [](pcDibSection& bitmap) { bitmap.Clear(); });
-}
-
-TEST_F(Bitmaps, AreAsStored) {
-    ListCopies();
-    ListBlends();
-    ListSizes();
-    ListColours();
+TEST(Bitmaps, AreAsStored) {
+    Lines list;
+    ListCopies(list);
+    ListChanges<cAlphaDIBSection>(kAlphaChanges, list);
+    ListChanges<pcDibSection>(kProgressChanges, list);
     ExpectAsStored(DRAWN "/Bitmaps.txt", list);
 }
 
-TEST_F(Bitmaps, KeepTheirHandlesInOrder) {
-    pcDibSection source = square;
+TEST(Bitmaps, KeepTheirHandlesInOrder) {
+    pcDibSection source = kSquare;
     BitmapPicture dib;
     EXPECT_TRUE(source.CreateDIB(3, 2, dib));
     EXPECT_EQ(dib.bits, std::vector<std::uint8_t>(24)) << "owned by the caller";
@@ -142,7 +131,7 @@ TEST_F(Bitmaps, KeepTheirHandlesInOrder) {
     EXPECT_EQ(source.Width(), 2) << "the size of what was there stays";
 }
 
-TEST_F(Bitmaps, SaveAFileOfKnownBytes) {
+TEST(Bitmaps, SaveAFileOfKnownBytes) {
     const TemporaryFolder folder;
     const auto bitmap = BitmapOf<pcDibSection>(1, {{1, 2, 3, 4}, {5, 6, 7, 8}});
     EXPECT_TRUE(bitmap.SavePicture(FromUtf8((folder / "Фон.bmp").string())));

@@ -116,14 +116,19 @@ TEST_F(Menus, LookTheSameHoweverTheyWereReached) {
 TEST_F(Menus, AnEntryIsTickedByTheMouse) {
     editor.Start();
     const Point view = Heading(3);
+    std::vector<std::vector<std::uint32_t>> pictures;
     for (const bool above : {true, false}) {
         desktop.Click(view);
-        desktop.Click(Row(WaitForMenu(1), "MENU:VIEW:ONTOP"));
+        const Rect menu = WaitForMenu(1);
+        const Point row = Row(menu, "MENU:VIEW:ONTOP");
+        pictures.push_back(desktop.Pixels(RectAt(menu.left + 3, row.y - 8, 21, 16)));
+        desktop.Click(row);
         desktop.WaitUntil("the window has its layer",
                           [&] { return desktop.IsAboveOthers(editor.Window()) == above; });
         WaitUntilClosed();
         EXPECT_EQ(editor.Store().Text(Setting::TopMost), above ? u"1" : u"0");
     }
+    EXPECT_TRUE(pictures[0] != pictures[1]) << "the tick is seen";
 }
 
 TEST_F(Menus, StayOnTheScreen) {

@@ -45,6 +45,18 @@ TEST_F(Toolbars, AreHiddenByTheMenuAndByTheirOwn) {
     EXPECT_EQ(editor.Store().Text(Setting::ToolBarStandart), u"1");
 }
 
+// Flat in one style; a gradient from side to side in the other.
+TEST_F(Toolbars, HaveTheStyleOfTheSettings) {
+    for (const bool system : {false, true}) {
+        Editor program(desktop);
+        program.Set(Setting::Style, system ? u"System" : u"OfficeXP").Start();
+        const Rect window = desktop.Place(program.Window());
+        const std::uint32_t corner = desktop.Pixel({window.left + 1, window.top + 25});
+        EXPECT_EQ(corner, desktop.Pixel({window.left + 1, window.top + 43}));
+        EXPECT_EQ(corner != desktop.Pixel({window.right - 2, window.top + 25}), system);
+    }
+}
+
 TEST_F(Toolbars, ANarrowWindowLosesGroupsAndWrapsItsMenuAndAWideOneHasAllBack) {
     editor.Start();
     const Rect window = desktop.Place(editor.Window());

@@ -18,7 +18,7 @@ constexpr IconMode kModes[] = {IconMode::Source, IconMode::Disabled, IconMode::P
 
 /// A list of one-pixel icons, so that a look is one pixel, and a bar that paints from it.
 class IconLists : public testing::Test {
-public:
+protected:
     IconLists() {
         list.IconSizeX = list.IconSizeY = 1;
         list.Create();
@@ -30,11 +30,6 @@ public:
         list.AddFromFile(u"icon", Type::Icon, key);
     }
     void Heading(const std::string& text) { surface.Note("- " + text); }
-    void ListLooks();
-    void ListDrawings();
-    void ListGreys();
-    void ListSizes();
-    void ListStrip();
 
     FakeFiles files;
     FakeSystemColours desktop;
@@ -44,7 +39,7 @@ public:
 };
 
 // Dark, coloured, white, the two greys of shadows and a neighbour of theirs, a soft edge, and nothing.
-void IconLists::ListLooks() {
+TEST_F(IconLists, LooksAsStored) {
     for (const Pixel& pixel : {Pixel{0, 0, 0, 255},
                                {50, 100, 200, 255},
                                {255, 255, 255, 255},
@@ -76,9 +71,10 @@ void IconLists::ListLooks() {
         bar.InitialiseFromVariant(list.hIml());
         bar.Draw(surface, 0, IconMode::Disabled, 0, 0);
     }
+    ExpectAsStored(DRAWN "/IconLooks.txt", surface.drawn);
 }
 
-void IconLists::ListDrawings() {
+TEST_F(IconLists, DrawingsAsStored) {
     const auto strip = BitmapOf<cAlphaDIBSection>(2, {{1, 1, 1, 255}, {3, 3, 3, 255}});
     list.AddFromHandle(strip, Type::Bitmap);
     clsImageList other(files, desktop);
@@ -96,9 +92,10 @@ void IconLists::ListDrawings() {
     Heading("nothing of a list that is gone");
     other.Destroy();
     list.DrawImage(1, surface, {0, 0}, {.otherList = other.hIml()});
+    ExpectAsStored(DRAWN "/IconDrawings.txt", surface.drawn);
 }
 
-void IconLists::ListGreys() {
+TEST_F(IconLists, GreysAsStored) {
     desktop.colours[SystemColour::Light3D] = Rgb(3, 2, 1);
     for (const auto greys : {clsImageList::Greys::AsTheyAre, clsImageList::Greys::TheDesktops}) {
         Heading("greys 128, 192, 223, 200");
@@ -108,9 +105,10 @@ void IconLists::ListGreys() {
             list.DrawImage(list.ImageCount(), surface, {0, 0});
         }
     }
+    ExpectAsStored(DRAWN "/IconGreys.txt", surface.drawn);
 }
 
-void IconLists::ListSizes() {
+TEST_F(IconLists, SizesAsStored) {
     files.files[u"icon"] = IconFile({SolidImage(4, {1, 1, 1, 255}), SolidImage(8, {2, 2, 2, 255})});
     for (const int density : {1, 2}) {
         list.IconSizeX = list.IconSizeY = 4;
@@ -124,9 +122,10 @@ void IconLists::ListSizes() {
             for (const auto& [width, height] : {std::pair{-1, -1}, {99, 3}, {2, 99}, {0, 3}})
                 bar.Draw(surface, 0, mode, 3, 4, width, height);
     }
+    ExpectAsStored(DRAWN "/IconSizes.txt", surface.drawn);
 }
 
-void IconLists::ListStrip() {
+TEST_F(IconLists, StripAsStored) {
     for (int i = 0; i < 12; ++i)
         Add({i, i, i, 255});
     bar.InitialiseFromVariant(list.hIml());
@@ -139,17 +138,7 @@ void IconLists::ListStrip() {
     EXPECT_EQ(bar.IndexOf(11, IconMode::Disabled), 0);
     EXPECT_EQ(bar.IconIndexOf(12), 11);
     EXPECT_EQ(bar.IconIndexOf(13), -1);
-}
-
-TEST_F(IconLists, DrawAsStored) {
-    for (const auto& section : {&IconLists::ListLooks, &IconLists::ListDrawings, &IconLists::ListGreys,
-                                &IconLists::ListSizes, &IconLists::ListStrip}) {
-        list.IconSizeX = list.IconSizeY = list.Density = 1;
-        list.OwnerHDC = nullptr;
-        list.Create();
-        (this->*section)();
-    }
-    ExpectAsStored(DRAWN "/Icons.txt", surface.drawn);
+    ExpectAsStored(DRAWN "/IconStrip.txt", surface.drawn);
 }
 
 TEST_F(IconLists, KeepNumbersRightWhenAFileIsMissing) {
