@@ -13,8 +13,6 @@
 
 #include <gtest/gtest.h>
 
-#include <iterator>
-#include <ranges>
 #include <set>
 
 namespace quillshift {
@@ -141,7 +139,8 @@ protected:
 
     void List(const std::string& name, const BarView& bar, std::size_t from = 0) {
         list.push_back("- " + name);
-        std::ranges::copy(Painted(bar) | std::views::drop(from), std::back_inserter(list));
+        const std::vector<std::string> painted = Painted(bar);
+        list.insert(list.end(), painted.begin() + static_cast<std::ptrdiff_t>(from), painted.end());
     }
     std::vector<std::string> Painted(const BarView& bar) {
         RecordingSurface surface;
