@@ -22,7 +22,7 @@ struct CharacterFormat {
     bool underline = false;
     bool strike = false;
     Script script = Script::Normal;
-    std::optional<Colour> colour;
+    std::optional<Colour> colour, background;
 
     bool operator==(const CharacterFormat&) const = default;
 };
@@ -32,6 +32,7 @@ struct ParagraphFormat {
     Alignment alignment = Alignment::Left;
     Twips leftIndent, rightIndent, firstLineIndent;
     Twips spaceBefore, spaceAfter;
+    std::vector<Twips> tabs; ///< from the margin, in order; behind the last one come the surface's own
 
     bool operator==(const ParagraphFormat&) const = default;
 };

@@ -18,15 +18,6 @@ constexpr std::u16string_view kExtension = u"*.txt|*.*";
 
 } // namespace
 
-bool LoadContents(TextSurface& surface, std::string_view bytes) {
-    if (IsRtf(bytes)) {
-        surface.LoadRich(ReadRtf(bytes));
-        return false;
-    }
-    surface.LoadPlain(windows1251::Decode(bytes));
-    return true;
-}
-
 // --- The commands
 
 BoxAnswer modDocument::AskToSave(BoxButtons buttons) {
@@ -131,6 +122,19 @@ void modDocument::ReopenDocument() {
         PointSaveAtOpenedFile(LoadBoth());
         ApplyCaptionRule();
     });
+}
+
+// Of the chosen file: RTF where the bytes are RTF, plain text otherwise, and true for plain.
+bool modDocument::LoadContents(TextSurface& surface, std::string_view bytes) {
+    if (IsRtf(bytes)) {
+        const RichText rich = ReadRtf(bytes);
+        if (rich.text.find_first_not_of(u" \t\r\n") == std::u16string::npos)
+            Throw({321, u"В файле RTF нет текста"}, services_.platform.fileDialog.FileName);
+        surface.LoadRich(rich);
+        return false;
+    }
+    surface.LoadPlain(windows1251::Decode(bytes));
+    return true;
 }
 
 // The file is read whole before a surface is touched, so that a failure changes nothing.
@@ -274,7 +278,7 @@ void modDocument::MakeBackup() {
     else
         return;
     WriteOrThrow(target + u".bak", services_.backup.Text());
-    LoadContents(services_.backup, ReadOrThrow(dialog.FileName));
+    services_.backup.LoadPlain(windows1251::Decode(ReadOrThrow(dialog.FileName))); // as it was written
 }
 
 } // namespace quillshift

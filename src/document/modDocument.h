@@ -57,6 +57,7 @@ private:
     bool MayDropText();
     void Report(const std::function<void()>& routine);
     void LoadChosen();
+    bool LoadContents(TextSurface& surface, std::string_view bytes);
     bool LoadBoth();
     void PointSaveAtOpenedFile(bool plain);
     bool ImportRtfFile(std::u16string_view filter, std::u16string_view extension, std::u16string_view title);
@@ -71,8 +72,5 @@ private:
 
     Services services_;
 };
-
-/// Gives a surface the contents of a file: RTF where the bytes are RTF, plain text otherwise. True for plain.
-bool LoadContents(TextSurface& surface, std::string_view bytes);
 
 } // namespace quillshift

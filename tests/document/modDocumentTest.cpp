@@ -113,8 +113,13 @@ TEST_F(modDocumentTest, PlainSaveNeverHitsAnotherFile) {
     EXPECT_EQ(test.messageBox.shown.back().icon, BoxIcon::Critical);
 }
 
-TEST_F(modDocumentTest, AnRtfFileWithdrawsPlainSave) {
+TEST_F(modDocumentTest, AnRtfFileWithdrawsPlainSaveAndNeedsText) {
     SaveAs(u"/d/first.txt");
+    for (const auto* bytes : {"{\\rtf1 {\\pict 00}\\par}", "{\\rtf"}) {
+        test.OpenFile(u"/d/empty.rtf", bytes);
+        EXPECT_EQ(test.LastBox(), u"Произошла ошибка № 321\r\n«/d/empty.rtf»\r\nВ файле RTF нет текста");
+        EXPECT_EQ(window.document.loads + window.backup.loads, 0);
+    }
     test.OpenFile(u"/d/letter.rtf", "{\\rtf1 x}");
     EXPECT_FALSE(test.program.Parts().document.SaveAvailable);
 }

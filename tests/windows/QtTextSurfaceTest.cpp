@@ -80,22 +80,28 @@ TEST_F(QtTextSurfaceTest, KnowsWhereItsLinesBegin) {
 }
 
 TEST_F(QtTextSurfaceTest, ShowsFormattingUntilThePlainTextIsSet) {
-    RichText rich;
-    rich.text = u"bold\r\nright";
-    CharacterFormat bold;
-    bold.bold = true;
-    rich.runs = {{4, bold}, {7, {}}};
-    rich.paragraphs = {{}, {}};
-    rich.paragraphs[1].alignment = Alignment::Right;
-    surface.LoadRich(rich);
-    EXPECT_EQ(surface.Text(), rich.text);
+    surface.show();
+    surface.LoadRich(
+        ReadRtf("{\\rtf1{\\colortbl;\\red255\\green255\\blue0;}{\\b bold}{\\highlight1 marked}\\par"
+                "\\pard\\li900\\fi-500{\\listtext 1.\\tab}item " +
+                std::string(100, 'w') + " that wraps\\par\\pard\\qr right}"));
     QTextCursor cursor(surface.document());
-    cursor.setPosition(2);
-    EXPECT_EQ(cursor.charFormat().fontWeight(), QFont::Bold);
+    const auto formatAt = [&](int position) {
+        cursor.setPosition(position);
+        return cursor.charFormat();
+    };
+    const auto leftOf = [&](std::size_t position) {
+        surface.SetSelStart(position);
+        return surface.cursorRect().left();
+    };
+    EXPECT_EQ(formatAt(2).fontWeight(), QFont::Bold);
+    EXPECT_EQ(formatAt(7).background().color(), QColor(255, 255, 0));
+    EXPECT_EQ(leftOf(surface.Text().find(u"item")), leftOf(*surface.LineIndex(2))) << "below each other";
+    EXPECT_GT(leftOf(surface.Text().find(u"item")), leftOf(surface.Text().find(u"1.")) + 20);
     EXPECT_EQ(surface.document()->lastBlock().blockFormat().alignment(), Qt::AlignRight);
-    surface.SetText(rich.text);
-    cursor.setPosition(2);
-    EXPECT_NE(cursor.charFormat().fontWeight(), QFont::Bold);
+    surface.SetText(std::u16string(surface.Text()));
+    EXPECT_NE(formatAt(2).fontWeight(), QFont::Bold);
+    EXPECT_EQ(formatAt(7).background().style(), Qt::NoBrush);
     EXPECT_NE(surface.document()->lastBlock().blockFormat().alignment(), Qt::AlignRight);
 }
 

@@ -34,6 +34,7 @@ private:
 
     // Deeper groups share the state of this depth: no document needs them, and memory stays bounded.
     static constexpr std::size_t kDeepest = 1024;
+    static constexpr std::size_t kMostTabs = 16;
 
     void BeginGroup();
     void EndGroup();
@@ -253,6 +254,9 @@ bool Reader::OnCharacters(RtfAction action, std::optional<int> number) {
     case RtfAction::Colour:
         look.colour = value;
         return true;
+    case RtfAction::Background:
+        look.background = value;
+        return true;
     default:
         return false;
     }
@@ -292,6 +296,12 @@ bool Reader::OnParagraph(RtfAction action, int number) {
         return true;
     case RtfAction::SpaceAfter:
         paragraph.spaceAfter = length;
+        return true;
+    case RtfAction::TabStop:
+        // Each paragraph keeps its own, so their number bounds memory.
+        if (paragraph.tabs.size() < kMostTabs)
+            paragraph.tabs.insert(std::upper_bound(paragraph.tabs.begin(), paragraph.tabs.end(), length),
+                                  length);
         return true;
     default:
         return false;

@@ -30,6 +30,7 @@ enum class RtfAction {
     Lower,
     Hidden,
     Colour,
+    Background,
     // How paragraphs are set
     ParagraphDefault,
     Left,
@@ -41,6 +42,7 @@ enum class RtfAction {
     FirstIndent,
     SpaceBefore,
     SpaceAfter,
+    TabStop,
     // Where text goes
     FontTable,
     ColourTable,

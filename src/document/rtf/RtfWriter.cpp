@@ -31,6 +31,8 @@ void RtfWriter::Add(std::u16string_view text, const RtfLook& look) {
         format.strike = look.strike;
         format.script = look.script;
         format.colour = colours_.Find(look.colour);
+        if (look.background != 0)
+            format.background = colours_.Find(look.background);
         look_ = look;
         // Different numbers may stand for the same look.
         if (result_.runs.empty() || result_.runs.back().format != format)

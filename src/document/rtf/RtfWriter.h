@@ -12,6 +12,7 @@ struct RtfLook {
     int font = 0;
     int halfPoints = 24;
     int colour = 0;
+    int background = 0;
     Script script = Script::Normal;
     bool bold = false;
     bool italic = false;

@@ -64,6 +64,10 @@ QString FileIn(const QMimeData& data) {
     return {};
 }
 
+QColor ToQt(Colour colour) {
+    return {colour.Red(), colour.Green(), colour.Blue()};
+}
+
 QTextCharFormat ToQt(const CharacterFormat& from) {
     QTextCharFormat to;
     if (!from.font.empty())
@@ -79,7 +83,9 @@ QTextCharFormat ToQt(const CharacterFormat& from) {
         to.setVerticalAlignment(from.script == Script::Superscript ? QTextCharFormat::AlignSuperScript
                                                                    : QTextCharFormat::AlignSubScript);
     if (from.colour)
-        to.setForeground(QColor(from.colour->Red(), from.colour->Green(), from.colour->Blue()));
+        to.setForeground(ToQt(*from.colour));
+    if (from.background)
+        to.setBackground(ToQt(*from.background));
     return to;
 }
 
@@ -105,6 +111,16 @@ QTextBlockFormat ToQt(const ParagraphFormat& from) {
     to.setTextIndent(px(from.firstLineIndent));
     to.setTopMargin(px(from.spaceBefore));
     to.setBottomMargin(px(from.spaceAfter));
+    // The widget counts from where the first line begins. That is left of the others under a list's number,
+    // and their beginning is a stop then.
+    std::vector<Twips> stops = from.tabs;
+    stops.push_back(from.leftIndent);
+    std::sort(stops.begin(), stops.end());
+    QList<QTextOption::Tab> tabs;
+    for (const Twips stop : stops)
+        if (const qreal place = px(stop - from.leftIndent - from.firstLineIndent); place > 0)
+            tabs.append({place, QTextOption::LeftTab});
+    to.setTabPositions(tabs);
     return to;
 }
 

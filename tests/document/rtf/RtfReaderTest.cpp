@@ -115,7 +115,8 @@ TEST(RtfReader, TellsHowCharactersAndParagraphsLook) {
         Read("\\deff1{\\fonttbl{\\f1\\fcharset204 \\'d8{\\*\\falt other};}{\\f2 Two;}}"
              "{\\colortbl;\\red255\\green0\\blue300;}"
              "plain{\\b\\i bold}\\b heavy\\b0\\ul\\strike lined\\plain\\super up\\nosupersub"
-             "\\fs40\\f2\\cf1 big\\par\\pard\\qc\\li720\\fi-360\\sa120 centred\\par\\pard end");
+             "\\fs40\\f2\\cf1 big\\par\\pard\\qc\\li720\\fi-360\\sa120\\tx900\\tx400 centred\\par\\pard end"
+             "{\\highlight1 marker{\\highlight0 off}}{\\chcbpat1 shade}{\\cb1 field}");
     EXPECT_EQ(FormatOf(rich, u"plain").font, u"Ш");
     EXPECT_EQ(FormatOf(rich, u"plain").halfPoints, 24);
     EXPECT_TRUE(FormatOf(rich, u"bold").bold && FormatOf(rich, u"bold").italic);
@@ -127,7 +128,11 @@ TEST(RtfReader, TellsHowCharactersAndParagraphsLook) {
     EXPECT_EQ(big.font, u"Two");
     EXPECT_EQ(big.halfPoints, 40);
     EXPECT_EQ(big.colour, Rgb(255, 0, 255));
+    for (const std::u16string_view marked : {u"marker", u"shade", u"field"})
+        EXPECT_EQ(FormatOf(rich, marked).background, Rgb(255, 0, 255));
+    EXPECT_EQ(FormatOf(rich, u"off").background, std::nullopt);
     ASSERT_EQ(rich.paragraphs.size(), 3U);
+    EXPECT_EQ(rich.paragraphs[1].tabs, (std::vector{400_twips, 900_twips}));
     EXPECT_EQ(rich.paragraphs[1].alignment, Alignment::Centre);
     EXPECT_EQ(rich.paragraphs[1].leftIndent, 720_twips);
     EXPECT_EQ(rich.paragraphs[1].firstLineIndent, Twips{-360});
