@@ -22,6 +22,7 @@ void MenuTracking::SwitchOn(WindowId source) {
     state_.MenuMode = true;
     state_.MenuExpanded = false;
     state_.MenuSource = source;
+    host_.WatchPresses(true);
     for (const MenuControl& control : host_.Controls())
         if (!control.isPopup && control.window != source && control.enabled) {
             host_.SetEnabled(control.window, false);
@@ -33,6 +34,7 @@ void MenuTracking::SwitchOff() {
     state_.MenuMode = false;
     state_.KeyboardMode = false;
     state_.MenuExpanded = false;
+    host_.WatchPresses(false);
     for (const MenuControl& control : host_.Controls())
         Close(control.window);
     state_.ActiveWindow = 0;

@@ -43,6 +43,8 @@ public:
 
     /// The window that has the keyboard; 0 if it is disabled or minimised.
     virtual WindowId ForegroundWindow() const = 0;
+    /// Presses anywhere on the screen are to reach the mouse filter, or no longer.
+    virtual void WatchPresses(bool on) = 0;
     virtual WindowId WindowUnderPointer() const = 0;
     virtual bool HasItemUnderPointer(WindowId control) const = 0;
 };

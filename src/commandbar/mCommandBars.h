@@ -84,6 +84,7 @@ private:
     void DeliverKey(WindowId control, int key) override;
     bool RunShortcut(int key, int modifiers) override;
     WindowId ForegroundWindow() const override;
+    void WatchPresses(bool on) override { services_.system.WatchPresses(on); }
     WindowId WindowUnderPointer() const override;
     bool HasItemUnderPointer(WindowId control) const override;
 

@@ -55,6 +55,8 @@ public:
     /// Extent across the bar, which lies along a side edge if `upright`; a host may refuse it.
     virtual void SetDepth(int px, bool upright) = 0;
     virtual void Repaint(const Rect& part) = 0;
+    /// Off, nothing is painted, and what is on the screen stays.
+    virtual void SetPainted(bool on) = 0;
     /// The tip shown while the pointer rests on the window; empty for none.
     virtual void SetToolTip(std::u16string_view text) = 0;
 
@@ -101,6 +103,9 @@ public:
 
     /// The filter that gets the input of the process; null for none.
     virtual void SetInputFilter(InputFilter* filter) = 0;
+    /// Has the filter get also the presses over no window of this process, as far as the window system tells
+    /// of them, or no longer.
+    virtual void WatchPresses(bool on) = 0;
 
     virtual Point PointerPosition() const = 0;
     /// The window of this process under the pointer; 0 if there is none that hosts a bar or holds one.

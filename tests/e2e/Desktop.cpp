@@ -237,6 +237,18 @@ void Desktop::HoldClipboard() {
     XSync(display_, False);
 }
 
+void Desktop::ClickOnPanel(Point place) {
+    XSetWindowAttributes attributes{};
+    attributes.override_redirect = True;
+    attributes.event_mask = ButtonPressMask;
+    const XWindow panel = XCreateWindow(display_, DefaultRootWindow(display_), place.x, place.y, 1, 1, 0, 0,
+                                        InputOnly, nullptr, CWOverrideRedirect | CWEventMask, &attributes);
+    XMapWindow(display_, panel);
+    Click(place);
+    XDestroyWindow(display_, panel);
+    XSync(display_, False);
+}
+
 void Desktop::EmptyClipboard() {
     XSetSelectionOwner(display_, Atom("CLIPBOARD"), 0, CurrentTime);
     XSync(display_, False);

@@ -44,6 +44,8 @@ public:
     void MoveTo(Point place);
     /// Button 1 is the left one, 3 the right one.
     void Click(Point place, int button = 1);
+    /// Clicks on a window of another program that leaves the keyboard where it is.
+    void ClickOnPanel(Point place);
     void HoldButton(Point place, int button = 1);
     void ReleaseButton(int button = 1);
     /// Asks a window to close, as its close box does.

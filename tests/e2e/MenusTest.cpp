@@ -17,6 +17,9 @@ TEST_F(Menus, EachOpensByKeyboardAndMouseAndClosesByEveryRoad) {
     editor.Set(Setting::SaveChange, u"0").Start();
     const Rect window = desktop.Place(editor.Window());
     const std::function<void(Point)> roads[] = {[&](Point /*heading*/) {
+                                                    desktop.ClickOnPanel({1270, 790});
+                                                },
+                                                [&](Point /*heading*/) {
                                                     desktop.Press("Escape");
                                                     desktop.Press("Escape");
                                                 },
@@ -110,7 +113,34 @@ TEST_F(Menus, LookTheSameHoweverTheyWereReached) {
     WaitForMenu(1);
     desktop.Press("Right");
     WaitForMenuAt(withShadow.left);
+    desktop.Press("Down");
+    editor.Settle();
     EXPECT_TRUE(desktop.Pixels(withShadow) == straight);
+}
+
+TEST_F(Menus, LookTheSameHoweverFastTheyWereOpened) {
+    editor.Start();
+    const Rect window = desktop.Place(editor.Window());
+    desktop.Move(editor.Window(), {1240 - window.Width(), 100}); // sub-menus open to the left, over shadows
+    editor.Settle();
+    const Rect all{0, 100, 1280, 500};
+    std::vector<std::uint32_t> looks[2];
+    for (auto& look : looks) {
+        OpenByKeyboard(8);
+        if (&look == looks)
+            WaitForMenu(1);
+        desktop.Press("Left");
+        if (&look == looks)
+            WaitForMenu(1);
+        for (const char* key : {"Down", "Down", "Right"})
+            desktop.Press(key);
+        WaitForMenu(2);
+        look = desktop.Pixels(all);
+        for (int level = 0; level < 3; ++level)
+            desktop.Press("Escape");
+        WaitUntilClosed();
+    }
+    EXPECT_TRUE(looks[0] == looks[1]);
 }
 
 TEST_F(Menus, AnEntryIsTickedByTheMouse) {

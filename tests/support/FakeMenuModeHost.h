@@ -65,6 +65,7 @@ public:
         return key == shortcut;
     }
     WindowId ForegroundWindow() const override { return foreground; }
+    void WatchPresses(bool on) override { watched = on; }
     WindowId WindowUnderPointer() const override { return underPointer; }
     bool HasItemUnderPointer(WindowId) const override { return itemUnderPointer; }
 
@@ -75,6 +76,7 @@ public:
     std::function<void(WindowId control, int key)> onKey;
     int shortcut = 0;
     WindowId foreground = kTop;
+    bool watched = false;
     WindowId underPointer = 0;
     bool itemUnderPointer = false;
 

@@ -3,10 +3,12 @@
 #include "platform/Keys.h"
 #include "platform/qt/QtBarWindow.h"
 #include "platform/qt/X11Compositing.h"
+#include "platform/qt/X11Presses.h"
 
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QPalette>
 #include <QScreen>
 #include <QStyleOption>
@@ -93,10 +95,46 @@ Colour FromQt(const QColor& colour) {
                static_cast<std::uint8_t>(colour.blue()));
 }
 
+_XDisplay* X11Display() {
+    const auto* const x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
+    return x11 != nullptr ? x11->display() : nullptr;
+}
+
+// Of menus that opened in the same breath nothing is on the screen yet.
+void AddUnseenMenus(QImage& image, const QRect& area) {
+    QPainter painter(&image);
+    for (const QWidget* const window : QApplication::topLevelWidgets())
+        for (QWidget* const menu : window->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+            if (menu->windowType() == Qt::ToolTip && menu->isVisible() && !menu->windowHandle()->isExposed())
+                menu->render(&painter, menu->pos() - area.topLeft());
+}
+
 } // namespace
 
 QtBarSystem::QtBarSystem(QtWindowMessages& ids) : ids_(ids) {
     qApp->installEventFilter(this);
+}
+
+// Menus have no grab, so that other programs get their clicks. Those over none of this program's windows are
+// only told of by the X server, to whoever asks.
+void QtBarSystem::WatchPresses(bool on) {
+    if (_XDisplay* const display = X11Display())
+        quillshift::WatchPresses(display, on);
+    if (on)
+        qApp->installNativeEventFilter(this);
+    else
+        qApp->removeNativeEventFilter(this);
+}
+
+bool QtBarSystem::nativeEventFilter(const QByteArray& /*type*/, void* message, qintptr* /*result*/) {
+    _XDisplay* const display = X11Display();
+    if (display == nullptr || !IsWatchedPress(display, message))
+        return false;
+    const bool ours = std::ranges::any_of(WindowsUnderPointer(display),
+                                          [](WId window) { return QWidget::find(window) != nullptr; });
+    if (!ours && filter_ != nullptr)
+        filter_->MouseFilter(true);
+    return true;
 }
 
 // Input comes to the window first, and only then to its widgets: there it is seen once.
@@ -153,8 +191,7 @@ std::vector<MonitorInfo> QtBarSystem::Monitors() const {
 }
 
 bool QtBarSystem::Layered() const {
-    const auto* const x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
-    auto* const display = x11 != nullptr ? x11->display() : nullptr;
+    _XDisplay* const display = X11Display();
     return display == nullptr || IsComposited(display);
 }
 
@@ -167,13 +204,14 @@ ScreenCopy QtBarSystem::CopyOfScreen(const Rect& part) const {
     for (QWidget* const widget : QApplication::allWidgets())
         widget->repaint(area.translated(-widget->mapToGlobal(QPoint())));
     const QPoint origin = screen->geometry().topLeft();
-    const QImage image =
+    QImage image =
         screen->grabWindow(0, part.left - origin.x(), part.top - origin.y(), part.Width(), part.Height())
             .toImage()
             .scaled(part.Width(), part.Height())
             .convertToFormat(QImage::Format_RGB32);
     if (image.isNull())
         return {};
+    AddUnseenMenus(image, area);
     ScreenCopy copy{.bits = {}, .size = {image.width(), image.height()}};
     const std::size_t lineBytes = static_cast<std::size_t>(image.width()) * 4;
     copy.bits.resize(lineBytes * static_cast<std::size_t>(image.height()));

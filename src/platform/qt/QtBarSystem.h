@@ -4,13 +4,14 @@
 #include "platform/SystemColours.h"
 #include "platform/qt/QtWindowMessages.h"
 
+#include <QAbstractNativeEventFilter>
 #include <QEvent>
 #include <QObject>
 
 namespace quillshift {
 
 /// The input of the process and the screens, as the command bars see them.
-class QtBarSystem final : public QObject, public BarSystem {
+class QtBarSystem final : public QObject, public BarSystem, private QAbstractNativeEventFilter {
     Q_OBJECT
 
 public:
@@ -18,6 +19,7 @@ public:
     explicit QtBarSystem(QtWindowMessages& ids);
 
     void SetInputFilter(InputFilter* filter) override { filter_ = filter; }
+    void WatchPresses(bool on) override;
     Point PointerPosition() const override;
     WindowId WindowUnderPointer() const override;
     WindowId ForegroundWindow() const override;
@@ -27,6 +29,7 @@ public:
 
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
 
     QtWindowMessages& ids_;
     InputFilter* filter_ = nullptr;

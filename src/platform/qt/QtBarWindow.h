@@ -32,6 +32,7 @@ public:
     bool RightToLeft() const override { return isRightToLeft(); }
     void SetDepth(int px, bool upright) override;
     void Repaint(const Rect& part) override;
+    void SetPainted(bool on) override { setUpdatesEnabled(on); }
     void SetToolTip(std::u16string_view text) override;
     void ShowPopup(const Rect& screen) override;
     void HidePopup() override;
