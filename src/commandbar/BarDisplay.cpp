@@ -19,6 +19,8 @@ void qsCommandBar::Layout() {
     }
     const cMeasureButtonParams params = MeasureParams();
     const ItemMeasure measure = [&](const ButtonRecord& record) {
+        if (hiddenOf_ != 0)
+            return MeasureItem(record, params, window_.Texts());
         MeasureCache& cache = static_cast<const cButtonInt&>(record).Measured;
         if (const Size* known = cache.Find(params))
             return *known;
@@ -26,19 +28,18 @@ void qsCommandBar::Layout() {
         cache.Add(params, size);
         return size;
     };
-    if (IsMenu(params.Mode))
+    if (IsMenu(params.Mode)) {
         LayOutRows(params, measure);
-    else
+    } else {
+        stripLayout_.items = FormerItems(before, buttonsBefore);
         LayOutStrip(params, measure);
-    KeepStates(before, buttonsBefore);
+    }
+    if (bars_.Menu().MenuMode)
+        KeepStates(FormerItems(before, buttonsBefore));
+    else
+        ShowToolTip(std::nullopt);
     PlacePanels();
     Repaint();
-}
-
-// What was hidden for lack of room may have room now.
-void qsCommandBar::LayOutAfresh() {
-    stripLayout_ = {};
-    Layout();
 }
 
 void qsCommandBar::CollectButtons() {
@@ -49,19 +50,49 @@ void qsCommandBar::CollectButtons() {
             buttons_.push_back(button);
             records_.push_back(button);
         }
+    if (const qsCommandBar* const strip = bars_.Find(hiddenOf_))
+        CollectHiddenRows(*strip);
 }
 
-// What is hot, and which menu is open, outlives a layout.
-void qsCommandBar::KeepStates(std::span<const cDisplayButtonInfo> before,
-                              std::span<cButtonInt* const> buttons) {
-    for (std::size_t i = 0; i < before.size() && i < buttons.size(); ++i) {
-        const auto found = std::ranges::find(buttons_, buttons[i]);
-        if (found == buttons_.end())
-            continue;
-        cDisplayButtonInfo& item = items_[static_cast<std::size_t>(found - buttons_.begin())];
-        item.MouseOver = before[i].MouseOver;
-        item.ShowingMenu = before[i].ShowingMenu;
-        item.MenuWindow = before[i].MenuWindow;
+// The rows are copies: a strip's buttons may be pictures that only their tips explain.
+void qsCommandBar::CollectHiddenRows(const qsCommandBar& strip) {
+    rows_.assign(buttons_.size(), {});
+    ButtonRecord* separator = nullptr; // shows between two rows only
+    bool any = false;
+    for (std::size_t i = 0; i < rows_.size(); ++i) {
+        ButtonRecord& row = rows_[i] = *buttons_[i];
+        records_[i] = &row;
+        row.Visible = row.Visible && strip.items_[i].Hidden && row.Style != ButtonStyle::Panel;
+        if (row.Caption.empty())
+            row.Caption = std::exchange(row.ToolTip, {});
+        if (row.Style == ButtonStyle::Separator) {
+            row.Visible = false;
+            separator = any ? &row : nullptr;
+        } else if (row.Visible) {
+            if (separator != nullptr)
+                separator->Visible = true;
+            separator = nullptr;
+            any = true;
+        }
+    }
+}
+
+// The items before the layout, in the order of the buttons now.
+std::vector<cDisplayButtonInfo> qsCommandBar::FormerItems(std::span<const cDisplayButtonInfo> before,
+                                                          std::span<cButtonInt* const> buttons) const {
+    std::vector<cDisplayButtonInfo> former(buttons_.size());
+    for (std::size_t i = 0; i < before.size() && i < buttons.size(); ++i)
+        if (const auto found = std::ranges::find(buttons_, buttons[i]); found != buttons_.end())
+            former[static_cast<std::size_t>(found - buttons_.begin())] = before[i];
+    return former;
+}
+
+// While there is a menu the keys go on from where they were.
+void qsCommandBar::KeepStates(std::span<const cDisplayButtonInfo> former) {
+    for (std::size_t i = 0; i < items_.size(); ++i) {
+        items_[i].MouseOver = former[i].MouseOver;
+        items_[i].ShowingMenu = former[i].ShowingMenu;
+        items_[i].MenuWindow = former[i].MenuWindow;
     }
 }
 
@@ -94,12 +125,20 @@ void qsCommandBar::LayOutRows(const cMeasureButtonParams& params, const ItemMeas
     }
 }
 
-// A longer bar gets back one hidden group a time.
+// One hidden group comes back a time.
 void qsCommandBar::LayOutStrip(const cMeasureButtonParams& params, const ItemMeasure& measure) {
     do {
-        stripLayout_ = LayOutToolbar(records_, params, stripLayout_, measure);
+        stripLayout_ = LayOutToolbar(records_, params, stripLayout_, measure, height_);
     } while (stripLayout_.cameBack);
     items_ = stripLayout_.items;
+    if (!stripLayout_.more.IsEmpty()) {
+        more_.ShowDropDownInToolbar = true;
+        more_.Bar = bars_.Model().FindBar(shownKey_);
+        buttons_.push_back(&more_);
+        records_.push_back(&more_);
+        const Rect& at = stripLayout_.more;
+        items_.push_back({.Left = at.left, .Top = at.top, .Right = at.right, .Bottom = at.bottom});
+    }
     window_.SetDepth(stripLayout_.depth, IsUpright(orientation_));
 }
 
@@ -152,12 +191,11 @@ void qsCommandBar::OnPaint(Surface& surface, const Rect& part) {
 
 void qsCommandBar::Repaint() {
     const Size client = window_.ClientSize();
-    if (redraw_)
-        window_.Repaint({0, 0, client.width, client.height});
+    window_.Repaint({0, 0, client.width, client.height});
 }
 
 void qsCommandBar::RepaintItem(std::size_t index) {
-    if (redraw_ && IsPlaced(items_[index]))
+    if (IsPlaced(items_[index]))
         window_.Repaint(AreaOf(items_[index]));
 }
 

@@ -60,7 +60,7 @@ void qsCommandBar::OnPopupKey(int virtualKey) {
         break;
     case key::kRight:
         if (current && buttons_[*current]->Bar != nullptr && IsSelectable(*current))
-            OpenItem(*current, true);
+            OpenItem(*current, false);
         else
             LeaveToStrip(Step::Next);
         break;
@@ -111,18 +111,16 @@ void qsCommandBar::OnMnemonic(int virtualKey) {
 }
 
 // Left goes back to the popup below, and from the first one to the strip's neighbouring item. Right, on a row
-// without a menu, goes on from the strip where the menu began. A free menu hangs on no strip.
+// without a menu, goes on from the strip where the menu began.
 void qsCommandBar::LeaveToStrip(Step step) {
-    const PopupStack& popups = bars_.Menu().popups;
-    const cMenuPopupStack* const entry = popups.Find(Window());
-    const bool hangsFree = popups.HangsFree(Window());
-    if (entry == nullptr || (hangsFree && (step == Step::Next || entry->ShownAsPopup)))
-        return;
+    if (step == Step::Next)
+        while (bars_.Menu().PopupLevel() > 0)
+            bars_.Tracking().SetMenuMode(false);
     qsCommandBar* const control = bars_.Find(step == Step::Previous ? parent_ : bars_.Menu().MenuSource);
-    if (step == Step::Previous)
-        bars_.Tracking().LeavePopup(Window());
     if (control != nullptr && !control->IsPopup())
         control->WalkAndOpen(step);
+    else
+        bars_.Tracking().LeavePopup(Window());
 }
 
 void qsCommandBar::WalkAndOpen(Step step) {
@@ -130,7 +128,7 @@ void qsCommandBar::WalkAndOpen(Step step) {
     bars_.Tracking().CloseMenusOf(Window());
     MakeHot(next);
     if (next && buttons_[*next]->Bar != nullptr)
-        OpenItem(*next, true);
+        OpenItem(*next, false);
 }
 
 void qsCommandBar::MakeHot(ItemIndex index) {

@@ -51,7 +51,10 @@ void qsCommandBar::OnMousePress(Point at, MouseButton button) {
     const Tracked tracked = TrackMove(items_, TrackingView(), at);
     AfterTracking(tracked);
     if (button == MouseButton::Right && RightClick)
-        RightClick(tracked.hit ? std::optional(HandleOf(*buttons_[*tracked.hit])) : std::nullopt, at);
+        RightClick(tracked.hit && buttons_[*tracked.hit] != &more_
+                       ? std::optional(HandleOf(*buttons_[*tracked.hit]))
+                       : std::nullopt,
+                   at);
 }
 
 void qsCommandBar::OnMouseRelease(Point at, MouseButton button) {
@@ -72,7 +75,11 @@ void qsCommandBar::AfterTracking(const Tracked& tracked) {
 }
 
 void qsCommandBar::ShowToolTip(ItemIndex hot) {
-    std::u16string text = hot ? buttons_[*hot]->FullToolTip() : std::u16string();
+    std::u16string text;
+    if (hot && buttons_[*hot] != &more_)
+        text = records_[*hot]->FullToolTip();
+    else if (hot && std::ranges::any_of(records_, [](const auto* each) { return !each->ToolTip.empty(); }))
+        text = MoreToolTip; // where the others have tips
     if (text == lastToolTip_)
         return;
     window_.SetToolTip(text);
@@ -108,10 +115,19 @@ void qsCommandBar::OnMouseLeave() {
     tmrLostMouse_->StartOnce(kLostMouseDelay);
 }
 
+// A disabled control keeps its look; what it has missed shows when it is enabled again.
+void qsCommandBar::SetEnabled(bool on) {
+    enabled_ = on;
+    if (on && HotItem(items_))
+        OnMouseLeave();
+}
+
 // A pointer may be said to leave while it stays, as when a dialog blocks the window or another window comes
 // and goes above it: then it is asked for again, until it has gone or moves. An item whose menu is open stays
 // lit.
 void qsCommandBar::OnLostMouseTimer() {
+    if (!enabled_)
+        return;
     const Point at = window_.FromScreen(bars_.Services().system.PointerPosition());
     const Size client = window_.ClientSize();
     if (at.x >= 0 && at.y >= 0 && at.x < client.width && at.y < client.height) {

@@ -38,6 +38,7 @@ void qsCommandBar::Open(const cCommandBarInt& bar, ItemIndex item, Point at, boo
         return;
     if (BeforeShowMenu)
         BeforeShowMenu({bars_.Model(), Window(), bar.Key});
+    popup->hiddenOf_ = item && buttons_[*item] == &more_ ? Window() : 0;
     popup->BecomePopupOf(*this, bar);
     const std::vector<MonitorInfo> monitors = bars_.Services().system.Monitors();
     popup->place_ = PlacePopup(OpeningFrom(item, at, popup->menuSize_), monitors, WholeScreen(monitors));
@@ -128,6 +129,7 @@ void qsCommandBar::ForgetMenu(WindowId menu) {
 }
 
 void qsCommandBar::AnnounceClosed() {
+    InUse = false;
     if (AfterShowMenu)
         AfterShowMenu({bars_.Model(), Window(), shownKey_});
 }
@@ -137,7 +139,7 @@ void qsCommandBar::HidePopup() {
     tmrLostMouse_->Stop();
     window_.HidePopup();
     SetToolbar(std::nullopt);
-    InUse = false;
+    hiddenOf_ = 0;
 }
 
 bool qsCommandBar::HasItemAt(Point screen) const {
@@ -157,7 +159,7 @@ void qsCommandBar::ShowChevronMenu(Point screen) {
     while (list->Buttons.Item(1)->Key != "CHEVRON:ADDORREMOVE:SEPARATOR")
         model.TakeOff(*list, *list->Buttons.Item(1));
     int ordinal = 1;
-    for (cButtonInt* const button : buttons_) {
+    for (const auto& [key, button] : shown->Buttons) {
         if (button->Style == ButtonStyle::Separator)
             continue;
         button->CustomiseState = button->Visible ? CustomiseState::Ticked : CustomiseState::NotTicked;

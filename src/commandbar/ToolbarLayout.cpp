@@ -11,6 +11,7 @@ struct Piece {
     bool visible = false;
     bool hidden = false; // for lack of room
     bool separator = false;
+    bool offered = false; // in the menu of what is hidden
     int along = 0;
     int across = 0;
 
@@ -29,6 +30,8 @@ std::vector<Piece> PiecesOf(BarButtons buttons, const cMeasureButtonParams& para
         pieces[i] = {.visible = true,
                      .hidden = remembers && before.items[i].Hidden,
                      .separator = buttons[i]->Style == ButtonStyle::Separator,
+                     .offered = buttons[i]->Style != ButtonStyle::Separator &&
+                                buttons[i]->Style != ButtonStyle::Panel,
                      .along = upright ? size.height : size.width,
                      .across = upright ? size.width : size.height};
     }
@@ -48,18 +51,25 @@ std::vector<int> Lengths(const std::vector<Piece>& pieces) {
     return lengths;
 }
 
-// Hides pieces from the end until the excess is covered; a bar with separators loses whole groups.
-void HideFromEnd(std::vector<Piece>& pieces, const std::vector<int>& lengths, int excess) {
-    const bool grouped =
-        std::any_of(pieces.begin(), pieces.end(), [](const Piece& piece) { return piece.separator; });
+int Used(const std::vector<Piece>& pieces) {
+    const std::vector<int> lengths = Lengths(pieces);
+    return std::accumulate(lengths.begin(), lengths.end(), 0);
+}
+
+bool HasOffers(const std::vector<Piece>& pieces) {
+    return std::ranges::any_of(pieces, [](const Piece& piece) { return piece.hidden && piece.offered; });
+}
+
+// Hides pieces from the end until the rest has room; a bar with separators loses whole groups.
+void HideFromEnd(std::vector<Piece>& pieces, int room) {
+    const bool grouped = std::ranges::any_of(pieces, &Piece::separator);
     bool groupGone = !grouped;
     for (std::size_t i = pieces.size(); i-- > 0;) {
-        if (excess <= 0 && groupGone)
+        if (Used(pieces) <= room && groupGone)
             return;
         if (!pieces[i].IsShown())
             continue;
         pieces[i].hidden = true;
-        excess -= lengths[i];
         groupGone = !grouped || pieces[i].separator;
     }
 }
@@ -79,13 +89,52 @@ bool TakeBack(std::vector<Piece>& pieces, int spare) {
     return any;
 }
 
-void PlaceRows(ToolbarLayout& layout, const std::vector<Piece>& pieces, const cMeasureButtonParams& params) {
+// Answers whether any came back.
+bool Fit(std::vector<Piece>& pieces, int length, bool narrower) {
+    std::vector<Piece> all = pieces;
+    for (Piece& piece : all)
+        piece.hidden = false;
+    // Separators at the end are no loss.
+    for (std::size_t i = all.size(); i-- > 0 && Used(all) > length && (all[i].separator || !all[i].visible);)
+        all[i].hidden = all[i].visible;
+    if (Used(all) <= length) {
+        pieces = std::move(all);
+        return false;
+    }
+    const int room = length - (HasOffers(pieces) ? kMoreLength : 0);
+    if (Used(pieces) <= room)
+        // A group that has just gone leaves room behind. It would return in part at each step on the way
+        // down.
+        return !narrower && TakeBack(pieces, room - Used(pieces));
+    HideFromEnd(pieces, room);
+    if (HasOffers(pieces) && Used(pieces) > length - kMoreLength)
+        HideFromEnd(pieces, length - kMoreLength);
+    return false;
+}
+
+// 0: as deep as the deepest item of the row. With items hidden a bar stays as deep as it was.
+int DepthOfRow(const std::vector<Piece>& pieces, DisplayMode mode, int told) {
+    if (mode != DisplayMode::Toolbar || told != 0 || !HasOffers(pieces))
+        return mode == DisplayMode::Toolbar ? told : 0;
+    return std::ranges::max(pieces, {}, &Piece::across).across;
+}
+
+Rect PlaceOfMore(const cMeasureButtonParams& params, int depth) {
+    if (IsUpright(params.Orientation))
+        return {0, params.Height - kMoreLength, depth, params.Height};
+    const int left = params.RightToLeft ? 0 : params.Width - kMoreLength;
+    return {left, 0, left + kMoreLength, depth};
+}
+
+void PlaceRows(ToolbarLayout& layout, const std::vector<Piece>& pieces, const cMeasureButtonParams& params,
+               int toldDepth) {
     const std::vector<int> lengths = Lengths(pieces);
     const int start = params.RightToLeft ? params.Width : 0;
     int position = start;
     int depth = 0;
     std::vector<std::size_t> row;
     const auto closeRow = [&] {
+        depth = toldDepth != 0 ? toldDepth : depth;
         for (const std::size_t i : row) {
             layout.items[i].Top = layout.depth;
             layout.items[i].Bottom = layout.depth + depth;
@@ -132,29 +181,21 @@ void PlaceColumn(ToolbarLayout& layout, const std::vector<Piece>& pieces) {
 } // namespace
 
 ToolbarLayout LayOutToolbar(BarButtons buttons, const cMeasureButtonParams& params,
-                            const ToolbarLayout& before, const ItemMeasure& measure) {
+                            const ToolbarLayout& before, const ItemMeasure& measure, int depth) {
     const bool upright = IsUpright(params.Orientation);
     std::vector<Piece> pieces = PiecesOf(buttons, params, before, measure);
     ToolbarLayout layout;
     layout.length = upright ? params.Height : params.Width;
-    if (params.Mode == DisplayMode::Toolbar) {
-        const std::vector<int> lengths = Lengths(pieces);
-        const int spare = layout.length - std::accumulate(lengths.begin(), lengths.end(), 0);
-        // A group that has just gone leaves room behind. Only a longer bar gives it back, or else the group
-        // would return in part at the next step on the way down.
-        const bool grows =
-            layout.length > before.length || (layout.length == before.length && before.cameBack);
-        if (spare < 0)
-            HideFromEnd(pieces, lengths, -spare);
-        else if (grows)
-            layout.cameBack = TakeBack(pieces, spare);
-    }
+    if (params.Mode == DisplayMode::Toolbar)
+        layout.cameBack = Fit(pieces, layout.length, layout.length < before.length);
 
     layout.items.assign(buttons.size(), kUnplacedItem);
     if (upright)
         PlaceColumn(layout, pieces);
     else
-        PlaceRows(layout, pieces, params);
+        PlaceRows(layout, pieces, params, DepthOfRow(pieces, params.Mode, depth));
+    if (HasOffers(pieces))
+        layout.more = PlaceOfMore(params, layout.depth);
     for (std::size_t i = 0; i < pieces.size(); ++i)
         layout.items[i].Hidden = pieces[i].hidden;
     return layout;

@@ -39,7 +39,7 @@ std::u16string ButtonRecord::ShortcutText() const {
 
 std::u16string ButtonRecord::FullToolTip() const {
     const std::u16string shortcut = ShortcutText();
-    return shortcut.empty() || ToolTip.empty() ? ToolTip : ToolTip + u" (" + shortcut + u")";
+    return shortcut.empty() ? ToolTip : ToolTip + u" (" + shortcut + u")";
 }
 
 } // namespace quillshift

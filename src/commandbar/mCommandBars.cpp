@@ -67,7 +67,10 @@ void mCommandBars::RepaintAll() {
 }
 
 qsCommandBar* mCommandBars::ObtainPopup() {
-    auto found = std::ranges::find(pool_, false, &qsCommandBar::InUse);
+    // One that is about to close is no longer in use, but still open.
+    auto found = std::ranges::find_if(pool_, [this](const qsCommandBar* popup) {
+        return !popup->InUse && menu_.popups.Find(popup->Window()) == nullptr;
+    });
     if (found == pool_.end()) {
         if (controls_.empty() || !controls_.front()->RequestNewInstance)
             return nullptr;

@@ -43,7 +43,7 @@ DisplayMode qsCommandBar::Mode() const {
 }
 
 BarIcons* qsCommandBar::Icons() const {
-    return isPopup_ ? menuIcons_.get() : toolbarIcons_.get();
+    return isPopup_ && hiddenOf_ == 0 ? menuIcons_.get() : toolbarIcons_.get();
 }
 
 bool qsCommandBar::IsSelectable(std::size_t index) const {
@@ -56,26 +56,26 @@ void qsCommandBar::SetButtonTextPosition(TextPosition position) {
     if (position == textPosition_)
         return;
     textPosition_ = position;
-    LayOutAfresh();
+    Layout();
 }
 
 void qsCommandBar::SetOrientation(quillshift::Orientation orientation) {
     if (isPopup_)
         return;
     orientation_ = orientation;
-    LayOutAfresh();
+    Layout();
 }
 
 void qsCommandBar::SetToolbarImageList(const ImageListHandle& icons) {
     toolbarIcons_ = IconsFrom(icons);
     ApplyIconColours();
-    LayOutAfresh();
+    Layout();
 }
 
 void qsCommandBar::SetMenuImageList(const ImageListHandle& icons) {
     menuIcons_ = IconsFrom(icons);
     ApplyIconColours();
-    LayOutAfresh();
+    Layout();
 }
 
 void qsCommandBar::ApplyIconColours() {
@@ -91,13 +91,21 @@ void qsCommandBar::ApplyIconColours() {
 
 void qsCommandBar::SetRedraw(bool on) {
     redraw_ = on;
+    window_.SetPainted(on);
     if (on)
         Repaint();
 }
 
+void qsCommandBar::SetHeight(int px) {
+    if (px == height_)
+        return;
+    height_ = px;
+    Layout();
+}
+
 void qsCommandBar::SetFont(FontSpec font) {
     font_ = std::move(font);
-    LayOutAfresh();
+    Layout();
 }
 
 void qsCommandBar::SetBackgroundImage(const PixelView& picture) {
@@ -143,7 +151,8 @@ void qsCommandBar::SetToolbar(const std::optional<cCommandBar>& bar) {
                 button->Panel->SetContainer(Window());
     }
     items_.clear();
-    LayOutAfresh();
+    stripLayout_ = {};
+    Layout();
 }
 
 void qsCommandBar::OnBarChanged(const cCommandBarInt& bar, ChangeReason reason, const cButtonInt* button) {
@@ -152,12 +161,14 @@ void qsCommandBar::OnBarChanged(const cCommandBarInt& bar, ChangeReason reason, 
     switch (reason) {
     case ChangeReason::ContentChanged:
     case ChangeReason::SizeChanged:
-        LayOutAfresh();
+        Layout();
         return;
     case ChangeReason::StateChanged:
     case ChangeReason::CheckChanged: {
         const auto found = std::ranges::find(buttons_, button);
-        if (mainMenu_ || found == buttons_.end())
+        if (hiddenOf_ != 0)
+            Layout(); // its rows are copies
+        else if (mainMenu_ || found == buttons_.end())
             Repaint();
         else
             RepaintItem(static_cast<std::size_t>(found - buttons_.begin()));

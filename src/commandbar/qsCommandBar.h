@@ -42,6 +42,8 @@ public:
 
     // Properties
 
+    /// Tip of the button for what a toolbar has no room for, shown where its other buttons have tips.
+    std::u16string MoreToolTip;
     bool MainMenu() const { return mainMenu_; }
     void SetMainMenu(bool on) { mainMenu_ = on; }
     TextPosition ButtonTextPosition() const { return textPosition_; }
@@ -52,15 +54,22 @@ public:
     void SetToolbarImageList(const ImageListHandle& icons);
     void SetMenuImageList(const ImageListHandle& icons);
     bool Redraw() const { return redraw_; }
+    /// Off, what is on the screen stays as it is.
     void SetRedraw(bool on);
+    /// Extent in pixels of a toolbar along the top or bottom, which its row fills; 0: as deep as its items.
+    int Height() const { return height_; }
+    void SetHeight(int px);
+    static constexpr int IdealSize() { return 0; } ///< a bar wishes for none
     const FontSpec& Font() const { return font_; }
     void SetFont(FontSpec font);
     bool Enabled() const { return enabled_; }
-    void SetEnabled(bool on) { enabled_ = on; }
+    void SetEnabled(bool on);
     /// The bar that is shown, if one is.
     std::optional<cCommandBar> Toolbar() const;
     void SetToolbar(const std::optional<cCommandBar>& bar);
-    /// A picture tiled behind the bar, empty for none; and the same with other colours.
+    /// A picture tiled behind the bar, empty for none; and the same with other colours. What is got is valid
+    /// until the next change.
+    PixelView BackgroundImage() const { return background_.hDib(); }
     void SetBackgroundImage(const PixelView& picture);
     void AdjustBackgroundImage(int hue, int luminance, float saturation);
 
@@ -138,9 +147,11 @@ private:
 
     // Layout and painting
     void Layout();
-    void LayOutAfresh();
     void CollectButtons();
-    void KeepStates(std::span<const cDisplayButtonInfo> before, std::span<cButtonInt* const> buttons);
+    void CollectHiddenRows(const qsCommandBar& strip);
+    std::vector<cDisplayButtonInfo> FormerItems(std::span<const cDisplayButtonInfo> before,
+                                                std::span<cButtonInt* const> buttons) const;
+    void KeepStates(std::span<const cDisplayButtonInfo> former);
     cMeasureButtonParams MeasureParams() const;
     void LayOutRows(const cMeasureButtonParams& params, const ItemMeasure& measure);
     void LayOutStrip(const cMeasureButtonParams& params, const ItemMeasure& measure);
@@ -183,6 +194,7 @@ private:
     bool mainMenu_ = false;
     bool inResize_ = false;
     bool isPopup_ = false;
+    int height_ = 0;
     quillshift::Orientation orientation_ = quillshift::Orientation::Top;
     TextPosition textPosition_ = TextPosition::BesideIcon;
     FontSpec font_{.name = u"Tahoma", .points = 8};
@@ -192,17 +204,20 @@ private:
 
     std::string shownKey_; ///< of the bar shown; empty for none
     WindowId watchedTop_ = 0;
-    std::vector<cButtonInt*> buttons_;         ///< of the bar shown, in order
+    std::vector<cButtonInt*> buttons_;         ///< of the bar shown, in order; `more_` last, if it is shown
     std::vector<const ButtonRecord*> records_; ///< the same, to read
     std::vector<cDisplayButtonInfo> items_;    ///< one for each
+    cButtonInt more_{"CHEVRON:MORE"};          ///< opens what a toolbar has no room for
+    std::vector<ButtonRecord> rows_;           ///< what such a menu shows in place of the buttons
     Size menuSize_;                            ///< that a popup has to take
-    ToolbarLayout stripLayout_;                ///< the latest one; empty after a change of what is shown
+    ToolbarLayout stripLayout_;                ///< the latest one; empty when another bar is shown
     std::optional<Point> lastPointer_;         ///< on the screen
     std::u16string lastToolTip_;
     bool pressedOpenMenu_ = false; ///< the latest press was on an item whose menu was open
 
     // A popup's own
-    WindowId parent_ = 0; ///< the control that opened it
+    WindowId parent_ = 0;   ///< the control that opened it
+    WindowId hiddenOf_ = 0; ///< the toolbar whose hidden items it shows, if it does
     PopupPlace place_;
 
     std::unique_ptr<Timer> tmrMenuPopup_;

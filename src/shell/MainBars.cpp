@@ -1,5 +1,6 @@
 #include "shell/MainBars.h"
 
+#include "base/Twips.h"
 #include "commandbar/VirtualKeys.h"
 #include "platform/Keys.h"
 #include "shell/Catalogue.h"
@@ -40,6 +41,7 @@ qsCommandBar& MainBars::AddControl(BarWindow& window) {
         OnRightClick(control, at);
     };
     control.RequestNewInstance = [this] { return &AddControl(window_.AddPopupWindow()); };
+    control.MoreToolTip = u"Остальные кнопки";
     return control;
 }
 
@@ -92,6 +94,7 @@ void MainBars::AttachMenu() {
 
 void MainBars::AttachToolBar(int bar, ToolBarIcons icons) {
     qsCommandBar& control = Bar(bar);
+    control.SetHeight(ToPixels(icons == ToolBarIcons::Large ? 435_twips : 375_twips));
     control.SetToolbarImageList(icons_.at(IconsKey(kRoots[bar], icons)).hIml());
     control.SetToolbar(control.CommandBars().Item(kRoots[bar]));
 }

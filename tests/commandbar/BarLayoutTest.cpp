@@ -166,18 +166,40 @@ TEST(ToolbarLayout, LosesWholeGroupsAndGetsItemsBackInOrder) {
         }
         const std::pair<int, const char*> steps[] = {
             {168, "abcdefghi"}, // all of it fits exactly
-            {167, "abcdefgh."}, // the last separator covers it
+            {167, "abcdefgh."}, // the last separator covers it, and nobody misses that
+            {160, "abcdefgh."},
             {159, "abcde...."}, // the whole group goes, with the separator before it
             {158, "abcde...."}, // and does not come back into the room it left
-            {104, "abcde...."}, {103, "ab......."}, {55, "ab......."},
-            {56, "abc......"}, // item by item in order, as far as they fit
-            {79, "abc......"},  {80, "abcd....."},  {104, "abcde...."},
-            {135, "abcdef..."}, {136, "abcdefg.."}, {47, "........."},
-            {168, "ab......."}, // a separator stops the walk
-            {168, "abcde...."}, {168, "abcdefgh."}, {168, "abcdefghi"},
+            {119, "abcde...."}, // beside the button for the rest
+            {118, "ab......."},
+            {118, "abcd....."}, // but where nothing becomes narrower what has room comes
+                                // back
+            {63, "ab......."},
+            {70, "ab......."},
+            {71, "abc......"}, // item by item in order, as far as
+                               // they fit
+            {94, "abc......"},
+            {95, "abcd....."},
+            {119, "abcde...."},
+            {150, "abcdef..."},
+            {151, "abcdefg.."},
+            {160, "abcdefgh."}, // the button's room too
+            {62, "........."},
+            {150, "ab......."}, // a separator stops the walk
+            {150, "abcde...."},
+            {150, "abcdef..."},
+            {150, "abcdef..."},
+            {168, "abcdefghi"},
         };
-        for (const auto& [length, shown] : steps)
-            EXPECT_EQ(Shown(strip.Resize(length, rightToLeft)), shown) << length;
+        for (const auto& [length, shown] : steps) {
+            const ToolbarLayout& layout = strip.Resize(length, rightToLeft);
+            EXPECT_EQ(Shown(layout), shown) << length;
+            const Rect button = RectAt(rightToLeft ? 0 : length - 15, 0, 15, layout.depth);
+            EXPECT_EQ(layout.more, shown[7] == '.' ? button : Rect{}) << length;
+            for (const cDisplayButtonInfo& item : layout.items)
+                EXPECT_TRUE(!IsPlaced(item) || item.Right <= button.left || item.Left >= button.right ||
+                            layout.more.IsEmpty());
+        }
         EXPECT_FALSE(strip.Resize(168, rightToLeft).cameBack);
     }
 }

@@ -25,6 +25,8 @@ TEST(AShortcutsText, NamesModifiersInOneOrderAndThenTheKey) {
         const std::u16string text = c.text;
         EXPECT_EQ(button.ShortcutText(), text);
         EXPECT_EQ(button.FullToolTip(), text.empty() ? u"Tip" : u"Tip (" + text + u")");
+        button.ToolTip.clear();
+        EXPECT_EQ(button.FullToolTip(), text.empty() ? u"" : u" (" + text + u")");
     }
 }
 

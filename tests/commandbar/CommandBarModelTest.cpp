@@ -39,6 +39,9 @@ TEST(Keys, ThatAreMissingFailByWhatWasAsked) {
     const cCommandBar bar = test.Bar("BAR", {"A", "B"});
     const cButton loose = test.buttons.Add("LOOSE");
     const cCommandBarButtons on = bar.Buttons();
+    EXPECT_EQ(on.Item(1).Key() + on.Item(2).Key() + std::to_string(on.count()), "AB2");
+    EXPECT_EQ(test.buttons.Item(test.buttons.count()).Key(), "LOOSE");
+    EXPECT_EQ(test.bars.Item(test.bars.count()).Key(), "BAR");
     EXPECT_EQ(NumberOf([&] { on.Item("LOOSE"); }), 5);
     EXPECT_EQ(NumberOf([&] { on.Item(3); }), 9);
     EXPECT_EQ(NumberOf([&] { on.Item(0); }), 9);

@@ -59,28 +59,6 @@ struct MenuModeTest : testing::Test {
     }
 };
 
-TEST_F(MenuModeTest, AltAloneEntersTheMainMenuAndLeavesItAgain) {
-    EXPECT_FALSE(AltDown());
-    EXPECT_FALSE(state.MenuMode);
-    EXPECT_TRUE(AltUp());
-    EXPECT_TRUE(state.MenuMode);
-    EXPECT_EQ(state.ActiveWindow, kMenu);
-    EXPECT_EQ(state.MenuSource, kMenu);
-    EXPECT_THAT(host.log, Contains("first hot 1"));
-    EXPECT_THAT(host.Enabled(), ElementsAre(kMenu));
-
-    EXPECT_TRUE(Down(kF));
-    EXPECT_TRUE(state.KeyboardMode);
-    EXPECT_EQ(host.log.back(), "key 70 to 1");
-    EXPECT_FALSE(Up(kF));
-
-    EXPECT_FALSE(AltDown());
-    ExpectOffAndAllEnabled();
-    EXPECT_EQ(host.log.back(), "cool 1");
-    EXPECT_TRUE(AltUp());
-    EXPECT_TRUE(state.MenuMode);
-}
-
 TEST_F(MenuModeTest, KeysGoWhereTheForegroundWindowLetsThem) {
     struct Case {
         const char* what;

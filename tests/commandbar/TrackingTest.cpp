@@ -1,5 +1,4 @@
 #include "commandbar/Tracking.h"
-#include "commandbar/Walking.h"
 #include "support/TestBar.h"
 
 #include <gmock/gmock.h>
@@ -96,23 +95,6 @@ TEST_F(Tracking, APressOnAnArrowDropsTheMenuDownAndIsNoClick) {
     EXPECT_THAT(TrackPress(items, tracked, Over(3, 25)).droppedDown, Optional(3U));
     EXPECT_EQ(Flags(3), "OD");
     EXPECT_EQ(TrackRelease(items, tracked, Over(3, 25)).clicked, std::nullopt);
-}
-
-TEST_F(Tracking, WalkingWrapsAndSkipsWhatItMust) {
-    items[4] = kUnplacedItem;
-    using enum Step;
-    EXPECT_THAT(WalkRows(bar.Buttons(), items, std::nullopt, Next), Optional(0U));
-    EXPECT_THAT(WalkRows(bar.Buttons(), items, 0, Next), Optional(1U)) << "disabled rows are reached";
-    EXPECT_THAT(WalkRows(bar.Buttons(), items, 1, Next), Optional(3U));
-    EXPECT_THAT(WalkRows(bar.Buttons(), items, 3, Next), Optional(0U));
-    EXPECT_THAT(WalkRows(bar.Buttons(), items, std::nullopt, Previous), Optional(3U));
-    EXPECT_THAT(WalkStrip(bar.Buttons(), items, 0, Next), Optional(3U));
-    EXPECT_THAT(WalkStrip(bar.Buttons(), items, 0, Previous), Optional(3U));
-    bar[1].Style = ButtonStyle::Panel;
-    EXPECT_THAT(WalkStrip(bar.Buttons(), items, 0, Next), Optional(1U)) << "a panel is reached";
-    bar[0].Enabled = false;
-    EXPECT_THAT(EndRow(bar.Buttons(), items, DisplayMode::PopupMenu, Next), Optional(3U));
-    EXPECT_EQ(WalkRows({}, {}, std::nullopt, Next), std::nullopt);
 }
 
 } // namespace

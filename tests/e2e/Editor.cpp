@@ -100,7 +100,7 @@ void Editor::Choose(std::string_view commandKey) {
         for (int i = 0; i < places[level]; ++i)
             desktop_.Press("Down");
         if (level + 1 < places.size())
-            desktop_.Press("Right");
+            desktop_.Press("Return");
     }
     desktop_.Press("Return");
 }

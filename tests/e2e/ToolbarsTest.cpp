@@ -70,17 +70,33 @@ TEST_F(Toolbars, ANarrowWindowLosesGroupsAndWrapsItsMenuAndAWideOneHasAllBack) {
         const int lower = Heading(7).y - firstRow;
         EXPECT_EQ(lower, width == 420 ? 21 : 0) << width;
         EXPECT_TRUE(TheTextIsWhollyInSight()) << width;
-        // The first groups stand where they stood, and nothing stands behind them.
+        // The first groups stand where they stood, and behind them nothing but the button for the rest.
         const Columns now = StandardToolbar(lower);
         const auto end = std::ranges::mismatch(now, whole).in1;
         EXPECT_LT(end - now.begin(), shown) << width;
         shown = end - now.begin();
         EXPECT_GT(shown, width / 2) << width;
-        EXPECT_EQ(std::count(end, now.end(), whole.front()), now.end() - end) << width;
+        EXPECT_EQ(std::count(end, now.end() - 15, whole.front()), now.end() - 15 - end) << width;
+        EXPECT_LT(std::count(now.end() - 15, now.end(), whole.front()), 15) << width;
     }
     for (const int width : {500, 650, window.Width()})
         ResizeTo(width);
     EXPECT_TRUE(desktop.Pixels(bars) == before);
+}
+
+TEST_F(Toolbars, WhatANarrowWindowHasNoRoomForIsInAMenu) {
+    editor.Set(Setting::SaveChange, u"0").Set(Setting::UseLargeIcons, u"1").Start();
+    desktop.Type(u"q");
+    desktop.Press("Ctrl+a");
+    ResizeTo(400);
+    const Rect window = desktop.Place(editor.Window());
+    const int below = window.top + 2 * 21 + 2 + 29; // two rows of headings, a line, and the bar
+    desktop.Click({window.right - 7, below - 1});
+    WaitForMenu(1);
+    desktop.Press("Down");
+    desktop.Press("Return"); // cuts
+    WaitUntilClosed();
+    EXPECT_EQ(Saved(), "\r\n");
 }
 
 TEST_F(Toolbars, AButtonGoesOutWhenThePointerLeavesItDuringAMenu) {
