@@ -82,21 +82,13 @@ std::filesystem::path DataFolder() {
     return folder;
 }
 
-// The size of the design, in the middle of the screen.
-TwipsRect FirstRectangle(const Screen& screen) {
-    const TwipsRect all = screen.Primary();
-    const Twips width = kDesignWidth + kFrameWidth;
-    const Twips height = kDesignHeight + kFrameHeight;
-    return {all.left + all.width / 2 - width / 2, all.top + all.height / 2 - height / 2, width, height};
-}
-
 void SetUpStore(SqliteSettings& store, const Platform& platform) {
     store.SetUp([&](SettingsBackend& first) {
         Settings settings(first);
         WriteFirstValues(settings,
                          {.programFolder = platform.shell.ProgramFolder(),
                           .printerName = FromQString(QPrinterInfo::availablePrinterNames().value(0)),
-                          .mainWindow = FirstRectangle(platform.screen)});
+                          .mainWindow = FirstPlace(platform.screen.WorkAreas())});
     });
 }
 

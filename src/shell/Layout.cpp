@@ -19,6 +19,18 @@ MainView::EditorLayout LayOutEditor(Twips height, Twips width, ToolBarIcons icon
                                   .surfaceWidth = less(width, 310_twips)};
 }
 
+TwipsRect FirstPlace(const std::vector<TwipsRect>& workAreas) {
+    const Twips width = kDesignWidth + kFrameWidth;
+    const Twips height = kDesignHeight + kFrameHeight;
+    return workAreas.empty() ? TwipsRect{{}, {}, width, height} : CentredIn(workAreas.front(), width, height);
+}
+
+TwipsRect CentredIn(const TwipsRect& area, Twips width, Twips height) {
+    width = std::min(width, area.width);
+    height = std::min(height, area.height);
+    return {area.left + area.width / 2 - width / 2, area.top + area.height / 2 - height / 2, width, height};
+}
+
 TwipsRect WithinReach(const TwipsRect& bounds, const std::vector<TwipsRect>& workAreas) {
     constexpr Twips kGrip = 1500_twips; // enough of the title to take hold of
     const auto acrossReached = [&](const TwipsRect& area) {

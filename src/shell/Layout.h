@@ -28,6 +28,13 @@ inline constexpr Twips kLeastHeight = 3000_twips;
 /// toolbars are shown (0 to 2).
 MainView::EditorLayout LayOutEditor(Twips height, Twips width, ToolBarIcons icons, int barsShown);
 
+/// Where the main window first opens: at the size of the design in the middle of the first work area, or
+/// smaller where that is.
+TwipsRect FirstPlace(const std::vector<TwipsRect>& workAreas);
+
+/// A rectangle no larger than an area, in its middle.
+TwipsRect CentredIn(const TwipsRect& area, Twips width, Twips height);
+
 /// A window's rectangle, moved so that its title can be reached on one of the monitors. A side that is in
 /// reach stays where it is.
 TwipsRect WithinReach(const TwipsRect& bounds, const std::vector<TwipsRect>& workAreas);

@@ -93,11 +93,8 @@ void MainLoad::LoadPlace() {
                                stored(Setting::MainWidth), stored(Setting::MainHeight)};
         parts_.window.SetBounds(WithinReach(bounds, screen.WorkAreas()));
     } else {
-        const TwipsRect all = screen.Primary();
-        TwipsRect bounds = parts_.window.Bounds();
-        bounds.left = all.left + all.width / 2 - bounds.width / 2;
-        bounds.top = all.top + all.height / 2 - bounds.height / 2;
-        parts_.window.SetBounds(bounds);
+        const TwipsRect bounds = parts_.window.Bounds();
+        parts_.window.SetBounds(CentredIn(screen.Primary(), bounds.width, bounds.height));
     }
     // After the rectangle, which is that of the window when it is not maximised.
     if (parts_.settings.Is(Setting::WindowState, u"0"))

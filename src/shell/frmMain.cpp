@@ -9,9 +9,15 @@
 #include <QComboBox>
 #include <QVBoxLayout>
 
+#include <chrono>
 #include <cmath>
 
 namespace quillshift {
+namespace {
+
+constexpr std::chrono::milliseconds kAtRest(100);
+
+} // namespace
 
 // The list of directions as an item of the recoding toolbar.
 class frmMain::DirectionsPanel final : public PanelControl {
@@ -68,6 +74,12 @@ frmMain::frmMain(QtWindowMessages& windowIds, const QtTextMeasurer& texts)
     // The keyboard goes back to the text once a direction is chosen.
     connect(cmbDecode_, &QComboBox::activated, this, [this] { richTextBox_->setFocus(); });
     StackBars();
+    placed_.setSingleShot(true);
+    placed_.setInterval(kAtRest);
+    connect(&placed_, &QTimer::timeout, this, [this] {
+        if (IsNormal())
+            restored_ = Bounds();
+    });
 }
 
 frmMain::~frmMain() = default;
@@ -152,23 +164,31 @@ TwipsRect frmMain::Bounds() const {
             FromPixels(height()) + kFrameHeight};
 }
 
+// The window system tells of a new size before or behind the state that it comes from, and what it calls the
+// normal place may or may not have the frame in it. So the place is noted here, when a change has come to
+// rest.
 TwipsRect frmMain::RestoredBounds() const {
-    if (State() == WindowState::Normal)
-        return Bounds();
-    // The place is that of the client area there; the window manager's frame goes off it.
-    const QRect client = normalGeometry();
-    const QPoint frame = geometry().topLeft() - pos();
-    return {FromPixels(client.x() - frame.x()), FromPixels(client.y() - frame.y()),
-            FromPixels(client.width()) + kFrameWidth, FromPixels(client.height()) + kFrameHeight};
+    return IsNormal() ? Bounds() : restored_;
+}
+
+bool frmMain::IsNormal() const {
+    return !isMinimized() && !isMaximized() && !isFullScreen();
 }
 
 void frmMain::SetBounds(const TwipsRect& bounds) {
     move(ToPixels(bounds.left), ToPixels(bounds.top));
     resize(ToPixels(bounds.width - kFrameWidth), ToPixels(bounds.height - kFrameHeight));
+    restored_ = Bounds();
+}
+
+void frmMain::moveEvent(QMoveEvent* event) {
+    QWidget::moveEvent(event);
+    placed_.start();
 }
 
 void frmMain::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
+    placed_.start();
     if (OnResize)
         OnResize();
 }

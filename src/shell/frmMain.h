@@ -6,6 +6,7 @@
 #include "shell/MainView.h"
 
 #include <QFrame>
+#include <QTimer>
 #include <QWidget>
 
 #include <array>
@@ -50,6 +51,7 @@ public:
     void SetBounds(const TwipsRect& bounds) override;
 
 protected:
+    void moveEvent(QMoveEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
@@ -57,6 +59,7 @@ private:
     class DirectionsPanel;
 
     void StackBars();
+    bool IsNormal() const;
 
     QtWindowMessages& windowIds_;
     const QtTextMeasurer& texts_;
@@ -68,6 +71,8 @@ private:
     QtTextSurface* richTextBox_;
     QtTextSurface richTextBoxBackup_;
     QtTextSurface richTextBoxImport_;
+    TwipsRect restored_;    ///< place and size as last seen in the normal state
+    QTimer placed_;         ///< looks at them once a change has come to rest
     QFrame* lines_[3] = {}; // under the menu, the standard and the recoding toolbar
 };
 

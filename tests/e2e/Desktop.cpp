@@ -231,6 +231,12 @@ void Desktop::Minimise(XWindow window) {
     XSync(display_, False);
 }
 
+void Desktop::Maximise(XWindow window) {
+    constexpr long kAdd = 1;
+    for (const char* direction : {"_NET_WM_STATE_MAXIMIZED_HORZ", "_NET_WM_STATE_MAXIMIZED_VERT"})
+        AskWindowManager(window, "_NET_WM_STATE", kAdd, static_cast<long>(Atom(direction)));
+}
+
 void Desktop::HoldClipboard() {
     const XWindow owner = XCreateSimpleWindow(display_, DefaultRootWindow(display_), 0, 0, 1, 1, 0, 0, 0);
     XSetSelectionOwner(display_, Atom("CLIPBOARD"), owner, CurrentTime);

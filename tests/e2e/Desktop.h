@@ -53,6 +53,7 @@ public:
     void Resize(XWindow window, Size client);
     void Move(XWindow window, Point place);
     void Minimise(XWindow window);
+    void Maximise(XWindow window);
     /// Takes the clipboard, and answers nobody who asks for what is on it.
     void HoldClipboard();
     /// Empties it, as another program does.

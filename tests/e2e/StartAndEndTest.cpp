@@ -49,14 +49,35 @@ TEST_F(StartAndEnd, LeavingAsksCleansUpAndKeepsThePlaceOfTheWindow) {
     desktop.WaitUntil("the window is where it was", [&] { return desktop.Place(editor.Window()) == place; });
 }
 
-TEST_F(StartAndEnd, AMaximisedWindowComesBackMaximised) {
-    editor.Set(Setting::WindowState, u"2").Start();
-    desktop.WaitUntil("the window is as wide as the screen",
-                      [&] { return desktop.Place(editor.Window()).Width() >= 1270; });
+// However often it is opened and closed, by whatever way it came to be maximised.
+TEST_F(StartAndEnd, AMaximisedWindowComesBackMaximisedAndKeepsItsOtherPlace) {
+    const auto place = [&] {
+        std::u16string all;
+        for (const Setting side :
+             {Setting::MainLeft, Setting::MainTop, Setting::MainWidth, Setting::MainHeight})
+            all += editor.Store().Text(side) + u" ";
+        return all;
+    };
+    const auto closeWhenWide = [&] {
+        desktop.WaitUntil("the window is as wide as the screen",
+                          [&] { return desktop.Place(editor.Window()).Width() >= 1270; });
+        desktop.WaitUntilQuiet(editor.Program());
+        desktop.AskToClose(editor.Window());
+        editor.WaitForEnd();
+        EXPECT_EQ(editor.Store().Text(Setting::WindowState), u"2");
+        EXPECT_EQ(place(), u"1500 750 11700 9150 ");
+    };
+    editor.Start();
+    desktop.Maximise(editor.Window());
+    closeWhenWide();
+    for (int run = 0; run < 2; ++run) {
+        editor.Start();
+        closeWhenWide();
+    }
+    editor.Set(Setting::WindowState, u"0").Start();
     desktop.AskToClose(editor.Window());
     editor.WaitForEnd();
-    EXPECT_EQ(editor.Store().Text(Setting::WindowState), u"2");
-    EXPECT_EQ(editor.Store().Text(Setting::MainWidth), u"11700");
+    EXPECT_EQ(place(), u"1500 750 11700 9150 ");
 }
 
 TEST_F(StartAndEnd, TheWindowGoesAboveOthersByItsCommandAndAtTheNextStart) {

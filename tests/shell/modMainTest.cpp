@@ -57,9 +57,26 @@ TEST(Load, RestoresThePlaceAndBringsALostWindowBackIntoReach) {
     const FakeMainView& window = test.Start();
     EXPECT_EQ(window.RestoredBounds(), (TwipsRect{150_twips, {300.5F}, 9000_twips, 6000_twips}));
     EXPECT_EQ(window.state, WindowState::Maximised);
+}
 
-    const TwipsRect away{{90000}, {100}, {9000}, {6000}};
-    EXPECT_EQ(WithinReach(away, {test.screen.Primary()}).left, 0_twips);
+// Two monitors of 19200 by 12000 side by side, the first with a panel at its top: where a window of 9000 by
+// 6000 comes to stand.
+TEST(Load, BringsOnlyTheSideThatIsOutOfReachBack) {
+    const std::vector<TwipsRect> areas{{{0}, {450}, {19200}, {11550}}, {{19200}, {0}, {19200}, {12000}}};
+    const std::tuple<float, float, float, float> cases[] = {
+        {100, 500, 100, 500},     {-7500, 500, -7500, 500}, {-7501, 500, 0, 500},
+        {100, 449, 100, 450},     {100, 10500, 100, 10500}, {100, 10501, 100, 450},
+        {36900, 300, 36900, 300}, {36901, 300, 19200, 300}, {90000, 500, 0, 500},
+        {25000, -200, 25000, 0},  {25000, 90000, 25000, 0}, {90000, 90000, 0, 450}};
+    for (const auto& [left, top, newLeft, newTop] : cases)
+        EXPECT_EQ(WithinReach({{left}, {top}, {9000}, {6000}}, areas),
+                  (TwipsRect{{newLeft}, {newTop}, {9000}, {6000}}))
+            << left << " " << top;
+}
+
+TEST(Load, OpensFirstInTheMiddleAndNoLargerThanTheScreen) {
+    EXPECT_EQ(FirstPlace({{{0}, {0}, {19200}, {12000}}}), (TwipsRect{{3750}, {1395}, {11700}, {9210}}));
+    EXPECT_EQ(FirstPlace({{{150}, {450}, {9600}, {5550}}}), (TwipsRect{{150}, {450}, {9600}, {5550}}));
 }
 
 TEST(Closing, AsksThenCleansUpThenAsksAgain) {
