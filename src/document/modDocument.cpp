@@ -4,7 +4,7 @@
 #include "base/Texts.h"
 #include "base/Windows1251.h"
 #include "document/Caption.h"
-#include "document/rtf/RtfReader.h"
+#include "document/FileText.h"
 
 namespace quillshift {
 namespace {
@@ -119,30 +119,26 @@ void modDocument::ReopenDocument() {
     if (services_.platform.fileDialog.FileName.empty())
         return;
     Report([this] {
-        PointSaveAtOpenedFile(LoadBoth());
+        const bool plain = LoadBoth();
+        if (!plain || services_.platform.fileDialog.FileName != services_.state.saveTarget)
+            services_.state.SaveAvailable = false;
         ApplyCaptionRule();
     });
 }
 
-// Of the chosen file: RTF where the bytes are RTF, plain text otherwise, and true for plain.
-bool modDocument::LoadContents(TextSurface& surface, std::string_view bytes) {
-    if (IsRtf(bytes)) {
-        const RichText rich = ReadRtf(bytes);
-        if (rich.text.find_first_not_of(u" \t\r\n") == std::u16string::npos)
-            Throw({321, u"В файле RTF нет текста"}, services_.platform.fileDialog.FileName);
-        surface.LoadRich(rich);
-        return false;
-    }
-    surface.LoadPlain(windows1251::Decode(bytes));
-    return true;
+FileText modDocument::ReadText(const FileName& path) {
+    FileText text(ReadOrThrow(path));
+    if (!text.IsPlain() && text.IsBlank())
+        Throw({321, u"В файле RTF нет текста"}, path);
+    return text;
 }
 
 // The file is read whole before a surface is touched, so that a failure changes nothing.
 bool modDocument::LoadBoth() {
-    const std::string bytes = ReadOrThrow(services_.platform.fileDialog.FileName);
-    const bool plain = LoadContents(services_.document, bytes);
-    LoadContents(services_.backup, bytes);
-    return plain;
+    const FileText text = ReadText(services_.platform.fileDialog.FileName);
+    text.LoadInto(services_.document);
+    text.LoadInto(services_.backup);
+    return text.IsPlain();
 }
 
 // Plain Save must never put this text into the file that was saved before it; and formatting is never
@@ -176,7 +172,7 @@ bool modDocument::ImportRtfFile(std::u16string_view filter, std::u16string_view 
         dialog.FileName.clear();
         if (!dialog.ShowOpen())
             return;
-        LoadContents(services_.import, ReadOrThrow(dialog.FileName));
+        ReadText(dialog.FileName).LoadInto(services_.import);
         services_.state.ReopenAvailable = true;
         imported = true;
         // On the present document: the imported text arrives only after it.

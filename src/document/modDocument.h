@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/DocumentState.h"
+#include "document/FileText.h"
 #include "platform/Platform.h"
 #include "platform/TextSurface.h"
 #include "platform/Window.h"
@@ -57,7 +58,7 @@ private:
     bool MayDropText();
     void Report(const std::function<void()>& routine);
     void LoadChosen();
-    bool LoadContents(TextSurface& surface, std::string_view bytes);
+    FileText ReadText(const FileName& path);
     bool LoadBoth();
     void PointSaveAtOpenedFile(bool plain);
     bool ImportRtfFile(std::u16string_view filter, std::u16string_view extension, std::u16string_view title);

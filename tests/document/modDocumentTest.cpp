@@ -113,6 +113,23 @@ TEST_F(modDocumentTest, PlainSaveNeverHitsAnotherFile) {
     EXPECT_EQ(test.messageBox.shown.back().icon, BoxIcon::Critical);
 }
 
+// What becomes of plain Save and its target when a file is loaded after "Save as" has written /d/first.txt.
+TEST_F(modDocumentTest, ReopenKeepsPlainSaveForItsOwnFileAlone) {
+    test.files.files[u"/d/other.txt"] = "other";
+    const std::tuple<std::u16string, const char*, bool> cases[] = {
+        {u"/d/first.txt", "first", true},
+        {u"/d/first.txt", "{\\rtf1 x}", false}, // by another program meanwhile
+        {u"/d/other.txt", "other", false}};
+    for (const auto& [named, holds, offered] : cases) {
+        SaveAs(u"/d/first.txt");
+        test.files.files[named] = holds;
+        test.fileDialog.FileName = named; // as after the choice of a file to import
+        Dispatch("MENU:FILE:REOPEN");
+        EXPECT_EQ(test.program.Parts().document.SaveAvailable, offered) << holds;
+        EXPECT_EQ(test.settings.Text(Setting::SaveFileName), u"/d/first.txt");
+    }
+}
+
 TEST_F(modDocumentTest, AnRtfFileWithdrawsPlainSaveAndNeedsText) {
     SaveAs(u"/d/first.txt");
     for (const auto* bytes : {"{\\rtf1 {\\pict 00}\\par}", "{\\rtf"}) {
@@ -122,6 +139,22 @@ TEST_F(modDocumentTest, AnRtfFileWithdrawsPlainSaveAndNeedsText) {
     }
     test.OpenFile(u"/d/letter.rtf", "{\\rtf1 x}");
     EXPECT_FALSE(test.program.Parts().document.SaveAvailable);
+}
+
+TEST_F(modDocumentTest, TheCommandsWithAFileDialogPlayTheLoadSoundFirst) {
+    test.Set(Setting::FormLoadPath, u"/load.wav");
+    for (const auto& [on, plays] : {std::pair{u"0", false}, {u"2", false}, {u"1", true}})
+        for (const char* key : {"MENU:FILE:OPEN", "TOOLBAR:OPEN", "MENU:FILE:SAVEAS", "MENU:FILE:IMPORT:RTF",
+                                "MENU:FILE:REOPEN", "TOOLBAR:SAVE", "MENU:FILE:NEW"}) {
+            test.Set(Setting::FormLoad, on);
+            test.sound.played.clear();
+            Dispatch(key); // the dialog is cancelled
+            const std::string_view name(key);
+            const bool hasDialog = name.ends_with("OPEN") && !name.ends_with("REOPEN");
+            EXPECT_EQ(!test.sound.played.empty(),
+                      plays && (hasDialog || name.ends_with("SAVEAS") || name.ends_with("RTF")))
+                << key;
+        }
 }
 
 TEST_F(modDocumentTest, TheBackupHoldsTheVersionBefore) {
@@ -175,7 +208,17 @@ TEST_F(modDocumentTest, ImportInsertsAtTheCaretAndKeepsTheSelection) {
     EXPECT_EQ(window.document.Text(), u"onemiddletwo");
     EXPECT_EQ(window.document.SelStart(), 0U);
     EXPECT_EQ(test.clipboard.text, u"middle");
+    EXPECT_EQ(test.fileDialog.namesAtOpening.back(), u"") << "the dialog opens without a name";
     EXPECT_TRUE(test.program.Parts().document.ReopenAvailable);
+}
+
+TEST_F(modDocumentTest, AnImportRecodesTheDocumentBeforeItsOwnTextComes) {
+    test.Set(Setting::StartAtImport, u"1").Set(Setting::DefaultCode, u"0");
+    window.document.SetText(u"\u040F");
+    test.files.files[u"/d/i.rtf"] = "\x8F";
+    test.fileDialog.chosen = {u"/d/i.rtf"};
+    Dispatch("MENU:FILE:IMPORT:RTF");
+    EXPECT_EQ(window.document.Text(), u"\u040FП");
 }
 
 TEST_F(modDocumentTest, RecodesWhatIsOpenedWhereThatIsAskedForButNotOnReopen) {

@@ -1,3 +1,4 @@
+#include "base/Error.h"
 #include "shell/Layout.h"
 #include "support/TestProgram.h"
 
@@ -36,6 +37,97 @@ TEST(Main, LaysTheTextAreaOutByIconsAndBars) {
         test.Set(Setting::ToolBarDecode, bars > 1 ? u"1" : u"2");
         EXPECT_EQ(test.Start().layouts.back(),
                   (MainView::EditorLayout{{editor}, {shape}, {11460}, {surface}, {11390}}));
+    }
+}
+
+TEST(Main, ShowsItsNoticeOnceAndRefusesASecondCopyBehindIt) {
+    struct Case {
+        const char16_t *firstRun, *manyCopies;
+        bool another;
+        std::vector<std::u16string> boxes; // how they begin
+    };
+    const Case cases[] = {{u"1", u"0", true, {u"Эта версия", u"Программа уже"}},
+                          {u"1", u"1", true, {u"Эта версия"}},
+                          {u"0", u"0", true, {u"Программа уже"}},
+                          {u"0", u"0", false, {}},
+                          {u"2", u"", true, {}}};
+    for (const Case& c : cases) {
+        TestProgram test;
+        test.Set(Setting::FirstRun, c.firstRun).Set(Setting::ManyCopies, c.manyCopies);
+        test.shell.anotherCopyRuns = c.another;
+        test.Start();
+        std::vector<std::u16string> boxes;
+        for (const auto& box : test.messageBox.shown)
+            boxes.push_back(box.text.substr(0, box.text.find(u' ', box.text.find(u' ') + 1)));
+        EXPECT_EQ(boxes, c.boxes);
+        const bool refused = !c.boxes.empty() && c.boxes.back() == u"Программа уже";
+        EXPECT_EQ(test.shell.ended, refused);
+        EXPECT_EQ(test.window.shown, !refused);
+        EXPECT_NE(test.settings.Text(Setting::FirstRun), u"1") << "it shows once";
+        if (!test.messageBox.shown.empty()) {
+            EXPECT_EQ(test.messageBox.shown[0].icon,
+                      refused && c.boxes.size() == 1 ? BoxIcon::Information : BoxIcon::None);
+        }
+    }
+}
+
+TEST(Main, ReportsEachFailureButThatOfAWindowThatUnloadedItself) {
+    for (const auto& [number, boxes] : {std::pair{5, 1U}, {364, 0U}, {0, 0U}, {-1, 0U}, {365, 1U}}) {
+        TestProgram test;
+        test.window.whenShown = [number = number] { throw Error(number, u"", u"why"); };
+        test.Start();
+        EXPECT_EQ(test.messageBox.shown.size(), boxes) << number;
+    }
+}
+
+TEST(Load, TitlesTheWindowAndPlaysItsSound) {
+    for (const auto& [shown, title] : {std::pair{u"1", u"Morvane Quillshift 3.0 Preview - [Документ]"},
+                                       {u"2", u"Morvane Quillshift 3.0 Preview - [Документ не сохранен]"},
+                                       {u"3", u"Morvane Quillshift 3.0 Preview"},
+                                       {u"4", u"Morvane Quillshift 3.0"}}) {
+        TestProgram test;
+        test.Set(Setting::ShowInCaption, shown)
+            .Set(Setting::FormLoad, u"1")
+            .Set(Setting::FormLoadPath, u"/l.wav");
+        test.Set(Setting::KeyDown, u"1").Set(Setting::KeyDownPath, u"/k.wav");
+        EXPECT_EQ(test.Start().title, title);
+        test.window.document.OnKeyDown();
+        EXPECT_EQ(test.sound.played, (std::vector<std::u16string>{u"/l.wav", u"/k.wav"}));
+    }
+}
+
+// The settings of the load one by one: what they change, and that "2" is no switch.
+TEST(Load, ObeysEachSwitch) {
+    for (const auto& [value, on] : {std::pair{u"0", false}, {u"2", false}, {u"1", true}}) {
+        TestProgram test;
+        for (const Setting setting : {Setting::TopMost, Setting::ToolBarStandart, Setting::ToolBarDecode,
+                                      Setting::ClipboardDetect, Setting::HideInfrequently})
+            test.Set(setting, value);
+        test.Set(Setting::Style, on ? u"System" : u"OfficeXP").Set(Setting::ShowToolTips, on ? u"0" : u"2");
+        test.Set(Setting::DefaultCode, on ? u"19" : u"20").Set(Setting::FontName, u"Font");
+        test.Set(Setting::FontSize, u"12.5");
+        test.settings.ShowItem(ItemBar::Standart, 1, on);
+        test.settings.ShowItem(ItemBar::Decode, 7, on);
+        test.clipboard.text = u"copied before";
+        const FakeMainView& window = test.Start();
+        for (int tick = 0; tick < 3; ++tick)
+            test.timers.Tick();
+        EXPECT_EQ(window.topMost, on);
+        EXPECT_EQ(test.Button("MENU:VIEW:ONTOP").Checked(), on);
+        EXPECT_EQ(window.barVisible.at(1), on);
+        EXPECT_EQ(test.Button("MENU:VIEW:TOOLBARS:TBSTANDART").Checked(), on);
+        EXPECT_EQ(window.barVisible.at(2), on);
+        EXPECT_EQ(test.Button("MENU:VIEW:TOOLBARS:TBDECODE").Checked(), on);
+        EXPECT_EQ(window.document.Text(), on ? u"copied before" : u"");
+        EXPECT_EQ(test.toolkit.HideInfrequentlyUsed, !on);
+        EXPECT_EQ(test.toolkit.Style(), on ? BarStyle::System : BarStyle::OfficeXP);
+        EXPECT_EQ(test.Button("TOOLBAR:NEW").ToolTip().empty(), on);
+        EXPECT_EQ(test.Button("TOOLBAR2:UNDO").ToolTip().empty(), on);
+        EXPECT_EQ(window.direction, on ? 19 : 0);
+        EXPECT_EQ(window.document.Font(), (SurfaceFont{u"Font", 12.5F}));
+        EXPECT_EQ(test.Button("TOOLBAR:NEW").Visible(), on);
+        EXPECT_FALSE(test.Button("TOOLBAR:SEP1").Visible()) << "absent is hidden";
+        EXPECT_EQ(test.Button("TOOLBAR2:SEP4").Visible(), on);
     }
 }
 

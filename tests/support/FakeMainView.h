@@ -39,7 +39,11 @@ public:
     void SetDirection(int number) override { direction = number; }
     void EnableDirections(bool enabled) override { directionsEnabled = enabled; }
     void LayOut(const EditorLayout& layout) override { layouts.push_back(layout); }
-    void Show() override { shown = true; }
+    void Show() override {
+        shown = true;
+        if (whenShown)
+            whenShown();
+    }
     void Close() override { ++closeRequests; }
 
     void SetTitle(std::u16string_view text) override { title = text; }
@@ -67,6 +71,7 @@ public:
     bool directionsEnabled = true;
     int closeRequests = 0;
     bool shown = false;
+    std::function<void()> whenShown; ///< what happens on the way of its first show
     bool topMost = false;
     Pointer pointer = Pointer::Default;
     std::u16string title = u"Morvane Quillshift 3.0";

@@ -40,9 +40,11 @@ public:
     bool ShowOpen() override { return Choose(); }
     bool ShowSave() override { return Choose(); }
     std::deque<std::u16string> chosen;
+    std::vector<std::u16string> namesAtOpening; ///< `FileName` each time it was shown
 
 private:
     bool Choose() {
+        namesAtOpening.push_back(FileName);
         if (chosen.empty())
             return false;
         FileName = chosen.front();
