@@ -30,6 +30,7 @@ public:
     Desktop(const Desktop&) = delete;
     Desktop& operator=(const Desktop&) = delete;
 
+    const Process& Server() const { return *server_; }
     /// What a program needs to know to come here; its user's folders lie under `home`.
     Environment ProgramEnvironment(const std::string& home) const;
 

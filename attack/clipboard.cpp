@@ -1,0 +1,250 @@
+// Odd owners of the clipboard, of the primary selection and of drags, and odd requestors, against the real
+// program on a virtual display. Prints how often each was tried, how often it held the window, how often a
+// text was lost, and the longest turn of the program's event loop meanwhile.
+
+#include "Drag.h"
+#include "Owner.h"
+#include "Requestor.h"
+#include "Turns.h"
+
+#include "base/Utf8.h"
+#include "e2e/Editor.h"
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <thread>
+
+namespace quillshift::attack {
+namespace {
+
+using namespace e2e;
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+class ClipboardAttack {
+public:
+    ClipboardAttack(std::chrono::duration<double> each, std::string only)
+        : each_(each), only_(std::move(only)), display_(desktop_.ProgramEnvironment("").at("DISPLAY")) {
+        Begin();
+    }
+    /// Whether nothing was held or lost.
+    bool Run();
+
+private:
+    void Begin();
+    void Row(const std::string& name, std::chrono::milliseconds limit, const std::function<void()>& attempt,
+             const std::function<bool()>& isLost);
+    void OwnerRow(const char* name, Manner manner);
+    void RequestorRow(const Request& request);
+    bool IsSeen(const std::string& text, std::chrono::milliseconds within);
+    bool Comes();
+    std::string GivenOut() const;
+    bool IsPutIn(const std::string& text);
+    void ClickRow(const char* name, Manner manner, const std::string& text);
+    void DropRow(const char* name, Manner manner, const std::string& text);
+    void CopyOwn();
+    void WaitAndDismiss();
+
+    std::chrono::duration<double> each_;
+    std::string only_;
+    Desktop desktop_;
+    std::string display_;
+    std::unique_ptr<Editor> editor_;
+    std::unique_ptr<Turns> turns_;
+    int number_ = 0;
+    bool allWell_ = true;
+};
+
+void ClipboardAttack::Begin() {
+    turns_.reset();
+    editor_ = std::make_unique<Editor>(desktop_);
+    editor_->Set(Setting::ClipboardDetect, u"1")
+        .Set(Setting::DecodeClipboard, u"0")
+        .Set(Setting::SaveChange, u"0")
+        .Start();
+    turns_ = std::make_unique<Turns>(display_, editor_->Window(),
+                                     std::vector<pid_t>{editor_->Program().Pid(), desktop_.Server().Pid()});
+}
+
+bool ClipboardAttack::IsSeen(const std::string& text, std::chrono::milliseconds within) {
+    for (const auto end = Clock::now() + within; Clock::now() < end && editor_->Runs();
+         std::this_thread::sleep_for(2ms))
+        if (editor_->Store().Is(Setting::ClipboardText, FromUtf8(text)))
+            return true;
+    return false;
+}
+
+// Whether a text that is honestly copied now is taken in.
+bool ClipboardAttack::Comes() {
+    const std::string text = "text " + std::to_string(++number_);
+    const Owner honest(display_, "CLIPBOARD", Manner::Honest, text);
+    return IsSeen(text, 5s);
+}
+
+void ClipboardAttack::CopyOwn() {
+    desktop_.Press("Ctrl+a");
+    desktop_.Type(u"own");
+    desktop_.Press("Ctrl+a");
+    desktop_.Press("Ctrl+c");
+    editor_->Settle();
+}
+
+// Longer than the program waits, and until it has told so and that is read.
+void ClipboardAttack::WaitAndDismiss() {
+    std::this_thread::sleep_for(700ms);
+    for (const auto end = Clock::now() + 5s; desktop_.Active() != editor_->Window() && Clock::now() < end;
+         std::this_thread::sleep_for(50ms))
+        desktop_.Press("Escape");
+}
+
+// What the program gives out that has the clipboard.
+std::string ClipboardAttack::GivenOut() const {
+    const std::string file = editor_->home / "read.txt";
+    Process("sh", {"-c", "timeout 5 xclip -selection clipboard -o >" + file},
+            desktop_.ProgramEnvironment(editor_->home.Path()))
+        .WaitForEnd();
+    return Contents(file);
+}
+
+// Whether a text is in the document, which is copied for that.
+bool ClipboardAttack::IsPutIn(const std::string& text) {
+    desktop_.Press("Ctrl+a");
+    desktop_.Press("Ctrl+c");
+    editor_->Settle();
+    return GivenOut().find(text) != std::string::npos;
+}
+
+void ClipboardAttack::Row(const std::string& name, std::chrono::milliseconds limit,
+                          const std::function<void()>& attempt, const std::function<bool()>& isLost) {
+    if (name.find(only_) == std::string::npos)
+        return;
+    int tries = 0;
+    int held = 0;
+    int lost = 0;
+    std::chrono::microseconds longest{};
+    turns_->TakeLongest();
+    for (const auto end = Clock::now() + each_; tries == 0 || Clock::now() < end; ++tries) {
+        bool gone = true;
+        try {
+            attempt();
+            const auto turn = turns_->TakeLongest();
+            longest = std::max(longest, turn);
+            held += turn > limit ? 1 : 0;
+            gone = isLost() || !editor_->Runs();
+        } catch (const std::runtime_error& error) { // the program has ended, or takes no keys
+            std::fprintf(stderr, "%s: %s\n", name.c_str(), error.what());
+        }
+        lost += gone ? 1 : 0;
+        if (gone)
+            Begin();
+        turns_->TakeLongest();
+    }
+    allWell_ = allWell_ && held == 0 && lost == 0;
+    std::printf("%-46s %6d %6d %6d %10.1f\n", name.c_str(), tries, held, lost,
+                static_cast<double>(longest.count()) / 1000);
+    std::fflush(stdout);
+}
+
+void ClipboardAttack::OwnerRow(const char* name, Manner manner) {
+    Row(
+        name, 50ms,
+        [&] {
+            const std::string text = "odd " + std::to_string(++number_);
+            const Owner owner(display_, "CLIPBOARD", manner, text);
+            std::this_thread::sleep_for(300ms);
+        },
+        [&] { return !Comes(); });
+}
+
+void ClipboardAttack::ClickRow(const char* name, Manner manner, const std::string& text) {
+    Row(
+        name, 50ms,
+        [&] {
+            const Owner owner(display_, "PRIMARY", manner, text);
+            const Rect place = desktop_.Place(editor_->Window());
+            desktop_.Click({place.left + 150, place.top + 200}, 2);
+            WaitAndDismiss();
+        },
+        [&] { return (!text.empty() && !IsPutIn(text)) || !Comes(); });
+}
+
+void ClipboardAttack::DropRow(const char* name, Manner manner, const std::string& text) {
+    Row(
+        name, 500ms,
+        [&] {
+            const Owner owner(display_, "XdndSelection", manner, text);
+            DragAndDrop(display_, editor_->Window(), 15);
+            WaitAndDismiss();
+        },
+        [&] { return (!text.empty() && !IsPutIn(text)) || !Comes(); });
+}
+
+void ClipboardAttack::RequestorRow(const Request& request) {
+    Row(
+        "asks with " + request.name, 50ms,
+        [&] {
+            CopyOwn();
+            Requestor(display_).Ask(request);
+            std::this_thread::sleep_for(50ms);
+        },
+        [&] { return GivenOut() != "own"; });
+}
+
+bool ClipboardAttack::Run() {
+    std::printf("%-46s %6s %6s %6s %10s\n", "", "tries", "held", "lost", "longest ms");
+    const auto nothingLost = [&] { return !Comes(); };
+    Row(
+        "nothing at all", 50ms, [&] { std::this_thread::sleep_for(300ms); }, nothingLost);
+    OwnerRow("copies, and has 60,000 forms", Manner::Honest);
+    OwnerRow("is silent", Manner::Silent);
+    OwnerRow("refuses", Manner::Refusing);
+    OwnerRow("gives a picture", Manner::WrongType);
+    OwnerRow("gives a text of numbers", Manner::WrongFormat);
+    OwnerRow("stalls", Manner::Stalled);
+    OwnerRow("drips", Manner::Dripping);
+    OwnerRow("never ends", Manner::Endless);
+    OwnerRow("floods", Manner::Flooding);
+    OwnerRow("dies", Manner::Dying);
+    OwnerRow("changes hands", Manner::ChangingHands);
+    bool taken = false;
+    Row(
+        "answers and hands over to a silent one", 50ms,
+        [&] {
+            const std::string text = "handed over " + std::to_string(++number_);
+            const Owner owner(display_, "CLIPBOARD", Manner::HandingOver, text);
+            taken = IsSeen(text, 1s);
+        },
+        [&] { return !taken; });
+    const auto pasteFrom = [&](Manner manner) {
+        const Owner owner(display_, "CLIPBOARD", manner, "");
+        desktop_.Press("Ctrl+v");
+        WaitAndDismiss();
+    };
+    Row(
+        "is silent while pasting", 50ms, [&] { pasteFrom(Manner::Silent); }, nothingLost);
+    Row(
+        "drips while pasting", 50ms, [&] { pasteFrom(Manner::Dripping); }, nothingLost);
+    ClickRow("is selected, and put in by a middle click", Manner::Honest, "selected");
+    ClickRow("is silent at a middle click", Manner::Silent, "");
+    ClickRow("drips at a middle click", Manner::Dripping, "");
+    ClickRow("floods at a middle click", Manner::Flooding, "");
+    DropRow("is dropped", Manner::Honest, "dropped");
+    DropRow("is silent when dropped", Manner::Silent, "");
+    DropRow("drips when dropped", Manner::Dripping, "");
+    DropRow("floods when dropped", Manner::Flooding, "");
+    for (const Request& request : OddRequests())
+        RequestorRow(request);
+    return allWell_;
+}
+
+} // namespace
+} // namespace quillshift::attack
+
+// Arguments: for how many seconds each is tried (1), and a part of the names of those that are.
+int main(int argc, char** argv) {
+    const double seconds = argc > 1 ? std::atof(argv[1]) : 1;
+    const char* const only = argc > 2 ? argv[2] : "";
+    return quillshift::attack::ClipboardAttack(std::chrono::duration<double>(seconds), only).Run() ? 0 : 1;
+}
