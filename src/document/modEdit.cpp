@@ -60,9 +60,12 @@ void modEdit::Copy() {
 }
 
 void modEdit::Paste() {
+    const auto copied = services_.clipboard.Text();
+    if (!copied)
+        return;
     TextSurface& document = services_.document;
     std::u16string text(document.Text());
-    text.insert(document.SelStart(), services_.clipboard.Text().value_or(u""));
+    text.insert(document.SelStart(), *copied);
     document.SetText(text);
     document.SetFocus();
     document.SetSelStart(0);

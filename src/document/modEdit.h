@@ -32,7 +32,8 @@ public:
     void Cut();
     /// Says so in a box if nothing is selected.
     void Copy();
-    /// Puts the clipboard's text in at the caret. A selection stays; the caret goes to the start.
+    /// Puts the clipboard's text in at the caret. A selection stays; the caret goes to the start. Nothing
+    /// happens when no text comes.
     void Paste();
     void Delete() { services_.document.Clear(); }
     void Clear() { services_.document.SetText(u""); }

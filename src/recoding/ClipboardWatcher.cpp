@@ -1,8 +1,10 @@
 #include "recoding/ClipboardWatcher.h"
 
-#include "base/Error.h"
 #include "base/Windows1251.h"
+#include "recoding/modDecode.h"
 
+#include <functional>
+#include <string>
 #include <utility>
 
 namespace quillshift {
@@ -15,21 +17,20 @@ std::u16string StoredForm(std::u16string_view text) {
     return windows1251::Decode(bytes);
 }
 
+// Tells a text from others.
+std::u16string MarkOf(std::u16string_view text) {
+    const std::size_t hash = std::hash<std::u16string_view>()(text);
+    return windows1251::Decode("too long: " + std::to_string(text.size()) + ", " + std::to_string(hash));
+}
+
 } // namespace
 
 ClipboardWatcher::ClipboardWatcher(Services services)
-    : services_(std::move(services)),
-      timerClipboardDetect_(services_.timers.Make([this] { Detect(); })),
-      timerClipboard_(services_.timers.Make([this] { TakeIn(); })) {}
+    : services_(std::move(services)), timerClipboard_(services_.timers.Make([this] { TakeInAll(); })) {}
 
 void ClipboardWatcher::Start() {
     watches_ = true;
     OnClipboardChange();
-}
-
-void ClipboardWatcher::OnClipboardChange() {
-    if (watches_)
-        timerClipboardDetect_->StartOnce();
 }
 
 // Whether it is another text than the one seen last.
@@ -41,28 +42,38 @@ bool ClipboardWatcher::Remember(std::u16string_view text) {
     return true;
 }
 
-void ClipboardWatcher::Detect() {
-    if (timerClipboard_->IsRunning()) {
-        timerClipboard_->Stop();
-        TakeIn();
-    }
-    auto text = services_.clipboard.Text();
-    if (!text || !Remember(*text))
+void ClipboardWatcher::OnClipboardChange() {
+    if (!watches_)
         return;
-    copied_ = std::move(*text);
+    auto arrived = services_.clipboard.Arrived();
+    if (!arrived)
+        return;
+    const bool recodes = services_.settings.Is(Setting::DecodeClipboard);
+    const bool fits = arrived->whole && (!recodes || arrived->text.size() <= kRecodingLimit);
+    if (!Remember(fits ? arrived->text : MarkOf(arrived->text)) || !fits)
+        return;
+    copied_.push_back({std::move(arrived->text), recodes});
     timerClipboard_->StartOnce();
 }
 
-void ClipboardWatcher::TakeIn() {
-    std::u16string text = std::exchange(copied_, {});
+void ClipboardWatcher::TakeInAll() {
+    if (services_.clipboard.IsWaiting()) {
+        timerClipboard_->StartOnce();
+        return;
+    }
+    while (!copied_.empty()) {
+        Copy copy = std::move(copied_.front());
+        copied_.pop_front();
+        TakeIn(std::move(copy));
+    }
+}
+
+void ClipboardWatcher::TakeIn(Copy copy) {
+    std::u16string text = std::move(copy.text);
     RecodingState& recoding = services_.recoding;
-    if (services_.settings.Is(Setting::DecodeClipboard)) {
-        try {
-            text = RecodeText(text, static_cast<Charset>(recoding.Combo1 + 1),
-                              static_cast<Charset>(recoding.Combo2 + 1));
-        } catch (const Error&) {
-            return; // over the recoder's limit: the document is kept as it is
-        }
+    if (copy.recodes) {
+        text = RecodeText(text, static_cast<Charset>(recoding.Combo1 + 1),
+                          static_cast<Charset>(recoding.Combo2 + 1));
         recoding.SavedText = services_.document.Text();
         recoding.RecodeUndoAvailable = true;
     }

@@ -6,14 +6,16 @@
 #include "recoding/RecodingState.h"
 #include "settings/Settings.h"
 
+#include <deque>
 #include <functional>
 #include <memory>
 
 namespace quillshift {
 
-/// Takes new text on the clipboard into the document, re-coded or as it came. Never writes to the clipboard.
-/// The memory of what was last seen lies in the settings store; characters that the store can't hold make no
-/// difference to it.
+/// Takes new text on the clipboard into the document, re-coded or as it came, once all of it has arrived.
+/// Never writes to the clipboard. The memory of what was last seen lies in the settings store; characters
+/// that the store can't hold make no difference to it, and for a text that is too long to be taken in a short
+/// mark stands there.
 class ClipboardWatcher {
 public:
     struct Services {
@@ -33,15 +35,18 @@ public:
     void OnClipboardChange();
 
 private:
-    void Detect();
-    void TakeIn();
+    struct Copy {
+        std::u16string text;
+        bool recodes;
+    };
+    void TakeInAll();
+    void TakeIn(Copy copy);
     bool Remember(std::u16string_view text);
 
     Services services_;
     bool watches_ = false;
-    std::u16string copied_;                       ///< to be taken in
-    std::unique_ptr<Timer> timerClipboardDetect_; ///< compares, once behind each burst of changes
-    std::unique_ptr<Timer> timerClipboard_;       ///< takes a change in
+    std::deque<Copy> copied_;               ///< to be taken in
+    std::unique_ptr<Timer> timerClipboard_; ///< takes them in
 };
 
 } // namespace quillshift

@@ -107,10 +107,11 @@ void MainLoad::LoadDocument() {
     TextSurface& document = parts_.window.RichTextBox();
     if (parts_.OpenAtStart)
         parts_.documents.OpenDocument();
-    if (parts_.settings.Is(Setting::StartAtStartup)) {
-        document.SetText(parts_.platform.clipboard.Text().value_or(u""));
-        parts_.job.StartDecode();
-    }
+    if (parts_.settings.Is(Setting::StartAtStartup))
+        if (const auto copied = parts_.platform.clipboard.Text()) {
+            document.SetText(*copied);
+            parts_.job.StartDecode();
+        }
     document.SetFont({parts_.settings.Text(Setting::FontName), parts_.settings.Number(Setting::FontSize)});
 }
 

@@ -3,12 +3,19 @@
 #include "base/Texts.h"
 
 namespace quillshift {
+namespace {
+
+constexpr std::u16string_view kNoAnswer =
+    u"Текст не получен: программа, из которой он скопирован, не ответила вовремя или текст слишком велик.";
+
+} // namespace
 
 Program::Program(Platform& platform, MainView& window, mCommandBars& toolkit, const MakeDialogs& makeDialogs)
     : parts_(platform, window, toolkit, makeDialogs),
       commands_(parts_),
       load_(parts_, commands_),
-      main_(parts_, load_) {
+      main_(parts_, load_),
+      timerNoAnswer_(platform.timers.Make([&platform] { platform.messageBox.Inform(kNoAnswer); })) {
     ConnectWindow();
     ConnectSurface();
     toolkit.BeforeShortcut = [this] { commands_.UpdatePendingStates(); };
@@ -18,6 +25,7 @@ Program::Program(Platform& platform, MainView& window, mCommandBars& toolkit, co
         commands_.InputsChanged();
         parts_.watcher.OnClipboardChange();
     };
+    platform.clipboard.OnNoAnswer = [this] { timerNoAnswer_->StartOnce(); };
     parts_.job.OnEnded = [this] {
         commands_.InputsChanged();
         main_.OnJobEnded();

@@ -28,6 +28,7 @@ private:
     Commands commands_;
     MainLoad load_;
     modMain main_;
+    std::unique_ptr<Timer> timerNoAnswer_; ///< tells so behind the event that wanted a text
 };
 
 } // namespace quillshift

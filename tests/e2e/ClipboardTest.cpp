@@ -1,3 +1,4 @@
+#include "e2e/ClipboardManager.h"
 #include "e2e/EditorTest.h"
 
 #include "base/Utf8.h"
@@ -18,11 +19,18 @@ protected:
     }
     // One that ends when it is told.
     Process StartCopying(const std::string& text, const char* how = "-quiet",
-                         const char* form = "UTF8_STRING") {
+                         const char* form = "UTF8_STRING", const char* selection = "clipboard") {
         Put(Path("clipboard.txt"), text);
         return {"xclip",
-                {how, "-selection", "clipboard", "-t", form, "-i", Path("clipboard.txt")},
+                {how, "-selection", selection, "-t", form, "-i", Path("clipboard.txt")},
                 desktop.ProgramEnvironment(editor.home.Path())};
+    }
+    // As another program reads it.
+    std::string Read(const std::string& selection) {
+        Process("sh", {"-c", "xclip -selection " + selection + " -o >" + Path("read.txt").string()},
+                desktop.ProgramEnvironment(editor.home.Path()))
+            .WaitForEnd();
+        return Contents(Path("read.txt"));
     }
     enum Form { AsItCame, Recode };
     enum Place { Replace, Collect };
@@ -113,10 +121,34 @@ TEST_F(ClipboardElsewhere, AProgramThatGivesNoAnswerHoldsNothingUp) {
         desktop.HoldClipboard();
     for (int i = 0; i < 10; ++i)
         desktop.Press("Ctrl+v");
+    editor.AnswerBox(BoxAnswer::Ok);
+    editor.Settle();
     EXPECT_EQ(Saved(), "kept\r\n");
     Copy("the last");
     WaitUntilSeen("the last");
     EXPECT_EQ(Saved(), "the last\r\n");
+}
+
+TEST_F(ClipboardElsewhere, ACopiedTextOutlivesTheProgramWhereSomebodyKeepsIt) {
+    const ClipboardManager manager(desktop);
+    editor.Start();
+    desktop.Type(u"мой");
+    desktop.Press("Ctrl+a");
+    desktop.Press("Ctrl+c");
+    editor.Settle();
+    desktop.AskToClose(editor.Window());
+    EXPECT_EQ(editor.WaitForEnd(), 0);
+    EXPECT_EQ(Read("clipboard"), "мой");
+}
+
+TEST_F(ClipboardElsewhere, TheMiddleButtonPutsInWhatIsSelectedElsewhere) {
+    editor.Start();
+    desktop.Type(u"ab");
+    StartCopying("слово\nещё", "-silent", "UTF8_STRING", "primary").WaitForEnd();
+    const Rect window = desktop.Place(editor.Window());
+    desktop.Click({window.left + 12, window.top + 100}, 2);
+    editor.Settle(); // the window manager sees clicks first, and keys could overtake this one
+    EXPECT_EQ(Saved(), Bytes("abслово\r\nещё\r\n"));
 }
 
 TEST_F(ClipboardElsewhere, CanBeEmptiedAndTakenFromTheProgram) {
@@ -126,10 +158,7 @@ TEST_F(ClipboardElsewhere, CanBeEmptiedAndTakenFromTheProgram) {
     desktop.Press("Ctrl+a");
     desktop.Press("Ctrl+c");
     editor.Settle();
-    Process("sh", {"-c", "xclip -selection clipboard -o >" + Path("read.txt").string()},
-            desktop.ProgramEnvironment(editor.home.Path()))
-        .WaitForEnd();
-    EXPECT_EQ(Contents(Path("read.txt")), "own\n");
+    EXPECT_EQ(Read("clipboard"), "own\n");
     desktop.EmptyClipboard();
     desktop.HoldClipboard();
     desktop.Type(u"nobody waits");

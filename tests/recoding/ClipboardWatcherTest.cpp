@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace quillshift {
 namespace {
 
@@ -16,7 +18,6 @@ struct ClipboardWatcherTest : testing::Test, FakePlatform {
     /// Somebody copies a text, and the program has a moment.
     void Copy(std::u16string_view text) {
         clipboard.SetText(text);
-        timers.Tick();
         timers.Tick();
     }
 
@@ -35,33 +36,55 @@ TEST_F(ClipboardWatcherTest, TheSameTextIsTakenInOnceAlsoIfTheStoreCantHoldIt) {
     EXPECT_EQ(takenIn, 1);
 }
 
-TEST_F(ClipboardWatcherTest, TakesInBothWhereATextReplacesAnotherMeanwhile) {
+TEST_F(ClipboardWatcherTest, TakesInWhatHasArrivedThoughItsOwnerHasChanged) {
     settings.Set(Setting::Accumulate, u"1");
     watcher.Start();
-    clipboard.SetText(u"Џ");
     timers.Tick();
-    Copy(u"а");
+    for (const char16_t* copied : {u"Џ", u"а"})
+        clipboard.SetText(copied);
+    clipboard.Hold(std::nullopt);
     timers.Tick();
     EXPECT_EQ(document.Text(), u"П\r\nр");
 }
 
-TEST_F(ClipboardWatcherTest, KeepsTheDocumentWhereNobodyAnswers) {
-    document.SetText(u"kept");
+TEST_F(ClipboardWatcherTest, LeavesTheDocumentAloneWhileSomebodyCountsOnIt) {
     watcher.Start();
-    clipboard.text.reset();
-    watcher.OnClipboardChange();
+    clipboard.isWaiting = true;
+    Copy(u"Џ");
+    EXPECT_EQ(document.Text(), u"");
+    clipboard.isWaiting = false;
     timers.Tick();
-    timers.Tick();
-    EXPECT_EQ(document.Text(), u"kept");
+    EXPECT_EQ(document.Text(), u"П");
 }
 
-TEST_F(ClipboardWatcherTest, KeepsTheDocumentWhereATextIsOverTheLimit) {
-    document.SetText(u"kept");
+// Of texts that are too long only a mark is remembered, which tells each from others.
+TEST_F(ClipboardWatcherTest, KeepsTheDocumentWhereATextIsTooLong) {
+    const auto memory = [&] { return settings.Text(Setting::ClipboardText); };
+    struct Case {
+        const char16_t* decodes;
+        std::size_t length;
+        bool whole, takenIn;
+    };
     watcher.Start();
-    Copy(std::u16string(40000, u'x'));
-    EXPECT_EQ(document.Text(), u"kept");
-    EXPECT_FALSE(recoding.RecodeUndoAvailable);
-    EXPECT_EQ(takenIn, 0);
+    std::u16string last;
+    for (const auto& [decodes, length, whole, isTakenIn] : {Case{u"1", 32766, true, true},
+                                                            {u"1", 32767, true, false},
+                                                            {u"0", 32767, true, true},
+                                                            {u"1", 100, false, false},
+                                                            {u"0", 100, false, false}}) {
+        settings.Set(Setting::DecodeClipboard, decodes);
+        for (const char16_t letter : {u'x', u'y'}) {
+            SCOPED_TRACE(std::to_string(length) + " of " + std::to_string(letter));
+            document.SetText(u"kept");
+            recoding = {};
+            clipboard.Hold(std::u16string(length, letter), whole);
+            timers.Tick();
+            EXPECT_EQ(document.Text() != u"kept", isTakenIn);
+            EXPECT_EQ(recoding.RecodeUndoAvailable, isTakenIn && decodes[0] == u'1');
+            EXPECT_EQ(memory().size() < 80, !isTakenIn);
+            EXPECT_NE(std::exchange(last, memory()), memory());
+        }
+    }
 }
 
 } // namespace

@@ -78,15 +78,33 @@ public:
 
 class FakeClipboard final : public Clipboard {
 public:
-    std::optional<std::u16string> Text() override { return text; }
-    bool HasText() const override { return text && !text->empty(); }
-    void SetText(std::u16string_view value) override {
-        text = value;
+    std::optional<std::u16string> Text() override {
+        if (text && isWhole)
+            return text;
+        if (OnNoAnswer)
+            OnNoAnswer();
+        return std::nullopt;
+    }
+    std::optional<CopiedText> Arrived() override {
+        return text ? std::optional(CopiedText{*text, isWhole}) : std::nullopt;
+    }
+    bool IsWaiting() const override { return isWaiting; }
+    bool HasText() const override { return !text || !text->empty(); }
+    void SetText(std::u16string_view value) override { Hold(std::u16string(value)); }
+    void Clear() override { SetText(u""); }
+    void HandOver() override { handedOver = text; }
+
+    /// Another program copies a text, or doesn't tell which.
+    void Hold(std::optional<std::u16string> value, bool whole = true) {
+        text = std::move(value);
+        isWhole = whole;
         if (OnChange)
             OnChange();
     }
-    void Clear() override { SetText(u""); }
     std::optional<std::u16string> text = u""; ///< nothing: its owner doesn't answer
+    bool isWhole = true;
+    bool isWaiting = false;
+    std::optional<std::u16string> handedOver;
 };
 
 /// Ticks when the test says so.

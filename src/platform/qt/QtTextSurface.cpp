@@ -473,7 +473,7 @@ bool QtTextSurface::eventFilter(QObject* watched, QEvent* event) {
         drop.ignore();
         if (event->type() == QEvent::Drop)
             TakeFile(drop);
-        else if (!FileIn(*drop.mimeData()).isEmpty())
+        else if (drop.mimeData()->hasUrls()) // whose they are is asked once, at the drop
             drop.accept();
         return true;
     }
@@ -533,8 +533,9 @@ QMimeData* QtTextSurface::createMimeDataFromSelection() const {
     return copy;
 }
 
+// By its forms alone: the text may be another program's, and a drag asks at each move.
 bool QtTextSurface::canInsertFromMimeData(const QMimeData* source) const {
-    return source->hasText() || !FileIn(*source).isEmpty();
+    return source->hasText();
 }
 
 void QtTextSurface::insertFromMimeData(const QMimeData* source) {

@@ -2,22 +2,17 @@
 
 #include "platform/qt/X11SelectionReader.h"
 
-#include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/extensions/Xfixes.h>
 #include <xcb/xcb.h>
 
 #include <algorithm>
-#include <array>
-#include <poll.h>
 #include <utility>
 
 namespace quillshift {
 namespace {
 
-constexpr auto kPatience = std::chrono::milliseconds(500); // with an owner that sends nothing
-constexpr auto kLongestWait = std::chrono::seconds(1);
-constexpr long kWholeProperty = 0x1FFFFFFF; // in units of four bytes
+constexpr auto kTurn = std::chrono::milliseconds(4);
 
 } // namespace
 
@@ -33,19 +28,14 @@ X11SelectionReader::X11SelectionReader(_XDisplay* display, xcb_connection_t* pro
         display_.reset();
     if (!display_)
         return;
-    const auto atom = [this](const char* name) { return XInternAtom(display_.get(), name, False); };
-    atoms_ = {.clipboard = atom("CLIPBOARD"),
-              .incremental = atom("INCR"),
-              .property = atom("QUILLSHIFT_CLIPBOARD"),
-              .targets = {atom("UTF8_STRING"), atom("text/plain;charset=utf-8"), XA_STRING}};
+    clipboard_ = Atom("CLIPBOARD");
     ownerEvent_ = firstEvent + XFixesSelectionNotify;
     const xcb_setup_t* const setup = xcb_get_setup(programs);
     ownIds_ = {.base = setup->resource_id_base, .mask = setup->resource_id_mask};
-    XFixesSelectSelectionInput(display_.get(), DefaultRootWindow(display_.get()), atoms_.clipboard,
+    XFixesSelectSelectionInput(display_.get(), DefaultRootWindow(display_.get()), clipboard_,
                                XFixesSetSelectionOwnerNotifyMask | XFixesSelectionWindowDestroyNotifyMask |
                                    XFixesSelectionClientCloseNotifyMask);
-    TakeOwner(XGetSelectionOwner(display_.get(), atoms_.clipboard));
-    Advance();
+    TakeOwner(XGetSelectionOwner(display_.get(), clipboard_));
 }
 
 X11SelectionReader::~X11SelectionReader() = default;
@@ -54,16 +44,53 @@ int X11SelectionReader::Descriptor() const {
     return ConnectionNumber(display_.get());
 }
 
+unsigned long X11SelectionReader::Atom(const std::string& name) const {
+    return XInternAtom(display_.get(), name.c_str(), False);
+}
+
+// --- Questions
+
+std::vector<std::string> X11SelectionReader::TextForms() {
+    return {"UTF8_STRING", "text/plain;charset=utf-8", "STRING"};
+}
+
+X11SelectionReader::Question X11SelectionReader::NewQuestion(unsigned long selection,
+                                                             const std::vector<std::string>& forms,
+                                                             unsigned long time) const {
+    std::vector<unsigned long> atoms(forms.size());
+    std::ranges::transform(forms, atoms.begin(), [this](const std::string& form) { return Atom(form); });
+    return std::make_unique<X11Question>(display_.get(), selection, std::move(atoms), time);
+}
+
+X11Question& X11SelectionReader::Ask(const std::string& selection, const std::vector<std::string>& forms,
+                                     unsigned long time) {
+    other_ = NewQuestion(Atom(selection), forms, time);
+    return *other_;
+}
+
+std::optional<X11SelectionReader::Clock::time_point> X11SelectionReader::AskedAt() const {
+    return toOwner_ ? std::optional(askedAt_) : std::nullopt;
+}
+
+// --- The clipboard
+
 void X11SelectionReader::TakeOwner(unsigned long owner) {
-    GiveUp();
+    owner_ = owner;
     last_ = {};
     own_ = owner != None && (owner & ~ownIds_.mask) == ownIds_.base;
-    if (owner == None || own_)
-        Tell();
-    else {
-        target_ = 0;
-        Request();
+    toOwner_.reset();
+    if (owner != None && !own_) {
+        toOwner_ = NewQuestion(clipboard_, TextForms(), CurrentTime);
+        askedAt_ = Clock::now();
     }
+    Tell();
+}
+
+// That nobody has it now is left to the notice, which tells an owner that ended from one that emptied it.
+void X11SelectionReader::Sync() {
+    const unsigned long owner = XGetSelectionOwner(display_.get(), clipboard_);
+    if (owner != None && owner != owner_)
+        TakeOwner(owner);
 }
 
 // An owner that ends leaves what it has answered.
@@ -71,112 +98,50 @@ void X11SelectionReader::OnOwnerEvent(const _XEvent& event) {
     const auto& change = reinterpret_cast<const XFixesSelectionNotifyEvent&>(event);
     if (change.subtype == XFixesSetSelectionOwnerNotify)
         TakeOwner(change.owner);
-    else if (window_ != 0)
-        Finish({});
+    else if (toOwner_)
+        toOwner_->End();
 }
 
-void X11SelectionReader::Request() {
-    GiveUp();
-    window_ = XCreateSimpleWindow(display_.get(), DefaultRootWindow(display_.get()), 0, 0, 1, 1, 0, 0, 0);
-    XSelectInput(display_.get(), window_, PropertyChangeMask);
-    progress_ = Clock::now();
-    XConvertSelection(display_.get(), atoms_.clipboard, atoms_.targets[target_], atoms_.property, window_,
-                      CurrentTime);
+// A text that is there is read before anything else is looked at, such as that its owner has changed.
+void X11SelectionReader::Step() {
+    for (const Question* question : {&toOwner_, &other_})
+        if (*question && (*question)->HasPart()) {
+            (*question)->ReadPart();
+            return;
+        }
+    XEvent event;
+    XNextEvent(display_.get(), &event);
+    if (event.type == ownerEvent_)
+        OnOwnerEvent(event);
+    for (const Question* question : {&toOwner_, &other_})
+        if (*question)
+            (*question)->Handle(event);
 }
 
-// An owner in the middle of an answer notices that the window has gone.
-void X11SelectionReader::GiveUp() {
-    if (window_ != 0)
-        XDestroyWindow(display_.get(), window_);
-    window_ = 0;
-    incremental_ = false;
-    pieces_ = {};
-}
-
-void X11SelectionReader::Advance() {
-    while (XPending(display_.get()) > 0) {
-        XEvent event;
-        XNextEvent(display_.get(), &event);
-        if (event.type == ownerEvent_)
-            OnOwnerEvent(event);
-        else if (event.xany.window == window_)
-            OnAnswerEvent(event); // others are of a question that was given up
-    }
-}
-
-void X11SelectionReader::OnAnswerEvent(const _XEvent& event) {
-    progress_ = Clock::now();
-    const bool refused = event.type == SelectionNotify && event.xselection.property == None;
-    const bool piece =
-        event.type == PropertyNotify && incremental_ && event.xproperty.state == PropertyNewValue;
-    if (refused)
-        Refuse();
-    else if (event.type == SelectionNotify || piece)
-        TakeProperty();
-}
-
-// The owner has no text of the form that was asked for.
-void X11SelectionReader::Refuse() {
-    if (++target_ < atoms_.targets.size())
-        Request();
-    else
-        Finish({});
-}
-
-bool X11SelectionReader::IsText(unsigned long type) const {
-    return std::ranges::find(atoms_.targets, type) != atoms_.targets.end();
-}
-
-// Taking it away tells an owner that sends in pieces to send the next; the last one is empty.
-void X11SelectionReader::TakeProperty() {
-    ::Atom type = None;
-    int format = 0;
-    unsigned long count = 0;
-    unsigned long left = 0;
-    unsigned char* data = nullptr;
-    XGetWindowProperty(display_.get(), window_, atoms_.property, 0, kWholeProperty, True, AnyPropertyType,
-                       &type, &format, &count, &left, &data);
-    const bool begins = type == atoms_.incremental && !incremental_;
-    incremental_ = incremental_ || begins;
-    if (!begins && format == 8)
-        pieces_.append(reinterpret_cast<const char*>(data), count);
-    if (data != nullptr)
-        XFree(data);
-    // Pieces that were put on one another were taken with the first of them.
-    if (begins || (incremental_ && type == None))
+void X11SelectionReader::TakeAnswer() {
+    if (!toOwner_ || !toOwner_->IsAnswered())
         return;
-    if (!IsText(type) && !(incremental_ && count == 0))
-        Refuse(); // there are owners that give what they have, whatever the form they are asked for
-    else if (!incremental_ || count == 0)
-        Finish({.bytes = std::move(pieces_), .utf8 = type != XA_STRING});
+    last_ = toOwner_->TakeAnswer();
+    toOwner_.reset();
+    Tell();
 }
 
-void X11SelectionReader::Finish(Answer answer) {
-    last_ = std::move(answer);
-    GiveUp();
-    Tell();
+bool X11SelectionReader::Advance() {
+    const auto reads = [](const Question& question) { return question && question->HasPart(); };
+    const auto isMore = [&] { return reads(toOwner_) || reads(other_) || XPending(display_.get()) > 0; };
+    const auto end = Clock::now() + kTurn;
+    while (isMore()) {
+        if (Clock::now() > end)
+            return true;
+        Step();
+        TakeAnswer();
+    }
+    return false;
 }
 
 void X11SelectionReader::Tell() const {
     if (OnChange)
         OnChange();
-}
-
-void X11SelectionReader::Sync() {
-    XSync(display_.get(), False);
-    Advance();
-}
-
-bool X11SelectionReader::WaitForAnswer() {
-    const auto longest = Clock::now() + kLongestWait;
-    for (Sync(); window_ != 0; Advance()) {
-        const auto left = std::min(longest, progress_ + kPatience) - Clock::now();
-        if (left <= Clock::duration::zero())
-            return false;
-        pollfd answer{Descriptor(), POLLIN, 0};
-        poll(&answer, 1, static_cast<int>(std::chrono::ceil<std::chrono::milliseconds>(left).count()));
-    }
-    return true;
 }
 
 } // namespace quillshift

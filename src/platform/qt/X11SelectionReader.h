@@ -1,26 +1,24 @@
 #pragma once
 
-#include <array>
+#include "platform/qt/X11Question.h"
+
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
+#include <vector>
 
-struct _XDisplay; // NOLINT(bugprone-reserved-identifier): the X library calls it so
 struct xcb_connection_t;
-union _XEvent; // NOLINT(bugprone-reserved-identifier)
 
 namespace quillshift {
 
-/// Follows the clipboard of an X11 display, and reads its text from other programs, over a connection of its
-/// own: a program that is slow or never answers holds up only those who wait for it. What was read stays when
+/// Follows the clipboard of an X11 display, reads its text from other programs, and asks for other
+/// selections, over a connection of its own and in short steps: nobody waits here. What was read stays when
 /// the program it came from ends, but not when somebody empties the clipboard.
 class X11SelectionReader {
 public:
-    struct Answer {
-        std::string bytes;
-        bool utf8 = true; ///< else of a character set that the owner doesn't name
-    };
+    using Clock = std::chrono::steady_clock;
 
     /// Opens one more connection to the display. `programs`: by which this program is known there.
     X11SelectionReader(_XDisplay* display, xcb_connection_t* programs);
@@ -32,56 +30,53 @@ public:
     /// Readable when there is something for `Advance`.
     int Descriptor() const;
 
-    /// Takes what has arrived, and never waits.
-    void Advance();
-    /// Takes all that has happened on the display so far.
+    /// Takes of what has arrived as much as a few milliseconds allow. Whether there is more.
+    bool Advance();
+    /// Looks who has the clipboard now. `Advance` is due then.
     void Sync();
-    /// Does so, and waits while the owner goes on sending, for a second at most. False if its answer isn't
-    /// there then.
-    bool WaitForAnswer();
 
     /// Whether the clipboard is this program's own, which is not read.
     bool IsOwn() const { return own_; }
-    /// What another program has put there, as far as it has answered; empty without a text.
-    const Answer& Last() const { return last_; }
-    /// The clipboard has changed, and what is on it is known.
+    /// When the program that has the clipboard was asked for its text; nothing if its answer is there.
+    std::optional<Clock::time_point> AskedAt() const;
+    /// What another program has put there; empty without a text, and before it has answered.
+    const X11Question::Answer& Last() const { return last_; }
+    /// The clipboard has changed, or what is on it has come to be known.
     std::function<void()> OnChange;
 
-private:
-    using Clock = std::chrono::steady_clock;
-    struct Atoms {
-        unsigned long clipboard, incremental, property;
-        std::array<unsigned long, 3> targets; // the forms of a text, the best one first
-    };
+    /// The forms of a text, by their names.
+    static std::vector<std::string> TextForms();
+    /// Asks for another selection; a question that was open is given up. `Advance` is due then.
+    X11Question& Ask(const std::string& selection, const std::vector<std::string>& forms, unsigned long time);
+    void ForgetAsked() { other_.reset(); }
 
+private:
+    using Question = std::unique_ptr<X11Question>;
+
+    unsigned long Atom(const std::string& name) const;
+    Question NewQuestion(unsigned long selection, const std::vector<std::string>& forms,
+                         unsigned long time) const;
     void TakeOwner(unsigned long owner);
+    void Step();
     void OnOwnerEvent(const _XEvent& event);
-    void OnAnswerEvent(const _XEvent& event);
-    void Request();
-    void GiveUp();
-    void Refuse();
-    void TakeProperty();
-    bool IsText(unsigned long type) const;
-    void Finish(Answer answer);
+    void TakeAnswer();
     void Tell() const;
 
     struct Closer {
         void operator()(_XDisplay* display) const;
     };
     std::unique_ptr<_XDisplay, Closer> display_;
-    Atoms atoms_{};
+    unsigned long clipboard_ = 0;
     int ownerEvent_ = 0;
     struct {
         unsigned long base, mask;
     } ownIds_{}; // the windows of this program
+    unsigned long owner_ = 0;
     bool own_ = false;
-    Answer last_;
-
-    unsigned long window_ = 0; // what the answer comes to; one for each question, 0 if none is open
-    std::size_t target_ = 0;   // the form that was asked for
-    bool incremental_ = false; // the answer comes in pieces
-    std::string pieces_;
-    Clock::time_point progress_;
+    X11Question::Answer last_;
+    Question toOwner_; // null if there is none to ask, or it has answered
+    Clock::time_point askedAt_;
+    Question other_;
 };
 
 } // namespace quillshift
