@@ -78,6 +78,8 @@ bool modMain::Close() {
     parts_.settings.Set(Setting::ClipboardText, u"");
     if (!AskToLeave())
         return false;
+    parts_.platform.clipboard.OnChange = nullptr; // the memory of the clipboard stays empty
+    parts_.platform.clipboard.HandOver();
     parts_.platform.shell.EndProcess();
     return true;
 }
