@@ -4,6 +4,10 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 preset=$1
 shift
-cmake --preset "$preset" >"/tmp/quillshift-configure-$$.log" || { cat "/tmp/quillshift-configure-$$.log"; exit 1; }
-rm -f "/tmp/quillshift-configure-$$.log"
-if [ $# -gt 0 ]; then cmake --build --preset "$preset" --target "$@"; else cmake --build --preset "$preset"; fi
+log=$(mktemp)
+trap 'rm -f "$log"' EXIT
+echo "Preparing the build ($preset)."
+cmake --preset "$preset" >"$log" || { cat "$log"; exit 1; }
+echo "Compiling: done and all, the seconds so far, and what was done last."
+export NINJA_STATUS="[%f/%t, %es] "
+cmake --build --preset "$preset" ${1:+--target "$@"}

@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that are missing for the named jobs: build, test, lint.
-# Run by ./run, ./test and .ci/run; does nothing, and needs no network, when all of them are there.
+# Run by ./run, ./test and .ci/run; installs nothing, and needs no network, when all of them are there.
 set -euo pipefail
 
 build="build-essential cmake ninja-build ccache qt6-base-dev qt6-translations-l10n libsdl2-dev libsqlite3-dev
-       libgtest-dev libgmock-dev libbenchmark-dev fonts-liberation fonts-dejavu-core
-       libx11-dev libxcb1-dev libxfixes-dev libxi-dev libxtst-dev xvfb openbox imagemagick"
-test="xclip sqlite3 x11-xserver-utils"
+       fonts-liberation fonts-dejavu-core libx11-dev libxcb1-dev libxfixes-dev libxi-dev"
+test="libgtest-dev libgmock-dev libbenchmark-dev libxtst-dev xvfb openbox imagemagick xclip sqlite3
+      x11-xserver-utils"
 lint="clang clang-format clang-tidy libclang-rt-14-dev"
 
 wanted=
@@ -23,7 +23,10 @@ missing=()
 for package in $wanted; do
     dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed || missing+=("$package")
 done
-[ ${#missing[@]} -eq 0 ] && exit 0
+if [ ${#missing[@]} -eq 0 ]; then
+    echo "All packages are there."
+    exit 0
+fi
 
 echo "Installing: ${missing[*]}"
 as_root=
