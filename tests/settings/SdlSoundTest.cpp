@@ -116,7 +116,7 @@ TEST_F(SdlSoundTest, WhoWaitsHearsTheWholeSoundButNotOneWithoutAnEnd) {
     EXPECT_EQ(std::count(samples.begin(), samples.end(), kLow), 44100);
     sound.Play(long_.u16string());
     sound.WaitForEnd();
-    EXPECT_EQ(Heard().back(), kHigh) << "it waited for the end of a minute";
+    EXPECT_TRUE(Hears(kHigh) && Heard().back() == kHigh) << "it waited for the end of a minute";
 }
 
 } // namespace

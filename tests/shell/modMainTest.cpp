@@ -166,9 +166,11 @@ TEST(Load, BringsOnlyTheSideThatIsOutOfReachBack) {
             << left << " " << top;
 }
 
-TEST(Load, OpensFirstInTheMiddleAndNoLargerThanTheScreen) {
+TEST(Load, OpensFirstInTheMiddleNoLargerThanTheScreenAndMayBeVeryLow) {
     EXPECT_EQ(FirstPlace({{{0}, {0}, {19200}, {12000}}}), (TwipsRect{{3750}, {1395}, {11700}, {9210}}));
     EXPECT_EQ(FirstPlace({{{150}, {450}, {9600}, {5550}}}), (TwipsRect{{150}, {450}, {9600}, {5550}}));
+    EXPECT_EQ(LayOutEditor(900_twips, 100_twips, ToolBarIcons::Large, 2).surfaceHeight, 0_twips)
+        << "a window lower than its bars";
 }
 
 TEST(Closing, AsksThenCleansUpThenAsksAgain) {
