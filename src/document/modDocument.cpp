@@ -57,12 +57,13 @@ void modDocument::ToolbarSave() {
         services_.state.DocumentModified = false;
 }
 
-void modDocument::SaveAs() {
+bool modDocument::SaveAs() {
     services_.sounds.PlaySoundEvent(sound_event::kFormLoad);
     if (!SaveDocumentAs())
-        return;
+        return false;
     services_.state.DocumentModified = false;
     services_.state.SaveAvailable = true;
+    return true;
 }
 
 void modDocument::ImportRtf() {

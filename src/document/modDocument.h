@@ -37,7 +37,8 @@ public:
     void Open();
     void MenuSave();
     void ToolbarSave();
-    void SaveAs();
+    /// Whether a file was written, its backup included.
+    bool SaveAs();
     void ImportRtf();
 
     // The routines behind them. Each reports its own failures; the saves answer whether a file was written.

@@ -70,8 +70,8 @@ bool modMain::Close() {
     const BoxAnswer answer = parts_.documents.AskToSave(BoxButtons::YesNoCancel);
     if (answer == BoxAnswer::Cancel)
         return false;
-    if (answer == BoxAnswer::Yes)
-        parts_.documents.SaveAs();
+    if (answer == BoxAnswer::Yes && !parts_.documents.SaveAs())
+        return false; // the text is nowhere but in the window
     if (parts_.settings.Is(Setting::ClearClipboard))
         parts_.platform.clipboard.Clear();
     StorePlace();

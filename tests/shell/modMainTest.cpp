@@ -185,6 +185,14 @@ TEST(Closing, AsksThenCleansUpThenAsksAgain) {
 
     EXPECT_FALSE(test.window.OnClose()); // Cancel at the first question
     EXPECT_EQ(test.clipboard.text, u"kept");
+    test.files.unwritable = {u"/d/full.txt"};
+    for (const std::deque<std::u16string>& chosen : {std::deque<std::u16string>{}, {u"/d/full.txt"}}) {
+        test.messageBox.answers = {BoxAnswer::Yes};
+        test.fileDialog.chosen = chosen;
+        EXPECT_FALSE(test.window.OnClose()) << "Yes that saved nothing";
+        EXPECT_EQ(test.clipboard.text, u"kept");
+        EXPECT_TRUE(test.program.Parts().document.DocumentModified);
+    }
 
     window.bounds.left = {1500.5F};
     window.SetState(WindowState::Minimised);
