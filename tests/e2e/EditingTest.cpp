@@ -105,8 +105,14 @@ TEST_F(Editing, AMovedSelectionAndATypedOverOneAreOneStepEach) {
     desktop.Press("Ctrl+z");
     EXPECT_EQ(Saved(), Bytes("abc def"));
     desktop.Press("Ctrl+a");
+    editor.Settle();
+    desktop.Click({window.left + 300, window.top + 300}, 2);
+    editor.Settle();
+    EXPECT_EQ(Saved(), Bytes("abc defabc def")) << "what a command selects, the middle button puts in";
+    desktop.Press("Ctrl+a");
     desktop.Type(u"x");
     editor.Settle();
+    desktop.Press("Ctrl+z");
     desktop.Press("Ctrl+z");
     EXPECT_EQ(Saved(), Bytes("abc def"));
     desktop.Press("Ctrl+k");

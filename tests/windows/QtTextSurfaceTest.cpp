@@ -172,7 +172,8 @@ TEST_F(QtTextSurfaceTest, HandsDroppedFilesOnAndTakesDroppedText) {
         surface.SetText(u"x");
         opened.clear();
         QMimeData data;
-        data.setText(drop.text);
+        if (drop.opens.empty())
+            data.setText(drop.text);
         if (!drop.urls.empty())
             data.setUrls(QUrl::fromStringList(drop.urls));
         QDragEnterEvent enter({1, 1}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
