@@ -33,13 +33,13 @@ TEST_F(Editing, UndoPutsBackWithTheCaretWhereTheRuleSays) {
     EXPECT_EQ(document.Text(), u"ab");
     EXPECT_EQ(document.SelStart(), 2U);
 
-    Type(u" word");
+    Type(u" ёж");
     document.SetSelStart(3);
-    document.SetSelLength(4);
+    document.SetSelLength(2);
     edit.Delete();
     edit.Undo();
-    EXPECT_EQ(document.Text(), u"ab word");
-    EXPECT_EQ(document.SelText(), u"word") << "more than a character comes back selected";
+    EXPECT_EQ(document.Text(), u"ab ёж");
+    EXPECT_EQ(document.SelText(), u"ёж") << "more than a character comes back selected";
     Type(u"\r\n");
     document.SetSelStart(3);
     document.SetSelLength(2);
@@ -47,7 +47,7 @@ TEST_F(Editing, UndoPutsBackWithTheCaretWhereTheRuleSays) {
     edit.Undo();
     EXPECT_EQ(document.SelStart(), 5U) << "the caret stands behind a line break";
     edit.Undo();
-    EXPECT_EQ(document.SelText(), u"word") << "so does what was typed over";
+    EXPECT_EQ(document.SelText(), u"ёж") << "so does what was typed over";
     edit.Redo();
     EXPECT_EQ(document.Text(), u"ab \r\n");
     EXPECT_EQ(document.SelStart(), 5U);

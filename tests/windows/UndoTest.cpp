@@ -149,6 +149,19 @@ TEST_F(UndoTest, KnowsWhichOfEqualLettersCame) {
     }
 }
 
+TEST_F(UndoTest, PartsAPairThatAnEditMade) {
+    for (const auto& [first, caret, second] :
+         {std::tuple(u"\xD83D", 1U, u"\xDE00"), std::tuple(u"\xDE00", 0U, u"\xD83D")}) {
+        surface.SetText(first);
+        surface.SetSelStart(caret);
+        surface.SetSelText(second);
+        edit.Undo();
+        EXPECT_EQ(surface.Text(), first);
+        edit.Redo();
+        EXPECT_EQ(surface.Text(), u"\xD83D\xDE00");
+    }
+}
+
 TEST_F(UndoTest, LeavesTheFormattingAroundItsSpan) {
     surface.LoadRich(ReadRtf("{\\rtf1 {\\b bold} plain\\par\\pard\\qr right\\par}"));
     surface.SetSelStart(surface.Text().find(u"ain"));

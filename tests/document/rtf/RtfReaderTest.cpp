@@ -131,6 +131,7 @@ TEST(RtfReader, TellsHowCharactersAndParagraphsLook) {
     for (const std::u16string_view marked : {u"marker", u"shade", u"field"})
         EXPECT_EQ(FormatOf(rich, marked).background, Rgb(255, 0, 255));
     EXPECT_EQ(FormatOf(rich, u"off").background, std::nullopt);
+    EXPECT_EQ(FormatOf(Read("{\\colortbl\\red1;}\\highlight0 none"), u"none").background, std::nullopt);
     ASSERT_EQ(rich.paragraphs.size(), 3U);
     EXPECT_EQ(rich.paragraphs[1].tabs, (std::vector{400_twips, 900_twips}));
     EXPECT_EQ(rich.paragraphs[1].alignment, Alignment::Centre);
