@@ -1,8 +1,10 @@
 #pragma once
 
+#include "base/Windows1251.h"
+
+#include <array>
 #include <random>
 #include <string>
-#include <string_view>
 
 namespace quillshift {
 
@@ -13,29 +15,14 @@ public:
 
     /// From 0 to `limit` - 1.
     std::size_t Below(std::size_t limit) { return random_() % limit; }
-    /// Letters, breaks of every kind, a blank that doesn't break, and what takes two units or half of them.
+    /// Letters, breaks of every kind, each character of a file, and what takes two units or half of them.
     std::u16string Piece() {
-        static constexpr std::u16string_view kPieces[] = {u"a",
-                                                          u"a",
-                                                          u"Ё",
-                                                          u"ёж",
-                                                          u"word",
-                                                          u"\u00A0",
-                                                          u" ",
-                                                          u"\t",
-                                                          u"\r\n",
-                                                          u"\n",
-                                                          u"\r",
-                                                          u"\u2028",
-                                                          u"b\u2029",
-                                                          u"\xD83D\xDE00",
-                                                          u"\xD83D\xDE01",
-                                                          u"\xD83D",
-                                                          u"\xDE00",
-                                                          u"\u4E2D",
-                                                          u"",
-                                                          u"x\r\n\r\ny"};
-        return std::u16string(kPieces[Below(std::size(kPieces))]);
+        static const auto kPieces = std::to_array<std::u16string>(
+            {u"a", u"ёж", u"word", u"\r\n", u"\n", u"\r", u"\u2028", u"b\u2029", u"\xD83D\xDE00",
+             u"\xD83D\xDE01", u"\xD83D", u"\xDE00", u"\u4E2D", u"", u"x\r\n\r\ny"});
+        const std::size_t piece = Below(kPieces.size() + 5);
+        const auto byte = static_cast<std::uint8_t>(Below(256));
+        return piece < kPieces.size() ? kPieces[piece] : std::u16string(1, windows1251::FromByte(byte));
     }
 
 private:

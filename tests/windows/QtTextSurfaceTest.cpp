@@ -1,6 +1,5 @@
 #include "platform/qt/QtTextSurface.h"
 
-#include "base/Windows1251.h"
 #include "document/rtf/RtfReader.h"
 
 #include <gtest/gtest.h>
@@ -15,69 +14,9 @@ namespace quillshift {
 namespace {
 
 struct QtTextSurfaceTest : testing::Test {
-    QtTextSurfaceTest() {
-        surface.OnChange = [this](const TextEdit&) { heard += "change "; };
-        surface.OnSelChange = [this] { heard += "sel "; };
-        surface.resize(400, 300);
-    }
-    std::string Heard() { return std::exchange(heard, {}); }
-
+    QtTextSurfaceTest() { surface.resize(400, 300); }
     QtTextSurface surface;
-    std::string heard;
 };
-
-std::u16string AllBytes() {
-    std::string bytes;
-    for (int i = 0; i < 256; ++i)
-        if (i != '\r' && i != '\n')
-            bytes.push_back(static_cast<char>(i));
-    return windows1251::Decode(bytes);
-}
-
-TEST_F(QtTextSurfaceTest, KeepsEveryCharacterThroughLoadingAndEditing) {
-    const std::u16string all = AllBytes();
-    surface.LoadPlain(all);
-    EXPECT_EQ(surface.Text(), all);
-    surface.SetSelStart(128);
-    surface.SetSelText(all);
-    EXPECT_EQ(surface.Text(), all.substr(0, 128) + all + all.substr(128));
-    surface.SetSelStart(128);
-    surface.SetSelLength(all.size());
-    EXPECT_EQ(surface.SelText(), all);
-    surface.Clear();
-    EXPECT_EQ(surface.Text(), all);
-}
-
-TEST_F(QtTextSurfaceTest, RaisesItsNoticesInsideTheCall) {
-    surface.SetText(u"same");
-    EXPECT_EQ(Heard(), "change sel ");
-    surface.SetText(u"same");
-    EXPECT_EQ(Heard(), "change sel ");
-    surface.LoadPlain(u"from a file");
-    EXPECT_EQ(Heard(), "change ");
-    surface.SetSelStart(2);
-    EXPECT_EQ(Heard(), "sel ");
-    surface.SetSelStart(2);
-    EXPECT_EQ(Heard(), "");
-    surface.SetSelText(u"x");
-    EXPECT_EQ(Heard(), "sel change ");
-    surface.SetSelIndent(300_twips);
-    EXPECT_EQ(Heard(), "") << "a format is no change of the text";
-    EXPECT_EQ(surface.SelIndent(), 300_twips);
-}
-
-TEST_F(QtTextSurfaceTest, KnowsWhereItsLinesBegin) {
-    surface.show();
-    surface.SetText(u"one\r\n" + std::u16string(200, u'w') + u"\r\nlast");
-    EXPECT_EQ(surface.LineIndex(0), 0U);
-    EXPECT_EQ(surface.LineIndex(1), 5U);
-    const auto third = surface.LineIndex(2);
-    ASSERT_TRUE(third);
-    EXPECT_LT(*third, 205U) << "a long paragraph wraps";
-    surface.SetSelStart(surface.Text().size());
-    EXPECT_EQ(surface.LineIndex(-1), 207U);
-    EXPECT_FALSE(surface.LineIndex(10000));
-}
 
 TEST_F(QtTextSurfaceTest, ShowsFormattingUntilThePlainTextIsSet) {
     surface.show();
@@ -98,6 +37,7 @@ TEST_F(QtTextSurfaceTest, ShowsFormattingUntilThePlainTextIsSet) {
     EXPECT_EQ(formatAt(7).background().color(), QColor(255, 255, 0));
     EXPECT_EQ(leftOf(surface.Text().find(u"item")), leftOf(*surface.LineIndex(2))) << "below each other";
     EXPECT_GT(leftOf(surface.Text().find(u"item")), leftOf(surface.Text().find(u"1.")) + 20);
+    EXPECT_EQ(surface.LineIndex(-1), surface.LineIndex(1)) << "the line of the caret, which stands at 1.";
     EXPECT_EQ(surface.document()->lastBlock().blockFormat().alignment(), Qt::AlignRight);
     surface.SetText(std::u16string(surface.Text()));
     EXPECT_NE(formatAt(2).fontWeight(), QFont::Bold);

@@ -1,5 +1,6 @@
 // The real surface and its fake, which have to agree: what is shown over the fake holds in the window.
 
+#include "base/Texts.h"
 #include "base/Windows1251.h"
 #include "platform/qt/QtTextSurface.h"
 #include "support/FakeSurface.h"
@@ -7,36 +8,25 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
-
 namespace quillshift {
 namespace {
-
-std::string Readable(std::u16string_view text) {
-    std::ostringstream out;
-    for (const char16_t unit : text)
-        if (unit >= u' ' && unit < 127)
-            out << static_cast<char>(unit);
-        else
-            out << "<" << std::hex << static_cast<unsigned>(unit) << ">";
-    return out.str();
-}
 
 /// What a surface tells, and what it shows then.
 struct Listener {
     explicit Listener(TextSurface& listened) : surface(listened) {
         surface.OnChange = [this](const TextEdit& edit) {
-            heard +=
-                std::to_string(edit.place) + " " + Readable(edit.went) + " to " + Readable(edit.came) + ", ";
+            heard += Number(edit.place) + u" ";
+            (((heard += edit.went) += u" to ") += edit.came) += u", ";
         };
-        surface.OnSelChange = [this] { heard += "sel, "; };
+        surface.OnSelChange = [this] { heard += u"sel, "; };
     }
-    std::string Tell() {
-        return std::exchange(heard, {}) + Readable(surface.Text()) + " " +
-               std::to_string(surface.SelStart()) + "+" + std::to_string(surface.SelLength());
+    std::u16string Tell() {
+        return std::exchange(heard, {}) + std::u16string(surface.Text()) + u" " + Number(surface.SelStart()) +
+               u"+" + Number(surface.SelLength()) + u" " + surface.SelText();
     }
+    static std::u16string Number(std::size_t number) { return WholeNumberText(static_cast<int>(number)); }
     TextSurface& surface;
-    std::string heard;
+    std::u16string heard;
 };
 
 struct TextSurfaces : testing::Test {
@@ -62,6 +52,7 @@ TEST_F(TextSurfaces, AgreeInRandomCalls) {
             case 1:
                 return surface.LoadPlain(piece);
             case 2:
+                return surface.SetSelIndent(300_twips);
             case 3:
                 return surface.Clear();
             case 4:
@@ -77,7 +68,6 @@ TEST_F(TextSurfaces, AgreeInRandomCalls) {
         call(real);
         call(fake);
         ASSERT_EQ(one.Tell(), other.Tell()) << "step " << step;
-        ASSERT_EQ(real.SelText(), fake.SelText());
         if (real.Text().size() > 60) {
             real.SetText(u"");
             fake.SetText(u"");

@@ -54,9 +54,8 @@ struct UndoTest : testing::Test, FakePlatform {
     // One of these is one edit, or none where it changes nothing.
     std::vector<std::function<void()>> edits{
         [this] { Press(Qt::Key_A); },
-        [this] { QTest::keyClicks(&surface, QStringLiteral("z")); },
+        [this] { Press(random.Below(2) ? Qt::Key_Tab : Qt::Key_Z); },
         [this] { Press(Qt::Key_Return, random.Below(2) ? Qt::NoModifier : Qt::ShiftModifier); },
-        [this] { Press(Qt::Key_Tab); },
         [this] { Press(Qt::Key_Backspace, random.Below(2) ? Qt::NoModifier : Qt::ControlModifier); },
         [this] { Press(Qt::Key_Delete, random.Below(2) ? Qt::NoModifier : Qt::ControlModifier); },
         [this] { Compose(random.Piece()); },
@@ -66,10 +65,9 @@ struct UndoTest : testing::Test, FakePlatform {
         [this] { edit.Cut(); },
         [this] { edit.Paste(); },
         [this] { edit.Delete(); },
-        [this] { edit.SelectionTo(LetterCase::Upper); },
-        [this] { edit.SelectionTo(LetterCase::Lower); },
+        [this] { edit.SelectionTo(random.Below(2) ? LetterCase::Upper : LetterCase::Lower); },
         [this] { edit.AllTextTo(random.Below(2) ? LetterCase::Upper : LetterCase::Lower); },
-        [this] { surface.SetSelIndent(300_twips); },
+        [this] { edit.Indent(); },
         [this] { // a replacement
             if (surface.Find(random.Piece(), random.Below(30), FindOptions::None))
                 surface.SetSelText(random.Piece());
