@@ -11,8 +11,8 @@ struct DocumentState {
     bool ReopenAvailable = false;
     bool SaveAvailable = false; ///< plain Save may be offered
 
-    /// The target of plain Save as this run has chosen it. The store holds it too, but there another copy of
-    /// the program may replace it, or a letter may be lost; a save then must not hit another file.
+    /// The target of plain Save, this run's own: another copy of the program, a name that the store can't
+    /// hold or a file chosen for something else don't change it.
     std::u16string saveTarget;
 };
 

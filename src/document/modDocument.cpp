@@ -12,8 +12,8 @@ namespace {
 constexpr std::u16string_view kFilter = u"Текстовые файлы (*.txt)|*.txt|Все файлы (*.*)|*.*|";
 constexpr std::u16string_view kExtension = u"*.txt|*.*";
 
-[[noreturn]] void Throw(const FileFailure& failure, const std::u16string& path) {
-    throw Error(failure.number, u"modDocument", u"«" + path + u"»\r\n" + failure.description);
+std::u16string_view NameIn(std::u16string_view path) {
+    return path.substr(path.rfind(u'/') + 1);
 }
 
 } // namespace
@@ -36,9 +36,10 @@ bool modDocument::MayDropText() {
 }
 
 void modDocument::New() {
-    // Loaded, not set: an unchanged document stays one.
-    if (MayDropText())
-        services_.document.LoadPlain(u"");
+    if (!MayDropText())
+        return;
+    services_.document.LoadPlain(u""); // loaded, not set: an unchanged document stays one
+    saving_.DocumentChanged();
 }
 
 void modDocument::Open() {
@@ -103,7 +104,7 @@ void modDocument::OpenFile(std::u16string_view path) {
     if (!MayDropText())
         return;
     services_.platform.fileDialog.FileName = path;
-    services_.platform.fileDialog.FileTitle = path.substr(path.rfind(u'/') + 1);
+    services_.platform.fileDialog.FileTitle = NameIn(path);
     Report([this] { LoadChosen(); });
 }
 
@@ -127,18 +128,28 @@ void modDocument::ReopenDocument() {
     });
 }
 
-FileText modDocument::ReadText(const FileName& path) {
-    FileText text(ReadOrThrow(path));
+FileContents modDocument::ReadOrThrow(const FileName& path) {
+    FileContents contents = services_.platform.files.Read(path);
+    if (contents.failure)
+        throw FileError(*contents.failure, path);
+    return contents;
+}
+
+FileText modDocument::TextOf(const FileContents& contents, const FileName& path) {
+    FileText text(contents.bytes);
     if (!text.IsPlain() && text.IsBlank())
-        Throw({321, u"В файле RTF нет текста"}, path);
+        throw FileError({321, u"В файле RTF нет текста"}, path);
     return text;
 }
 
 // The file is read whole before a surface is touched, so that a failure changes nothing.
 bool modDocument::LoadBoth() {
-    const FileText text = ReadText(services_.platform.fileDialog.FileName);
+    const FileName path = services_.platform.fileDialog.FileName;
+    const FileContents contents = ReadOrThrow(path);
+    const FileText text = TextOf(contents, path);
     text.LoadInto(services_.document);
     text.LoadInto(services_.backup);
+    saving_.DocumentLoaded(path, contents);
     return text.IsPlain();
 }
 
@@ -173,7 +184,7 @@ bool modDocument::ImportRtfFile(std::u16string_view filter, std::u16string_view 
         dialog.FileName.clear();
         if (!dialog.ShowOpen())
             return;
-        ReadText(dialog.FileName).LoadInto(services_.import);
+        TextOf(ReadOrThrow(dialog.FileName), dialog.FileName).LoadInto(services_.import);
         services_.state.ReopenAvailable = true;
         imported = true;
         // On the present document: the imported text arrives only after it.
@@ -196,37 +207,34 @@ void modDocument::InsertImported() {
 
 // --- Saving
 
-std::string modDocument::ReadOrThrow(const FileName& path) {
-    FileContents contents = services_.platform.files.Read(path);
-    if (contents.failure)
-        Throw(*contents.failure, path);
-    return std::move(contents.bytes);
-}
-
-void modDocument::WriteOrThrow(const FileName& path, std::u16string_view text) {
-    std::string bytes = windows1251::Encode(text);
-    bytes += "\r\n";
-    if (const auto failure = services_.platform.files.Write(path, bytes))
-        Throw(*failure, path);
-}
-
-bool modDocument::AskAboutLostCharacters() {
-    const auto lost = windows1251::FindUnencodable(services_.document.Text());
+bool modDocument::AskAboutLostCharacters(std::u16string_view text) {
+    const auto lost = windows1251::FindUnencodable(text);
     if (lost.count == 0)
         return true;
-    const std::u16string text = u"Документ содержит символы, которых нет в кодировке Windows 1251 (всего: " +
-                                WholeNumberText(static_cast<int>(lost.count)) + u", например «" +
-                                lost.example +
-                                u"»). В файле вместо каждого из них будет знак «?».\r\nСохранить документ?";
-    return services_.platform.messageBox.Ask(text) == BoxAnswer::Yes;
+    const std::u16string question =
+        u"Документ содержит символы, которых нет в кодировке Windows 1251 (всего: " +
+        WholeNumberText(static_cast<int>(lost.count)) + u", например «" + lost.example +
+        u"»). В файле вместо каждого из них будет знак «?».\r\nСохранить документ?";
+    return services_.platform.messageBox.Ask(question) == BoxAnswer::Yes;
 }
 
-// The document first, then the backup, then what both of them show for.
-bool modDocument::WriteDocument() {
-    if (!AskAboutLostCharacters())
+// What is written is the text as it was before the first question.
+bool modDocument::WriteDocument(const FileName& path, bool isPlainSave) {
+    const auto bytesOf = [](std::u16string_view text) { return windows1251::Encode(text) + "\r\n"; };
+    const std::u16string text(services_.document.Text());
+    const std::u16string backup(services_.backup.Text());
+    const Saving::Order order{path, bytesOf(text), BackupPath(path), backup, bytesOf(backup), isPlainSave};
+    if (!AskAboutLostCharacters(text))
         return false;
-    WriteOrThrow(services_.platform.fileDialog.FileName, services_.document.Text());
-    MakeBackup();
+    const Saving::Outcome outcome = saving_.Save(order);
+    if (outcome.backedUp)
+        services_.backup.LoadPlain(windows1251::Decode(order.bytes)); // as it was written
+    if (outcome.failure)
+        throw Error(*outcome.failure);
+    if (!outcome.written)
+        return false;
+    services_.platform.fileDialog.FileName = path;
+    services_.platform.fileDialog.FileTitle = NameIn(path);
     ApplyCaptionRule();
     return true;
 }
@@ -236,11 +244,14 @@ bool modDocument::SaveDocumentAs() {
     Report([&] {
         SetUpDialog(u"Сохранение документа");
         FileDialog& dialog = services_.platform.fileDialog;
-        if (!dialog.ShowSave() || !WriteDocument())
+        if (!dialog.ShowSave())
             return;
-        services_.state.saveTarget = dialog.FileName;
-        services_.settings.Set(Setting::SaveFileName, dialog.FileName);
-        written = true;
+        const FileName path = dialog.FileName;
+        written = WriteDocument(path, false);
+        if (!written)
+            return;
+        services_.state.saveTarget = path;
+        services_.settings.Set(Setting::SaveFileName, path);
     });
     return written;
 }
@@ -248,34 +259,21 @@ bool modDocument::SaveDocumentAs() {
 bool modDocument::SaveDocument() {
     bool written = false;
     Report([&] {
-        const FileName stored = services_.settings.Text(Setting::SaveFileName);
-        const FileName& chosen = services_.state.saveTarget;
-        if (stored.empty())
-            return;
-        if (!chosen.empty() && stored != chosen)
-            throw Error(75, u"modDocument",
-                        u"Имя файла документа в настройках изменилось: «" + stored + u"» вместо «" + chosen +
-                            u"». Сохраните документ командой «Сохранить как».");
-        services_.platform.fileDialog.FileName = stored;
-        written = WriteDocument();
+        const FileName path = services_.state.saveTarget;
+        written = !path.empty() && WriteDocument(path, true);
     });
     return written;
 }
 
-void modDocument::MakeBackup() {
+modDocument::FileName modDocument::BackupPath(const FileName& path) const {
     Settings& settings = services_.settings;
-    const FileDialog& dialog = services_.platform.fileDialog;
     if (!settings.Is(Setting::CreateBackup))
-        return;
-    FileName target;
+        return {};
     if (settings.Is(Setting::CreateBackupIn))
-        target = dialog.FileName;
-    else if (settings.Is(Setting::CreateBackupIn, u"2"))
-        target = settings.Text(Setting::BackupFolder) + dialog.FileTitle;
-    else
-        return;
-    WriteOrThrow(target + u".bak", services_.backup.Text());
-    services_.backup.LoadPlain(windows1251::Decode(ReadOrThrow(dialog.FileName))); // as it was written
+        return path + u".bak";
+    if (settings.Is(Setting::CreateBackupIn, u"2"))
+        return settings.Text(Setting::BackupFolder) + FileName(NameIn(path)) + u".bak";
+    return {};
 }
 
 } // namespace quillshift

@@ -2,6 +2,7 @@
 
 #include "document/DocumentState.h"
 #include "document/FileText.h"
+#include "document/Saving.h"
 #include "platform/Platform.h"
 #include "platform/TextSurface.h"
 #include "platform/Window.h"
@@ -29,7 +30,8 @@ public:
         std::function<void()> paste; ///< puts the clipboard's text in at the caret
     };
 
-    explicit modDocument(Services services) : services_(std::move(services)) {}
+    explicit modDocument(Services services)
+        : services_(std::move(services)), saving_(services_.platform.files, services_.platform.messageBox) {}
 
     // The commands.
 
@@ -59,20 +61,20 @@ private:
     bool MayDropText();
     void Report(const std::function<void()>& routine);
     void LoadChosen();
-    FileText ReadText(const FileName& path);
+    FileText TextOf(const FileContents& contents, const FileName& path);
     bool LoadBoth();
     void PointSaveAtOpenedFile(bool plain);
     bool ImportRtfFile(std::u16string_view filter, std::u16string_view extension, std::u16string_view title);
     void InsertImported();
-    std::string ReadOrThrow(const FileName& path);
-    void WriteOrThrow(const FileName& path, std::u16string_view text);
-    bool AskAboutLostCharacters();
-    bool WriteDocument();
-    void MakeBackup();
+    FileContents ReadOrThrow(const FileName& path);
+    bool AskAboutLostCharacters(std::u16string_view text);
+    bool WriteDocument(const FileName& path, bool isPlainSave);
+    FileName BackupPath(const FileName& path) const;
     void ApplyCaptionRule();
     void SetUpDialog(std::u16string_view title);
 
     Services services_;
+    Saving saving_;
 };
 
 } // namespace quillshift

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,6 +16,35 @@ struct FileFailure {
 struct FileContents {
     std::string bytes;
     std::optional<FileFailure> failure; ///< when set, `bytes` is empty
+    bool isFile = false;                ///< a regular file stands there, readable or not
+};
+
+/// What a save believes to stand at its target.
+struct Expected {
+    enum class What { Anything, Nothing, Bytes };
+    What what = What::Anything;
+    std::string_view bytes;
+};
+
+struct Written {
+    std::optional<FileFailure> failure;
+    bool unexpected = false; ///< another file stood at the target than was expected, and stands there still
+};
+
+/// A backup that is on the disk already, beside its place and under a name of its own. It goes away again
+/// unless it was put there.
+class PreparedBackup {
+public:
+    virtual ~PreparedBackup() = default;
+
+    /// Replaces in one step whatever stands at the place, with no wider rights than the document has by now.
+    virtual std::optional<FileFailure> PutInPlace() = 0;
+};
+
+struct Preparation {
+    std::unique_ptr<PreparedBackup> backup; ///< none after a failure, or where the place is the document's
+    std::optional<FileFailure> failure;
+    bool isDocument = false; ///< the place is the document itself
 };
 
 class FileSystem {
@@ -26,8 +56,23 @@ public:
     virtual FileContents Read(std::u16string_view path) = 0;
 
     /// Replaces a file's contents, or creates it. On failure the earlier contents are intact. Mode, owner and
-    /// links of an existing file are kept.
-    virtual std::optional<FileFailure> Write(std::u16string_view path, std::string_view bytes) = 0;
+    /// links of an existing file are kept. What is expected is compared while other copies of the program are
+    /// kept from writing the same file.
+    virtual Written Replace(std::u16string_view path, std::string_view bytes, const Expected& expected) = 0;
+    std::optional<FileFailure> Write(std::u16string_view path, std::string_view bytes) {
+        return Replace(path, bytes, {}).failure;
+    }
+
+    /// Writes a backup of `document` as far as it can be without touching what stands at `path`.
+    virtual Preparation PrepareBackup(std::u16string_view path, std::string_view bytes,
+                                      std::u16string_view document) = 0;
+
+    /// Whether the name itself is a link, wherever it leads.
+    virtual bool IsLink(std::u16string_view path) = 0;
+
+    /// Puts a copy of the file's contents, which the caller has read, into the desktop's trash, as if the
+    /// file had been thrown away. It is on the disk when this answers.
+    virtual std::optional<FileFailure> CopyToTrash(std::u16string_view path, std::string_view bytes) = 0;
 };
 
 } // namespace quillshift

@@ -92,23 +92,32 @@ TEST_F(modDocumentTest, PlainSaveIsOfferedOnlyAfterSaveAs) {
     EXPECT_FALSE(test.program.Parts().document.DocumentModified);
 }
 
-TEST_F(modDocumentTest, PlainSaveNeverHitsAnotherFile) {
+TEST_F(modDocumentTest, PlainSaveHitsItsOwnFileWhateverTheStoreOrADialogNames) {
     SaveAs(u"/d/first.txt");
     test.OpenFile(u"/d/second.txt", "second");
     Dispatch("MENU:FILE:SAVE");
     EXPECT_EQ(File(u"/d/first.txt"), "\r\n");
     EXPECT_EQ(File(u"/d/second.txt"), "second\r\n");
 
-    test.Set(Setting::SaveFileName, u"/d/of-another-copy.txt");
-    Dispatch("MENU:FILE:SAVE");
-    EXPECT_FALSE(test.files.files.contains(u"/d/of-another-copy.txt"));
-    EXPECT_EQ(test.messageBox.shown.back().icon, BoxIcon::Critical);
-
-    SaveAs(u"/d/\u65E5.txt"); // a name that the store can't hold
-    const auto files = test.files.files.size();
-    Dispatch("MENU:FILE:SAVE");
-    EXPECT_EQ(test.files.files.size(), files);
-    EXPECT_EQ(test.messageBox.shown.back().icon, BoxIcon::Critical);
+    test.Set(Setting::ShowInCaption, u"1");
+    test.Set(Setting::CreateBackup, u"1")
+        .Set(Setting::CreateBackupIn, u"2")
+        .Set(Setting::BackupFolder, u"/b/");
+    for (const auto* own :
+         {u"/d/second.txt", u"/d/\u65E5.txt"}) { // the second is one that the store can't hold
+        SaveAs(own);
+        test.Set(Setting::SaveFileName, u"/d/of-another-copy.txt");
+        test.fileDialog.FileName = u"/d/sound.wav";
+        test.fileDialog.FileTitle = u"sound.wav";
+        const std::u16string title = std::u16string(own).substr(3);
+        window.document.SetText(u"later");
+        Dispatch("MENU:FILE:SAVE");
+        EXPECT_EQ(File(own), "later\r\n");
+        EXPECT_TRUE(test.files.files.contains(u"/b/" + title + u".bak"));
+        EXPECT_EQ(window.title, u"Morvane Quillshift 3.0 Preview - [" + title + u"]");
+    }
+    EXPECT_EQ(test.files.files.size(), 5U);
+    EXPECT_TRUE(test.messageBox.shown.empty());
 }
 
 // What becomes of plain Save and its target when a file is loaded after "Save as" has written /d/first.txt.
@@ -180,10 +189,119 @@ TEST_F(modDocumentTest, AFailedSaveOrBackupLeavesTheDocumentModified) {
 
     test.files.unwritable = {u"/d/a.txt.bak"};
     SaveAs(u"/d/a.txt");
+    EXPECT_EQ(test.LastBox(),
+              u"Произошла ошибка № 61\r\n«/d/a.txt.bak»\r\nДокумент сохранен, но его резервную "
+              u"копию записать не удалось. На диске нет места");
     EXPECT_EQ(File(u"/d/a.txt"), "x\r\n");
     EXPECT_EQ(test.settings.Text(Setting::SaveFileName), u"");
     EXPECT_TRUE(test.program.Parts().document.DocumentModified);
     EXPECT_FALSE(test.program.Parts().document.SaveAvailable);
+}
+
+TEST_F(modDocumentTest, ABackupReplacesALinkButNeverTheDocument) {
+    test.Set(Setting::CreateBackup, u"1").Set(Setting::CreateBackupIn, u"1");
+    test.OpenFile(u"/d/a.txt", "old");
+    test.files.files[u"/d/precious"] = "precious";
+    test.files.links[u"/d/a.txt.bak"] = u"/d/precious";
+    SaveAs(u"/d/a.txt");
+    EXPECT_EQ(File(u"/d/precious"), "precious");
+    EXPECT_EQ(File(u"/d/a.txt.bak"), "old\r\n");
+    EXPECT_EQ(test.files.done, (std::vector<std::u16string>{u"prepare /d/a.txt.bak", u"write /d/a.txt",
+                                                            u"back up /d/a.txt.bak"}));
+
+    test.files.links[u"/d/b.txt"] = u"/d/b.txt.bak";
+    for (int save = 0; save < 2; ++save)
+        SaveAs(u"/d/b.txt");
+    EXPECT_EQ(File(u"/d/b.txt.bak"), "old\r\n");
+    EXPECT_EQ(test.messageBox.shown.size(), 1U) << "said once";
+    EXPECT_FALSE(test.program.Parts().document.DocumentModified);
+}
+
+TEST_F(modDocumentTest, WhatAnotherWroteIsReplacedOnlyAfterAQuestion) {
+    SaveAs(u"/d/a.txt");
+    window.document.SetText(u"mine");
+    test.files.files[u"/d/a.txt"] = "theirs";
+    Dispatch("MENU:FILE:SAVE"); // Escape
+    EXPECT_EQ(test.LastBox(), u"Файл «/d/a.txt» изменила другая программа. Заменить его этим документом?");
+    EXPECT_EQ(test.messageBox.shown.back().icon, BoxIcon::Question);
+    EXPECT_EQ(File(u"/d/a.txt"), "theirs");
+    EXPECT_TRUE(test.files.trash.empty());
+    EXPECT_TRUE(test.program.Parts().document.DocumentModified);
+
+    test.messageBox.answers = {BoxAnswer::Yes, BoxAnswer::Yes};
+    test.files.beforeReplace = [&] { test.files.files[u"/d/a.txt"] = "theirs again"; };
+    Dispatch("MENU:FILE:SAVE");
+    EXPECT_EQ(File(u"/d/a.txt"), "mine\r\n");
+    EXPECT_EQ(test.files.trash.back(), (std::pair<std::u16string, std::string>(u"/d/a.txt", "theirs again")));
+    EXPECT_EQ(test.messageBox.shown.size(), 3U);
+    EXPECT_FALSE(test.program.Parts().document.DocumentModified);
+
+    test.files.beforeReplace = [&] { test.files.files[u"/d/new.txt"] = "just made"; };
+    SaveAs(u"/d/new.txt"); // Escape
+    EXPECT_EQ(File(u"/d/new.txt"), "just made");
+}
+
+// What goes to the trash when a text is saved over a file that holds `there`, after it was opened from there
+// (`opened`) and with or without a backup, which replaces an older one.
+TEST_F(modDocumentTest, WhatNoBackupHoldsGoesToTheTrash) {
+    const struct {
+        const char* there;
+        bool opened;
+        bool backup;
+        std::vector<std::u16string> trashed;
+    } cases[] = {{"one\ntwo", true, true, {u"/d/a.txt.bak"}},
+                 {"one", true, false, {u"/d/a.txt"}},
+                 {"one", false, true, {u"/d/a.txt", u"/d/a.txt.bak"}},
+                 {"{\\rtf1 one}", true, true, {u"/d/a.txt", u"/d/a.txt.bak"}},
+                 {"new\r\n", false, false, {}},
+                 {"", false, false, {}}};
+    for (const auto& [there, opened, backup, trashed] : cases) {
+        test.Set(Setting::CreateBackup, backup ? u"1" : u"0").Set(Setting::CreateBackupIn, u"1");
+        Dispatch("MENU:FILE:NEW");
+        test.OpenFile(opened ? u"/d/a.txt" : u"/d/other", there);
+        test.files.files[u"/d/a.txt"] = there;
+        test.files.files[u"/d/a.txt.bak"] = "older";
+        window.backup.LoadPlain(opened ? window.backup.Text() : u"");
+        window.document.SetText(u"new");
+        test.files.trash.clear();
+        SaveAs(u"/d/a.txt");
+        window.document.SetText(u"newer");
+        Dispatch("MENU:FILE:SAVE"); // an ordinary second save trashes nothing
+        std::vector<std::u16string> names;
+        for (const auto& [path, bytes] : test.files.trash) {
+            names.push_back(path);
+            EXPECT_EQ(bytes, path.ends_with(u"bak") ? "older" : there);
+        }
+        EXPECT_EQ(names, trashed) << there << opened << backup;
+        EXPECT_EQ(File(u"/d/a.txt"), "newer\r\n");
+    }
+    EXPECT_TRUE(test.messageBox.shown.empty());
+
+    Dispatch("MENU:FILE:NEW"); // another document: what was saved before is no earlier version of it
+    Dispatch("MENU:FILE:SAVE");
+    EXPECT_EQ(test.files.trash.back(), (std::pair<std::u16string, std::string>(u"/d/a.txt", "newer\r\n")));
+}
+
+TEST_F(modDocumentTest, AFullTrashIsAskedAboutBeforeAnythingChanges) {
+    test.Set(Setting::CreateBackup, u"1").Set(Setting::CreateBackupIn, u"1");
+    test.files.trashIsFull = true;
+    window.document.SetText(u"new");
+    for (const auto* replaced : {u"/d/a.txt", u"/d/b.txt.bak"}) {
+        test.files.files = {{replaced, "old"}};
+        SaveAs(std::u16string(replaced).substr(0, 8)); // Escape
+        EXPECT_EQ(test.LastBox(),
+                  u"Прежнее содержимое файла «" + std::u16string(replaced) +
+                      u"» не удалось положить в корзину: На диске нет места.\r\nЗаменить файл "
+                      u"безвозвратно?");
+        EXPECT_EQ(test.files.files, (std::map<std::u16string, std::string>{{replaced, "old"}}));
+        EXPECT_TRUE(test.program.Parts().document.DocumentModified);
+    }
+    test.files.unreadable = {u"/d/b.txt"};
+    test.files.files = {{u"/d/b.txt", "old"}};
+    test.messageBox.answers = {BoxAnswer::Yes};
+    SaveAs(u"/d/b.txt");
+    EXPECT_EQ(File(u"/d/b.txt"), "new\r\n");
+    EXPECT_EQ(test.messageBox.shown.size(), 3U);
 }
 
 TEST_F(modDocumentTest, AsksBeforeCharactersAreLost) {

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/mman.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
@@ -16,6 +17,7 @@
 #include <sys/xattr.h>
 #include <unistd.h>
 
+#include <array>
 #include <filesystem>
 #include <functional>
 
@@ -66,6 +68,12 @@ protected:
         const auto failure = files_.Write(FromUtf8(path), bytes);
         description_ = failure ? ToUtf8(failure->description) : "";
         return failure ? failure->number : 0;
+    }
+    Preparation Prepare(const std::string& place, const std::string& bytes, const std::string& document) {
+        return files_.PrepareBackup(FromUtf8(place), bytes, FromUtf8(document));
+    }
+    std::optional<FileFailure> Throw(const std::string& path, const std::string& bytes) {
+        return files_.CopyToTrash(FromUtf8(path), bytes);
     }
     int Read(const std::string& path) {
         const FileContents contents = files_.Read(FromUtf8(path));
@@ -260,6 +268,181 @@ TEST_F(PosixFilesTest, PipesAndDevicesAreWrittenStraightAndNeverWaitedForForEver
     EXPECT_EQ(Write("/dev/full", "new"), 61);
     EXPECT_EQ(Write("/dev/null", "new"), 0);
     EXPECT_THAT(Names(folder_), UnorderedElementsAre("pipe"));
+}
+
+// What stands at the target is compared, and what was put there meanwhile is left alone.
+TEST_F(PosixFilesTest, OnlyWhatIsExpectedIsReplaced) {
+    const std::string large = std::string(600'000, 'o') + "1";
+    const std::string other = std::string(600'000, 'o') + "2";
+    const std::string path = Make("letter", large);
+    fs::create_hard_link(Make("linked", large), folder_ / "other");
+    using What = Expected::What;
+    const std::tuple<std::string, Expected, bool> cases[] = {{path, {What::Bytes, other}, false},
+                                                             {path, {What::Bytes, "1"}, false},
+                                                             {path, {What::Nothing, {}}, false},
+                                                             {folder_ / "absent", {What::Bytes, ""}, false},
+                                                             {folder_ / "linked", {What::Bytes, "o"}, false},
+                                                             {folder_ / "linked", {What::Bytes, large}, true},
+                                                             {path, {What::Bytes, large}, true},
+                                                             {folder_ / "new", {What::Nothing, {}}, true}};
+    for (const auto& [target, expected, replaced] : cases) {
+        const std::string before = Contents(target);
+        const Written written = files_.Replace(FromUtf8(target), "new", expected);
+        EXPECT_FALSE(written.failure);
+        EXPECT_EQ(written.unexpected, !replaced) << target;
+        EXPECT_TRUE(Contents(target) == (replaced ? "new" : before)) << target;
+    }
+    EXPECT_THAT(Names(folder_), UnorderedElementsAre("letter", "linked", "other", "new"));
+}
+
+// Two copies of the program, each of which reads the file, adds a letter and saves it if it is still the
+// same.
+TEST_F(PosixFilesTest, CopiesThatSaveOneFileAtOnceLoseNothing) {
+    constexpr int kEach = 25;
+    for (const bool linked : {false, true}) {
+        const std::string path = Make(linked ? "linked" : "letter", std::string(5000, 'o'));
+        if (linked)
+            fs::create_hard_link(path, folder_ / "other");
+        const auto addLetters = [&] {
+            for (int added = 0; added < kEach;) {
+                const FileContents found = files_.Read(FromUtf8(path));
+                const Written written =
+                    files_.Replace(FromUtf8(path), found.bytes + "x", {Expected::What::Bytes, found.bytes});
+                if (written.failure)
+                    return 1;
+                added += written.unexpected ? 0 : 1;
+            }
+            return 0;
+        };
+        const pid_t other = InProcess(addLetters);
+        EXPECT_EQ(addLetters(), 0);
+        EXPECT_EQ(ExitOf(other), 0);
+        EXPECT_EQ(Contents(path), std::string(5000, 'o') + std::string(2 * kEach, 'x')) << linked;
+    }
+    EXPECT_THAT(SafetyCopies(), IsEmpty());
+    const std::string busy = Make("busy");
+    const OpenFile holder(open(busy.c_str(), O_RDWR));
+    flock(holder.Fd(), LOCK_EX);
+    EXPECT_EQ(Write(busy, "new"), 75);
+    EXPECT_THAT(description_, HasSubstr("занят"));
+}
+
+TEST_F(PosixFilesTest, ABackupIsNoWiderThanItsDocumentAndGoesThroughNoLink) {
+    const std::string precious = Make("precious");
+    for (const unsigned mode : {0600U, 0644U, 0640U, 0604U}) {
+        const std::string path = Make("letter");
+        chmod(path.c_str(), mode);
+        const std::string place = path + ".bak";
+        fs::remove(place);
+        fs::create_symlink("precious", place);
+        Preparation prepared = Prepare(place, "old", path);
+        ASSERT_TRUE(prepared.backup);
+        EXPECT_TRUE(files_.IsLink(FromUtf8(place))) << "touched before its turn";
+        EXPECT_FALSE(prepared.backup->PutInPlace());
+        EXPECT_FALSE(files_.IsLink(FromUtf8(place)));
+        EXPECT_EQ(Contents(place), "old");
+        EXPECT_EQ(Info(place).st_mode & 0777U, mode);
+    }
+    EXPECT_EQ(Contents(precious), "old");
+    { const Preparation dropped = Prepare(precious, "x", precious + "1"); }
+    fs::create_directory(folder_ / "folder.bak");
+    Preparation prepared = Prepare(folder_ / "folder.bak", "x", precious);
+    EXPECT_EQ(prepared.backup->PutInPlace()->number, 75);
+    prepared.backup.reset();
+    EXPECT_EQ(Prepare(folder_ / "no" / "x.bak", "x", precious).failure->number, 76);
+    if (geteuid() != 0)
+        GTEST_SKIP() << "needs root to become somebody else";
+    const std::string shared = Make("shared"); // of a group that the backup can't be given to
+    chmod(shared.c_str(), 0664);
+    EXPECT_EQ(AsSomebody([&] {
+                  const Preparation own = Prepare(shared + ".bak", "x", shared);
+                  return own.backup->PutInPlace() ? 1 : 0;
+              }),
+              0);
+    EXPECT_EQ(Info(shared + ".bak").st_mode & 0777U, 0600U);
+    EXPECT_THAT(Names(folder_), UnorderedElementsAre("precious", "letter", "letter.bak", "folder.bak",
+                                                     "shared", "shared.bak"));
+}
+
+TEST_F(PosixFilesTest, ABackupWhosePlaceIsTheDocumentIsNone) {
+    const std::string path = Make("a.txt.bak");
+    fs::create_symlink("a.txt.bak", folder_ / "a.txt");
+    fs::create_symlink(folder_, root_ / "same");
+    for (const auto& [place, document, same] :
+         {std::tuple<fs::path, fs::path, bool>{path, folder_ / "a.txt", true},
+          {root_ / "same" / "a.txt.bak", folder_ / "a.txt", true},
+          {root_ / "a.txt.bak", folder_ / "a.txt", false}})
+        EXPECT_EQ(Prepare(place, "x", document).isDocument, same) << place;
+}
+
+TEST_F(PosixFilesTest, WhatAKilledSaveLeftGoesWithTheNextButNothingElse) {
+    const std::string path = Make("letter");
+    const auto left = [&](const std::string& name) {
+        const std::string made = Make(name);
+        const std::array<timespec, 2> old{timespec{1'000'000'000, 0}, {1'000'000'000, 0}};
+        utimensat(AT_FDCWD, made.c_str(), old.data(), 0);
+        return made;
+    };
+    left(".letter.0123abcd.quillshift");
+    const OpenFile live(open(left(".letter.00000001.quillshift").c_str(), O_RDWR));
+    flock(live.Fd(), LOCK_EX);
+    left(".other.0123abcd.quillshift");
+    left(".letter.0123abcd");
+    left(".letter.bak.0123abcd.quillshift");
+    EXPECT_EQ(Write(path, "new"), 0);
+    EXPECT_THAT(Names(folder_),
+                UnorderedElementsAre("letter", ".letter.00000001.quillshift", ".letter.0123abcd",
+                                     ".other.0123abcd.quillshift", ".letter.bak.0123abcd.quillshift"));
+}
+
+TEST_F(PosixFilesTest, TheTrashHoldsACopyAndWhereItWas) {
+    setenv("XDG_DATA_HOME", (root_ / "data").c_str(), 1);
+    const std::string path = Make("50% й.txt");
+    chmod(path.c_str(), 0640);
+    fs::create_symlink(path, folder_ / "link");
+    for (const char* bytes : {"one", "two"})
+        EXPECT_FALSE(Throw(folder_ / "link", bytes));
+    const fs::path trash = root_ / "data" / "Trash";
+    EXPECT_EQ(Contents(trash / "files" / "50% й.txt"), "one");
+    EXPECT_EQ(Contents(trash / "files" / "50% й.txt.2"), "two");
+    EXPECT_EQ(Info(trash / "files" / "50% й.txt").st_mode & 0777U, 0640U);
+    EXPECT_EQ(Info(trash).st_mode & 0777U, 0700U);
+    EXPECT_THAT(Contents(trash / "info" / "50% й.txt.trashinfo"),
+                testing::MatchesRegex("\\[Trash Info\\]\nPath=/.*/%D0%BF%D0%B8%D1%81%D1%8C%D0%BC%D0%B0/"
+                                      "50%25%20%D0%B9.txt\n"
+                                      "DeletionDate=....-..-..T..:..:..\n"));
+    EXPECT_EQ(Contents(path), "old");
+    EXPECT_FALSE(Throw(Make(std::string(255, 'n')), "long"));
+
+    fs::remove_all(trash);
+    Put(trash, "no folder");
+    EXPECT_EQ(Throw(path, "x")->number, 76);
+    unsetenv("XDG_DATA_HOME");
+}
+
+TEST_F(PosixFilesTest, AnotherDiskHasATrashOfItsOwnUnlessItIsFullOrSomebodysElse) {
+    setenv("XDG_DATA_HOME", (root_ / "data").c_str(), 1);
+    if (mount("none", folder_.c_str(), "tmpfs", 0, "size=256k") != 0)
+        GTEST_SKIP() << "can't mount a small disk";
+    fs::create_directory(folder_ / "in");
+    const std::string path = Make("in/letter");
+    const std::string own = folder_ / (".Trash-" + std::to_string(geteuid()));
+    EXPECT_FALSE(Throw(path, "one"));
+    EXPECT_EQ(Contents(own + "/files/letter"), "one");
+    EXPECT_THAT(Contents(own + "/info/letter.trashinfo"), HasSubstr("\nPath=in/letter\n"));
+
+    EXPECT_FALSE(Throw(path, std::string(300'000, 'x'))); // no room there
+    EXPECT_EQ(Contents(root_ / "data" / "Trash" / "files" / "letter").size(), 300'000U);
+    EXPECT_EQ(Names(own + "/files").size(), 1U);
+
+    fs::remove_all(own);
+    fs::create_directory(root_ / "elsewhere");
+    fs::create_directory_symlink(root_ / "elsewhere", own);
+    EXPECT_FALSE(Throw(path, "two"));
+    EXPECT_THAT(Names(root_ / "elsewhere"), IsEmpty());
+    EXPECT_EQ(Contents(root_ / "data" / "Trash" / "files" / "letter.2"), "two");
+    umount(folder_.c_str());
+    unsetenv("XDG_DATA_HOME");
 }
 
 } // namespace

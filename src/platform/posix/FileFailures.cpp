@@ -44,6 +44,10 @@ FileFailure Explain(int error, const std::string& path) {
         return {75, u"Канал или устройство никто не читает"};
     case ETIMEDOUT:
         return {75, u"Канал или устройство не принимает данные"};
+    case EBUSY:
+        return {75, u"Файл занят другой программой"};
+    case ESTALE:
+        return {75, u"На месте файла уже стоит другой"};
     case EAGAIN:
         return {75, u"Читать из файла сейчас нечего"};
     case EIO:

@@ -4,10 +4,11 @@
 #include "platform/posix/FileBytes.h"
 #include "platform/posix/FileFailures.h"
 #include "platform/posix/PrivateFolder.h"
+#include "platform/posix/SideBackup.h"
+#include "platform/posix/Trash.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -19,8 +20,11 @@
 namespace quillshift {
 namespace {
 
-constexpr int kMostLinks = 40;
-constexpr const char* kAccessList = "system.posix_acl_access";
+constexpr int kMostTries = 100; // to get hold of a file that others keep replacing
+
+bool IsSameFile(const struct stat& one, const struct stat& other) {
+    return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+}
 
 // The file that a save goes to: links are followed, also a link to a file that is yet to be made.
 struct Target {
@@ -29,22 +33,6 @@ struct Target {
     struct stat info {};  // if it exists
     bool renames = false; // whether its name leads to it, so that a rename can replace it
 };
-
-int FollowLinks(std::string& path) {
-    struct stat info {};
-    for (int links = 0; lstat(path.c_str(), &info) == 0 && S_ISLNK(info.st_mode); ++links) {
-        std::array<char, 4096> text{};
-        const ssize_t length = readlink(path.c_str(), text.data(), text.size());
-        if (length < 0)
-            return errno;
-        if (links == kMostLinks)
-            return ELOOP;
-        const std::string_view aim(text.data(), static_cast<std::size_t>(length));
-        path = aim.starts_with('/') ? "" : SplitPath(path).first + "/";
-        path += aim;
-    }
-    return 0;
-}
 
 std::optional<FileFailure> FindTarget(const std::string& path, Target& target) {
     struct stat throughLinks {};
@@ -59,8 +47,7 @@ std::optional<FileFailure> FindTarget(const std::string& path, Target& target) {
     if (const int error = FollowLinks(target.path))
         return Explain(error, path);
     struct stat named {};
-    target.renames = !exists || (lstat(target.path.c_str(), &named) == 0 &&
-                                 named.st_dev == throughLinks.st_dev && named.st_ino == throughLinks.st_ino);
+    target.renames = !exists || (lstat(target.path.c_str(), &named) == 0 && IsSameFile(named, throughLinks));
     // The links of /proc name open files, which their text doesn't find.
     if (!target.renames)
         target.path = path;
@@ -71,26 +58,6 @@ std::optional<FileFailure> FindTarget(const std::string& path, Target& target) {
     if (!target.file || fstat(target.file.Fd(), &target.info) != 0)
         return Explain(errno, target.path);
     return std::nullopt;
-}
-
-// Copies the extended attributes that can be copied. False if the access list is none of them: without it
-// the mode would mean something else.
-bool CopyAttributes(int from, int to) {
-    fremovexattr(to, kAccessList); // a folder's default list gave it one
-    const ssize_t size = flistxattr(from, nullptr, 0);
-    std::string names(size > 0 ? static_cast<std::size_t>(size) : 0, '\0');
-    const ssize_t listed = names.empty() ? 0 : flistxattr(from, names.data(), names.size());
-    names.resize(listed > 0 ? static_cast<std::size_t>(listed) : 0);
-    for (std::size_t start = 0; start < names.size(); start = names.find('\0', start) + 1) {
-        const char* name = names.data() + start;
-        std::string value(std::size_t{64} << 10U, '\0'); // the largest the system allows
-        const ssize_t length = fgetxattr(from, name, value.data(), value.size());
-        const bool copied =
-            length >= 0 && fsetxattr(to, name, value.data(), static_cast<std::size_t>(length), 0) == 0;
-        if (!copied && std::string_view(name) == kAccessList)
-            return false;
-    }
-    return true;
 }
 
 // Gives the new file the old one's owner, mode and attributes; false if it can't be given all of them.
@@ -110,9 +77,19 @@ bool IsRefusal(int error) {
 struct Replacement {
     int error = 0;
     bool overwriteInstead = false; // the file itself could still be written
+    bool unexpected = false;       // somebody else has made it meanwhile
 };
 
-Replacement Replace(const Target& target, std::string_view bytes) {
+// Not over a file that was made meanwhile, where the disk can tell.
+int RenameToNew(const char* from, const char* to) {
+    if (renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_NOREPLACE) == 0)
+        return 0;
+    if (errno != EINVAL && errno != ENOSYS)
+        return errno;
+    return rename(from, to) == 0 ? 0 : errno;
+}
+
+Replacement ReplaceFile(const Target& target, std::string_view bytes, bool mustBeNew) {
     const bool exists = static_cast<bool>(target.file);
     const auto [folder, name] = SplitPath(target.path);
     if (name.empty())
@@ -122,18 +99,74 @@ Replacement Replace(const Target& target, std::string_view bytes) {
         return {side.Error(), exists && IsRefusal(side.Error())};
     if (exists && !TakeOver(side.File().Fd(), target))
         return {EPERM, true};
+    struct stat written {};
+    struct stat named {};
     int error = WriteAll(side.File().Fd(), bytes);
     if (error == 0)
         error = Flush(side.File().Fd());
+    if (error == 0 && fstat(side.File().Fd(), &written) != 0)
+        error = errno;
     if (const int closing = side.File().Close(); error == 0)
         error = closing;
     if (error != 0)
         return {error, false};
-    if (rename(side.Path().c_str(), target.path.c_str()) != 0)
-        return {errno, exists && IsRefusal(errno)};
+    if (mustBeNew)
+        error = RenameToNew(side.Path().c_str(), target.path.c_str());
+    else
+        error = rename(side.Path().c_str(), target.path.c_str()) == 0 ? 0 : errno;
+    if (error == EEXIST)
+        return {.unexpected = true};
+    if (error != 0)
+        return {error, exists && IsRefusal(error)};
     side.Keep();
+    // Where others may change the folder, one of them may have swapped the names.
+    if (lstat(target.path.c_str(), &named) != 0 || !IsSameFile(named, written))
+        return {ESTALE, false};
     FlushFolder(folder); // whatever it answers, the new contents are there: nothing left to take back
+    RemoveLeftovers(folder, "." + name);
     return {};
+}
+
+// Compares what stands at the target, of which the lock is held.
+bool IsAsExpected(const Target& target, const Expected& expected) {
+    if (expected.what != Expected::What::Bytes)
+        return expected.what == Expected::What::Anything || !target.file;
+    if (!target.file || target.info.st_size != static_cast<off_t>(expected.bytes.size()))
+        return false;
+    const OpenFile file(open(target.path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
+    struct stat info {};
+    if (!file || fstat(file.Fd(), &info) != 0 || !IsSameFile(info, target.info))
+        return false;
+    std::string buffer(std::size_t{256} << 10U, '\0');
+    for (std::string_view rest = expected.bytes;;) {
+        const ssize_t got = read(file.Fd(), buffer.data(), buffer.size());
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got <= 0)
+            return got == 0 && rest.empty();
+        const std::string_view part(buffer.data(), static_cast<std::size_t>(got));
+        if (!rest.starts_with(part))
+            return false;
+        rest.remove_prefix(part.size());
+    }
+}
+
+// Waits until nobody else writes the file. False if another one has its name by then, or it has changed.
+bool TakeLock(Target& target, int& error) {
+    error = Lock(target.file.Fd());
+    struct stat named {};
+    if (error != 0)
+        return true;
+    return fstat(target.file.Fd(), &target.info) == 0 && stat(target.path.c_str(), &named) == 0 &&
+           IsSameFile(named, target.info);
+}
+
+std::optional<FileFailure> WriteStraight(Target& target, std::string_view bytes) {
+    const int error = WriteAll(target.file.Fd(), bytes);
+    const int closing = target.file.Close();
+    if (error != 0 || closing != 0)
+        return Explain(error != 0 ? error : closing, target.path);
+    return std::nullopt;
 }
 
 std::string DefaultSafetyFolder() {
@@ -159,12 +192,12 @@ FileContents PosixFiles::Read(std::u16string_view path) {
         return {{}, failure};
     const OpenFile file(open(native.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
     if (!file || fstat(file.Fd(), &info) != 0)
-        return {{}, Explain(errno, native)};
+        return {{}, Explain(errno, native), true};
     if (const auto failure = RefuseUnlessRegular(info))
         return {{}, failure};
     const auto expected = static_cast<std::size_t>(info.st_size);
     if (expected > kLargestFile)
-        return {{}, tooLarge};
+        return {{}, tooLarge, true};
 
     // A file of the system may hold more than its size of 0 says, and any file may grow: read until it ends.
     constexpr std::size_t kStep = std::size_t{64} << 10U;
@@ -177,40 +210,71 @@ FileContents PosixFiles::Read(std::u16string_view path) {
         if (got < 0 && errno == EINTR)
             continue;
         if (got < 0)
-            return {{}, Explain(errno, native)};
+            return {{}, Explain(errno, native), true};
         if (got == 0)
             break;
         filled += static_cast<std::size_t>(got);
         if (filled > kLargestFile)
-            return {{}, tooLarge};
+            return {{}, tooLarge, true};
     }
     if (filled < expected)
-        return {{}, FileFailure{75, u"Файл изменился во время чтения"}};
+        return {{}, FileFailure{75, u"Файл изменился во время чтения"}, true};
     bytes.resize(filled);
-    return {std::move(bytes), std::nullopt};
+    return {std::move(bytes), std::nullopt, true};
 }
 
-std::optional<FileFailure> PosixFiles::Write(std::u16string_view path, std::string_view bytes) {
+Written PosixFiles::Replace(std::u16string_view path, std::string_view bytes, const Expected& expected) {
+    std::string native;
+    if (auto failure = ToNative(path, native))
+        return {failure};
+    for (int tries = 0; tries < kMostTries; ++tries) {
+        Target target;
+        if (auto failure = FindTarget(native, target))
+            return {failure};
+        if (target.file && !S_ISREG(target.info.st_mode))
+            return {WriteStraight(target, bytes)};
+        int error = 0;
+        if (target.file && !TakeLock(target, error))
+            continue;
+        if (error != 0)
+            return {Explain(error, target.path)};
+        if (!IsAsExpected(target, expected))
+            return {.failure = {}, .unexpected = true};
+        if (target.file && (!target.renames || target.info.st_nlink != 1))
+            return {Overwrite(target.path, bytes)};
+        const Replacement done = ReplaceFile(target, bytes, expected.what == Expected::What::Nothing);
+        if (done.overwriteInstead)
+            return {Overwrite(target.path, bytes)};
+        if (done.error != 0)
+            return {Explain(done.error, target.path)};
+        return {.failure = {}, .unexpected = done.unexpected};
+    }
+    return {Explain(EBUSY, native)};
+}
+
+Preparation PosixFiles::PrepareBackup(std::u16string_view path, std::string_view bytes,
+                                      std::u16string_view document) {
+    std::string place;
+    std::string original;
+    if (auto failure = ToNative(path, place))
+        return {nullptr, failure};
+    if (auto failure = ToNative(document, original))
+        return {nullptr, failure};
+    return PrepareSideBackup(place, bytes, original);
+}
+
+bool PosixFiles::IsLink(std::u16string_view path) {
+    std::string native;
+    struct stat info {};
+    return !ToNative(path, native) && lstat(native.c_str(), &info) == 0 && S_ISLNK(info.st_mode);
+}
+
+std::optional<FileFailure> PosixFiles::CopyToTrash(std::u16string_view path, std::string_view bytes) {
     std::string native;
     if (auto failure = ToNative(path, native))
         return failure;
-    Target target;
-    if (auto failure = FindTarget(native, target))
-        return failure;
-    if (target.file && !S_ISREG(target.info.st_mode)) {
-        const int error = WriteAll(target.file.Fd(), bytes);
-        const int closing = target.file.Close();
-        if (error != 0 || closing != 0)
-            return Explain(error != 0 ? error : closing, target.path);
-        return std::nullopt;
-    }
-    if (target.file && (!target.renames || target.info.st_nlink != 1))
-        return Overwrite(target.path, bytes);
-    const Replacement replacement = Replace(target, bytes);
-    if (replacement.overwriteInstead)
-        return Overwrite(target.path, bytes);
-    if (replacement.error != 0)
-        return Explain(replacement.error, target.path);
+    if (const int error = PutIntoTrash(native, bytes))
+        return Explain(error, native);
     return std::nullopt;
 }
 

@@ -20,7 +20,11 @@ public:
     FileContents Read(std::u16string_view path) override;
     /// Devices and pipes are written straight; one that accepts nothing for a few seconds is a failure. If
     /// the old contents could neither be replaced nor put back, the description names their safety copy.
-    std::optional<FileFailure> Write(std::u16string_view path, std::string_view bytes) override;
+    Written Replace(std::u16string_view path, std::string_view bytes, const Expected& expected) override;
+    Preparation PrepareBackup(std::u16string_view path, std::string_view bytes,
+                              std::u16string_view document) override;
+    bool IsLink(std::u16string_view path) override;
+    std::optional<FileFailure> CopyToTrash(std::u16string_view path, std::string_view bytes) override;
 
 private:
     std::optional<FileFailure> Overwrite(const std::string& path, std::string_view bytes) const;

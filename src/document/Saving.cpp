@@ -1,0 +1,150 @@
+#include "document/Saving.h"
+
+#include "base/Windows1251.h"
+#include "document/rtf/RtfReader.h"
+
+#include <functional>
+
+namespace quillshift {
+namespace {
+
+std::size_t Digest(std::string_view bytes) {
+    return std::hash<std::string_view>()(bytes);
+}
+
+// As a surface makes them of single ones.
+std::u16string WithWholeBreaks(std::u16string_view text) {
+    std::u16string whole;
+    whole.reserve(text.size());
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const bool isBreak = text[at] == u'\r' || text[at] == u'\n';
+        whole += isBreak ? std::u16string_view(u"\r\n") : text.substr(at, 1);
+        if (text.substr(at).starts_with(u"\r\n"))
+            ++at;
+    }
+    return whole;
+}
+
+// The formatting of an RTF file is in no backup.
+bool HasText(std::string_view bytes, std::u16string_view text) {
+    return !IsRtf(bytes) && WithWholeBreaks(windows1251::Decode(bytes)) == text;
+}
+
+Expected ExpectedOf(const FileContents& found) {
+    constexpr int kNotFound = 53;
+    if (!found.failure)
+        return {Expected::What::Bytes, found.bytes};
+    return {found.failure->number == kNotFound ? Expected::What::Nothing : Expected::What::Anything, {}};
+}
+
+std::u16string Quoted(std::u16string_view path) {
+    return u"«" + std::u16string(path) + u"»";
+}
+
+Error BackupError(const FileFailure& failure, std::u16string_view path) {
+    return FileError({failure.number, u"Документ сохранен, но его резервную копию записать не удалось. " +
+                                          failure.description},
+                     path);
+}
+
+} // namespace
+
+Error FileError(const FileFailure& failure, std::u16string_view path) {
+    return {failure.number, u"modDocument", Quoted(path) + u"\r\n" + failure.description};
+}
+
+// --- What this run knows of its files
+
+void Saving::DocumentChanged() {
+    for (auto& [path, known] : known_)
+        known.isOurs = false;
+}
+
+void Saving::DocumentLoaded(const std::u16string& path, const FileContents& contents) {
+    DocumentChanged();
+    known_[path] = {Digest(contents.bytes), false};
+}
+
+bool Saving::Remembers(const std::u16string& path, std::string_view bytes) const {
+    const auto found = known_.find(path);
+    return found != known_.end() && found->second.digest == Digest(bytes);
+}
+
+bool Saving::Wrote(const std::u16string& path, std::string_view bytes) const {
+    return Remembers(path, bytes) && known_.at(path).isOurs;
+}
+
+// --- Saving
+
+Saving::Outcome Saving::Save(const Order& order) {
+    Outcome outcome;
+    bool mayAsk = order.isPlainSave;
+    while (TryToSave(order, mayAsk, outcome) == Step::Again)
+        mayAsk = true;
+    return outcome;
+}
+
+// Every question comes before anything has changed, and the backup is on the disk before the document goes.
+Saving::Step Saving::TryToSave(const Order& order, bool mayAsk, Outcome& outcome) {
+    const FileContents found = files_.Read(order.path);
+    if (mayAsk && !AskAboutChange(order.path, found))
+        return Step::Left;
+    Preparation prepared;
+    if (!order.backupPath.empty())
+        prepared = files_.PrepareBackup(order.backupPath, order.backupBytes, order.path);
+    const bool backupHoldsIt = prepared.backup && !found.failure && HasText(found.bytes, order.backupText);
+    if (!backupHoldsIt && !KeepInTrash(order.path, found, order.bytes))
+        return Step::Left;
+    if (prepared.backup && !files_.IsLink(order.backupPath) &&
+        !KeepInTrash(order.backupPath, files_.Read(order.backupPath), order.backupBytes))
+        return Step::Left;
+
+    const Written written = files_.Replace(order.path, order.bytes, ExpectedOf(found));
+    if (written.unexpected)
+        return Step::Again;
+    if (written.failure) {
+        outcome.failure = FileError(*written.failure, order.path);
+        return Step::Left;
+    }
+    known_[order.path] = {Digest(order.bytes), true};
+    outcome.written = true;
+    FinishBackup(order, prepared, outcome);
+    return Step::Left;
+}
+
+void Saving::FinishBackup(const Order& order, const Preparation& prepared, Outcome& outcome) {
+    if (prepared.isDocument && saidToBeItsOwnBackup_ != order.path) {
+        saidToBeItsOwnBackup_ = order.path;
+        messageBox_.Inform(u"Резервная копия не записана: ее место " + Quoted(order.backupPath) +
+                           u" занимает сам документ.");
+    }
+    std::optional<FileFailure> failure = prepared.failure;
+    if (prepared.backup)
+        failure = prepared.backup->PutInPlace();
+    if (failure)
+        outcome.failure = BackupError(*failure, order.backupPath);
+    if (failure || !prepared.backup)
+        return;
+    known_[order.backupPath] = {Digest(order.backupBytes), true};
+    outcome.backedUp = true;
+}
+
+bool Saving::AskAboutChange(const std::u16string& path, const FileContents& found) {
+    if (!found.isFile || (!found.failure && Remembers(path, found.bytes)))
+        return true;
+    return messageBox_.Ask(u"Файл " + Quoted(path) +
+                           u" изменила другая программа. Заменить его этим документом?") == BoxAnswer::Yes;
+}
+
+bool Saving::KeepInTrash(const std::u16string& path, const FileContents& found, std::string_view bytes) {
+    if (!found.isFile)
+        return true;
+    if (!found.failure && (found.bytes.empty() || found.bytes == bytes || Wrote(path, found.bytes)))
+        return true;
+    const auto failure = found.failure ? found.failure : files_.CopyToTrash(path, found.bytes);
+    return !failure ||
+           messageBox_.Ask(u"Прежнее содержимое файла " + Quoted(path) + u" не удалось положить в корзину: " +
+                           failure->description + u".\r\nЗаменить файл безвозвратно?") == BoxAnswer::Yes;
+}
+
+} // namespace quillshift
