@@ -112,7 +112,8 @@ void Owner::Answer(const XEvent& event) {
         answer(XA_PIXMAP, 32, numbers.data(), 1);
     else if (manner_ == Manner::WrongFormat)
         answer(request.target, 32, numbers.data(), numbers.size());
-    else if (manner_ == Manner::Refusing || request.target != AtomOf("UTF8_STRING"))
+    else if (manner_ == Manner::Refusing || (request.target != AtomOf("UTF8_STRING") &&
+                                             request.target != AtomOf("text/plain;charset=utf-8")))
         Notify(event, None);
     else
         answer(request.target, 8, text_.data(), text_.size());

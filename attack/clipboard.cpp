@@ -38,6 +38,7 @@ private:
              const std::function<bool()>& isLost);
     void OwnerRow(const char* name, Manner manner);
     void RequestorRow(const Request& request);
+    bool Within(std::chrono::milliseconds patience, const std::function<bool()>& condition);
     bool IsSeen(const std::string& text, std::chrono::milliseconds within);
     bool Comes();
     std::string GivenOut() const;
@@ -68,12 +69,16 @@ void ClipboardAttack::Begin() {
                                      std::vector<pid_t>{editor_->Program().Pid(), desktop_.Server().Pid()});
 }
 
-bool ClipboardAttack::IsSeen(const std::string& text, std::chrono::milliseconds within) {
-    for (const auto end = Clock::now() + within; Clock::now() < end && editor_->Runs();
+bool ClipboardAttack::Within(std::chrono::milliseconds patience, const std::function<bool()>& condition) {
+    for (const auto end = Clock::now() + patience; Clock::now() < end && editor_->Runs();
          std::this_thread::sleep_for(2ms))
-        if (editor_->Store().Is(Setting::ClipboardText, FromUtf8(text)))
+        if (condition())
             return true;
     return false;
+}
+
+bool ClipboardAttack::IsSeen(const std::string& text, std::chrono::milliseconds within) {
+    return Within(within, [&] { return editor_->Store().Is(Setting::ClipboardText, FromUtf8(text)); });
 }
 
 // Whether a text that is honestly copied now is taken in.
@@ -204,7 +209,15 @@ bool ClipboardAttack::Run() {
     OwnerRow("gives a text of numbers", Manner::WrongFormat);
     OwnerRow("stalls", Manner::Stalled);
     OwnerRow("drips", Manner::Dripping);
-    OwnerRow("never ends", Manner::Endless);
+    bool givenUp = false;
+    Row(
+        "never ends, and is given up", 50ms,
+        [&] {
+            const Owner owner(display_, "CLIPBOARD", Manner::Endless, "");
+            givenUp = Within(
+                5s, [&] { return editor_->Store().Text(Setting::ClipboardText).starts_with(u"too long"); });
+        },
+        [&] { return !givenUp || !Comes(); });
     OwnerRow("floods", Manner::Flooding);
     OwnerRow("dies", Manner::Dying);
     OwnerRow("changes hands", Manner::ChangingHands);
