@@ -72,6 +72,14 @@ void ShowFontRelatives() {
         QFont::insertSubstitutions(QLatin1String(name), relatives);
 }
 
+// The toolkit's grey for what is disabled falls below 2:1; a middle one has over 3:1 on light and dark alike.
+void KeepGreyedTextReadable() {
+    QPalette palette;
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, QColor(128, 128, 128));
+    QApplication::setPalette(palette);
+}
+
 std::filesystem::path DataFolder() {
     const std::filesystem::path data = XdgDataFolder();
     if (data.empty())
@@ -99,6 +107,7 @@ int Run(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("quillshift"));
     SpeakRussian(application);
     ShowFontRelatives();
+    KeepGreyedTextReadable();
     const CaretRest caretRest;
 
     const std::filesystem::path data = DataFolder();
