@@ -29,6 +29,7 @@ QMessageBox::Icon IconOf(BoxIcon icon) {
 
 BoxAnswer QtMessageBox::Show(BoxIcon icon, BoxButtons buttons, std::u16string_view text) {
     QMessageBox box(DialogOwner());
+    box.setFont(QFont(QStringLiteral("MS Sans Serif"), 8)); // as every dialog
     box.setWindowTitle(ToQString(kProgramTitle));
     box.setTextFormat(Qt::PlainText); // the texts hold "<" and ">"
     box.setText(ToQString(text));
