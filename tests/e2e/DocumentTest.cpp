@@ -49,35 +49,6 @@ TEST_F(Document, RtfIsShownAndSavedAsItsPlainText) {
     EXPECT_TRUE(Saved() == expected + "\r\n");
 }
 
-TEST_F(Document, WhatIsTypedIsSavedBesideABackupOfTheVersionBefore) {
-    editor.Start();
-    desktop.Type(u"Привет, world! Ёж");
-    editor.SaveAs(Path("letter.txt"));
-    desktop.Press("End");
-    desktop.Type(u" ...");
-    editor.Settle();
-    desktop.Press("Ctrl+s");
-    editor.Settle();
-    const std::string first = Iconv("Привет, world! Ёж", "UTF-8", "CP1251");
-    desktop.WaitUntil("the second version is saved",
-                      [&] { return Contents(Path("letter.txt")) == first + " ...\r\n"; });
-    desktop.WaitUntil("the first version is in the backup",
-                      [&] { return Contents(Path("letter.txt.bak")) == first + "\r\n\r\n"; });
-}
-
-TEST_F(Document, NewAsksToSaveAndKeepsTheTextUntilGivenAgain) {
-    editor.Start();
-    desktop.Type(u"x");
-    desktop.Press("Ctrl+n");
-    editor.AnswerBox(BoxAnswer::Yes);
-    editor.AnswerFileDialog(u"Сохранение документа", Path("asked.txt"));
-    editor.Settle();
-    EXPECT_EQ(Contents(Path("asked.txt")), "x\r\n");
-    EXPECT_EQ(Saved(), "x\r\n");
-    desktop.Press("Ctrl+n");
-    EXPECT_EQ(Saved(), "\r\n");
-}
-
 TEST_F(Document, AFullDiskAndALimitAreReportedAndTheTextCanBeSavedElsewhere) {
     std::filesystem::create_symlink("/dev/full", Path("full.txt"));
     editor.Start();
@@ -98,32 +69,6 @@ TEST_F(Document, AFullDiskAndALimitAreReportedAndTheTextCanBeSavedElsewhere) {
     editor.AnswerBox(BoxAnswer::Cancel); // still counts as changed
     editor.Settle();
     EXPECT_EQ(Saved(), "kept\r\n");
-}
-
-TEST_F(Document, APipeIsNoDocument) {
-    ASSERT_EQ(mkfifo(Path("pipe").c_str(), 0600), 0);
-    Put(Path("letter.txt"), "letter");
-    editor.Start().Open(Path("letter.txt"));
-    desktop.Press("Ctrl+o");
-    editor.AnswerFileDialog(u"Открытие документа", Path("pipe"));
-    editor.AnswerBox(BoxAnswer::Ok);
-    editor.Settle();
-    EXPECT_EQ(Saved(), "letter\r\n");
-}
-
-TEST_F(Document, AsksBeforeASaveWouldLoseCharacters) {
-    Put(Path("chinese.rtf"), R"({\rtf1\ansi one \u20013?})");
-    editor.Start().Open(Path("chinese.rtf"));
-    desktop.Press("Ctrl+Shift+s");
-    editor.AnswerFileDialog(u"Сохранение документа", Path("lossy.txt"));
-    editor.AnswerBox(BoxAnswer::No);
-    editor.Settle();
-    EXPECT_FALSE(std::filesystem::exists(Path("lossy.txt")));
-    desktop.Press("Ctrl+Shift+s");
-    editor.AnswerFileDialog(u"Сохранение документа", Path("lossy.txt"));
-    editor.AnswerBox(BoxAnswer::Yes);
-    editor.Settle();
-    EXPECT_EQ(Contents(Path("lossy.txt")), "one ?\r\n");
 }
 
 } // namespace

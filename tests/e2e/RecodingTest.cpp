@@ -37,14 +37,6 @@ std::string Expected(Direction direction) {
     return expected + "\r\n";
 }
 
-std::string KeyOf(Direction direction) {
-    constexpr std::string_view kLetters = "DWKIM";
-    constexpr std::array<const char*, kCharsets> kMenus{"DOS", "WIN", "KOI", "ISO", "MAC"};
-    const auto source = static_cast<std::size_t>(direction.source - 1);
-    const auto target = static_cast<std::size_t>(direction.target - 1);
-    return std::string("MENU:DECODE:") + kMenus[source] + ":" + kLetters[source] + kLetters[target];
-}
-
 class Recoding : public EditorTest {
 protected:
     // A text whose walk lasts for many seconds.
@@ -69,17 +61,6 @@ TEST_F(Recoding, ALetterFromDosIsReadTakenBackRecodedAgainAndSaved) {
     EXPECT_TRUE(Saved() == Expected({1, 2}));
     desktop.AskToClose(editor.Window());
     EXPECT_EQ(editor.WaitForEnd(), 0);
-}
-
-TEST_F(Recoding, EveryDirectionByTheMenu) {
-    editor.Set(Setting::SaveChange, u"0").Start();
-    for (int number = 0; number < kDirections; ++number) {
-        const Direction direction = DirectionOf(number);
-        editor.Open(SampleIn(direction.source));
-        editor.Choose(KeyOf(direction));
-        editor.Settle();
-        EXPECT_TRUE(Saved() == Expected(direction)) << KeyOf(direction);
-    }
 }
 
 TEST_F(Recoding, ADirectionIsChosenInTheDialogByTheKeyboardAlone) {

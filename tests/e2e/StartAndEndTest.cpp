@@ -80,17 +80,5 @@ TEST_F(StartAndEnd, AMaximisedWindowComesBackMaximisedAndKeepsItsOtherPlace) {
     EXPECT_EQ(place(), u"1500 750 11700 9150 ");
 }
 
-TEST_F(StartAndEnd, TheWindowGoesAboveOthersByItsCommandAndAtTheNextStart) {
-    editor.Start();
-    EXPECT_FALSE(desktop.IsAboveOthers(editor.Window()));
-    editor.Choose("MENU:VIEW:ONTOP");
-    desktop.WaitUntil("the window is above others", [&] { return desktop.IsAboveOthers(editor.Window()); });
-    desktop.AskToClose(editor.Window());
-    editor.WaitForEnd();
-    editor.Start();
-    desktop.WaitUntil("the window is above others again",
-                      [&] { return desktop.IsAboveOthers(editor.Window()); });
-}
-
 } // namespace
 } // namespace quillshift::e2e

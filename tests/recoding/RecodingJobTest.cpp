@@ -63,6 +63,7 @@ TEST_F(RecodingJobTest, AStopAtAnyStepLeavesEverythingAlone) {
     for (const auto& stop : {std::function<void()>(byToolbar), std::function<void()>(byDialog)})
         for (std::size_t step = 1; step <= 6; ++step) {
             window.document.SetText(text);
+            window.pointer = Pointer::Wait;
             std::size_t taken = 0;
             test.dialogs->atStep = [&] {
                 if (++taken == step)
@@ -74,6 +75,7 @@ TEST_F(RecodingJobTest, AStopAtAnyStepLeavesEverythingAlone) {
             EXPECT_EQ(state.SavedText, u"") << step;
             EXPECT_FALSE(state.RecodeUndoAvailable) << step;
             EXPECT_FALSE(HasDialog()) << step;
+            EXPECT_EQ(window.pointer, Pointer::Default) << step;
         }
     test.dialogs->atStep = {};
     test.messageBox.answers = {BoxAnswer::No};

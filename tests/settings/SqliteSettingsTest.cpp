@@ -2,7 +2,6 @@
 #include "platform/posix/FileBytes.h"
 #include "platform/posix/PrivateFolder.h"
 #include "platform/posix/XdgFolders.h"
-#include "settings/FirstValues.h"
 #include "support/InProcess.h"
 #include "support/TemporaryFolder.h"
 
@@ -220,18 +219,6 @@ TEST_F(SqliteSettingsTest, AReadOnlyStoreIsReadAndNotWritten) {
     for (const fs::path& open : {folder_.Path(), folder_ / "new", file_.parent_path()})
         fs::permissions(open, fs::perms::owner_all);
     EXPECT_EQ(SqliteSettings(file_).Read("P", "a"), kOne);
-}
-
-TEST_F(SqliteSettingsTest, SetUpValuesAreReadableWithTheCommandLineTool) {
-    SqliteSettings settings(file_);
-    EXPECT_TRUE(settings.SetUp([](SettingsBackend& backend) {
-        Settings store(backend);
-        WriteFirstValues(store, {u"/opt", u"", {}});
-    }));
-    settings.Write("P", "a", kOne); // the running program does not keep others out
-    const std::string select = "sqlite3 " + file_.string() + " \"SELECT type, hex(data) FROM value WHERE ";
-    EXPECT_EQ(OutputOf(select + "path LIKE '%\\standart' AND name='39'\""), "4|FFFFFFFF\n");
-    EXPECT_EQ(OutputOf(select + "name='texTExample'\""), "1|4578616D706C652C20CEE1F0E0E7E5F6\n");
 }
 
 TEST_F(SqliteSettingsTest, SetUpTouchesNoExistingStoreButADamagedOne) {

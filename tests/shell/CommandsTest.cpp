@@ -1,6 +1,7 @@
 #include "shell/Commands.h"
 
 #include "base/Utf8.h"
+#include "platform/Keys.h"
 #include "shell/Catalogue.h"
 #include "support/TestProgram.h"
 
@@ -196,6 +197,11 @@ TEST(Commands, TheStatesFollowWhatHappens) {
     EXPECT_EQ(enabled(), "TUDOV");
     test.program.Run("MENU:EDIT:CLEAR");
     EXPECT_EQ(enabled(), "UDOV");
+    text.SetSelText(u"zz");
+    text.SetSelStart(0);
+    text.SetSelLength(2);
+    test.system.input->KeyboardFilter({.key = 'X', .modifiers = modifier::kCtrl});
+    EXPECT_EQ(text.Text(), u"") << "a shortcut in the same turn finds the states as they are";
 }
 
 } // namespace

@@ -208,6 +208,7 @@ TEST(Closing, AsksThenCleansUpThenAsksAgain) {
     test.messageBox.answers = {BoxAnswer::No, BoxAnswer::Yes};
     EXPECT_TRUE(test.window.OnClose());
     EXPECT_TRUE(test.shell.ended);
+    EXPECT_EQ(test.clipboard.handedOver, u"") << "behind the clearing";
     EXPECT_EQ(test.sound.ended, std::vector<std::u16string>{u"/end.wav"}) << "the end cut its own sound";
 }
 
