@@ -37,7 +37,11 @@ protected:
     std::vector<std::string> clicked;
 };
 
-TEST_F(MainBarsTest, TheToolbarsOpenTheirMenuOnARightClickAndTheMenuNone) {
+TEST_F(MainBarsTest, TheToolbarsAndTheTextOpenTheirMenuOnARightClickAndTheMenuNone) {
+    EXPECT_EQ(bars.Bar(0).Toolbar()->Key(), "MENU");
+    test.window.document.OnRightMouseDown({300, 300});
+    EXPECT_EQ(toolkit.Find(toolkit.Menu().ActiveWindow)->Toolbar()->Key(), "MENU:EDIT");
+    toolkit.Tracking().EndMenuMode();
     for (FakeBarWindow* bar : {&menu, &toolbar, &decode}) {
         bar->listener->OnMousePress({700, 10}, MouseButton::Right);
         const qsCommandBar* const popup = toolkit.Find(toolkit.Menu().ActiveWindow);
@@ -58,6 +62,8 @@ TEST_F(MainBarsTest, TheToolbarsAreAsHighAsTheirIconsWant) {
         for (const int bar : {1, 2}) {
             bars.AttachToolBar(bar, icons);
             EXPECT_EQ(windows[static_cast<std::size_t>(bar)].place.Height(), height) << bar;
+            const cDisplayButtonInfo button = bars.Bar(bar).Items()[bar == 1 ? 1 : 6];
+            EXPECT_EQ(button.Right - button.Left, icons == ToolBarIcons::Large ? 32 : 24) << bar;
         }
 }
 

@@ -54,7 +54,9 @@ TEST_F(RecodingDialogs, RecodesByThePairThatIsChosenAndByNoneOfOneSet) {
                 EXPECT_EQ(
                     Find<QRadioButton>(dialog, (std::string("Option") + other + "2").c_str()).isEnabled(),
                     other != source);
+            const auto shown = test.dialogs->shown.size();
             QTest::mouseClick(&Find<QPushButton>(dialog, "cmdDecode"), Qt::LeftButton);
+            EXPECT_EQ(test.dialogs->shown.size() - shown, source == target ? 0U : 1U);
             const std::u16string after = windows1251::Decode(Iconv("Жук", "UTF-8", targetSet));
             EXPECT_EQ(test.window.document.Text(), source == target ? before : after) << source << target;
         }
@@ -126,7 +128,11 @@ TEST(ProgressBarTest, ReckonsPercentagesAndRefusesAnEmptyWhole) {
     bar.SetCalculatePercentage(true);
     EXPECT_EQ(bar.TotalValue(), 100);
     bar.SetTotalValue(8);
+    bool reached = false;
+    QMetaObject::invokeMethod(
+        &bar, [&] { reached = true; }, Qt::QueuedConnection);
     bar.SetValue(1);
+    EXPECT_TRUE(reached) << "a step lets events through, such as a stop";
     EXPECT_EQ(bar.Label(), u" 13%");
     const Error error = FailureOf([&] { bar.SetTotalValue(0); });
     EXPECT_EQ(static_cast<unsigned>(error.Number()), 0x800403E9U);
