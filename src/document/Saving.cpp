@@ -1,7 +1,6 @@
 #include "document/Saving.h"
 
 #include "base/Windows1251.h"
-#include "document/rtf/RtfReader.h"
 
 #include <functional>
 
@@ -25,9 +24,9 @@ std::u16string WithWholeBreaks(std::u16string_view text) {
     return whole;
 }
 
-// The formatting of an RTF file is in no backup.
+// An RTF file has its own bytes for text here: its formatting is in no backup.
 bool HasText(std::string_view bytes, std::u16string_view text) {
-    return !IsRtf(bytes) && WithWholeBreaks(windows1251::Decode(bytes)) == text;
+    return WithWholeBreaks(windows1251::Decode(bytes)) == text;
 }
 
 Expected ExpectedOf(const FileContents& found) {

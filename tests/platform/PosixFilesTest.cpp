@@ -320,6 +320,17 @@ TEST_F(PosixFilesTest, CopiesThatSaveOneFileAtOnceLoseNothing) {
         EXPECT_EQ(Contents(path), std::string(5000, 'o') + std::string(2 * kEach, 'x')) << linked;
     }
     EXPECT_THAT(SafetyCopies(), IsEmpty());
+    const auto makeNew = [&] { // each file is made by one of them alone
+        int made = 0;
+        for (int number = 0; number < kEach; ++number)
+            made += !files_
+                         .Replace(FromUtf8((folder_ / std::to_string(number)).native()), "x",
+                                  {Expected::What::Nothing, {}})
+                         .unexpected;
+        return made;
+    };
+    const pid_t maker = InProcess(makeNew);
+    EXPECT_EQ(makeNew() + ExitOf(maker), kEach);
     const std::string busy = Make("busy");
     const OpenFile holder(open(busy.c_str(), O_RDWR));
     flock(holder.Fd(), LOCK_EX);
@@ -377,22 +388,22 @@ TEST_F(PosixFilesTest, ABackupWhosePlaceIsTheDocumentIsNone) {
 
 TEST_F(PosixFilesTest, WhatAKilledSaveLeftGoesWithTheNextButNothingElse) {
     const std::string path = Make("letter");
-    const auto left = [&](const std::string& name) {
-        const std::string made = Make(name);
+    const std::string fresh = ".letter.00000001.quillshift"; // perhaps not locked yet
+    for (const char* name : {".letter.0123abcd.quillshift", ".other.0123abcd.quillshift", ".letter.0123abcd",
+                             ".letter.bak.0123abcd.quillshift"})
+        Make(name);
+    const Preparation live = Prepare(path, "of another copy", folder_ / "document");
+    for (const std::string& name : Names(folder_)) {
         const std::array<timespec, 2> old{timespec{1'000'000'000, 0}, {1'000'000'000, 0}};
-        utimensat(AT_FDCWD, made.c_str(), old.data(), 0);
-        return made;
-    };
-    left(".letter.0123abcd.quillshift");
-    const OpenFile live(open(left(".letter.00000001.quillshift").c_str(), O_RDWR));
-    flock(live.Fd(), LOCK_EX);
-    left(".other.0123abcd.quillshift");
-    left(".letter.0123abcd");
-    left(".letter.bak.0123abcd.quillshift");
+        utimensat(AT_FDCWD, (folder_ / name).c_str(), old.data(), 0);
+    }
+    Make(fresh);
     EXPECT_EQ(Write(path, "new"), 0);
+    EXPECT_FALSE(live.backup->PutInPlace());
+    EXPECT_EQ(Contents(path), "of another copy");
     EXPECT_THAT(Names(folder_),
-                UnorderedElementsAre("letter", ".letter.00000001.quillshift", ".letter.0123abcd",
-                                     ".other.0123abcd.quillshift", ".letter.bak.0123abcd.quillshift"));
+                UnorderedElementsAre("letter", fresh, ".letter.0123abcd", ".other.0123abcd.quillshift",
+                                     ".letter.bak.0123abcd.quillshift"));
 }
 
 TEST_F(PosixFilesTest, TheTrashHoldsACopyAndWhereItWas) {

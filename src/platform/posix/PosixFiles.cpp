@@ -20,8 +20,6 @@
 namespace quillshift {
 namespace {
 
-constexpr int kMostTries = 100; // to get hold of a file that others keep replacing
-
 bool IsSameFile(const struct stat& one, const struct stat& other) {
     return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
 }
@@ -151,14 +149,11 @@ bool IsAsExpected(const Target& target, const Expected& expected) {
     }
 }
 
-// Waits until nobody else writes the file. False if another one has its name by then, or it has changed.
-bool TakeLock(Target& target, int& error) {
-    error = Lock(target.file.Fd());
-    struct stat named {};
-    if (error != 0)
-        return true;
-    return fstat(target.file.Fd(), &target.info) == 0 && stat(target.path.c_str(), &named) == 0 &&
-           IsSameFile(named, target.info);
+// Waits until nobody else writes the file, and looks again.
+int TakeLock(Target& target) {
+    if (const int error = Lock(target.file.Fd()))
+        return error;
+    return fstat(target.file.Fd(), &target.info) == 0 ? 0 : errno;
 }
 
 std::optional<FileFailure> WriteStraight(Target& target, std::string_view bytes) {
@@ -227,29 +222,23 @@ Written PosixFiles::Replace(std::u16string_view path, std::string_view bytes, co
     std::string native;
     if (auto failure = ToNative(path, native))
         return {failure};
-    for (int tries = 0; tries < kMostTries; ++tries) {
-        Target target;
-        if (auto failure = FindTarget(native, target))
-            return {failure};
-        if (target.file && !S_ISREG(target.info.st_mode))
-            return {WriteStraight(target, bytes)};
-        int error = 0;
-        if (target.file && !TakeLock(target, error))
-            continue;
-        if (error != 0)
-            return {Explain(error, target.path)};
-        if (!IsAsExpected(target, expected))
-            return {.failure = {}, .unexpected = true};
-        if (target.file && (!target.renames || target.info.st_nlink != 1))
-            return {Overwrite(target.path, bytes)};
-        const Replacement done = ReplaceFile(target, bytes, expected.what == Expected::What::Nothing);
-        if (done.overwriteInstead)
-            return {Overwrite(target.path, bytes)};
-        if (done.error != 0)
-            return {Explain(done.error, target.path)};
-        return {.failure = {}, .unexpected = done.unexpected};
-    }
-    return {Explain(EBUSY, native)};
+    Target target;
+    if (auto failure = FindTarget(native, target))
+        return {failure};
+    if (target.file && !S_ISREG(target.info.st_mode))
+        return {WriteStraight(target, bytes)};
+    if (const int error = target.file ? TakeLock(target) : 0)
+        return {Explain(error, target.path)};
+    if (!IsAsExpected(target, expected))
+        return {.failure = {}, .unexpected = true};
+    if (target.file && (!target.renames || target.info.st_nlink != 1))
+        return {Overwrite(target.path, bytes)};
+    const Replacement done = ReplaceFile(target, bytes, expected.what == Expected::What::Nothing);
+    if (done.overwriteInstead)
+        return {Overwrite(target.path, bytes)};
+    if (done.error != 0)
+        return {Explain(done.error, target.path)};
+    return {.failure = {}, .unexpected = done.unexpected};
 }
 
 Preparation PosixFiles::PrepareBackup(std::u16string_view path, std::string_view bytes,
