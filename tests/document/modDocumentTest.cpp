@@ -149,7 +149,7 @@ TEST_F(modDocumentTest, AnRtfFileWithdrawsPlainSaveAndNeedsText) {
 }
 
 TEST_F(modDocumentTest, TheCommandsWithAFileDialogPlayTheLoadSoundFirst) {
-    test.Set(Setting::FormLoadPath, u"/load.wav");
+    test.Set(Setting::FormLoadPath, u"/load.wav").Set(Setting::FolderDocuments, u"/folder");
     for (const auto& [on, plays] : {std::pair{u"0", false}, {u"2", false}, {u"1", true}})
         for (const char* key : {"MENU:FILE:OPEN", "TOOLBAR:OPEN", "MENU:FILE:SAVEAS", "MENU:FILE:IMPORT:RTF",
                                 "MENU:FILE:REOPEN", "TOOLBAR:SAVE", "MENU:FILE:NEW"}) {
@@ -161,6 +161,7 @@ TEST_F(modDocumentTest, TheCommandsWithAFileDialogPlayTheLoadSoundFirst) {
             EXPECT_EQ(!test.sound.played.empty(),
                       plays && (hasDialog || name.ends_with("SAVEAS") || name.ends_with("RTF")))
                 << key;
+            EXPECT_EQ(test.fileDialog.InitDir, u"/folder");
         }
 }
 
@@ -319,6 +320,7 @@ TEST_F(modDocumentTest, ImportInsertsAtTheCaretAndKeepsTheSelection) {
     window.document.SetSelStart(3);
     window.document.SetSelLength(3);
     test.files.files[u"/d/i.rtf"] = "middle";
+    test.fileDialog.FileName = u"/d/before.txt";
     test.fileDialog.chosen = {u"/d/i.rtf"};
     Dispatch("MENU:FILE:IMPORT:RTF");
     EXPECT_EQ(window.document.Text(), u"onemiddletwo");

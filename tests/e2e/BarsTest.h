@@ -75,18 +75,6 @@ protected:
         }
         return {menu.left + 40, y + 12};
     }
-    // Where a button of the standard toolbar is to be clicked.
-    Point Tool(std::string_view key) const {
-        const Rect window = desktop.Place(editor.Window());
-        int x = window.left;
-        for (const CatalogueEntry& entry : Catalogue()) {
-            if (entry.Key == key)
-                break;
-            if (ParentKey(entry.Key) == "TOOLBAR")
-                x += entry.Style == ButtonStyle::Separator ? 8 : 24;
-        }
-        return {x + 12, window.top + 35};
-    }
     // How high the menu below a key is, by its entries.
     static int HeightOfMenu(std::string_view key) {
         int height = 2;

@@ -47,7 +47,7 @@ TEST_F(Editing, AnIndentGoesAndStopsAtTheMargin) {
     const Rect window = desktop.Place(editor.Window());
     const Rect margin = RectAt(window.left + 10, window.top + 84, 40, 20);
     const auto before = desktop.Pixels(margin);
-    desktop.Click(Tool("TOOLBAR:INDENT"));
+    editor.Choose("MENU:FORMAT:INDENT");
     desktop.WaitUntil("the text has moved", [&] { return desktop.Pixels(margin) != before; });
     editor.Choose("MENU:FORMAT:OUTDENT");
     editor.Choose("MENU:FORMAT:OUTDENT");

@@ -99,22 +99,6 @@ TEST_F(Toolbars, WhatANarrowWindowHasNoRoomForIsInAMenu) {
     EXPECT_EQ(Saved(), "\r\n");
 }
 
-TEST_F(Toolbars, AButtonGoesOutWhenThePointerLeavesItDuringAMenu) {
-    editor.Start();
-    const Rect window = desktop.Place(editor.Window());
-    const Rect button = RectAt(window.left + 30, window.top + 24, 40, 21);
-    const auto unlit = desktop.Pixels(button);
-    desktop.MoveTo({window.left + 45, window.top + 35});
-    desktop.WaitUntil("the button is lit", [&] { return desktop.Pixels(button) != unlit; });
-    OpenByKeyboard(7);
-    desktop.MoveTo(Row(WaitForMenu(1), "MENU:DECODE:MAC"));
-    WaitForMenu(2); // comes later than a toolbar misses the pointer
-    for (int level = 0; level < 3; ++level)
-        desktop.Press("Escape");
-    WaitUntilClosed();
-    desktop.WaitUntil("the button is out", [&] { return desktop.Pixels(button) == unlit; });
-}
-
 TEST_F(Toolbars, AButtonTellsWhatItDoes) {
     editor.Start();
     const Rect window = desktop.Place(editor.Window());

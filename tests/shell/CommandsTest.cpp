@@ -13,7 +13,7 @@
 namespace quillshift {
 namespace {
 
-const std::u16string kBefore = u"\u040F\u0430 Bb"; // Пр as DOS letters are read, and Bb, which is selected
+const std::u16string kBefore = u"\u040F\u0430 Bb!"; // Пр as DOS letters are read, and Bb, which is selected
 
 // A program with a document, something to undo and to redo, to bring back and to open again.
 struct Situation : TestProgram {
@@ -73,26 +73,26 @@ TEST(Commands, EachPlaceDoesWhatItSays) {
         {"MENU:FILE:OPEN", "TOOLBAR:OPEN", "text next; "},
         {"MENU:FILE:REOPEN", "TOOLBAR:REOPEN", "text from the disk; "},
         {"MENU:FILE:SAVEAS", "TOOLBAR:SAVE", "written; "},
-        {"MENU:FILE:IMPORT:RTF", "", "text Џа nextBb; clipboard next; "},
+        {"MENU:FILE:IMPORT:RTF", "", "text Џа nextBb!; clipboard next; "},
         {"MENU:FILE:EXIT", "", "close; "},
-        {"MENU:EDIT:UNDO", "TOOLBAR:UNDO", "text Џа Bb1; "},
-        {"MENU:EDIT:REDO", "TOOLBAR:REDO", "text Џа Bb3; "},
-        {"MENU:EDIT:CUT", "TOOLBAR:CUT", "text Џа ; clipboard Bb; "},
+        {"MENU:EDIT:UNDO", "TOOLBAR:UNDO", "text Џа Bb!1; "},
+        {"MENU:EDIT:REDO", "TOOLBAR:REDO", "text Џа Bb!3; "},
+        {"MENU:EDIT:CUT", "TOOLBAR:CUT", "text Џа !; clipboard Bb; "},
         {"MENU:EDIT:COPY", "TOOLBAR:COPY", "clipboard Bb; "},
-        {"MENU:EDIT:PASTE", "TOOLBAR:PASTE", "text Џа copiedBb; "},
-        {"MENU:EDIT:DELETE", "TOOLBAR:DELETE", "text Џа ; "},
-        {"MENU:EDIT:SELECTALL", "", "selected 5; "},
+        {"MENU:EDIT:PASTE", "TOOLBAR:PASTE", "text Џа copiedBb!; "},
+        {"MENU:EDIT:DELETE", "TOOLBAR:DELETE", "text Џа !; "},
+        {"MENU:EDIT:SELECTALL", "", "selected 6; "},
         {"MENU:EDIT:CLEAR", "TOOLBAR:CLEAR", "text ; "},
-        {"MENU:FORMAT:ALLTEXTCASE:CASEU", "", "text ЏА BB; "},
-        {"MENU:FORMAT:ALLTEXTCASE:CASEL", "", "text џа bb; "},
-        {"MENU:FORMAT:SELTEXTCASE:CASEU", "", "text Џа BB; "},
-        {"MENU:FORMAT:SELTEXTCASE:CASEL", "", "text Џа bb; "},
+        {"MENU:FORMAT:ALLTEXTCASE:CASEU", "", "text ЏА BB!; "},
+        {"MENU:FORMAT:ALLTEXTCASE:CASEL", "", "text џа bb!; "},
+        {"MENU:FORMAT:SELTEXTCASE:CASEU", "", "text Џа BB!; "},
+        {"MENU:FORMAT:SELTEXTCASE:CASEL", "", "text Џа bb!; "},
         {"MENU:FORMAT:INDENT", "TOOLBAR:INDENT", "indent; "},
         {"MENU:FORMAT:OUTDENT", "TOOLBAR:OUTDENT", ""},
         {"MENU:DECODE:UNDO", "TOOLBAR2:UNDO", "text saved; "},
         {"MENU:DECODE:DECODE", "", "dialog; "},
         {"MENU:DECODE:WIZARD", "TOOLBAR:WIZARD", "box Мастер перекодирования не найден в папке программы.; "},
-        {"MENU:DECODE:DOS:DW", "TOOLBAR2:START", "text Пр Bb; progress; "},
+        {"MENU:DECODE:DOS:DW", "TOOLBAR2:START", "text Пр Bb!; progress; "},
         {"TOOLBAR2:STOP", "", "stop; "},
         {"MENU:HELP:AUTHORMAIL", "", "opens mailto:a; "},
         {"MENU:HELP:VISITHOMEPAGE", "", "opens https://; "},
@@ -189,9 +189,10 @@ TEST(Commands, TheStatesFollowWhatHappens) {
     text.SetSelText(u"Џа");
     test.program.Run("MENU:DECODE:DOS:DW");
     EXPECT_EQ(text.Text(), u"Пр");
+    text.SetSelLength(0);
+    EXPECT_EQ(enabled(), "TUD");
     test.fileDialog.chosen.emplace_back(u"/a.txt");
     test.program.Run("MENU:FILE:SAVEAS");
-    text.SetSelLength(0);
     EXPECT_EQ(enabled(), "TUDV");
     test.OpenFile(u"/b.txt", "b");
     EXPECT_EQ(enabled(), "TUDOV");

@@ -37,6 +37,10 @@ TEST(Main, LaysTheTextAreaOutByIconsAndBars) {
         test.Set(Setting::ToolBarDecode, bars > 1 ? u"1" : u"2");
         EXPECT_EQ(test.Start().layouts.back(),
                   (MainView::EditorLayout{{editor}, {shape}, {11460}, {surface}, {11390}}));
+        test.window.state = WindowState::Minimised;
+        const std::size_t before = test.window.layouts.size();
+        test.window.OnResize();
+        EXPECT_EQ(test.window.layouts.size(), before) << "a minimised window has no area";
     }
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QComboBox>
 #include <QTest>
 #include <QTextEdit>
 #include <QWindow>
@@ -78,6 +79,10 @@ TEST_F(BarsTest, TenThousandRandomEventsLeaveNothingOpenDisabledOrWithoutTheKeyb
     for (int bar = 0; bar < 3; ++bar)
         EXPECT_TRUE(bars.Bar(bar).Enabled()) << bar;
     EXPECT_TRUE(text->hasFocus());
+    auto* directions = window.findChild<QComboBox*>();
+    directions->setFocus();
+    emit directions->activated(0);
+    EXPECT_TRUE(text->hasFocus()) << "the keyboard goes back to the text";
     text->clear();
     QTest::keyClick(window.windowHandle(), Qt::Key_Y);
     EXPECT_EQ(text->toPlainText(), QStringLiteral("y"));
