@@ -17,6 +17,7 @@ namespace {
 
 constexpr WindowId kTop = 1;
 constexpr WindowId kElsewhere = 99;
+constexpr mCommandBars::ShortcutAlias kAliases[] = {{'K', modifier::kCtrl, 'O', modifier::kCtrl}};
 
 /// A main menu and a toolbar on a fake desktop, and a hand that follows a script.
 class Bars : public testing::Test {
@@ -27,7 +28,7 @@ protected:
         tools = &AddControl(3, RectAt(100, 121, 600, 24));
         menu->SetMainMenu(true);
         Fill("VIEW", {{"Wide", u"&Wide"}});
-        Fill("MORE", {{"One", u"&One"}, {"Two", u"&Two"}});
+        Fill("MORE", {{"One", u"&One"}, {"Two", u"&Two"}, {"Late", u"&Late"}});
         Fill("FILE", {{"Off", u"Of&f"},
                       {"Open", u"&Open"},
                       {"=1", u""},
@@ -35,19 +36,27 @@ protected:
                       {"Tick", u"&Tick", "", ButtonStyle::Check},
                       {"Ghost", u"&Ghost"},
                       {"Gone", u"Go&ne"}});
-        Fill("MENU", {{"File", u"&File", "FILE"}, {"Edit", u"&Edit", "VIEW"}, {"View", u"&View", "VIEW"}});
-        Fill("TOOLS", {{"Cut", u""},
+        Fill("MENU", {{"File", u"&File", "FILE"},
+                      {"Edit", u"&Edit", "VIEW"},
+                      {"View", u"&View", "VIEW"},
+                      {"Help", u"&Help", "MORE"}});
+        Fill("TOOLS", {{"Cut", u"", "", ButtonStyle::Check},
                        {"=2", u""},
                        {"Split", u"", "MORE", ButtonStyle::Split},
                        {"List", u"", "VIEW"},
                        {"Paste", u""}});
-        for (const char* off : {"Off", "Gone", "Edit"})
+        for (const char* off : {"Off", "Gone", "Edit", "Late"})
             Button(off).SetEnabled(false);
         Button("Ghost").SetVisible(false);
-        for (const char* heading : {"File", "Edit", "View"})
+        for (const char* heading : {"File", "Edit", "View", "Help"})
             Button(heading).SetShowCaptionInToolbar(true);
-        Button("Open").SetShortcutKey('O');
-        Button("Open").SetShortcutModifiers(modifier::kCtrl);
+        for (const auto& [button, letter] : {std::pair{"Open", 'O'}, {"Cut", 'X'}, {"Late", 'L'}}) {
+            Button(button).SetShortcutKey(letter);
+            Button(button).SetShortcutModifiers(modifier::kCtrl);
+        }
+        toolkit.Model().FindButton("Two")->Infrequent = true; // shown all the same
+        toolkit.BeforeShortcut = [this] { Button("Late").SetEnabled(true); };
+        toolkit.Aliases = kAliases;
         for (const char* tool : {"Cut", "Split", "List", "Paste"})
             Button(tool).SetIconIndex(0);
         Button("Cut").SetToolTip(u"Cut out");
@@ -145,12 +154,16 @@ protected:
             system.Press(step == "press:desk" ? 0 : kElsewhere);
         else if (colon != std::string::npos)
             Mouse(step.substr(0, colon), step.substr(colon + 1));
+        else if (step == "beside")
+            WindowOf(*menu).listener->OnMouseMove({500, 10});
         else if (step == "wait")
             platform.timers.Tick();
         else if (step == "away") {
-            system.pointer = {0, 0};
+            const Point from = std::exchange(system.pointer, {0, 0});
             for (FakeBarWindow& window : windows)
-                window.listener->OnMouseLeave();
+                if (window.place.left <= from.x && from.x < window.place.right &&
+                    window.place.top <= from.y && from.y < window.place.bottom)
+                    window.listener->OnMouseLeave();
         } else if (step == "free")
             menu->ShowPopupMenu({300, 300}, menu->CommandBars().Item("FILE"));
         else if (step == "Alt") {
@@ -230,8 +243,11 @@ TEST_F(Bars, GoWhereKeysAndMouseSendThem) {
         // Along the strip, past what is disabled, and around its ends
         {"Alt", "MENU:File on,"},
         {"Alt Right", "MENU:View on,"},
-        {"Alt Right Right", "MENU:File on,"},
-        {"Alt Left", "MENU:View on,"},
+        {"Alt Right Right Right", "MENU:File on,"},
+        {"Alt Right Left", "MENU:File on,"},
+        {"Alt Right Right", "MENU:Help on,"},
+        {"Alt Left", "MENU:Help on,"},
+        {"Alt beside", "MENU:File on,"},
         {"Alt Alt", "MENU:File on,"}, // leaves when pressed, enters when let go
         {"Alt Esc", "off,"},
         // Only these keys light the first row of what they open
@@ -265,10 +281,10 @@ TEST_F(Bars, GoWhereKeysAndMouseSendThem) {
         {"Alt Down R Right", "MENU:View VIEW:- on, before FILE before MORE after MORE after FILE before VIEW"},
         {"Alt Down R Down Enter", "off, before FILE before MORE after MORE after FILE click Two"},
         {"Alt Down Right", "MENU:View VIEW:- on, before FILE after FILE before VIEW"},
-        {"Alt Down Left", "MENU:View VIEW:- on, before FILE after FILE before VIEW"},
+        {"Alt Down Left", "MENU:Help MORE:- on, before FILE after FILE before MORE"},
         // A free menu goes over to the strip of the control that showed it
         {"free", "FILE:- on, before FILE"},
-        {"free Left", "MENU:View VIEW:- on, before FILE after FILE before VIEW"},
+        {"free Left", "MENU:Help MORE:- on, before FILE after FILE before MORE"},
         {"free Right", "MENU:File FILE:- on, before FILE after FILE before FILE"},
         {"free R Right", "MENU:File FILE:- on, before FILE before MORE after MORE after FILE before FILE"},
         {"free R Left", "FILE:More on, before FILE before MORE after MORE"},
@@ -298,23 +314,31 @@ TEST_F(Bars, GoWhereKeysAndMouseSendThem) {
         {"click:File over:Open away wait", "MENU:File FILE:- on, before FILE"},
         {"right:Cut", "TOOLS:Cut off, right Cut 8"},
         {"click:List", "TOOLS:List VIEW:- on, before VIEW"},
+        {"click:List over:Cut", "TOOLS:Cut on, before VIEW after VIEW"},
+        {"over:Cut Alt away wait", "MENU:File TOOLS:Cut on,"},
         {"click:Split", "TOOLS:Split off, click Split"},
         {"arrow:Split", "TOOLS:Split MORE:- on, drop Split before MORE"},
         // Shortcuts and what they tick
         {"Ctrl+O", "off, click Open"},
+        {"Ctrl+K", "off, click Open"}, // means the same
+        {"Ctrl+L", "off, click Late"}, // enabled at the last moment
+        {"Ctrl+X", "off, click Cut"},
         {"Ctrl+P", "off,"},
         {"click:File Ctrl+O", "off, before FILE after FILE click Open"}, // the letter is a mnemonic here
     });
     // clang-format on
     EXPECT_TRUE(Button("Tick").Checked()) << "it was clicked once";
+    EXPECT_TRUE(Button("Cut").Checked()) << "it was clicked twice, and once by its shortcut";
 }
 
 TEST_F(Bars, AToolbarOffersWhatItHasNoRoomFor) {
     tools->MoreToolTip = u"More buttons";
-    WindowOf(*tools).MoveTo(RectAt(100, 121, 82, 24)); // one pixel short
+    const auto icons = std::make_shared<PlatformImageList>(PlatformImageList{.size = {16, 16}, .images = {}});
+    tools->SetToolbarImageList(icons);
+    WindowOf(*tools).MoveTo(RectAt(100, 121, 114, 24)); // one pixel short
     ExpectEach({
         {"over:+", "TOOLS:+ off,"},
-        {"right:+", "TOOLS:+ off, right - 74"},
+        {"right:+", "TOOLS:+ off, right - 106"},
         {"click:+", "TOOLS:+ TOOLS:- on, before TOOLS"},
         {"click:+ click:+", "off, before TOOLS after TOOLS"},
         {"click:+ click:Paste", "off, before TOOLS after TOOLS click Paste"},
@@ -327,11 +351,11 @@ TEST_F(Bars, AToolbarOffersWhatItHasNoRoomFor) {
     Run("click:+");
     Button("Paste").SetEnabled(false);
     EXPECT_EQ(Run("click:Paste"), "TOOLS:+ TOOLS:- on,");
-    // A row: icon, caption with two blanks, and what every row has; the last one is disabled, yet stands
-    // there.
-    EXPECT_EQ(WindowOf(*toolkit.Find(toolkit.Menu().ActiveWindow)).place.Width(), 8 + 6 * 10 + 52);
+    // Rows: icon, caption with two blanks, and what every row has. One is disabled, yet stands there.
+    const Rect rows = WindowOf(*toolkit.Find(toolkit.Menu().ActiveWindow)).place;
+    EXPECT_EQ(rows, RectAt(rows.left, 145, 16 + 6 * 10 + 52, 3 * 24 + 2));
     Run("Esc Esc");
-    WindowOf(*tools).MoveTo(RectAt(100, 121, 83, 24));
+    WindowOf(*tools).MoveTo(RectAt(100, 121, 115, 24));
     EXPECT_TRUE(std::ranges::all_of(tools->Items(), IsPlaced));
     EXPECT_EQ(tools->Items().size(), 5U);
 }
@@ -351,7 +375,7 @@ TEST_F(Bars, AToolbarIsAsHighAsItIsTold) {
 
 TEST_F(Bars, OneThatIsLaidOutForgetsWhatIsHotUnlessAMenuIsOpen) {
     Run("over:Cut");
-    EXPECT_EQ(WindowOf(*tools).toolTip, u"Cut out");
+    EXPECT_EQ(WindowOf(*tools).toolTip, u"Cut out (Ctrl+X)");
     Button("Paste").SetIconIndex(1);
     EXPECT_EQ(Run(""), "off,");
     EXPECT_EQ(WindowOf(*tools).toolTip, u"");

@@ -152,6 +152,7 @@ TEST(ToolbarLayout, PlacesItemsSideBySideAsDeepAsTheDeepest) {
     EXPECT_EQ(Areas(strip.Resize(200).items),
               (Rects{{0, 0, 8, 24}, {8, 0, 32, 24}, {}, {32, 0, 40, 24}, {}, {40, 0, 76, 24}}));
     EXPECT_EQ(strip.Resize(200).depth, 24);
+    EXPECT_EQ(PanelControlArea(strip.Resize(200).items[5], 20), (Rect{41, 2, 75, 22}));
     EXPECT_EQ(Areas(strip.Resize(200, true).items),
               (Rects{{192, 0, 200, 24}, {168, 0, 192, 24}, {}, {160, 0, 168, 24}, {}, {124, 0, 160, 24}}));
 }
