@@ -417,6 +417,13 @@ TEST_F(Bars, RepaintWhatHasChanged) {
     }
 }
 
+TEST_F(Bars, AreMeasuredAnewWhenTheDesktopHasOtherLetters) {
+    const cDisplayButtonInfo before = menu->Items()[0];
+    WindowOf(*menu).textScale = 2;
+    messages.Send(kTop, message::kSettingChange);
+    EXPECT_EQ(AreaOf(menu->Items()[0]), (Rect{0, 0, before.Right + 4 * 6, before.Bottom + 13}));
+}
+
 TEST_F(Bars, ADropDownMayBeRefused) {
     refusesDrop = true;
     EXPECT_EQ(Run("arrow:Split"), "TOOLS:Split off, drop Split");

@@ -60,14 +60,25 @@ public:
     bool visible = false;
     bool painted = true;
     bool rightToLeft = false;
-    int shadows = 0; ///< strips that are shown
+    int textScale = 1; ///< of the desktop's letters
+    int shadows = 0;   ///< strips that are shown
     std::vector<Rect> repainted;
     std::u16string toolTip;
 
 private:
     WindowId id_;
     WindowId top_;
-    RecordingSurface texts_;
+    class Texts final : public RecordingSurface {
+    public:
+        explicit Texts(const int& scale) : scale_(scale) {}
+        Size TextExtent(std::u16string_view text, const FontSpec& font, bool mnemonics) const override {
+            const Size size = RecordingSurface::TextExtent(text, font, mnemonics);
+            return {size.width * scale_, size.height * scale_};
+        }
+
+    private:
+        const int& scale_;
+    } texts_{textScale};
 };
 
 /// A desktop of one monitor whose input comes from a test.
