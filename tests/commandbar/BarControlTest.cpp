@@ -1,240 +1,9 @@
-#include "commandbar/qsCommandBar.h"
-#include "platform/Keys.h"
-#include "support/FakeBarControl.h"
-#include "support/FakeBarWindow.h"
-#include "support/FakeDesktop.h"
-#include "support/FakePlatform.h"
-#include "support/FakeWindowMessages.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <deque>
-#include <sstream>
+#include "support/ScriptedBars.h"
 
 namespace quillshift {
 namespace {
 
-constexpr WindowId kTop = 1;
-constexpr WindowId kElsewhere = 99;
-constexpr mCommandBars::ShortcutAlias kAliases[] = {{'K', modifier::kCtrl, 'O', modifier::kCtrl}};
-
-/// A main menu and a toolbar on a fake desktop, and a hand that follows a script.
-class Bars : public testing::Test {
-protected:
-    Bars() {
-        messages.Open(kTop);
-        menu = &AddControl(2, RectAt(100, 100, 600, 21));
-        tools = &AddControl(3, RectAt(100, 121, 600, 24));
-        menu->SetMainMenu(true);
-        Fill("VIEW", {{"Wide", u"&Wide"}});
-        Fill("MORE", {{"One", u"&One"}, {"Two", u"&Two"}, {"Late", u"&Late"}});
-        Fill("FILE", {{"Off", u"Of&f"},
-                      {"Open", u"&Open"},
-                      {"=1", u""},
-                      {"More", u"Mo&re", "MORE"},
-                      {"Tick", u"&Tick", "", ButtonStyle::Check},
-                      {"Ghost", u"&Ghost"},
-                      {"Gone", u"Go&ne"}});
-        Fill("MENU", {{"File", u"&File", "FILE"},
-                      {"Edit", u"&Edit", "VIEW"},
-                      {"View", u"&View", "VIEW"},
-                      {"Help", u"&Help", "MORE"}});
-        Fill("TOOLS", {{"Cut", u"", "", ButtonStyle::Check},
-                       {"=2", u""},
-                       {"Split", u"", "MORE", ButtonStyle::Split},
-                       {"List", u"", "VIEW"},
-                       {"Paste", u""}});
-        for (const char* off : {"Off", "Gone", "Edit", "Late"})
-            Button(off).SetEnabled(false);
-        Button("Ghost").SetVisible(false);
-        for (const char* heading : {"File", "Edit", "View", "Help"})
-            Button(heading).SetShowCaptionInToolbar(true);
-        for (const auto& [button, letter] : {std::pair{"Open", 'O'}, {"Cut", 'X'}, {"Late", 'L'}}) {
-            Button(button).SetShortcutKey(letter);
-            Button(button).SetShortcutModifiers(modifier::kCtrl);
-        }
-        toolkit.Model().FindButton("Two")->Infrequent = true; // shown all the same
-        toolkit.BeforeShortcut = [this] { Button("Late").SetEnabled(true); };
-        toolkit.Aliases = kAliases;
-        for (const char* tool : {"Cut", "Split", "List", "Paste"})
-            Button(tool).SetIconIndex(0);
-        Button("Cut").SetToolTip(u"Cut out");
-        Button("Paste").SetToolTip(u"Paste in");
-        menu->SetToolbar(menu->CommandBars().Item("MENU"));
-        tools->SetToolbar(tools->CommandBars().Item("TOOLS"));
-        system.foreground = kTop;
-        log.clear();
-    }
-
-    struct Entry {
-        const char* key;
-        std::u16string caption;
-        const char* bar = "";
-        ButtonStyle style = ButtonStyle::Normal;
-    };
-    void Fill(const char* bar, const std::vector<Entry>& entries) {
-        const cCommandBar made = menu->CommandBars().Add(bar);
-        for (const Entry& entry : entries) {
-            const auto style = entry.key[0] == '=' ? ButtonStyle::Separator : entry.style;
-            const cButton button = menu->Buttons().Add(entry.key, -1, entry.caption, style);
-            if (*entry.bar != 0)
-                button.SetBar(menu->CommandBars().Item(entry.bar));
-            made.Buttons().Add(button);
-        }
-    }
-    qsCommandBar& AddControl(WindowId id, Rect place) {
-        messages.Open(id);
-        FakeBarWindow& window = windows.emplace_back(id, id < 10 ? kTop : id, place);
-        qsCommandBar& control = controls.emplace_back(toolkit, window);
-        control.ButtonClick = [this](const cButton& button) { log += " click " + button.Key(); };
-        control.ButtonDropDown = [this](const cButton& button, bool& cancel) {
-            log += " drop " + button.Key();
-            cancel = refusesDrop;
-        };
-        control.BeforeShowMenu = [this](const cCommandBar& bar) { log += " before " + bar.Key(); };
-        control.AfterShowMenu = [this, &control](const cCommandBar& bar) {
-            log += " after " + bar.Key() + (control.InUse ? " in use" : "");
-        };
-        control.RightClick = [this](const std::optional<cButton>& button, Point at) {
-            log += " right " + (button ? button->Key() : "-") + " " + std::to_string(at.x);
-        };
-        control.RequestNewInstance = [this] {
-            return &AddControl(static_cast<WindowId>(10 + windows.size()), {});
-        };
-        return control;
-    }
-    cButton Button(const char* key) { return menu->Buttons().Item(key); }
-    FakeBarWindow& WindowOf(const qsCommandBar& control) {
-        return *std::ranges::find(windows, control.Window(), &FakeBarWindow::Id);
-    }
-
-    // The control that shows a button at present, and the button's place in it. "+" is the toolbar's own.
-    std::pair<qsCommandBar*, std::size_t> Find(const std::string& key) {
-        if (key == "+")
-            return {tools, tools->Items().size() - 1};
-        for (auto each = controls.rbegin(); each != controls.rend(); ++each) {
-            if (!each->Toolbar())
-                continue;
-            const cCommandBarButtons shown = each->Toolbar()->Buttons();
-            for (int i = 1; i <= shown.count(); ++i)
-                if (shown.Item(i).Key() == key && IsPlaced(each->Items()[std::size_t(i) - 1]))
-                    return {&*each, std::size_t(i) - 1};
-        }
-        ADD_FAILURE() << key << " is nowhere to be seen";
-        return {menu, 0};
-    }
-    void Mouse(const std::string& what, const std::string& key) {
-        auto [control, index] = Find(key);
-        FakeBarWindow& window = WindowOf(*control);
-        const cDisplayButtonInfo item = control->Items()[index];
-        const bool arrow = what == "arrow";
-        const Point at{arrow ? item.Right - 3 : (item.Left + item.Right) / 2, (item.Top + item.Bottom) / 2};
-        system.pointer = window.ToScreen(at);
-        system.underPointer = window.Id();
-        system.input->MouseFilter(false);
-        window.listener->OnMouseMove(at);
-        if (what == "over")
-            return;
-        system.Press(window.Id());
-        window.listener->OnMousePress(at, what == "right" ? MouseButton::Right : MouseButton::Left);
-        if (what == "click")
-            window.listener->OnMouseRelease(at, MouseButton::Left);
-    }
-    void Do(const std::string& step) {
-        static const std::map<std::string, int> kKeys{
-            {"Left", key::kLeft}, {"Right", key::kRight}, {"Up", key::kUp},       {"Down", key::kDown},
-            {"Home", key::kHome}, {"End", key::kEnd},     {"Enter", key::kEnter}, {"Esc", key::kEscape}};
-        const auto colon = step.find(':');
-        if (step == "deactivate")
-            messages.Send(kTop, message::kActivateApplication);
-        else if (step == "box")
-            system.foreground = kElsewhere;
-        else if (colon != std::string::npos && step.starts_with("press"))
-            system.Press(step == "press:desk" ? 0 : kElsewhere);
-        else if (colon != std::string::npos)
-            Mouse(step.substr(0, colon), step.substr(colon + 1));
-        else if (step == "beside")
-            WindowOf(*menu).listener->OnMouseMove({500, 10});
-        else if (step == "wait")
-            platform.timers.Tick();
-        else if (step == "away") {
-            const Point from = std::exchange(system.pointer, {0, 0});
-            for (FakeBarWindow& window : windows)
-                if (window.place.left <= from.x && from.x < window.place.right &&
-                    window.place.top <= from.y && from.y < window.place.bottom)
-                    window.listener->OnMouseLeave();
-        } else if (step == "free")
-            menu->ShowPopupMenu({300, 300}, menu->CommandBars().Item("FILE"));
-        else if (step == "Alt") {
-            system.input->KeyboardFilter({.key = key::kAlt, .modifiers = modifier::kAlt});
-            system.input->KeyboardFilter({.key = key::kAlt, .up = true});
-        } else if (step.starts_with("Alt+") || step.starts_with("Ctrl+"))
-            system.input->KeyboardFilter(
-                {.key = step.back(), .modifiers = step[0] == 'A' ? modifier::kAlt : modifier::kCtrl});
-        else
-            system.input->KeyboardFilter({.key = kKeys.contains(step) ? kKeys.at(step) : step.at(0)});
-    }
-    // The bars with something lit, as "BAR:item", then what was told of since the last time.
-    std::string Run(const char* script) {
-        std::istringstream steps(script);
-        for (std::string step; steps >> step;)
-            Do(step);
-        std::string state;
-        const auto add = [&](const qsCommandBar& control) {
-            std::string lit = control.IsPopup() ? "-" : "";
-            for (std::size_t i = 0; i < control.Items().size(); ++i) {
-                const cDisplayButtonInfo& item = control.Items()[i];
-                if (item.MouseOver || item.MouseOverSplit || item.ShowingMenu)
-                    lit = i < std::size_t(control.Toolbar()->Buttons().count())
-                              ? control.Toolbar()->Buttons().Item(static_cast<int>(i) + 1).Key()
-                              : "+";
-            }
-            if (!lit.empty())
-                state += control.Toolbar()->Key() + ":" + lit + " ";
-        };
-        add(*menu);
-        add(*tools);
-        for (const cMenuPopupStack& popup : toolkit.Menu().popups.Entries()) {
-            EXPECT_TRUE(WindowOf(*toolkit.Find(popup.hwnd)).visible);
-            EXPECT_EQ(WindowOf(*toolkit.Find(popup.hwnd)).shadows, 2);
-            add(*toolkit.Find(popup.hwnd));
-        }
-        state += toolkit.Menu().MenuMode ? "on" : "off";
-        return state + "," + std::exchange(log, {});
-    }
-
-    struct Step {
-        const char* script;
-        const char* outcome;
-    };
-    // Each script begins and ends with nothing open.
-    void ExpectEach(const std::vector<Step>& steps) {
-        for (const Step& step : steps) {
-            EXPECT_EQ(Run(step.script), step.outcome) << step.script;
-            toolkit.Tracking().EndMenuMode();
-            system.foreground = kTop;
-            Run("away wait");
-            for (const qsCommandBar& control : controls)
-                EXPECT_TRUE(control.Enabled() && !control.InUse && !HotItem(control.Items()));
-            EXPECT_FALSE(system.watched);
-        }
-    }
-
-    FakePlatform platform;
-    FakeWindowMessages messages;
-    FakeBarSystem system;
-    FakeSystemColours colours;
-    FakeTheme theme;
-    MSubclass subclass{messages, u"test"};
-    mCommandBars toolkit{{system, messages, subclass, colours, theme, platform.timers}};
-    std::deque<FakeBarWindow> windows;
-    std::deque<qsCommandBar> controls;
-    qsCommandBar* menu = nullptr;
-    qsCommandBar* tools = nullptr;
-    bool refusesDrop = false;
-    std::string log;
-};
+using Bars = ScriptedBars;
 
 TEST_F(Bars, GoWhereKeysAndMouseSendThem) {
     // clang-format off
@@ -255,9 +24,9 @@ TEST_F(Bars, GoWhereKeysAndMouseSendThem) {
         {"Alt Up", "MENU:File FILE:Off on, before FILE"},
         {"Alt Enter", "MENU:File FILE:Off on, before FILE"},
         {"Alt V", "MENU:View VIEW:Wide on, before VIEW"},
-        {"Alt+V", "MENU:View VIEW:Wide on, before VIEW"},
-        {"Alt+X", "off,"},
-        {"Alt+E", "off,"},
+        {"Alt+V", "MENU:View VIEW:Wide on, before VIEW typed"},
+        {"Alt+X", "off, typed"},
+        {"Alt+E", "off, typed"},
         // Rows: disabled ones are reached, but not by Home and End, and do nothing
         {"Alt Down Down", "MENU:File FILE:Open on, before FILE"},
         {"Alt Down Down Down", "MENU:File FILE:More on, before FILE"},
@@ -283,12 +52,12 @@ TEST_F(Bars, GoWhereKeysAndMouseSendThem) {
         {"Alt Down Right", "MENU:View VIEW:- on, before FILE after FILE before VIEW"},
         {"Alt Down Left", "MENU:Help MORE:- on, before FILE after FILE before MORE"},
         // A free menu goes over to the strip of the control that showed it
-        {"free", "FILE:- on, before FILE"},
-        {"free Left", "MENU:Help MORE:- on, before FILE after FILE before MORE"},
-        {"free Right", "MENU:File FILE:- on, before FILE after FILE before FILE"},
-        {"free R Right", "MENU:File FILE:- on, before FILE before MORE after MORE after FILE before FILE"},
-        {"free R Left", "FILE:More on, before FILE before MORE after MORE"},
-        {"free Esc", "off, before FILE after FILE"},
+        {"free:FILE", "FILE:- on, before FILE"},
+        {"free:FILE Left", "MENU:Help MORE:- on, before FILE after FILE before MORE"},
+        {"free:FILE Right", "MENU:File FILE:- on, before FILE after FILE before FILE"},
+        {"free:FILE R Right", "MENU:File FILE:- on, before FILE before MORE after MORE after FILE before FILE"},
+        {"free:FILE R Left", "FILE:More on, before FILE before MORE after MORE"},
+        {"free:FILE Esc", "off, before FILE after FILE"},
         // The mouse
         {"over:Cut", "TOOLS:Cut off,"},
         {"over:Cut away wait", "off,"},
@@ -303,12 +72,14 @@ TEST_F(Bars, GoWhereKeysAndMouseSendThem) {
         {"click:File over:More wait", "MENU:File FILE:More MORE:- on, before FILE before MORE"},
         {"click:File over:More over:Open wait", "MENU:File FILE:Open on, before FILE"},
         {"click:File click:More click:Two", "off, before FILE before MORE after MORE after FILE click Two"},
+        {"down:Cut over:Paste up:Paste", "TOOLS:Paste off,"},
+        {"down:Cut over:Paste over:Cut up:Cut", "TOOLS:Cut off,"},
         {"click:File click:Off", "MENU:File FILE:- on, before FILE"},
         {"click:File click:Cut", "TOOLS:Cut off, before FILE after FILE click Cut"},
         {"click:File Right click:File", "MENU:File FILE:- on, before FILE after FILE before VIEW after VIEW before FILE"},
         {"click:File over:More wait over:Open away wait", "MENU:File FILE:More MORE:- on, before FILE before MORE"},
         {"click:File over:More wait deactivate", "off, before FILE before MORE after MORE after FILE"},
-        {"click:File box Down", "off, before FILE after FILE"}, // that has come by itself, and has the keys
+        {"click:File foreground:else Q", "off, before FILE after FILE typed"}, // that has come by itself, and has the keys
         {"click:File press:else", "off, before FILE after FILE"},
         {"click:File away wait", "MENU:File FILE:- on, before FILE"},
         {"click:File over:Open away wait", "MENU:File FILE:- on, before FILE"},
@@ -323,7 +94,7 @@ TEST_F(Bars, GoWhereKeysAndMouseSendThem) {
         {"Ctrl+K", "off, click Open"}, // means the same
         {"Ctrl+L", "off, click Late"}, // enabled at the last moment
         {"Ctrl+X", "off, click Cut"},
-        {"Ctrl+P", "off,"},
+        {"Ctrl+P", "off, typed"},
         {"click:File Ctrl+O", "off, before FILE after FILE click Open"}, // the letter is a mnemonic here
     });
     // clang-format on

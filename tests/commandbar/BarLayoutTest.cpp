@@ -165,33 +165,22 @@ TEST(ToolbarLayout, LosesWholeGroupsAndGetsItemsBackInOrder) {
             strip.bar.Icon();
             strip.bar.Separator();
         }
+        // clang-format off
         const std::pair<int, const char*> steps[] = {
             {168, "abcdefghi"}, // all of it fits exactly
-            {167, "abcdefgh."}, // the last separator covers it, and nobody misses that
-            {160, "abcdefgh."},
+            {167, "abcdefgh."}, {160, "abcdefgh."}, // the last separator covers it, and nobody misses that
             {159, "abcde...."}, // the whole group goes, with the separator before it
-            {158, "abcde...."}, // and does not come back into the room it left
-            {119, "abcde...."}, // beside the button for the rest
-            {118, "ab......."},
-            {118, "abcd....."}, // but where nothing becomes narrower what has room comes
-                                // back
-            {63, "ab......."},
-            {70, "ab......."},
-            {71, "abc......"}, // item by item in order, as far as
-                               // they fit
-            {94, "abc......"},
-            {95, "abcd....."},
-            {119, "abcde...."},
-            {150, "abcdef..."},
-            {151, "abcdefg.."},
+            {158, "abcde...."}, {119, "abcde...."}, // and does not come back into the room it left
+            {118, "ab......."}, // beside the button for the rest
+            {118, "abcd....."}, // but where nothing becomes narrower what has room comes back
+            {63, "ab......."}, {70, "ab......."}, // item by item in order, as far as they fit
+            {71, "abc......"}, {94, "abc......"}, {95, "abcd....."}, {119, "abcde...."},
+            {150, "abcdef..."}, {151, "abcdefg.."},
             {160, "abcdefgh."}, // the button's room too
-            {62, "........."},
-            {150, "ab......."}, // a separator stops the walk
-            {150, "abcde...."},
-            {150, "abcdef..."},
-            {150, "abcdef..."},
-            {168, "abcdefghi"},
+            {62, "........."}, {150, "ab......."}, // a separator stops the walk
+            {150, "abcde...."}, {150, "abcdef..."}, {150, "abcdef..."}, {168, "abcdefghi"},
         };
+        // clang-format on
         for (const auto& [length, shown] : steps) {
             const ToolbarLayout& layout = strip.Resize(length, rightToLeft);
             EXPECT_EQ(Shown(layout), shown) << length;

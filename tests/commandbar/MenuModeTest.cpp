@@ -1,231 +1,65 @@
-#include "commandbar/cButtonInt.h"
-#include "commandbar/mHooks.h"
-#include "support/FakeMenuModeHost.h"
-
-#include <gmock/gmock.h>
+#include "support/ScriptedBars.h"
 
 namespace quillshift {
 namespace {
 
-using testing::Contains;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::IsSupersetOf;
-using testing::Not;
+using MenuMode = ScriptedBars;
 
-constexpr int kEscape = 27;
-constexpr int kF = 'F';
-constexpr WindowId kMenu = FakeMenuModeHost::kMenu;
-constexpr WindowId kToolbar = FakeMenuModeHost::kToolbar;
-constexpr WindowId kSecondToolbar = FakeMenuModeHost::kSecondToolbar;
-constexpr WindowId kPopup = 11, kSubMenu = 12, kFree = 13, kFreeSub = 14, kUpperFree = 15;
-constexpr WindowId kElsewhere = 999;
-
-struct MenuModeTest : testing::Test {
-    MenuState state;
-    FakeMenuModeHost host{state};
-    MenuTracking& tracking = host.tracking;
-    mHooks hooks{state, tracking, host};
-
-    bool Down(int key, int modifiers = 0) {
-        return hooks.KeyboardFilter({.key = key, .modifiers = modifiers});
-    }
-    bool Up(int key, int modifiers = 0) {
-        return hooks.KeyboardFilter({.key = key, .up = true, .modifiers = modifiers});
-    }
-    bool AltDown() { return Down(key::kAlt, modifier::kAlt); }
-    bool AltUp() { return Up(key::kAlt); }
-    void ClickOn(WindowId window, bool item = false) {
-        host.underPointer = window;
-        host.itemUnderPointer = item;
-        hooks.MouseFilter(true);
-    }
-    // The keys of the controls themselves, as far as they end a menu.
-    void LetEscapeLeave() {
-        host.onKey = [this](WindowId control, int key) {
-            if (key == kEscape && state.popups.Find(control))
-                tracking.LeavePopup(control);
-            else if (key == kEscape)
-                tracking.SetMenuMode(false);
-        };
-    }
-    void ExpectOffAndAllEnabled() {
-        EXPECT_FALSE(state.MenuMode);
-        EXPECT_FALSE(state.KeyboardMode);
-        EXPECT_EQ(state.ActiveWindow, 0);
-        EXPECT_THAT(host.shown, IsEmpty());
-        EXPECT_THAT(host.Enabled(), IsSupersetOf({kMenu, kToolbar, kSecondToolbar}));
-        EXPECT_EQ(host.Enabled().size(), host.controls.size());
-    }
-};
-
-TEST_F(MenuModeTest, KeysGoWhereTheForegroundWindowLetsThem) {
-    struct Case {
-        const char* what;
-        WindowId foreground;
-        int key;
-        bool up;
-        int modifiers;
-        bool swallowed;
-        bool searched;
-        bool entered;
-    };
-    const WindowId top = FakeMenuModeHost::kTop;
-    host.shortcut = kF;
-    host.onKey = [this](WindowId control, int key) {
-        if (key == kF) // the only mnemonic
-            host.Open(kPopup, control);
-    };
-    for (const Case& c : {
-             Case{"a shortcut", top, kF, false, modifier::kCtrl, true, true, false},
-             {"no shortcut", top, 'G', false, modifier::kCtrl, false, true, false},
-             {"a shortcut going up", top, kF, true, modifier::kCtrl, false, false, false},
-             {"a letter let go while Alt is held", top, kF, true, modifier::kAlt, false, false, false},
-             {"Alt with a shortcut that is a mnemonic too", top, kF, false, modifier::kAlt, true, true, true},
-             {"Alt with a letter that is no mnemonic", top, 'G', false, modifier::kAlt, false, true, false},
-             {"Alt with a letter over a disabled window", 0, 'G', false, modifier::kAlt, false, true, false},
-             {"Shift after Alt", top, key::kShift, false, modifier::kAlt, false, false, false},
-         }) {
-        host.foreground = c.foreground;
-        host.log.clear();
-        EXPECT_EQ(hooks.KeyboardFilter({.key = c.key, .up = c.up, .modifiers = c.modifiers}), c.swallowed)
-            << c.what;
-        const auto search = "search " + std::to_string(c.key);
-        EXPECT_EQ(std::count(host.log.begin(), host.log.end(), search), c.searched ? 1 : 0) << c.what;
-        EXPECT_EQ(state.MenuMode, c.entered) << c.what;
-        tracking.EndMenuMode();
-    }
+TEST_F(MenuMode, ComesAndGoesWithAltAndTheMouse) {
+    // clang-format off
+    ExpectEach({
+        {"hold:Alt", "off,"},
+        {"Alt hold:Alt", "off,"},
+        {"Alt Q", "MENU:File on,"}, // taken, though it means nothing
+        {"Alt let-go:Q", "MENU:File on,"},
+        // Alt counts alone, and where there is a menu
+        {"hold:Alt Alt+X let-go:Alt", "off, typed"},
+        {"hold:Alt Alt+Shift let-go:Alt", "off,"},
+        {"hold:Alt press:else let-go:Alt", "off,"},
+        {"hold:Alt interrupt let-go:Alt", "off,"},
+        {"foreground:none Alt", "off,"},
+        {"foreground:else Alt", "off,"},
+        {"foreground:none Alt+V", "off, typed"},
+        {"foreground:none Ctrl+O", "off, typed"},
+        {"switch:off Alt switch:on", "off,"},
+        {"let-go:Alt+V", "off,"},
+        {"let-go:Ctrl+O", "off,"},
+        {"Alt+V repeat:Alt+V", "MENU:View VIEW:Wide on, before VIEW typed"},
+        {"Alt Down interrupt", "off, before FILE after FILE"},
+        // A press keeps the menu that it is meant for
+        {"click:File over:More wait right:Off", "MENU:File FILE:More MORE:- on, before FILE before MORE right Off 62"},
+        {"click:File over:More wait press:else", "off, before FILE before MORE after MORE after FILE"},
+        {"Alt down:View", "MENU:View VIEW:- on, before VIEW"},
+        // A free menu on a menu is a level of its own: what is below sleeps until it has gone
+        {"Alt Down R nest:VIEW", "MENU:File FILE:More MORE:One VIEW:- on, before FILE before MORE before VIEW"},
+        {"Alt Down R nest:VIEW over:Tick", "MENU:File FILE:More MORE:One VIEW:- on, before FILE before MORE before VIEW"},
+        {"Alt Down R nest:VIEW press:else over:Tick wait", "MENU:File FILE:Tick on, before FILE before MORE before VIEW after VIEW after MORE"},
+        {"Alt Down R nest:VIEW Esc Down", "MENU:File FILE:More MORE:Two on, before FILE before MORE before VIEW after VIEW"},
+        {"Alt Down R nest:VIEW Left Esc", "MENU:File FILE:More on, before FILE before MORE before VIEW after VIEW after MORE"},
+        {"Alt Down R nest:VIEW Right", "MENU:View VIEW:- on, before FILE before MORE before VIEW after VIEW after MORE after FILE before VIEW"},
+        {"free:FILE nest:VIEW press:desk", "FILE:- on, before FILE before VIEW after VIEW"},
+    });
+    // clang-format on
 }
 
-TEST_F(MenuModeTest, AltThatIsNotAloneEntersNothing) {
-    const std::pair<const char*, std::function<void()>> cases[] = {
-        {"another key", [&] { Down('G', modifier::kAlt); }},
-        {"Alt+Shift", [&] { Down(key::kShift, modifier::kAlt); }},
-        {"a window moved with Alt and the mouse", [&] { ClickOn(kElsewhere); }},
-        {"a switch to another window", [&] { hooks.OnInterruption(); }},
-        {"a disabled window", [&] { host.foreground = 0; }},
-        {"a window without a menu", [&] { host.foreground = 200; }},
-        {"a disabled menu", [&] { host.Of(kMenu).enabled = false; }},
-    };
-    for (const auto& [what, between] : cases) {
-        AltDown();
-        between();
-        EXPECT_FALSE(AltUp()) << what;
-        EXPECT_FALSE(state.MenuMode) << what;
-        host.foreground = FakeMenuModeHost::kTop;
-    }
-}
-
-TEST_F(MenuModeTest, AKeyHeldDownWithAltOpensItsMenuOnce) {
-    host.onKey = [this](WindowId control, int) { host.Open(kPopup, control); };
-    Down(kF, modifier::kAlt);
-    EXPECT_TRUE(hooks.KeyboardFilter({.key = kF, .repeated = true, .modifiers = modifier::kAlt}));
-    EXPECT_THAT(host.shown, ElementsAre(kPopup));
-}
-
-TEST_F(MenuModeTest, AFreePopupOnAMenuDisablesWhatIsBeneath) {
-    host.Open(kPopup, kMenu);
-    host.Open(kSubMenu, kPopup);
-    host.OpenFree(kFree, kSubMenu);
-    EXPECT_THAT(host.Enabled(), ElementsAre(kFree));
-    host.Open(kFreeSub, kFree);
-    host.OpenFree(kUpperFree, kFreeSub);
-    EXPECT_THAT(host.Enabled(), ElementsAre(kUpperFree));
-
-    ClickOn(kElsewhere);
-    EXPECT_THAT(host.Enabled(), ElementsAre(kFree, kFreeSub, kUpperFree)) << "the upper one is free again";
-    EXPECT_EQ(state.ActiveWindow, kFreeSub);
-    ClickOn(kElsewhere);
-    EXPECT_THAT(host.shown, ElementsAre(kPopup, kSubMenu));
-    EXPECT_THAT(host.closed, ElementsAre(kUpperFree, kFreeSub, kFree));
-    EXPECT_THAT(host.Enabled(), IsSupersetOf({kMenu, kPopup, kSubMenu}));
-    EXPECT_TRUE(state.MenuMode);
-    ClickOn(kElsewhere);
-    ExpectOffAndAllEnabled();
-}
-
-TEST_F(MenuModeTest, AClickEndsTheMenuUnlessItIsMeantForIt) {
-    struct Case {
-        const char* what;
-        WindowId window;
-        bool item;
-        bool ends;
-    };
-    for (const Case& c : {
-             Case{"another program's or no window", 0, false, true},
-             {"another window", kElsewhere, false, true},
-             {"the newest popup", kSubMenu, false, false},
-             {"its parent", kPopup, false, false},
-             {"an item of the source", kMenu, true, false},
-             {"the source beside its items", kMenu, false, true},
-             {"an item of another bar", kToolbar, true, true},
-         }) {
-        host.Open(kPopup, kMenu);
-        host.Open(kSubMenu, kPopup);
-        state.KeyboardMode = true;
-        host.underPointer = c.window;
-        hooks.MouseFilter(false);
-        EXPECT_FALSE(state.KeyboardMode);
-        EXPECT_TRUE(state.MenuMode) << "only a press ends it";
-        ClickOn(c.window, c.item);
-        EXPECT_EQ(state.MenuMode, !c.ends) << c.what;
-        tracking.EndMenuMode();
-    }
-    tracking.SetMenuMode(true, kToolbar);
-    state.ActiveWindow = kToolbar;
-    ClickOn(kToolbar);
-    EXPECT_TRUE(state.MenuMode) << "the window that has the keys";
-}
-
-TEST_F(MenuModeTest, LeavesNoWindowDisabledByWhicheverRoadItEnds) {
-    LetEscapeLeave();
-    const auto openAll = [&](int depth) {
-        tracking.SetMenuMode(true, kMenu);
-        state.ActiveWindow = kMenu;
-        const std::vector<std::function<void()>> steps{
-            [&] { host.Open(kPopup, kMenu); }, [&] { host.Open(kSubMenu, kPopup); },
-            [&] { host.OpenFree(kFree, kSubMenu); }, [&] { host.Open(kFreeSub, kFree); },
-            [&] { host.OpenFree(kUpperFree, kFreeSub); }};
-        for (int step = 0; step < depth; ++step)
-            steps[static_cast<std::size_t>(step)]();
-    };
-    const auto untilItEnds = [&](const std::function<void()>& step) {
-        for (int guard = 0; state.MenuMode && guard < 20; ++guard)
-            step();
-    };
-    const std::vector<std::pair<const char*, std::function<void()>>> roads{
-        {"Escape", [&] { untilItEnds([&] { Down(kEscape); }); }},
-        {"Alt", [&] { untilItEnds([&] { AltDown(); }); }},
-        {"clicks elsewhere", [&] { untilItEnds([&] { ClickOn(kElsewhere); }); }},
-        {"clicks on another bar", [&] { untilItEnds([&] { ClickOn(kToolbar, true); }); }},
-        {"deactivation", [&] { tracking.EndMenuMode(); }},
-        {"the lowest popup closed first",
-         [&] {
-             tracking.Close(kPopup);
-             tracking.EndMenuMode();
-         }},
-        {"a popup in the middle closed first",
-         [&] {
-             tracking.Close(kFree);
-             untilItEnds([&] { ClickOn(kElsewhere); });
-         }},
-    };
-    for (const auto& [name, road] : roads)
-        for (int depth = 0; depth <= 5; ++depth) {
-            SCOPED_TRACE(testing::Message() << name << ", depth " << depth);
-            openAll(depth);
-            road();
-            ExpectOffAndAllEnabled();
+TEST_F(MenuMode, LeavesNothingDisabledByWhicheverRoadItEnds) {
+    for (const char* road : {"Esc", "hold:Alt", "press:else", "press:desk", "click:Cut", "deactivate"})
+        for (std::size_t depth = 1; depth <= 6; ++depth) {
+            const char* const steps[] = {"Alt", "Down", "R", "nest:FILE", "R", "nest:VIEW"};
+            for (std::size_t i = 0; i < depth; ++i)
+                Run(steps[i]);
+            EXPECT_TRUE(toolkit.Menu().MenuMode);
+            for (int guard = 0; toolkit.Menu().MenuMode && guard < 10; ++guard)
+                Run(road);
+            SCOPED_TRACE(testing::Message() << road << " at depth " << depth);
+            ExpectAllIsBack();
         }
 }
 
-TEST_F(MenuModeTest, LeavesControlsAloneThatWereDisabledBefore) {
-    host.Of(kSecondToolbar).enabled = false;
-    host.OpenFree(kFree, kToolbar);
-    EXPECT_EQ(state.PopupLevel(), 0) << "free, but on no popup";
-    EXPECT_EQ(state.MenuSource, kToolbar);
-    tracking.SetMenuMode(false);
-    EXPECT_THAT(host.Enabled(), Not(Contains(kSecondToolbar)));
+TEST_F(MenuMode, LeavesAloneWhatWasDisabledBefore) {
+    tools->SetEnabled(false);
+    Run("Alt Down Esc Esc");
+    EXPECT_FALSE(tools->Enabled());
 }
 
 } // namespace
