@@ -157,6 +157,15 @@ TEST(ToolbarLayout, PlacesItemsSideBySideAsDeepAsTheDeepest) {
               (Rects{{192, 0, 200, 24}, {168, 0, 192, 24}, {}, {160, 0, 168, 24}, {}, {124, 0, 160, 24}}));
 }
 
+TEST(ToolbarLayout, CentresTheItemsOfAnUprightBar) {
+    Strip strip(Orientation::Left);
+    strip.bar.Icon();
+    strip.bar.Separator();
+    strip.bar.Caption(u"Stop");
+    EXPECT_EQ(Areas(strip.Resize(200).items), (Rects{{0, 0, 24, 24}, {0, 24, 24, 32}, {2, 32, 23, 68}}));
+    EXPECT_EQ(strip.Resize(40).more, (Rect{0, 25, 24, 40}));
+}
+
 TEST(ToolbarLayout, LosesWholeGroupsAndGetsItemsBackInOrder) {
     for (const bool rightToLeft : {false, true}) {
         Strip strip; // a b | d e | g h |, 24 for a button and 8 for a separator

@@ -218,6 +218,9 @@ TEST(AShortcut, IsFoundInTheOrderOfMakingWithSubBarsFirst) {
     other.SetEnabled(false);
     EXPECT_EQ(Reached(test, 'S'), "SAVE 1") << "reached by itself, though its menu is disabled";
     EXPECT_EQ(Reached(test, 'T'), "");
+    test.model.Leave(test.control.Window());
+    EXPECT_EQ(Reached(test, 'S'), "");
+    test.Show("MENU");
     EXPECT_EQ(Reached(test, 'S', 200), "") << "another window";
     EXPECT_FALSE(test.model.FindShortcut(100, 'S', modifier::kCtrl | modifier::kShift));
 }

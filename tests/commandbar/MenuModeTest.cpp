@@ -12,9 +12,10 @@ TEST_F(MenuMode, ComesAndGoesWithAltAndTheMouse) {
         {"Alt hold:Alt", "off,"},
         {"Alt Q", "MENU:File on,"}, // taken, though it means nothing
         {"Alt let-go:Q", "MENU:File on,"},
+        {"Alt hold:Shift Down", "MENU:File FILE:Off on, typed before FILE"},
         // Alt counts alone, and where there is a menu
         {"hold:Alt Alt+X let-go:Alt", "off, typed"},
-        {"hold:Alt Alt+Shift let-go:Alt", "off,"},
+        {"hold:Alt Alt+Shift let-go:Alt", "off, typed"},
         {"hold:Alt press:else let-go:Alt", "off,"},
         {"hold:Alt interrupt let-go:Alt", "off,"},
         {"foreground:none Alt", "off,"},
@@ -29,7 +30,9 @@ TEST_F(MenuMode, ComesAndGoesWithAltAndTheMouse) {
         // A press keeps the menu that it is meant for
         {"click:File over:More wait right:Off", "MENU:File FILE:More MORE:- on, before FILE before MORE right Off 62"},
         {"click:File over:More wait press:else", "off, before FILE before MORE after MORE after FILE"},
+        {"click:File press:strip", "off, before FILE after FILE"}, // beside the headings
         {"Alt down:View", "MENU:View VIEW:- on, before VIEW"},
+        {"click:List free:FILE", "TOOLS:List FILE:- on, before VIEW before FILE after VIEW"},
         // A free menu on a menu is a level of its own: what is below sleeps until it has gone
         {"Alt Down R nest:VIEW", "MENU:File FILE:More MORE:One VIEW:- on, before FILE before MORE before VIEW"},
         {"Alt Down R nest:VIEW over:Tick", "MENU:File FILE:More MORE:One VIEW:- on, before FILE before MORE before VIEW"},

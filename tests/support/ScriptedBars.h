@@ -161,7 +161,7 @@ protected:
                              .up = up,
                              .repeated = repeated,
                              .modifiers = modifiers};
-        if (!system.input->KeyboardFilter(event) && !up && last.size() == 1)
+        if (!system.input->KeyboardFilter(event) && !up && last != "Alt")
             log += " typed";
     }
     void Leave() {
@@ -183,7 +183,11 @@ protected:
             {"hold", [&](auto& key) { Key(key); }},
             {"let-go", [&](auto& key) { Key(key, true); }},
             {"repeat", [&](auto& key) { Key(key, false, true); }},
-            {"press", [&](auto& where) { system.Press(where == "desk" ? 0 : kElsewhere); }},
+            {"press",
+             [&](auto& where) {
+                 system.pointer = WindowOf(*menu).ToScreen({500, 10});
+                 system.Press(where == "desk" ? 0 : where == "strip" ? menu->Window() : kElsewhere);
+             }},
             {"interrupt", [&](auto&) { system.input->OnInterruption(); }},
             {"deactivate", [&](auto&) { messages.Send(kTop, message::kActivateApplication); }},
             {"foreground", [&](auto& who) { system.foreground = who == "none" ? 0 : kElsewhere; }},
