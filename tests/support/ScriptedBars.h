@@ -12,6 +12,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <ranges>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -119,13 +120,13 @@ protected:
     std::pair<qsCommandBar*, std::size_t> Find(const std::string& key) {
         if (key == "+")
             return {tools, tools->Items().size() - 1};
-        for (auto each = controls.rbegin(); each != controls.rend(); ++each) {
-            if (!each->Toolbar())
+        for (qsCommandBar& each : std::views::reverse(controls)) {
+            if (!each.Toolbar())
                 continue;
-            const cCommandBarButtons shown = each->Toolbar()->Buttons();
+            const cCommandBarButtons shown = each.Toolbar()->Buttons();
             for (int i = 1; i <= shown.count(); ++i)
-                if (shown.Item(i).Key() == key && IsPlaced(each->Items()[std::size_t(i) - 1]))
-                    return {&*each, std::size_t(i) - 1};
+                if (shown.Item(i).Key() == key && IsPlaced(each.Items()[std::size_t(i) - 1]))
+                    return {&each, std::size_t(i) - 1};
         }
         ADD_FAILURE() << key << " is nowhere to be seen";
         return {menu, 0};
