@@ -233,6 +233,7 @@ TEST_F(modDocumentTest, WhatAnotherWroteIsReplacedOnlyAfterAQuestion) {
     test.files.beforeReplace = [&] { test.files.files[u"/d/a.txt"] = "theirs again"; };
     Dispatch("MENU:FILE:SAVE");
     EXPECT_EQ(File(u"/d/a.txt"), "mine\r\n");
+    ASSERT_FALSE(test.files.trash.empty());
     EXPECT_EQ(test.files.trash.back(), (std::pair<std::u16string, std::string>(u"/d/a.txt", "theirs again")));
     EXPECT_EQ(test.messageBox.shown.size(), 3U);
     EXPECT_FALSE(test.program.Parts().document.DocumentModified);
@@ -280,6 +281,7 @@ TEST_F(modDocumentTest, WhatNoBackupHoldsGoesToTheTrash) {
 
     Dispatch("MENU:FILE:NEW"); // another document: what was saved before is no earlier version of it
     Dispatch("MENU:FILE:SAVE");
+    ASSERT_FALSE(test.files.trash.empty());
     EXPECT_EQ(test.files.trash.back(), (std::pair<std::u16string, std::string>(u"/d/a.txt", "newer\r\n")));
 }
 

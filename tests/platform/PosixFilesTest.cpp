@@ -317,7 +317,8 @@ TEST_F(PosixFilesTest, CopiesThatSaveOneFileAtOnceLoseNothing) {
         const pid_t other = InProcess(addLetters);
         EXPECT_EQ(addLetters(), 0);
         EXPECT_EQ(ExitOf(other), 0);
-        EXPECT_EQ(Contents(path), std::string(5000, 'o') + std::string(2 * kEach, 'x')) << linked;
+        EXPECT_EQ(Contents(path), std::string(5000, 'o') + std::string(std::size_t{2} * kEach, 'x'))
+            << linked;
     }
     EXPECT_THAT(SafetyCopies(), IsEmpty());
     const auto makeNew = [&] { // each file is made by one of them alone

@@ -52,7 +52,13 @@ std::optional<FileFailure> FindTarget(const std::string& path, Target& target) {
     if (!exists)
         return std::nullopt;
     // Opened though it will be replaced: a file that may not be written is not to be replaced either.
-    target.file = OpenFile(open(target.path.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
+    const auto openFor = [&target](int access) {
+        return OpenFile(open(target.path.c_str(), access | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
+    };
+    if (S_ISREG(throughLinks.st_mode))
+        target.file = openFor(O_RDWR);
+    if (!target.file)
+        target.file = openFor(O_WRONLY);
     if (!target.file || fstat(target.file.Fd(), &target.info) != 0)
         return Explain(errno, target.path);
     return std::nullopt;
@@ -125,28 +131,33 @@ Replacement ReplaceFile(const Target& target, std::string_view bytes, bool mustB
     return {};
 }
 
-// Compares what stands at the target, of which the lock is held.
-bool IsAsExpected(const Target& target, const Expected& expected) {
-    if (expected.what != Expected::What::Bytes)
-        return expected.what == Expected::What::Anything || !target.file;
-    if (!target.file || target.info.st_size != static_cast<off_t>(expected.bytes.size()))
-        return false;
-    const OpenFile file(open(target.path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
-    struct stat info {};
-    if (!file || fstat(file.Fd(), &info) != 0 || !IsSameFile(info, target.info))
-        return false;
+enum class Comparison { Same, Other, Failed };
+
+// Compares what stands at the target, of which the lock is held. It is read through the file that holds the
+// lock: some network disks let no other one read.
+Comparison Compare(const Target& target, const Expected& expected) {
+    if (expected.what == Expected::What::Anything)
+        return Comparison::Same;
+    if (!target.file || expected.what == Expected::What::Nothing)
+        return !target.file && expected.what == Expected::What::Nothing ? Comparison::Same
+                                                                        : Comparison::Other;
+    struct stat named {};
+    if (stat(target.path.c_str(), &named) != 0 || !IsSameFile(named, target.info) ||
+        target.info.st_size != static_cast<off_t>(expected.bytes.size()))
+        return Comparison::Other;
     std::string buffer(std::size_t{256} << 10U, '\0');
-    for (std::string_view rest = expected.bytes;;) {
-        const ssize_t got = read(file.Fd(), buffer.data(), buffer.size());
+    for (std::size_t at = 0; at < expected.bytes.size();) {
+        const ssize_t got = pread(target.file.Fd(), buffer.data(), buffer.size(), static_cast<off_t>(at));
         if (got < 0 && errno == EINTR)
             continue;
-        if (got <= 0)
-            return got == 0 && rest.empty();
+        if (got < 0)
+            return Comparison::Failed;
         const std::string_view part(buffer.data(), static_cast<std::size_t>(got));
-        if (!rest.starts_with(part))
-            return false;
-        rest.remove_prefix(part.size());
+        if (part.empty() || !expected.bytes.substr(at).starts_with(part))
+            return Comparison::Other;
+        at += part.size();
     }
+    return Comparison::Same;
 }
 
 // Waits until nobody else writes the file, and looks again.
@@ -229,13 +240,16 @@ Written PosixFiles::Replace(std::u16string_view path, std::string_view bytes, co
         return {WriteStraight(target, bytes)};
     if (const int error = target.file ? TakeLock(target) : 0)
         return {Explain(error, target.path)};
-    if (!IsAsExpected(target, expected))
+    const Comparison compared = Compare(target, expected);
+    if (compared == Comparison::Failed)
+        return {Explain(errno, target.path)};
+    if (compared == Comparison::Other)
         return {.failure = {}, .unexpected = true};
     if (target.file && (!target.renames || target.info.st_nlink != 1))
-        return {Overwrite(target.path, bytes)};
+        return {Overwrite(target.file, target.path, bytes)};
     const Replacement done = ReplaceFile(target, bytes, expected.what == Expected::What::Nothing);
     if (done.overwriteInstead)
-        return {Overwrite(target.path, bytes)};
+        return {Overwrite(target.file, target.path, bytes)};
     if (done.error != 0)
         return {Explain(done.error, target.path)};
     return {.failure = {}, .unexpected = done.unexpected};
@@ -267,11 +281,11 @@ std::optional<FileFailure> PosixFiles::CopyToTrash(std::u16string_view path, std
     return std::nullopt;
 }
 
-std::optional<FileFailure> PosixFiles::Overwrite(const std::string& path, std::string_view bytes) const {
+std::optional<FileFailure> PosixFiles::Overwrite(OpenFile& file, const std::string& path,
+                                                 std::string_view bytes) const {
     const std::string folder = safetyFolder_.empty() ? DefaultSafetyFolder() : safetyFolder_;
-    OpenFile file(open(path.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
     struct stat info {};
-    if (!file || fstat(file.Fd(), &info) != 0)
+    if (fstat(file.Fd(), &info) != 0)
         return Explain(errno, path);
 
     const auto noCopy = [&](int error) {

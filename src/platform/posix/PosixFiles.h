@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/FileSystem.h"
+#include "platform/posix/FileBytes.h"
 
 #include <cstddef>
 
@@ -27,7 +28,8 @@ public:
     std::optional<FileFailure> CopyToTrash(std::u16string_view path, std::string_view bytes) override;
 
 private:
-    std::optional<FileFailure> Overwrite(const std::string& path, std::string_view bytes) const;
+    std::optional<FileFailure> Overwrite(OpenFile& file, const std::string& path,
+                                         std::string_view bytes) const;
 
     std::string safetyFolder_;
 };
