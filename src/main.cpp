@@ -30,6 +30,9 @@
 #include <QTimer>
 #include <QTranslator>
 
+#include <dlfcn.h>
+#include <thread>
+
 namespace quillshift {
 namespace {
 
@@ -80,6 +83,18 @@ void KeepGreyedTextReadable() {
     QApplication::setPalette(palette);
 }
 
+// Reading the machine's list of fonts takes a good part of a start, and nobody needs it before the first text
+// is measured. The list is the process's own: the toolkit finds it read.
+void ReadFontList() {
+    void* const library = dlopen("libfontconfig.so.1", RTLD_NOW);
+    if (library == nullptr)
+        return;
+    // The system's way from an address to a function.
+    const auto init = reinterpret_cast<int (*)()>(dlsym(library, "FcInit")); // NOLINT(*-reinterpret-cast)
+    if (init != nullptr)
+        init();
+}
+
 std::filesystem::path DataFolder() {
     const std::filesystem::path data = XdgDataFolder();
     if (data.empty())
@@ -103,6 +118,7 @@ void SetUpStore(SqliteSettings& store, const Platform& platform) {
 int Run(int argc, char** argv) {
     SurviveFailedWrites();
     WriteDatesInRussian();
+    std::thread fonts(ReadFontList);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("quillshift"));
     SpeakRussian(application);
@@ -132,6 +148,7 @@ int Run(int argc, char** argv) {
     const QtSystemColours colours;
     const QtTheme theme;
     mCommandBars toolkit({barSystem, windowIds, subclass, colours, theme, timers});
+    fonts.join();
     frmMain window(windowIds, texts);
     Program program(platform, window, toolkit, [&window](ProgramParts& parts) {
         return std::make_unique<ProgramDialogs>(parts, window);

@@ -56,24 +56,26 @@ void MainBars::ShowMenu(std::string_view barKey, Point screen) {
     cmdBar_[0]->ShowPopupMenu(screen, cmdBar_[0]->CommandBars().Item(barKey));
 }
 
-void MainBars::LoadIcons(std::string_view root, ToolBarIcons size, std::u16string_view folder) {
-    clsImageList& icons =
-        icons_.try_emplace(IconsKey(root, size), files_, toolkit_.Services().colours).first->second;
+ImageListHandle MainBars::Icons(int bar, ToolBarIcons size) {
+    const auto [found, isNew] = icons_.try_emplace(IconsKey(bar, size), files_, toolkit_.Services().colours);
+    clsImageList& icons = found->second;
+    if (!isNew)
+        return icons.hIml();
     icons.IconSizeX = icons.IconSizeY = size == ToolBarIcons::Large ? 24 : 16;
     icons.Density = window_.Density();
     icons.Create();
+    const std::u16string folder =
+        programFolder_ + (bar == 0                      ? u"/Data/icons/menu/"
+                          : size == ToolBarIcons::Large ? u"/Data/icons/toolbars/large/"
+                                                        : u"/Data/icons/toolbars/small/");
     for (const CatalogueEntry& entry : Catalogue())
-        if (RootOf(entry.Key) == root && !entry.picture.file.empty())
-            icons.AddFromFile(programFolder_ + std::u16string(folder) + std::u16string(entry.picture.file),
-                              clsImageList::ImageType::Icon, entry.picture.key);
+        if (RootOf(entry.Key) == kRoots[bar] && !entry.picture.file.empty())
+            icons.AddFromFile(folder + std::u16string(entry.picture.file), clsImageList::ImageType::Icon,
+                              entry.picture.key);
+    return icons.hIml();
 }
 
 void MainBars::Build() {
-    LoadIcons(kRoots[0], ToolBarIcons::Small, u"/Data/icons/menu/");
-    for (const int bar : {1, 2}) {
-        LoadIcons(kRoots[bar], ToolBarIcons::Small, u"/Data/icons/toolbars/small/");
-        LoadIcons(kRoots[bar], ToolBarIcons::Large, u"/Data/icons/toolbars/large/");
-    }
     AddCatalogue(cmdBar_[0]->Buttons(), window_.CmbDecode());
     BuildBars(cmdBar_[0]->Buttons(), cmdBar_[0]->CommandBars());
 }
@@ -88,14 +90,14 @@ void MainBars::ApplyStyle(std::u16string_view style) {
 void MainBars::AttachMenu() {
     qsCommandBar& menu = *cmdBar_[0];
     menu.SetMainMenu(true);
-    menu.SetMenuImageList(icons_.at(IconsKey(kRoots[0], ToolBarIcons::Small)).hIml());
+    menu.SetMenuImageList(Icons(0, ToolBarIcons::Small));
     menu.SetToolbar(menu.CommandBars().Item(kRoots[0]));
 }
 
 void MainBars::AttachToolBar(int bar, ToolBarIcons icons) {
     qsCommandBar& control = Bar(bar);
     control.SetHeight(ToPixels(icons == ToolBarIcons::Large ? 435_twips : 375_twips));
-    control.SetToolbarImageList(icons_.at(IconsKey(kRoots[bar], icons)).hIml());
+    control.SetToolbarImageList(Icons(bar, icons));
     control.SetToolbar(control.CommandBars().Item(kRoots[bar]));
 }
 

@@ -9,6 +9,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace quillshift {
@@ -25,7 +26,7 @@ public:
     std::function<void(std::string_view key)> OnClick; ///< a button was chosen
     std::function<void()> OnMenuResize;                ///< the menu may have another number of rows
 
-    /// Loads the icons, makes the buttons of the catalogue, and the bars from their keys.
+    /// Makes the buttons of the catalogue, and the bars from their keys.
     void Build();
     /// "System" and "OfficeXP" name a style; any other text leaves it.
     void ApplyStyle(std::u16string_view style);
@@ -45,11 +46,12 @@ public:
     qsCommandBar& Bar(int index) { return *cmdBar_[static_cast<std::size_t>(index)]; }
 
 private:
-    void LoadIcons(std::string_view root, ToolBarIcons size, std::u16string_view folder);
+    /// The pictures of a bar, from their files at the first call.
+    ImageListHandle Icons(int bar, ToolBarIcons size);
     qsCommandBar& AddControl(BarWindow& window);
     void OnRightClick(qsCommandBar& control, Point at);
 
-    using IconsKey = std::pair<std::string, ToolBarIcons>; // by bar and size
+    using IconsKey = std::pair<int, ToolBarIcons>; // by bar and size
 
     mCommandBars& toolkit_;
     MainView& window_;

@@ -2,8 +2,7 @@
 
 #include "base/Utf8.h"
 #include "platform/posix/PosixFiles.h"
-
-#include <SDL.h>
+#include "platform/posix/SdlLibrary.h"
 
 #include <algorithm>
 #include <chrono>
@@ -65,16 +64,16 @@ bool IsPlayable(const SDL_AudioSpec& spec) {
            (spec.channels == 1 || (spec.channels % 2 == 0 && spec.channels <= 8));
 }
 
-std::optional<Wave> LoadWave(const std::string& path) {
+std::optional<Wave> LoadWave(const SdlLibrary& sdl, const std::string& path) {
     const FileContents file = PosixFiles().Read(FromUtf8(path));
     Wave wave;
     Uint8* samples = nullptr;
     Uint32 size = 0;
-    SDL_RWops* const bytes = SDL_RWFromConstMem(file.bytes.data(), static_cast<int>(file.bytes.size()));
-    if (bytes == nullptr || SDL_LoadWAV_RW(bytes, 1, &wave.spec, &samples, &size) == nullptr)
+    SDL_RWops* const bytes = sdl.RWFromConstMem(file.bytes.data(), static_cast<int>(file.bytes.size()));
+    if (bytes == nullptr || sdl.LoadWAV_RW(bytes, 1, &wave.spec, &samples, &size) == nullptr)
         return std::nullopt;
     wave.samples.assign(samples, samples + size);
-    SDL_FreeWAV(samples);
+    sdl.FreeWAV(samples);
     if (!IsPlayable(wave.spec))
         return std::nullopt;
     wave.spec.samples = kBufferFrames;
@@ -136,7 +135,8 @@ public:
         }
         lock.unlock();
         CloseDevice();
-        SDL_TLSCleanup(); // the library can't see the end of a thread it didn't start
+        if (sdl_ != nullptr)
+            sdl_->TLSCleanup(); // the library can't see the end of a thread it didn't start
         lock.lock();
         gone_ = true;
         wake_.notify_all();
@@ -146,11 +146,13 @@ private:
     // Gives the time of its end.
     Clock::time_point Start(const std::string& path) {
         if (device_ != 0)
-            SDL_ClearQueuedAudio(device_);
+            sdl_->ClearQueuedAudio(device_);
         Clock::time_point end = Clock::now();
-        if (Load(path) && OpenDevice()) {
-            SDL_QueueAudio(device_, wave_->samples.data(), static_cast<Uint32>(wave_->samples.size()));
-            SDL_PauseAudioDevice(device_, 0);
+        if (sdl_ == nullptr)
+            sdl_ = LoadedSdl();
+        if (sdl_ != nullptr && Load(path) && OpenDevice()) {
+            sdl_->QueueAudio(device_, wave_->samples.data(), static_cast<Uint32>(wave_->samples.size()));
+            sdl_->PauseAudioDevice(device_, 0);
             end = Clock::now() + wave_->Length() + kLatency;
         }
         closeAt_ = end + kKeepOpen;
@@ -164,7 +166,7 @@ private:
             return false;
         if (stamp != stamp_) {
             stamp_ = stamp;
-            wave_ = LoadWave(path);
+            wave_ = LoadWave(*sdl_, path);
         }
         return wave_.has_value();
     }
@@ -173,19 +175,19 @@ private:
         const auto& wanted = wave_->spec;
         const bool fits = wanted.freq == opened_.freq && wanted.format == opened_.format &&
                           wanted.channels == opened_.channels;
-        if (device_ != 0 && fits && SDL_GetAudioDeviceStatus(device_) != SDL_AUDIO_STOPPED)
+        if (device_ != 0 && fits && sdl_->GetAudioDeviceStatus(device_) != SDL_AUDIO_STOPPED)
             return true;
         CloseDevice();
         if (Clock::now() < notBefore_)
             return false;
         // The system's signals are the program's, not the library's.
-        SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
-        SDL_SetHint(SDL_HINT_APP_NAME, "Quillshift");
-        if (SDL_InitSubSystem(SDL_INIT_AUDIO) == 0) {
-            device_ = SDL_OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
+        sdl_->SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+        sdl_->SetHint(SDL_HINT_APP_NAME, "Quillshift");
+        if (sdl_->InitSubSystem(SDL_INIT_AUDIO) == 0) {
+            device_ = sdl_->OpenAudioDevice(nullptr, 0, &wanted, nullptr, 0);
             opened_ = wanted;
             if (device_ == 0)
-                SDL_QuitSubSystem(SDL_INIT_AUDIO);
+                sdl_->QuitSubSystem(SDL_INIT_AUDIO);
         }
         if (device_ == 0)
             notBefore_ = Clock::now() + kAfterFailure;
@@ -195,8 +197,8 @@ private:
     void CloseDevice() {
         if (device_ == 0)
             return;
-        SDL_CloseAudioDevice(device_);
-        SDL_QuitSubSystem(SDL_INIT_AUDIO);
+        sdl_->CloseAudioDevice(device_);
+        sdl_->QuitSubSystem(SDL_INIT_AUDIO);
         device_ = 0;
     }
 
@@ -208,6 +210,7 @@ private:
     bool leaving_ = false;
     bool gone_ = false;
 
+    const SdlLibrary* sdl_ = nullptr; // from the first sound on
     std::optional<Stamp> stamp_;
     std::optional<Wave> wave_; // of `stamp_`; nothing if that file can't be played
     SDL_AudioDeviceID device_ = 0;
