@@ -122,18 +122,18 @@ TEST(Commands, EachDirectionRecodesAsItsCaptionSays) {
 TEST(Commands, AMenusTickIsStoredAndActedOn) {
     for (const bool on : {true, false}) {
         Situation situation;
-        const auto choose = [&](const char* key) {
-            situation.Button(key).SetChecked(on);
+        const std::tuple<const char*, Setting, bool> ticks[] = {
+            {"MENU:VIEW:ONTOP", Setting::TopMost, on},
+            {"MENU:VIEW:TOOLBARS:TBSTANDART", Setting::ToolBarStandart, on},
+            {"MENU:VIEW:TOOLBARS:TBDECODE", Setting::ToolBarDecode, !on}};
+        for (const auto& [key, setting, ticked] : ticks) {
+            situation.Button(key).SetChecked(ticked);
             situation.program.Run(key);
-        };
-        choose("MENU:VIEW:ONTOP");
-        choose("MENU:VIEW:TOOLBARS:TBSTANDART");
-        choose("MENU:VIEW:TOOLBARS:TBDECODE");
+            EXPECT_EQ(situation.settings.Text(setting), ticked ? u"1" : u"0") << key;
+        }
         EXPECT_EQ(situation.window.topMost, on);
-        for (const int bar : {1, 2})
-            EXPECT_EQ(situation.window.barVisible.at(bar), on) << bar;
-        for (const Setting setting : {Setting::TopMost, Setting::ToolBarStandart, Setting::ToolBarDecode})
-            EXPECT_EQ(situation.settings.Text(setting), on ? u"1" : u"0");
+        EXPECT_EQ(situation.window.barVisible.at(1), on);
+        EXPECT_EQ(situation.window.barVisible.at(2), !on);
         const std::size_t before = situation.window.layouts.size();
         situation.timers.Tick();
         EXPECT_GT(situation.window.layouts.size(), before) << "the layout follows";

@@ -2,16 +2,19 @@
 #include "controls/ProgressBar.h"
 #include "recoding/frmDecode.h"
 #include "recoding/frmDecoding.h"
+#include "shell/ProgramDialogs.h"
 #include "support/FailureOf.h"
 #include "support/Iconv.h"
 #include "support/TestProgram.h"
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
+#include <QTimer>
 
 #include <stdexcept>
 
@@ -82,6 +85,20 @@ TEST_F(RecodingDialogs, StayAboveOthersWhereTheMainWindowDoes) {
         test.settings.Switch(Setting::TopMost, above);
         const frmDecode dialog(context, parts.job);
         EXPECT_EQ(dialog.windowFlags().testFlag(Qt::WindowStaysOnTopHint), above);
+    }
+}
+
+TEST_F(RecodingDialogs, BeginAnewEachTimeThatTheyAreShown) {
+    QWidget owner;
+    ProgramDialogs dialogs(parts, owner);
+    for (int time = 0; time < 2; ++time) {
+        QTimer::singleShot(0, [] {
+            QWidget& dialog = *QApplication::activeModalWidget();
+            EXPECT_TRUE(Find<QRadioButton>(dialog, "OptionDOS1").isChecked());
+            Find<QRadioButton>(dialog, "OptionKOI1").setChecked(true);
+            dialog.close();
+        });
+        dialogs.Show(DialogKind::Decode, 0);
     }
 }
 
