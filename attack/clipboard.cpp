@@ -8,7 +8,7 @@
 #include "Turns.h"
 
 #include "base/Utf8.h"
-#include "e2e/Editor.h"
+#include "harness/Editor.h"
 
 #include <chrono>
 #include <cstdio>

@@ -2,7 +2,7 @@
 // empty Qt window's, and what memory it holds with documents of several sizes.
 
 #include "BenchSupport.h"
-#include "e2e/Editor.h"
+#include "harness/Editor.h"
 
 #include <chrono>
 #include <cstdio>

@@ -2,7 +2,7 @@
 // text takes from the other program to the screen.
 
 #include "BenchSupport.h"
-#include "e2e/Editor.h"
+#include "harness/Editor.h"
 
 #include <chrono>
 #include <cstdio>
@@ -15,7 +15,10 @@ constexpr int kRuns = 11;
 constexpr std::chrono::seconds kWatched{10};
 
 void Watch(Editor& editor) {
-    editor.Set(Setting::ClipboardDetect, u"1").Set(Setting::DecodeClipboard, u"0").Set(Setting::SaveChange, u"0").Start();
+    editor.Set(Setting::ClipboardDetect, u"1")
+        .Set(Setting::DecodeClipboard, u"0")
+        .Set(Setting::SaveChange, u"0")
+        .Start();
 }
 
 // How often its threads are given the processor while nobody does anything.

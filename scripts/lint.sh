@@ -7,5 +7,5 @@ git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run --Werror
 mkdir -p build/lint
 sed -E 's/-Winvalid-pch -include [^ ]*cmake_pch\.hxx//' build/release/compile_commands.json \
     >build/lint/compile_commands.json
-git ls-files 'src/*.cpp' 'tests/*.cpp' 'bench/*.cpp' 'attack/*.cpp' |
+git ls-files 'src/*.cpp' 'tests/*.cpp' 'harness/*.cpp' 'bench/*.cpp' 'attack/*.cpp' |
     xargs -P "$(nproc)" -n 4 clang-tidy --quiet -p build/lint

@@ -1,6 +1,6 @@
 #include "base/Windows1251.h"
 #include "base/Utf8.h"
-#include "support/Iconv.h"
+#include "harness/Iconv.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "e2e/Desktop.h"
+#include "harness/Desktop.h"
 
 #include <atomic>
 #include <string>

@@ -2,7 +2,7 @@
 #include "e2e/EditorTest.h"
 
 #include "base/Utf8.h"
-#include "support/Iconv.h"
+#include "harness/Iconv.h"
 
 namespace quillshift::e2e {
 namespace {

@@ -1,6 +1,6 @@
 #include "e2e/EditorTest.h"
 
-#include "support/Iconv.h"
+#include "harness/Iconv.h"
 
 #include <sys/resource.h>
 #include <sys/stat.h>

@@ -1,6 +1,6 @@
 #include "e2e/BarsTest.h"
 
-#include "support/Iconv.h"
+#include "harness/Iconv.h"
 
 namespace quillshift::e2e {
 namespace {

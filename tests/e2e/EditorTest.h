@@ -1,6 +1,6 @@
 #pragma once
 
-#include "e2e/Editor.h"
+#include "harness/Editor.h"
 
 #include <gtest/gtest.h>
 

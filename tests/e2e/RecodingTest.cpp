@@ -1,7 +1,7 @@
 #include "e2e/EditorTest.h"
 
+#include "harness/Iconv.h"
 #include "recoding/modDecode.h"
-#include "support/Iconv.h"
 
 #include <algorithm>
 #include <array>

@@ -1,9 +1,9 @@
 #include "platform/posix/PosixFiles.h"
 
 #include "base/Utf8.h"
+#include "harness/TemporaryFolder.h"
 #include "platform/posix/FileBytes.h"
 #include "support/InProcess.h"
-#include "support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 #include "recoding/modDecode.h"
 
 #include "base/Windows1251.h"
+#include "harness/Iconv.h"
 #include "support/FailureOf.h"
-#include "support/Iconv.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "platform/posix/SdlSound.h"
-#include "support/TemporaryFolder.h"
+#include "harness/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

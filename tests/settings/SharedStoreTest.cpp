@@ -1,6 +1,6 @@
+#include "harness/TemporaryFolder.h"
 #include "platform/posix/SqliteSettings.h"
 #include "support/InProcess.h"
-#include "support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
 #include "platform/posix/SqliteSettings.h"
+#include "harness/TemporaryFolder.h"
 #include "platform/posix/FileBytes.h"
 #include "platform/posix/PrivateFolder.h"
 #include "platform/posix/XdgFolders.h"
 #include "support/InProcess.h"
-#include "support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/TemporaryFolder.h"
+#include "harness/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
 #include "base/Windows1251.h"
 #include "controls/ProgressBar.h"
+#include "harness/Iconv.h"
 #include "recoding/frmDecode.h"
 #include "recoding/frmDecoding.h"
 #include "shell/ProgramDialogs.h"
 #include "support/FailureOf.h"
-#include "support/Iconv.h"
 #include "support/TestProgram.h"
 
 #include <gtest/gtest.h>

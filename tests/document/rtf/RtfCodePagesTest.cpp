@@ -1,6 +1,6 @@
 #include "document/rtf/RtfCodePages.h"
 
-#include "support/Iconv.h"
+#include "harness/Iconv.h"
 
 #include <gtest/gtest.h>
 

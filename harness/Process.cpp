@@ -1,4 +1,4 @@
-#include "e2e/Process.h"
+#include "harness/Process.h"
 
 #include <algorithm>
 #include <csignal>

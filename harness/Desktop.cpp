@@ -1,7 +1,7 @@
-#include "e2e/Desktop.h"
+#include "harness/Desktop.h"
 
 #include "base/Utf8.h"
-#include "support/Iconv.h"
+#include "harness/Iconv.h"
 
 #include <X11/XKBlib.h>
 #include <X11/Xatom.h>

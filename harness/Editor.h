@@ -1,6 +1,6 @@
 #pragma once
 
-#include "e2e/Desktop.h"
+#include "harness/Desktop.h"
 #include "platform/MessageBox.h"
 #include "platform/posix/SqliteSettings.h"
 #include "settings/Settings.h"

@@ -1,4 +1,4 @@
-#include "e2e/Editor.h"
+#include "harness/Editor.h"
 
 #include "base/Texts.h"
 #include "base/Utf8.h"

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "base/Geometry.h"
-#include "e2e/Process.h"
-#include "support/TemporaryFolder.h"
+#include "harness/Process.h"
+#include "harness/TemporaryFolder.h"
 
 #include <cstdint>
 #include <functional>

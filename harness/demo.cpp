@@ -1,7 +1,7 @@
 // A demonstration that needs no display: opens a letter written under DOS, re-codes it by the menu, and
 // leaves a picture of the main window.
 
-#include "e2e/Editor.h"
+#include "harness/Editor.h"
 
 #include <exception>
 #include <iostream>
