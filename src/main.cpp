@@ -105,14 +105,19 @@ std::filesystem::path DataFolder() {
     return folder;
 }
 
+// A store without the one value that every set-up leaves was deleted while a program ran, which made a new one for
+// what it had to keep.
 void SetUpStore(SqliteSettings& store, const Platform& platform) {
-    store.SetUp([&](SettingsBackend& first) {
-        Settings settings(first);
+    const auto fill = [&](SettingsBackend& backend) {
+        Settings settings(backend);
         WriteFirstValues(settings,
                          {.programFolder = platform.shell.ProgramFolder(),
                           .printerName = FromQString(QPrinterInfo::availablePrinterNames().value(0)),
                           .mainWindow = FirstPlace(platform.screen.WorkAreas())});
-    });
+    };
+    store.SetUp(fill);
+    if (!Settings(store).Find(Setting::FirstRun))
+        fill(store);
 }
 
 int Run(int argc, char** argv) {

@@ -5,13 +5,21 @@ namespace {
 
 using StartAndEnd = EditorTest;
 
-TEST_F(StartAndEnd, TheFirstStartTellsItsNoticeAndFillsTheStore) {
-    editor.DeleteStore();
-    editor.Launch();
-    editor.AnswerBox(BoxAnswer::Ok);
-    editor.Settle();
-    EXPECT_EQ(editor.Store().Text(Setting::FirstRun), u"0");
-    EXPECT_EQ(editor.Store().Text(Setting::FontName), u"MS Sans Serif");
+// Also where the store was deleted in a run, which at its end stores the window's place alone.
+TEST_F(StartAndEnd, AStartWithoutAStoreTellsItsNoticeAndFillsIt) {
+    for (int run = 0; run < 2; ++run) {
+        editor.DeleteStore();
+        if (run == 1) {
+            desktop.AskToClose(editor.Window());
+            editor.WaitForEnd();
+        }
+        editor.Launch();
+        editor.AnswerBox(BoxAnswer::Ok);
+        editor.Settle();
+        EXPECT_EQ(editor.Store().Text(Setting::FirstRun), u"0") << run;
+        EXPECT_EQ(editor.Store().Text(Setting::FontName), u"MS Sans Serif") << run;
+        EXPECT_TRUE(editor.Store().IsItemShown(ItemBar::Standart, 39)) << run;
+    }
 }
 
 TEST_F(StartAndEnd, ASecondCopyIsRefusedAndTheStoreIsItsOwnersAlone) {
