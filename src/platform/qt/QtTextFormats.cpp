@@ -67,7 +67,8 @@ QTextBlockFormat ToQt(const ParagraphFormat& from) {
     for (const Twips stop : stops)
         if (const qreal place = px(stop - from.leftIndent - from.firstLineIndent); place > 0)
             tabs.append({place, QTextOption::LeftTab});
-    to.setTabPositions(tabs);
+    if (!tabs.isEmpty())
+        to.setTabPositions(tabs);
     return to;
 }
 
