@@ -109,28 +109,6 @@ TEST(Bitmaps, AreAsStored) {
     ExpectAsStored(DRAWN "/Bitmaps.txt", list);
 }
 
-TEST(Bitmaps, KeepTheirHandlesInOrder) {
-    pcDibSection source = kSquare;
-    BitmapPicture dib;
-    EXPECT_TRUE(source.CreateDIB(3, 2, dib));
-    EXPECT_EQ(dib.bits, std::vector<std::uint8_t>(24)) << "owned by the caller";
-    EXPECT_EQ(source.BytesPerScanLine(), 12);
-    for (const int width : {0, kMost})
-        EXPECT_FALSE(source.CreateDIB(width, 2, dib)) << width;
-
-    source = BitmapOf<pcDibSection>(1, {{12, 12, 12, 12}});
-    source.SetUseDrawDib(true);
-    auto target = BitmapOf<pcDibSection>(1, {{10, 10, 10, 10}});
-    source.PaintPicture(target, 0, 0, -1, -1, 0, 0, RasterOperation::Xor);
-    EXPECT_EQ(PixelOf(target.hDib(), 0, 0)[0], 12) << "drawn as a picture, without an operation";
-    EXPECT_TRUE(source.Create(2, 2) && source.UseDrawDib()) << "for the new picture, too";
-    source.ClearUp();
-    EXPECT_FALSE(source.UseDrawDib());
-    EXPECT_EQ(source.hdc(), nullptr);
-    EXPECT_EQ(source.hDib().bits, nullptr);
-    EXPECT_EQ(source.Width(), 2) << "the size of what was there stays";
-}
-
 TEST(Bitmaps, SaveAFileOfKnownBytes) {
     const TemporaryFolder folder;
     const auto bitmap = BitmapOf<pcDibSection>(1, {{1, 2, 3, 4}, {5, 6, 7, 8}});

@@ -96,29 +96,6 @@ TEST_F(MSubclassTest, RefusesWhatItCantHook) {
     EXPECT_FALSE(twin.IsWindowLocal(kForeign));
 }
 
-TEST_F(MSubclassTest, LeavesTheRegistryAsItWasWhenAttachingFails) {
-    const auto expectNoTrace = [&](int number) {
-        const auto before = windows.PropertiesOf(kWindow);
-        const bool hooked = windows.IsHooked(kWindow);
-        EXPECT_EQ(FailureOf([&] { hooks.AttachMessage(second, kWindow, kMessage); }).Number(), number);
-        EXPECT_EQ(windows.PropertiesOf(kWindow), before);
-        EXPECT_EQ(windows.IsHooked(kWindow), hooked);
-    };
-    windows.handlersFixed = true;
-    expectNoTrace(Based(13081));
-    windows.handlersFixed = false;
-    for (int write = 1; write <= 4; ++write) { // message count, client, old handler, count
-        windows.failingWrite = write;
-        expectNoTrace(5);
-    }
-    hooks.AttachMessage(first, kWindow, kMessage);
-    for (int write = 1; write <= 3; ++write) {
-        windows.failingWrite = write;
-        expectNoTrace(5);
-    }
-    EXPECT_THAT(Sent(kMessage), ElementsAre("first", "old"));
-}
-
 TEST_F(MSubclassTest, LetsGoOfAWindowThatIsDestroyed) {
     hooks.AttachMessage(first, kWindow, kMessage);
     EXPECT_THAT(Sent(message::kDestroy), ElementsAre("old"));
@@ -148,25 +125,6 @@ TEST_F(CTimerTest, RaisesItsEventUntilItIsSwitchedOff) {
         timers.Tick();
     EXPECT_EQ(ticks, 3);
     EXPECT_EQ(timer.Interval(), 0);
-}
-
-TEST_F(CTimerTest, TheTableHoldsAHundred) {
-    std::deque<CTimer> running;
-    for (std::size_t i = 0; i < MTimer::kSlots; ++i)
-        running.emplace_back(table).SetInterval(10);
-    CTimer late(table);
-    const Error error = FailureOf([&] { late.SetInterval(10); });
-    EXPECT_EQ(error.Number(), Based(13651));
-    EXPECT_EQ(error.Source(), u"program.WindowProc");
-    EXPECT_EQ(error.Description(), u"No more than 10 timers allowed per class");
-    EXPECT_EQ(late.Interval(), 0);
-
-    int ticks = 0;
-    late.ThatTime = [&] { ++ticks; };
-    running[41].SetInterval(-1);
-    late.SetInterval(10);
-    timers.Tick();
-    EXPECT_EQ(ticks, 1);
 }
 
 TEST(clsLibraryTest, HoldsOneLibraryOrTellsWhyNot) {

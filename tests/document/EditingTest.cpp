@@ -56,18 +56,6 @@ TEST_F(Editing, UndoPutsBackWithTheCaretWhereTheRuleSays) {
     EXPECT_EQ(history.RedoSteps(), 0U);
 }
 
-TEST(ChangeBetween, CutsNoCharacterInTwo) {
-    EXPECT_EQ(ChangeBetween(u"x\r\n\r\ny", u"x\r\ny", 0), (TextChange{1, 2, 0}));
-    EXPECT_EQ(ChangeBetween(u"a\xD83D\xDE00z", u"a\xD83D\xDE01z", 0), (TextChange{1, 2, 2}));
-    EXPECT_EQ(ChangeBetween(u"a\xD83D\xDE00z", u"a\xD83E\xDE00z", 0), (TextChange{1, 2, 2}));
-    EXPECT_EQ(ChangeBetween(u"\xD83D", u"\xD83D\xDE00", 0), (TextChange{0, 1, 2}));
-    for (const std::size_t place : {0U, 1U, 511U, 512U, 1500U, 2999U}) { // about the compared blocks
-        std::u16string text(3000, u'x');
-        text[place] = u'y';
-        EXPECT_EQ(ChangeBetween(std::u16string(3000, u'x'), text, 0), (TextChange{place, 1, 1}));
-    }
-}
-
 TEST(ToCase, ConvertsTheLettersOfThePageAndKeepsTheRest) {
     constexpr std::u16string_view kCapitals =
         u"ABCDEFGHIJKLMNOPQRSTUVWXYZАБВГДЕЖЗИЙКЛМНОПРСТУФХЦЧШЩЪЫЬЭЮЯЁҐЂЃЄЅІЇЈЉЊЋЌЎЏ";

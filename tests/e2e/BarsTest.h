@@ -41,9 +41,6 @@ protected:
         editor.Settle();
         return menu;
     }
-    void WaitForMenuAt(int wanted) {
-        WaitForMenu([wanted](int left) { return left == wanted; });
-    }
     void WaitUntilClosed() {
         desktop.WaitUntil("all menus are closed", [&] { return Open().empty(); });
         editor.Settle();

@@ -47,12 +47,6 @@ protected:
     std::string Bytes(const std::string& text) { return Iconv(text, "UTF-8", "CP1251"); }
 };
 
-TEST_F(ClipboardElsewhere, TheClipboardIsTakenInAndRecodedAtTheStart) {
-    Copy("Џа");
-    editor.Set(Setting::StartAtStartup, u"1").Start();
-    EXPECT_EQ(Saved(), Iconv("Пр\r\n", "UTF-8", "CP1251"));
-}
-
 TEST_F(ClipboardElsewhere, WhatIsCopiedElsewhereArrivesByItselfAndCanBeTakenBack) {
     Watch(Recode, Collect).Start();
     for (const char* copied : {"Џа", "аЁ", "ЁЎ"}) {
@@ -111,22 +105,6 @@ TEST_F(ClipboardElsewhere, ArrivesWhateverTheProgramIsBusyWith) {
     desktop.Activate(editor.Window());
     editor.Settle();
     EXPECT_EQ(Saved(), "menu\r\ndialog\r\nhidden\r\n");
-}
-
-TEST_F(ClipboardElsewhere, AProgramThatGivesNoAnswerHoldsNothingUp) {
-    Watch(AsItCame, Replace).Start();
-    Copy("kept");
-    WaitUntilSeen("kept");
-    for (int i = 0; i < 1000; ++i)
-        desktop.HoldClipboard();
-    for (int i = 0; i < 10; ++i)
-        desktop.Press("Ctrl+v");
-    editor.AnswerBox(BoxAnswer::Ok);
-    editor.Settle();
-    EXPECT_EQ(Saved(), "kept\r\n");
-    Copy("the last");
-    WaitUntilSeen("the last");
-    EXPECT_EQ(Saved(), "the last\r\n");
 }
 
 TEST_F(ClipboardElsewhere, ACopiedTextOutlivesTheProgramWhereSomebodyKeepsIt) {

@@ -49,23 +49,6 @@ TEST_F(Menus, EachOpensByKeyboardAndMouseAndClosesByEveryRoad) {
     }
 }
 
-TEST_F(Menus, AHeadingBeginsWhereItsMenuDoes) {
-    editor.Start();
-    const Point file = Heading(0);
-    int former = file.x - 12;
-    desktop.Click(file);
-    WaitForMenu(1);
-    for (int heading = 1; heading < 9; ++heading) {
-        desktop.Press("Right");
-        const int left = WaitForMenu([former](int edge) { return edge > former; }).left;
-        desktop.MoveTo({left - 1, file.y});
-        WaitForMenuAt(former);
-        desktop.MoveTo({left + 1, file.y});
-        WaitForMenuAt(left);
-        former = left;
-    }
-}
-
 TEST_F(Menus, LookTheSameHoweverFastTheyWereOpened) {
     editor.Start();
     const Rect window = desktop.Place(editor.Window());
@@ -112,28 +95,6 @@ TEST_F(Menus, AnEntryIsTickedByTheMouse) {
     EXPECT_TRUE(pictures[0] != pictures[1]) << "the tick is seen";
 }
 
-TEST_F(Menus, StayOnTheMonitorOfTheirWindow) {
-    const Environment environment = desktop.ProgramEnvironment(editor.home.Path());
-    for (const char* monitor : {"left 640/200x800/250+0+0", "right 640/200x800/250+640+0"}) {
-        const std::string name(monitor, std::string_view(monitor).find(' '));
-        ASSERT_EQ(
-            Process("xrandr",
-                    {"--setmonitor", name, monitor + name.size() + 1, name == "left" ? "screen" : "none"},
-                    environment)
-                .WaitForEnd(),
-            0);
-    }
-    editor.Start();
-    desktop.Move(editor.Window(), {100, 100}); // the heading ends near the monitor's edge
-    editor.Settle();
-    OpenByKeyboard(7);
-    const Rect menu = WaitForMenu(1);
-    desktop.MoveTo(Row(menu, "MENU:DECODE:DOS"));
-    const Rect sub = WaitForMenu(2);
-    EXPECT_EQ(menu.right, 640);
-    EXPECT_LE(sub.right, 640) << "to the left of its row, not on the other monitor";
-}
-
 TEST_F(Menus, CloseWhenAnotherWindowTakesTheKeyboardAndWithTheirOwn) {
     editor.Set(Setting::ManyCopies, u"1").Start();
     OpenByKeyboard(0);
@@ -150,19 +111,6 @@ TEST_F(Menus, CloseWhenAnotherWindowTakesTheKeyboardAndWithTheirOwn) {
     desktop.AskToClose(editor.Window());
     EXPECT_EQ(editor.WaitForEnd(), 0);
     EXPECT_TRUE(desktop.Popups().empty());
-}
-
-TEST_F(Menus, CloseWhenTheirWindowIsMinimised) {
-    editor.Set(Setting::SaveChange, u"0").Start();
-    OpenByKeyboard(7);
-    desktop.Press("Right");
-    WaitForMenu(2);
-    desktop.Minimise(editor.Window());
-    desktop.WaitUntil("no menu and no shadow is left", [&] { return desktop.Popups().empty(); });
-    desktop.Activate(editor.Window());
-    editor.Settle();
-    EXPECT_TRUE(desktop.Popups().empty());
-    ExpectTypingGoesToTheText();
 }
 
 TEST_F(Menus, AShortcutFiresOnceAndNotWhileAMenuIsOpen) {

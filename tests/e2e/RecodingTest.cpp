@@ -90,13 +90,5 @@ TEST_F(Recoding, CancellingAStepLeavesTheTextAlone) {
     EXPECT_TRUE(Saved() == before + "\r\n");
 }
 
-TEST_F(Recoding, ClosingTheWindowDuringTheWalkEndsTheProgram) {
-    editor.Start().Open(LongLetter());
-    editor.Choose("MENU:DECODE:DOS:DW");
-    desktop.WaitForWindow(u"Перекодирование...");
-    desktop.AskToClose(editor.Window());
-    EXPECT_EQ(editor.WaitForEnd(), 0);
-}
-
 } // namespace
 } // namespace quillshift::e2e

@@ -58,38 +58,6 @@ TEST_F(SharedStore, ManyCopiesWriteAndReadAtOnceAndNothingIsLost) {
             ASSERT_EQ(settings.Read("Own", std::to_string(copy) + "-" + std::to_string(i)), Text(i));
 }
 
-TEST_F(SharedStore, KillingACopyLosesNoFinishedWrite) {
-    SqliteSettings reader(file_);
-    int written = 0;
-    for (int round = 0; round < 25; ++round) {
-        int ends[2];
-        ASSERT_EQ(pipe(ends), 0);
-        const pid_t copy = InProcess([&] {
-            close(ends[0]);
-            SqliteSettings settings(file_);
-            for (int i = written;; ++i) {
-                settings.Write("P", std::to_string(i), Text(i));
-                if (write(ends[1], "w", 1) != 1)
-                    return 1;
-            }
-        });
-        close(ends[1]);
-        char mark = 0;
-        for (int i = 0; i < 5 + round && read(ends[0], &mark, 1) == 1; ++i)
-            ++written;
-        usleep(static_cast<useconds_t>(137 * round));
-        kill(copy, SIGKILL);
-        ExitOf(copy);
-        while (read(ends[0], &mark, 1) == 1)
-            ++written;
-        close(ends[0]);
-        for (int i = 0; i < written; ++i)
-            ASSERT_EQ(reader.Read("P", std::to_string(i)), Text(i)) << "round " << round;
-    }
-    EXPECT_GT(written, 300);
-    EXPECT_FALSE(fs::exists(file_.string() + ".damaged-1"));
-}
-
 TEST_F(SharedStore, ASetUpKilledHalfwayLeavesNoStoreAndTheNextOneIsWhole) {
     const pid_t copy = InProcess([&] {
         SqliteSettings(file_).SetUp([](SettingsBackend& backend) {
@@ -107,23 +75,6 @@ TEST_F(SharedStore, ASetUpKilledHalfwayLeavesNoStoreAndTheNextOneIsWhole) {
     EXPECT_EQ(SqliteSettings(file_).Read("P", "b"), Text(2));
     const auto files = std::distance(fs::directory_iterator(folder_.Path()), fs::directory_iterator());
     EXPECT_EQ(files, 1) << "the draft is still there";
-}
-
-TEST_F(SharedStore, OfManyFirstStartsOneSetsUpAndAllSeeItsValues) {
-    const auto copies = InProcesses(8, [&](int /*copy*/) {
-        SqliteSettings settings(file_);
-        const bool wrote = settings.SetUp([](SettingsBackend& backend) {
-            backend.Write("P", "first", Text(1));
-            usleep(20000);
-            backend.Write("P", "last", Text(2));
-        });
-        const bool whole = settings.Read("P", "first") && settings.Read("P", "last");
-        return (wrote ? 1 : 0) + (whole ? 0 : 100);
-    });
-    int sum = 0;
-    for (const pid_t copy : copies)
-        sum += ExitOf(copy);
-    EXPECT_EQ(sum, 1);
 }
 
 TEST_F(SharedStore, CopiesThatMeetADamagedFileSetItAsideOnce) {

@@ -22,16 +22,5 @@ TEST(RtfCodePages, AgreeWithThePublishedPages) {
         }
 }
 
-TEST(RtfCodePages, ReadWindows1251AsTheProgramDoesAndDoubleBytesAsOneUnknown) {
-    std::u16string read;
-    AppendDecoded(read, "\x98\xCF", 1251);
-    EXPECT_EQ(read, u"\u0098П");
-    read.clear();
-    AppendDecoded(read, "a\x83\x41\x83\x01z\x83", 932);
-    EXPECT_EQ(read, u"a\uFFFD\uFFFD\u0001z\uFFFD") << "a control is no second byte";
-    EXPECT_EQ(CodePageOfCharset(204, 437), 1251);
-    EXPECT_EQ(CodePageOfCharset(1, 866), 866);
-}
-
 } // namespace
 } // namespace quillshift
