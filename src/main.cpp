@@ -105,8 +105,8 @@ std::filesystem::path DataFolder() {
     return folder;
 }
 
-// A store without the one value that every set-up leaves was deleted while a program ran, which made a new one for
-// what it had to keep.
+// A store without the one value that every set-up leaves was deleted while a program ran, which made a new
+// one for what it had to keep.
 void SetUpStore(SqliteSettings& store, const Platform& platform) {
     const auto fill = [&](SettingsBackend& backend) {
         Settings settings(backend);
