@@ -20,7 +20,7 @@ double Brightness(Colour colour) {
 }
 
 double Contrast(Colour a, Colour b) {
-    const auto [darker, lighter] = std::minmax(Brightness(a), Brightness(b));
+    const auto [darker, lighter] = std::minmax({Brightness(a), Brightness(b)});
     return (lighter + 0.05) / (darker + 0.05);
 }
 
