@@ -12,7 +12,6 @@
 #include <deque>
 #include <functional>
 #include <map>
-#include <ranges>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -120,7 +119,8 @@ protected:
     std::pair<qsCommandBar*, std::size_t> Find(const std::string& key) {
         if (key == "+")
             return {tools, tools->Items().size() - 1};
-        for (qsCommandBar& each : std::views::reverse(controls)) {
+        for (auto newest = controls.rbegin(); newest != controls.rend(); ++newest) {
+            qsCommandBar& each = *newest;
             if (!each.Toolbar())
                 continue;
             const cCommandBarButtons shown = each.Toolbar()->Buttons();
