@@ -119,8 +119,8 @@ protected:
     std::pair<qsCommandBar*, std::size_t> Find(const std::string& key) {
         if (key == "+")
             return {tools, tools->Items().size() - 1};
-        for (auto newest = controls.rbegin(); newest != controls.rend(); ++newest) {
-            qsCommandBar& each = *newest;
+        for (std::size_t newest = controls.size(); newest-- > 0;) {
+            qsCommandBar& each = controls[newest];
             if (!each.Toolbar())
                 continue;
             const cCommandBarButtons shown = each.Toolbar()->Buttons();
