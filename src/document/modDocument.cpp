@@ -76,11 +76,7 @@ void modDocument::ImportRtf() {
 // --- Opening
 
 void modDocument::Report(const std::function<void()>& routine) {
-    try {
-        routine();
-    } catch (const Error& error) {
-        services_.platform.messageBox.Report(error);
-    }
+    services_.platform.messageBox.Attempt(routine);
 }
 
 void modDocument::SetUpDialog(std::u16string_view title) {
