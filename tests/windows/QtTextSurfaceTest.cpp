@@ -132,20 +132,30 @@ TEST_F(QtTextSurfaceTest, HandsDroppedFilesOnAndTakesDroppedText) {
     surface.setParent(nullptr);
 }
 
-TEST_F(QtTextSurfaceTest, LeavesClipboardAndUndoKeysToTheProgram) {
-    surface.SetText(u"text");
-    surface.SetSelStart(0);
-    surface.SetSelLength(4);
-    for (const auto& [key, modifier] : {std::pair{Qt::Key_X, Qt::ControlModifier},
-                                        {Qt::Key_V, Qt::ControlModifier},
-                                        {Qt::Key_Insert, Qt::ShiftModifier},
-                                        {Qt::Key_Delete, Qt::ShiftModifier}})
-        QTest::keyClick(&surface, key, modifier);
-    EXPECT_EQ(surface.Text(), u"text");
-    QTest::keyClick(&surface, Qt::Key_Return, Qt::ShiftModifier);
-    EXPECT_EQ(surface.Text(), u"\r\n");
-    QTest::keyClick(&surface, Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(surface.Text(), u"\r\n");
+TEST_F(QtTextSurfaceTest, LeavesClipboardAndUndoKeysToTheProgramOrServesThem) {
+    QtTextSurface serving(nullptr, EditingKeys::OfSurface);
+    struct Step {
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+        std::u16string_view left, served;
+    };
+    for (QtTextSurface* const shown : {&surface, &serving}) {
+        shown->SetText(u"text");
+        shown->SetSelStart(0);
+        shown->SetSelLength(4);
+        for (const Step& step : {Step{Qt::Key_X, Qt::ControlModifier, u"text", u""},
+                                 {Qt::Key_Z, Qt::ControlModifier, u"text", u"text"},
+                                 {Qt::Key_Z, Qt::ControlModifier, u"text", u"text"},
+                                 {Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, u"text", u""},
+                                 {Qt::Key_V, Qt::ControlModifier, u"text", u"text"},
+                                 {Qt::Key_Insert, Qt::ShiftModifier, u"text", u"texttext"},
+                                 {Qt::Key_A, Qt::ControlModifier, u"text", u"texttext"},
+                                 {Qt::Key_Delete, Qt::ShiftModifier, u"text", u""},
+                                 {Qt::Key_Return, Qt::ShiftModifier, u"\r\n", u"\r\n"}}) {
+            QTest::keyClick(shown, step.key, step.modifiers);
+            EXPECT_EQ(shown->Text(), shown == &surface ? step.left : step.served) << step.key;
+        }
+    }
 }
 
 } // namespace

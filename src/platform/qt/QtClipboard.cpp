@@ -2,6 +2,7 @@
 
 #include "base/Windows1251.h"
 #include "platform/qt/QtText.h"
+#include "platform/qt/QtTextSurface.h"
 #include "platform/qt/X11Requests.h"
 #include "platform/qt/X11SelectionReader.h"
 
@@ -237,13 +238,20 @@ bool QtClipboard::TakeMiddleButton(QObject* target, QEvent* event) {
 
 bool QtClipboard::TakePasteKey(QObject* target, QEvent* event) {
     auto* const line = qobject_cast<QLineEdit*>(target);
-    if (line == nullptr || line->isReadOnly() ||
-        !static_cast<QKeyEvent*>(event)->matches(QKeySequence::Paste))
+    auto* const surface = qobject_cast<QtTextSurface*>(target);
+    const bool takesText =
+        (line != nullptr && !line->isReadOnly()) ||
+        (surface != nullptr && !surface->isReadOnly() && surface->Keys() == EditingKeys::OfSurface);
+    if (!takesText || !static_cast<QKeyEvent*>(event)->matches(QKeySequence::Paste))
         return false;
     const QPointer<QObject> stillThere = target;
     const auto text = Text();
-    if (text && stillThere)
+    if (!text || !stillThere)
+        return true;
+    if (line != nullptr)
         line->insert(ToQString(*text));
+    else
+        surface->SetSelText(*text);
     return true;
 }
 

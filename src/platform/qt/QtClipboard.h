@@ -21,7 +21,8 @@ class X11SelectionReader;
 
 /// The clipboard of the desktop. Under X11, where each text is asked of the program that copied it, it is
 /// read as soon as it changes. Copied lines end with a line feed, as other programs expect. What the toolkit
-/// would wait for by itself goes the same way: drops, the middle button, and the paste key in a line of text.
+/// would wait for by itself goes the same way: drops, the middle button, and the paste key where no
+/// command serves it.
 class QtClipboard final : public QObject, public Clipboard {
     Q_OBJECT
 

@@ -43,8 +43,8 @@ bool IsWholeWord(std::u16string_view text, std::size_t at, std::size_t length) {
     return !before && !behind;
 }
 
-// Keys that the widget would take for its own clipboard and undo; the program's commands own these.
-bool IsOwnedByCommands(const QKeyEvent& event) {
+// Keys that the widget takes for its own clipboard and undo.
+bool IsEditingKey(const QKeyEvent& event) {
     constexpr QKeySequence::StandardKey kKeys[] = {
         QKeySequence::Undo,  QKeySequence::Redo,      QKeySequence::Cut,    QKeySequence::Copy,
         QKeySequence::Paste, QKeySequence::SelectAll, QKeySequence::Delete, QKeySequence::DeleteEndOfLine};
@@ -67,10 +67,10 @@ QString FileIn(const QMimeData& data) {
 
 } // namespace
 
-QtTextSurface::QtTextSurface(QWidget* parent) : QTextEdit(parent) {
+QtTextSurface::QtTextSurface(QWidget* parent, EditingKeys keys) : QTextEdit(parent), keys_(keys) {
     setFrameShape(QFrame::NoFrame);
     setAcceptRichText(false);
-    document()->setUndoRedoEnabled(false);
+    document()->setUndoRedoEnabled(keys == EditingKeys::OfSurface);
     connect(document(), &QTextDocument::contentsChange, this, &QtTextSurface::MirrorChange);
     connect(document(), &QTextDocument::contentsChanged, this, &QtTextSurface::RaiseChange);
     connect(this, &QTextEdit::cursorPositionChanged, this, &QtTextSurface::NoteSelection);
@@ -356,9 +356,13 @@ std::optional<std::size_t> QtTextSurface::LineIndex(int line) const {
 
 // --- What the widget must leave to the program
 
+bool QtTextSurface::LeavesToCommands(const QKeyEvent& event) const {
+    return keys_ == EditingKeys::OfCommands && IsEditingKey(event);
+}
+
 bool QtTextSurface::event(QEvent* event) {
     // Not accepted, an offered shortcut goes to the program's commands.
-    if (event->type() == QEvent::ShortcutOverride && IsOwnedByCommands(*static_cast<QKeyEvent*>(event))) {
+    if (event->type() == QEvent::ShortcutOverride && LeavesToCommands(*static_cast<QKeyEvent*>(event))) {
         event->ignore();
         return false;
     }
@@ -369,7 +373,7 @@ void QtTextSurface::keyPressEvent(QKeyEvent* event) {
     if (OnKeyDown)
         OnKeyDown();
     // A letter with Alt is meant for a menu, also where none goes by it.
-    if (IsOwnedByCommands(*event) || HasAltAlone(*event)) {
+    if (LeavesToCommands(*event) || HasAltAlone(*event)) {
         event->ignore();
         return;
     }

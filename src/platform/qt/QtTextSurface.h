@@ -6,6 +6,12 @@
 
 namespace quillshift {
 
+/// Who serves the keys of clipboard, undo and select-all in a surface.
+enum class EditingKeys {
+    OfCommands, ///< the program's commands, to which the surface leaves them
+    OfSurface,  ///< the surface itself, with an undo of its own
+};
+
 /// The text surface on Qt's rich-text widget.
 ///
 /// A mirror of the plain text is kept from the document's change notices, because the widget's own call for
@@ -15,7 +21,8 @@ class QtTextSurface final : public QTextEdit, public TextSurface {
     Q_OBJECT
 
 public:
-    explicit QtTextSurface(QWidget* parent = nullptr);
+    explicit QtTextSurface(QWidget* parent = nullptr, EditingKeys keys = EditingKeys::OfCommands);
+    EditingKeys Keys() const { return keys_; }
     /// Takes files dropped anywhere on a window, as those dropped on the surface itself.
     void TakeFilesDroppedOn(QWidget& window);
 
@@ -64,6 +71,7 @@ private:
         bool operator==(const Selection&) const = default;
     };
 
+    bool LeavesToCommands(const QKeyEvent& event) const;
     std::size_t SurfacePosition(int documentPosition) const;
     int DocumentPosition(std::size_t surfacePosition) const;
     std::u16string TextBetween(int from, int to) const;
@@ -77,6 +85,7 @@ private:
     bool TakeFile(QDropEvent& event);
     void RaiseChange();
 
+    EditingKeys keys_;
     std::u16string mirror_;
     SurfaceFont font_;
     Selection noted_;        // what the listeners were last told
