@@ -71,5 +71,17 @@ TEST_F(Document, AFullDiskAndALimitAreReportedAndTheTextCanBeSavedElsewhere) {
     EXPECT_EQ(Saved(), "kept\r\n");
 }
 
+TEST_F(Document, ASaveOverAFileGivesTheKeyboardBack) {
+    editor.Start();
+    for (int i = 0; i < 6; ++i) {
+        Put(Path("there.txt"), "old");
+        desktop.Type(u"x");
+        desktop.Press("Ctrl+Shift+s");
+        editor.AnswerFileDialog(u"Сохранение документа", Path("there.txt"));
+        editor.Settle();
+    }
+    EXPECT_EQ(Contents(Path("there.txt")), "xxxxxx\r\n");
+}
+
 } // namespace
 } // namespace quillshift::e2e

@@ -63,8 +63,9 @@ QtClipboard::QtClipboard() {
 
 QtClipboard::~QtClipboard() = default;
 
-// What X11 has not in store for this program is asked of others, and that is the reader's work. Whether it has is
-// seen by the kind of the data alone: the toolkit can call a clipboard its own that has just gone to another program.
+// What X11 has not in store for this program is asked of others, and that is the reader's work. Whether it
+// has is seen by the kind of the data alone: the toolkit can call a clipboard its own that has just gone to
+// another program.
 void QtClipboard::NoteOwn() {
     const QMimeData* const data = QGuiApplication::clipboard()->mimeData();
     if (data != nullptr && !(reader_ && data->inherits("QInternalMimeData")))

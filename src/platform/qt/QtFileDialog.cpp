@@ -130,7 +130,11 @@ bool RunFileDialog(FileDialog& properties, QFileDialog::AcceptMode mode) {
     FileKinds kinds; // a thread of the dialog asks it to the end
     CompletingDialog dialog(properties, mode);
     dialog.setIconProvider(&kinds);
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+    const bool accepted = dialog.exec() == QDialog::Accepted;
+    // A window manager may still be giving the keyboard back from the dialog's own question, to the dialog.
+    if (QWidget* const owner = dialog.parentWidget())
+        owner->activateWindow();
+    if (!accepted || dialog.selectedFiles().isEmpty())
         return false;
     const QFileInfo chosen(dialog.selectedFiles().constFirst());
     properties.FileName = FromQString(chosen.absoluteFilePath());
