@@ -4,16 +4,21 @@
 
 namespace quillshift {
 
-Dialog::Dialog(const DialogContext& context, const QString& title)
-    : QDialog(context.owner), context_(context) {
+Dialog::Dialog(const DialogContext& context, const QString& title, DialogSounds sounds)
+    : QDialog(context.owner), context_(context), sounds_(sounds) {
     setWindowTitle(title);
     setFont(QFont(QStringLiteral("MS Sans Serif"), 8));
     SetWindowTopMost(*this, context_.settings.Is(Setting::TopMost));
-    context_.sounds.PlaySoundEvent(sound_event::kFormLoad);
+    Play(sound_event::kFormLoad);
 }
 
 Dialog::~Dialog() {
-    context_.sounds.PlaySoundEvent(sound_event::kFormUnload);
+    Play(sound_event::kFormUnload);
+}
+
+void Dialog::Play(const SoundEvent& event) {
+    if (sounds_ == DialogSounds::LoadAndUnload)
+        context_.sounds.PlaySoundEvent(event);
 }
 
 DialogButton::DialogButton(const QString& text, SoundEvents& sounds, QWidget* parent)

@@ -33,13 +33,17 @@ private:
     SoundEvents& sounds_;
 };
 
+/// Whether a dialog is heard when it is loaded and unloaded.
+enum class DialogSounds { LoadAndUnload, None };
+
 /// What every dialog does the same way: it takes its place above other windows as `TopMost` says and plays
 /// the load sound before it fills its fields, and plays the unload sound when it is unloaded.
 class Dialog : public QDialog {
     Q_OBJECT
 
 public:
-    Dialog(const DialogContext& context, const QString& title);
+    Dialog(const DialogContext& context, const QString& title,
+           DialogSounds sounds = DialogSounds::LoadAndUnload);
     ~Dialog() override;
 
 protected:
@@ -58,7 +62,10 @@ protected:
     const DialogContext& Context() const { return context_; }
 
 private:
+    void Play(const SoundEvent& event);
+
     DialogContext context_;
+    DialogSounds sounds_;
 };
 
 /// Places a window above all others or takes that place away, without hiding it in between.

@@ -6,6 +6,9 @@ namespace quillshift {
 enum class DialogKind {
     Decode,   ///< picks a pair of character sets
     Decoding, ///< the progress of a recoding job
+    Splash,
+    Welcome,
+    WorkBegin, ///< asks what to begin with
 };
 
 /// Shows and closes the program's dialogs, one of each kind.

@@ -11,6 +11,7 @@ ProgramParts::ProgramParts(Platform& thePlatform, MainView& mainWindow, mCommand
       bars(toolkit, window, platform.files, platform.shell.ProgramFolder()),
       layout(window, bars, settings, platform.timers),
       dialogs(makeDialogs(*this)),
+      start({settings, *dialogs, platform.timers, platform.sound, platform.shell}),
       job({recoding, settings, platform.messageBox, window.RichTextBox(), window, *dialogs,
            platform.fileDialog.FileName}),
       edit({window.RichTextBox(), platform.clipboard, platform.messageBox, document, history}),

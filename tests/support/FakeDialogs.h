@@ -6,6 +6,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -49,7 +50,11 @@ public:
 
     void Show(DialogKind kind, int argument = 0) override {
         shown.emplace_back(kind, argument);
-        if (kind == DialogKind::Decode) {
+        if (kind == DialogKind::Splash || kind == DialogKind::Welcome || kind == DialogKind::WorkBegin) {
+            atStart_.insert(kind);
+            return;
+        }
+        if (kind != DialogKind::Decoding) {
             if (whileModal)
                 whileModal();
             return;
@@ -60,10 +65,13 @@ public:
     }
     /// As the real one, which is in the middle of its own event: it goes later.
     void Close(DialogKind kind) override {
+        atStart_.erase(kind);
         if (kind == DialogKind::Decoding && decoding)
             closed_.push_back(std::move(decoding));
     }
-    bool IsLoaded(DialogKind kind) const override { return kind == DialogKind::Decoding && decoding; }
+    bool IsLoaded(DialogKind kind) const override {
+        return atStart_.contains(kind) || (kind == DialogKind::Decoding && decoding);
+    }
 
     std::vector<std::pair<DialogKind, int>> shown;
     std::unique_ptr<FakeDecoding> decoding;
@@ -72,6 +80,7 @@ public:
 
 private:
     RecodingJob& job_;
+    std::set<DialogKind> atStart_; // those that show before the main window, and are up
     std::vector<std::unique_ptr<FakeDecoding>> closed_;
 };
 
