@@ -44,7 +44,8 @@ std::u16string TextOf(const X11Question::Answer& answer) {
 QtClipboard::QtClipboard() {
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, &QtClipboard::NoteOwn);
     const auto* const x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (x11 != nullptr)
+    if (x11 != nullptr &&
+        x11->connection() != nullptr) // without a screen the toolkit has the one, not the other
         reader_ = std::make_unique<X11SelectionReader>(x11->display(), x11->connection());
     if (!reader_ || !reader_->IsOpen()) {
         reader_.reset();
