@@ -4,11 +4,9 @@ namespace quillshift {
 
 /// The program's own dialogs.
 enum class DialogKind {
-    Decode,   ///< picks a pair of character sets
-    Decoding, ///< the progress of a recoding job
-    Splash,
-    Welcome,
-    WorkBegin, ///< asks what to begin with
+    Decode,     ///< picks a pair of character sets
+    Decoding,   ///< the progress of a recoding job
+    FullScreen, ///< the text on the whole screen
 };
 
 /// Shows and closes the program's dialogs, one of each kind.
@@ -21,6 +19,12 @@ public:
     /// Closes and unloads it; nothing happens to one that is not loaded.
     virtual void Close(DialogKind kind) = 0;
     virtual bool IsLoaded(DialogKind kind) const = 0;
+
+    /// Takes every window but the main one off the screen. Modal ones, boxes and file dialogs among them, are
+    /// cancelled.
+    virtual void HideAll() = 0;
+    /// Those that are still loaded come back where they were.
+    virtual void BringBack() = 0;
 };
 
 } // namespace quillshift

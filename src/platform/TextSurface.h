@@ -83,6 +83,13 @@ public:
     /// line of the caret; a line behind the last has none.
     virtual std::optional<std::size_t> LineIndex(int line) const = 0;
 
+    /// Position of the first character in sight; what shows above all lines when it is set, as far as the
+    /// text behind it reaches.
+    virtual std::size_t TopPosition() const = 0;
+    virtual void SetTopPosition(std::size_t position) = 0;
+
+    /// Whether the user may edit the text; calls always do.
+    virtual void SetReadOnly(bool readOnly) = 0;
     virtual void SetFocus() = 0;
 
     // Notifications, raised inside the operation that causes them.

@@ -69,6 +69,7 @@ void ClipboardWatcher::TakeInAll() {
 }
 
 void ClipboardWatcher::TakeIn(Copy copy) {
+    services_.gatherText();
     std::u16string text = std::move(copy.text);
     RecodingState& recoding = services_.recoding;
     if (copy.recodes) {

@@ -24,7 +24,8 @@ public:
         RecodingState& recoding;
         TextSurface& document;
         Timers& timers;
-        std::function<void()> tookIn; ///< the document has been changed
+        std::function<void()> gatherText; ///< the document gets what is being written elsewhere
+        std::function<void()> tookIn;     ///< the document has been changed
     };
 
     explicit ClipboardWatcher(Services services);

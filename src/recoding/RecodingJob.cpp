@@ -61,6 +61,7 @@ void RecodingJob::StartAndReport(Direction direction) {
 }
 
 void RecodingJob::RunRecodingJob() {
+    services_.gatherText();
     RecodingState& state = services_.state;
     if (services_.document.Text().empty()) {
         services_.messageBox.Inform(u"Нет текста для перекодирования !");
@@ -111,6 +112,7 @@ RecodingJob::Walk RecodingJob::WalkTheBar() {
 }
 
 void RecodingJob::Finish() {
+    services_.gatherText(); // the walk lets commands through
     RecodingState& state = services_.state;
     std::u16string text(services_.document.Text());
     std::u16string recoded;

@@ -25,6 +25,7 @@ public:
         Window& mainWindow;
         Dialogs& dialogs;
         const std::u16string& documentPath; ///< empty while the document has no file
+        std::function<void()> gatherText;   ///< the document gets what is being written elsewhere
     };
 
     explicit RecodingJob(const Services& services) : services_(services) {}

@@ -94,7 +94,7 @@ constexpr std::array kCommands{
     CommandRow{Command::KeepOnTop, Nothing, KeepOnTop},
     CommandRow{Command::ShowBar, Nothing, ShowBar},
     CommandRow{Command::CustomizeToolbars, Nothing, nullptr},
-    CommandRow{Command::FullScreen, Nothing, nullptr},
+    CommandRow{Command::FullScreen, Nothing, [](P& p, int, Key) { p.fullScreen.Begin(); }},
     CommandRow{Command::InsertTimeAndDate, Nothing, nullptr},
     CommandRow{Command::InsertTextFile, Nothing, nullptr},
     CommandRow{Command::TextToCase, Text,
@@ -169,6 +169,8 @@ void Commands::Run(std::string_view key) {
     const CatalogueEntry* const entry = FindEntry(key);
     if (entry == nullptr)
         return;
+    if (entry->action.command != Command::FullScreen)
+        parts_.fullScreen.End();
     if (const auto run = RowOf(entry->action.command).run)
         run(parts_, entry->action.argument, key);
     InputsChanged();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Placing.h"
 #include "platform/Timer.h"
 #include "settings/Settings.h"
 #include "shell/MainBars.h"
@@ -31,13 +32,6 @@ MainView::EditorLayout LayOutEditor(Twips height, Twips width, ToolBarIcons icon
 /// Where the main window first opens: at the size of the design in the middle of the first work area, or
 /// smaller where that is.
 TwipsRect FirstPlace(const std::vector<TwipsRect>& workAreas);
-
-/// A rectangle no larger than an area, in its middle.
-TwipsRect CentredIn(const TwipsRect& area, Twips width, Twips height);
-
-/// A window's rectangle, moved so that its title can be reached on one of the monitors. A side that is in
-/// reach stays where it is.
-TwipsRect WithinReach(const TwipsRect& bounds, const std::vector<TwipsRect>& workAreas);
 
 /// Keeps the text area of the main window at the size that its bars leave.
 class MainLayout {

@@ -50,11 +50,15 @@ void Program::ConnectSurface() {
     };
     surface.OnKeyPress = surface.OnSelChange;
     surface.OnRightMouseDown = [this](Point screen) { parts_.bars.ShowMenu("MENU:EDIT", screen); };
-    surface.OnFileDrop = [this](std::u16string_view path) { parts_.documents.OpenFile(path); };
+    surface.OnFileDrop = [this](std::u16string_view path) {
+        parts_.fullScreen.End();
+        parts_.documents.OpenFile(path);
+    };
     surface.OnKeyDown = [this] { parts_.sounds.PlaySoundEvent(sound_event::kKeyDown); };
 }
 
 void Program::OnDirectionChange() {
+    parts_.fullScreen.End();
     if (!parts_.settings.Is(Setting::DecodeAtCodeChange) || parts_.window.RichTextBox().Text().empty())
         return;
     parts_.settings.Set(Setting::DefaultCode, WholeNumberText(parts_.window.Direction()));

@@ -1,10 +1,8 @@
 #include "shell/ProgramDialogs.h"
 
+#include "document/frmFScreen.h"
 #include "recoding/frmDecode.h"
 #include "recoding/frmDecoding.h"
-#include "settings/frmSplash.h"
-#include "settings/frmWelcome.h"
-#include "settings/frmWorkBegin.h"
 
 #include <QApplication>
 #include <QWindow>
@@ -14,42 +12,26 @@
 
 namespace quillshift {
 
-namespace {
-
-// A modal dialog is unloaded when it closes, any other when it is told to. One that stands alone shows before
-// the main window.
-enum class Stand { Modal, Beside, Alone };
-
-} // namespace
-
 struct ProgramDialogs::Row {
     DialogKind kind;
-    Stand stand;
+    bool modal; ///< a modal one is unloaded when it closes, any other when it is told to
     std::unique_ptr<Dialog> (*make)(const DialogContext& context, ProgramParts& parts, int argument);
 };
 
 const ProgramDialogs::Row& ProgramDialogs::RowOf(DialogKind kind) {
     using Context = const DialogContext&;
     static constexpr std::array kRows{
-        Row{DialogKind::Decode, Stand::Modal,
+        Row{DialogKind::Decode, true,
             [](Context context, ProgramParts& parts, int) -> std::unique_ptr<Dialog> {
                 return std::make_unique<frmDecode>(context, parts.job);
             }},
-        Row{DialogKind::Decoding, Stand::Beside,
+        Row{DialogKind::Decoding, false,
             [](Context context, ProgramParts& parts, int) -> std::unique_ptr<Dialog> {
                 return std::make_unique<frmDecoding>(context, parts.job);
             }},
-        Row{DialogKind::Splash, Stand::Alone,
-            [](Context context, ProgramParts&, int) -> std::unique_ptr<Dialog> {
-                return std::make_unique<frmSplash>(context);
-            }},
-        Row{DialogKind::Welcome, Stand::Alone,
+        Row{DialogKind::FullScreen, false,
             [](Context context, ProgramParts& parts, int) -> std::unique_ptr<Dialog> {
-                return std::make_unique<frmWelcome>(context, parts.start);
-            }},
-        Row{DialogKind::WorkBegin, Stand::Alone,
-            [](Context context, ProgramParts& parts, int) -> std::unique_ptr<Dialog> {
-                return std::make_unique<frmWorkBegin>(context, parts.start);
+                return std::make_unique<frmFScreen>(context, parts.fullScreen);
             }},
     };
     return *std::find_if(kRows.begin(), kRows.end(), [kind](const Row& row) { return row.kind == kind; });
@@ -62,21 +44,14 @@ ProgramDialogs::~ProgramDialogs() = default;
 void ProgramDialogs::Show(DialogKind kind, int argument) {
     const Row& row = RowOf(kind);
     std::unique_ptr<Dialog>& dialog = loaded_[kind];
-    QWidget* const owner = row.stand == Stand::Alone ? nullptr : &owner_;
     if (!dialog)
-        dialog = row.make({parts_.platform, parts_.settings, parts_.sounds, owner}, parts_, argument);
-    switch (row.stand) {
-    case Stand::Modal:
-        dialog->exec();
-        loaded_.erase(kind);
-        break;
-    case Stand::Beside:
+        dialog = row.make({parts_.platform, parts_.settings, parts_.sounds, &owner_}, parts_, argument);
+    if (!row.modal) {
         ShowBeside(*dialog);
-        break;
-    case Stand::Alone:
-        dialog->show();
-        break;
+        return;
     }
+    dialog->exec();
+    loaded_.erase(kind);
 }
 
 // Above the dialog that is up, if one is: only so can its buttons be reached then.
@@ -85,6 +60,28 @@ void ProgramDialogs::ShowBeside(Dialog& dialog) {
     const QWidget* above = QApplication::activeModalWidget();
     dialog.windowHandle()->setTransientParent((above != nullptr ? above : &owner_)->windowHandle());
     dialog.show();
+    dialog.raise();
+    dialog.activateWindow();
+}
+
+// A modal dialog that is hidden ends with that, cancelled; a menu has no place to come back to.
+void ProgramDialogs::HideAll() {
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+        if (window == &owner_ || !window->isVisible())
+            continue;
+        if (qobject_cast<QDialog*>(window) != nullptr && !window->isModal())
+            hidden_.emplace_back(window, window->pos());
+        window->hide();
+    }
+}
+
+void ProgramDialogs::BringBack() {
+    for (const auto& [window, place] : std::exchange(hidden_, {})) {
+        if (window == nullptr)
+            continue;
+        window->move(place);
+        window->show();
+    }
 }
 
 // The dialog may be in the middle of an event of its own, so it goes when that is over.
@@ -92,7 +89,7 @@ void ProgramDialogs::Close(DialogKind kind) {
     const auto found = loaded_.find(kind);
     if (found == loaded_.end())
         return;
-    if (RowOf(kind).stand == Stand::Modal) {
+    if (RowOf(kind).modal) {
         found->second->reject();
         return;
     }

@@ -4,8 +4,12 @@
 #include "platform/Dialogs.h"
 #include "shell/ProgramParts.h"
 
+#include <QPointer>
+
 #include <map>
 #include <memory>
+#include <utility>
+#include <vector>
 
 namespace quillshift {
 
@@ -19,6 +23,8 @@ public:
     void Show(DialogKind kind, int argument = 0) override;
     void Close(DialogKind kind) override;
     bool IsLoaded(DialogKind kind) const override { return loaded_.contains(kind); }
+    void HideAll() override;
+    void BringBack() override;
 
 private:
     struct Row;
@@ -29,6 +35,7 @@ private:
     ProgramParts& parts_;
     QWidget& owner_;
     std::map<DialogKind, std::unique_ptr<Dialog>> loaded_;
+    std::vector<std::pair<QPointer<QWidget>, QPoint>> hidden_; ///< to be brought back, and where
 };
 
 } // namespace quillshift

@@ -11,14 +11,15 @@ ProgramParts::ProgramParts(Platform& thePlatform, MainView& mainWindow, mCommand
       bars(toolkit, window, platform.files, platform.shell.ProgramFolder()),
       layout(window, bars, settings, platform.timers),
       dialogs(makeDialogs(*this)),
-      start({settings, *dialogs, platform.timers, platform.sound, platform.shell}),
+      fullScreen({window.RichTextBox(), *dialogs, [](const TextSurface&) {},
+                  [](const TextSurface&, const TextEdit&) {}}),
       job({recoding, settings, platform.messageBox, window.RichTextBox(), window, *dialogs,
-           platform.fileDialog.FileName}),
+           platform.fileDialog.FileName, [this] { fullScreen.End(); }}),
       edit({window.RichTextBox(), platform.clipboard, platform.messageBox, document, history}),
       documents({document, settings, sounds, platform, window.RichTextBox(), window.RichTextBoxBackup(),
                  window.RichTextBoxImport(), window, [this] { job.StartDecode(); },
                  [this] { edit.Paste(); }}),
       watcher({platform.clipboard, settings, recoding, window.RichTextBox(), platform.timers,
-               [this] { document.DocumentModified = true; }}) {}
+               [this] { fullScreen.End(); }, [this] { document.DocumentModified = true; }}) {}
 
 } // namespace quillshift

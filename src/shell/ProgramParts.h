@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/FullScreen.h"
 #include "document/UndoHistory.h"
 #include "document/modDocument.h"
 #include "document/modEdit.h"
@@ -9,7 +10,6 @@
 #include "recoding/RecodingJob.h"
 #include "settings/Settings.h"
 #include "settings/SoundEvents.h"
-#include "settings/StartChain.h"
 #include "shell/Layout.h"
 #include "shell/MainBars.h"
 #include "shell/MainView.h"
@@ -35,10 +35,11 @@ struct ProgramParts {
     RecodingState recoding;
     DocumentState document;
     UndoHistory history;
+    bool OpenAtStart = false; ///< the main window's load shows the dialog for opening
     MainBars bars;
     MainLayout layout;
     std::unique_ptr<Dialogs> dialogs;
-    StartChain start;
+    FullScreen fullScreen;
     RecodingJob job;
     modEdit edit;
     modDocument documents;

@@ -21,23 +21,17 @@ constexpr int kUnloadedItself = 364; // a window that closed while it was being 
 } // namespace
 
 modMain::modMain(ProgramParts& parts, MainLoad& load)
-    : parts_(parts), load_(load), timerClose_(parts.platform.timers.Make([this] { parts_.window.Close(); })) {
-    parts_.start.ShowMainWindow = [this] { ReportFailureOf([this] { load_.ShowMainWindow(); }); };
-}
+    : parts_(parts),
+      load_(load),
+      timerClose_(parts.platform.timers.Make([this] { parts_.window.Close(); })) {}
 
 void modMain::Main() {
-    ReportFailureOf([this] {
+    try {
         ShowFirstRunNotice();
         if (RefusesSecondCopy())
             parts_.platform.shell.EndProcess();
         else
-            parts_.start.Begin();
-    });
-}
-
-void modMain::ReportFailureOf(const std::function<void()>& routine) {
-    try {
-        routine();
+            ShowFirstWindow();
     } catch (const Error& error) {
         if (error.Number() > kNothingWrong && error.Number() != kUnloadedItself)
             parts_.platform.messageBox.Report(error);
@@ -60,9 +54,14 @@ bool modMain::RefusesSecondCopy() {
     return true;
 }
 
+void modMain::ShowFirstWindow() {
+    load_.ShowMainWindow();
+}
+
 // --- Closing
 
 bool modMain::Close() {
+    parts_.fullScreen.End();
     if (parts_.recoding.walking) {
         // The job is on the stack below; it has to be off before the window goes.
         closeAfterJob_ = true;

@@ -1,12 +1,13 @@
 #pragma once
 
+#include "document/FullScreen.h"
 #include "platform/Dialogs.h"
 #include "recoding/RecodingJob.h"
+#include "support/FakeSurface.h"
 
 #include <map>
 #include <memory>
 #include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -43,20 +44,33 @@ private:
     RecodingJob& job_;
 };
 
+/// The window of the full screen, without a window.
+struct FakeFullScreen {
+    explicit FakeFullScreen(FullScreen& mode) : mode_(mode) { mode.Attach(surface); }
+    ~FakeFullScreen() { mode_.Detach(surface); }
+    FakeFullScreen(const FakeFullScreen&) = delete;
+    FakeFullScreen& operator=(const FakeFullScreen&) = delete;
+    FakeSurface surface;
+
+private:
+    FullScreen& mode_;
+};
+
 /// Makes no windows. Modal dialogs run what the test gives them for the time they are up.
 class FakeDialogs final : public Dialogs {
 public:
-    explicit FakeDialogs(RecodingJob& job) : job_(job) {}
+    FakeDialogs(RecodingJob& job, FullScreen& mode) : job_(job), mode_(mode) {}
 
     void Show(DialogKind kind, int argument = 0) override {
         shown.emplace_back(kind, argument);
-        if (kind == DialogKind::Splash || kind == DialogKind::Welcome || kind == DialogKind::WorkBegin) {
-            atStart_.insert(kind);
-            return;
-        }
-        if (kind != DialogKind::Decoding) {
+        if (kind == DialogKind::Decode) {
             if (whileModal)
                 whileModal();
+            return;
+        }
+        if (kind == DialogKind::FullScreen) {
+            if (!fullScreen)
+                fullScreen = std::make_unique<FakeFullScreen>(mode_);
             return;
         }
         if (!decoding)
@@ -65,22 +79,28 @@ public:
     }
     /// As the real one, which is in the middle of its own event: it goes later.
     void Close(DialogKind kind) override {
-        atStart_.erase(kind);
         if (kind == DialogKind::Decoding && decoding)
             closed_.push_back(std::move(decoding));
+        if (kind == DialogKind::FullScreen)
+            fullScreen.reset();
     }
     bool IsLoaded(DialogKind kind) const override {
-        return atStart_.contains(kind) || (kind == DialogKind::Decoding && decoding);
+        return kind == DialogKind::FullScreen ? fullScreen != nullptr
+                                              : kind == DialogKind::Decoding && decoding != nullptr;
     }
+    void HideAll() override { ++hidings; }
+    void BringBack() override { --hidings; }
 
     std::vector<std::pair<DialogKind, int>> shown;
     std::unique_ptr<FakeDecoding> decoding;
+    std::unique_ptr<FakeFullScreen> fullScreen;
     std::function<void()> atStep;
     std::function<void()> whileModal;
+    int hidings = 0; ///< 1: all windows but the main one are off the screen
 
 private:
     RecodingJob& job_;
-    std::set<DialogKind> atStart_; // those that show before the main window, and are up
+    FullScreen& mode_;
     std::vector<std::unique_ptr<FakeDecoding>> closed_;
 };
 

@@ -22,7 +22,7 @@ public:
     }
     void LoadPlain(std::u16string_view text) override {
         const std::u16string old = std::exchange(text_, WithWholeBreaks(text));
-        start_ = length_ = 0;
+        start_ = length_ = top = 0;
         ++loads;
         const auto [place, removed, added] = ChangeBetween(old, text_, 0);
         Tell(place, std::u16string_view(old).substr(place, removed), added);
@@ -89,8 +89,13 @@ public:
             line += line < 0 ? 1 : 0;
         }
     }
+    std::size_t TopPosition() const override { return std::min(top, text_.size()); }
+    void SetTopPosition(std::size_t position) override { top = position; }
+    void SetReadOnly(bool value) override { readOnly = value; }
     void SetFocus() override {}
 
+    std::size_t top = 0;
+    bool readOnly = false;
     int loads = 0; ///< how often everything was replaced
 
 private:

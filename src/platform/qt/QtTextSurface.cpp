@@ -11,6 +11,7 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QScrollBar>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextDocumentFragment>
@@ -269,7 +270,9 @@ std::u16string QtTextSurface::SelText() const {
 
 void QtTextSurface::SetSelText(std::u16string_view text) {
     QTextCursor cursor = textCursor();
+    cursor.beginEditBlock(); // the widget's own undo would take it for typing that goes on
     cursor.insertText(WithPlainBreaks(text));
+    cursor.endEditBlock();
     setTextCursor(cursor);
     ensureCursorVisible();
 }
@@ -352,6 +355,17 @@ std::optional<std::size_t> QtTextSurface::LineIndex(int line) const {
         line -= lines;
     }
     return std::nullopt;
+}
+
+std::size_t QtTextSurface::TopPosition() const {
+    return SurfacePosition(cursorForPosition({0, 0}).position());
+}
+
+void QtTextSurface::SetTopPosition(std::size_t position) {
+    QTextCursor cursor(document());
+    cursor.setPosition(DocumentPosition(position));
+    QScrollBar& bar = *verticalScrollBar();
+    bar.setValue(bar.value() + cursorRect(cursor).top());
 }
 
 // --- What the widget must leave to the program

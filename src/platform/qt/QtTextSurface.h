@@ -50,6 +50,9 @@ public:
                                     FindOptions options) override;
     std::optional<std::size_t> LineIndex(int line) const override;
 
+    std::size_t TopPosition() const override;
+    void SetTopPosition(std::size_t position) override;
+    void SetReadOnly(bool readOnly) override { setReadOnly(readOnly); }
     void SetFocus() override { setFocus(); }
 
 protected:

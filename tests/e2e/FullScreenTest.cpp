@@ -1,0 +1,77 @@
+#include "e2e/BarsTest.h"
+
+#include "harness/Iconv.h"
+
+namespace quillshift::e2e {
+namespace {
+
+constexpr std::u16string_view kBar = u"     Полноэкранный режим";
+
+class FullScreenMode : public BarsTest {
+protected:
+    XWindow Enter() {
+        editor.Choose("MENU:VIEW:FULLSCREEN");
+        desktop.WaitUntil("the text is on the whole screen", [&] {
+            const XWindow active = desktop.Active();
+            return desktop.Find(kBar) != 0 && active != editor.Window() &&
+                   desktop.Place(active).Width() == kScreen.width;
+        });
+        editor.SettleIn(u"Morvane Quillshift 3.0");
+        return desktop.Active();
+    }
+    void WaitForEnd() {
+        desktop.WaitUntilGone(kBar);
+        editor.Settle();
+    }
+    static constexpr Size kScreen{1280, 800};
+};
+
+TEST_F(FullScreenMode, HasItsOwnEditingKeysAndOneRoadOutForAll) {
+    editor.Set(Setting::SaveChange, u"0")
+        .Set(Setting::FullScreenLeft, u"9000")
+        .Set(Setting::FullScreenTop, u"4500");
+    editor.Start();
+    desktop.Type(u"abc");
+    const std::function<void(XWindow text, XWindow bar)> roads[] = {
+        [&](XWindow, XWindow bar) {
+            const Rect button = desktop.Place(bar);
+            desktop.Click({button.left + 80, button.top + 16});
+        },
+        [&](XWindow text, XWindow) { desktop.AskToClose(text); },
+        [&](XWindow, XWindow bar) { desktop.AskToClose(bar); },
+        [&](XWindow, XWindow) { desktop.Press("Alt+F4"); },
+        [&](XWindow, XWindow) { desktop.AskToClose(editor.Window()); }};
+    std::u16string written = u"abc";
+    for (const auto& road : roads) {
+        const XWindow text = Enter();
+        const XWindow bar = desktop.Find(kBar);
+        EXPECT_TRUE(desktop.IsAboveOthers(bar));
+        const Point pixel{desktop.Place(bar).left + 2, desktop.Place(bar).top + 16};
+        EXPECT_NE(desktop.Pixel(pixel), 0xFFFFFFU) << "it is in sight over the text";
+        // "xabc", cut out, put in twice, the second taken back
+        for (const char* chord : {"Escape", "x", "Ctrl+a", "Ctrl+x", "Ctrl+v", "Ctrl+v", "Ctrl+z"})
+            desktop.Press(chord);
+        written = u'x' + written;
+        if (&road == roads) // moved, it is there again the next time
+            desktop.Move(bar, {200, 300});
+        editor.SettleIn(u"Morvane Quillshift 3.0");
+        if (&road == &roads[1]) {
+            EXPECT_EQ(desktop.Place(bar).left, 200 + 1);
+            desktop.Activate(editor.Window()); // its entry in a list of windows leads to the text
+            editor.SettleIn(u"Morvane Quillshift 3.0");
+            desktop.Press("End");
+            desktop.Type(u"y");
+            written += u'y';
+            editor.SettleIn(u"Morvane Quillshift 3.0");
+        }
+        road(text, bar);
+        if (&road == &roads[4])
+            break;
+        WaitForEnd();
+        EXPECT_EQ(Saved(), Iconv(std::string(written.begin(), written.end()) + "\r\n", "UTF-8", "CP1251"));
+    }
+    EXPECT_EQ(editor.WaitForEnd(), 0);
+}
+
+} // namespace
+} // namespace quillshift::e2e
