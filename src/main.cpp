@@ -7,6 +7,7 @@
 #include "platform/posix/SqliteSettings.h"
 #include "platform/posix/XdgFolders.h"
 #include "platform/qt/CaretRest.h"
+#include "platform/qt/QtBackground.h"
 #include "platform/qt/QtBarSystem.h"
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/QtFileDialog.h"
@@ -143,7 +144,9 @@ int Run(int argc, char** argv) {
     QtTimers timers;
     QtScreens screen;
     QtShell shell(data.empty() ? data : data / "running.lock");
-    Platform platform{store, sound, files, fileDialog, messageBox, clipboard, timers, screen, shell};
+    QtBackground background;
+    Platform platform{store,     sound,  files,  fileDialog, messageBox,
+                      clipboard, timers, screen, shell,      background};
     SetUpStore(store, platform);
 
     QtWindowMessages windowIds;

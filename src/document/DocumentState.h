@@ -1,8 +1,24 @@
 #pragma once
 
+#include "platform/FileSystem.h"
+
+#include <cstddef>
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace quillshift {
+
+/// A file as this run read or wrote it last, and a digest of the text that it showed for it then.
+struct KnownFile {
+    KnownFile(std::u16string_view thePath, const FileMark& theMark, std::u16string_view text);
+
+    std::u16string path;
+    FileMark mark;
+    std::size_t digest;
+
+    bool operator==(const KnownFile&) const = default;
+};
 
 /// What the program remembers of the document besides its text.
 struct DocumentState {
@@ -14,6 +30,8 @@ struct DocumentState {
     /// The target of plain Save, this run's own: another copy of the program, a name that the store can't
     /// hold or a file chosen for something else don't change it.
     std::u16string saveTarget;
+
+    std::optional<KnownFile> file; ///< the document's; none where it holds other letters than the text
 };
 
 } // namespace quillshift

@@ -107,6 +107,7 @@ Saving::Step Saving::TryToSave(const Order& order, bool mayAsk, Outcome& outcome
     }
     known_[order.path] = {Digest(order.bytes), true};
     outcome.written = true;
+    outcome.mark = written.mark;
     FinishBackup(order, prepared, outcome);
     return Step::Left;
 }

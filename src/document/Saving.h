@@ -25,6 +25,7 @@ public:
     struct Outcome {
         bool written = false; ///< the document was
         bool backedUp = false;
+        std::optional<FileMark> mark; ///< of the document
         std::optional<Error> failure; ///< of the document or, once that is written, of its backup
     };
 

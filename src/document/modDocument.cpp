@@ -40,6 +40,7 @@ void modDocument::New() {
         return;
     services_.document.LoadPlain(u""); // loaded, not set: an unchanged document stays one
     saving_.DocumentChanged();
+    services_.state.file.reset();
 }
 
 void modDocument::Open() {
@@ -99,9 +100,13 @@ void modDocument::OpenFile(std::u16string_view path) {
     services_.sounds.PlaySoundEvent(sound_event::kFormLoad);
     if (!MayDropText())
         return;
+    NameFile(FileName(path));
+    Report([this] { LoadChosen(); });
+}
+
+void modDocument::NameFile(const FileName& path) {
     services_.platform.fileDialog.FileName = path;
     services_.platform.fileDialog.FileTitle = NameIn(path);
-    Report([this] { LoadChosen(); });
 }
 
 void modDocument::LoadChosen() {
@@ -122,6 +127,11 @@ void modDocument::ReopenDocument() {
             services_.state.SaveAvailable = false;
         ApplyCaptionRule();
     });
+}
+
+void modDocument::ReopenOwnFile() {
+    NameFile(services_.state.file->path);
+    ReopenDocument();
 }
 
 FileContents modDocument::ReadOrThrow(const FileName& path) {
@@ -146,6 +156,7 @@ bool modDocument::LoadBoth() {
     text.LoadInto(services_.document);
     text.LoadInto(services_.backup);
     saving_.DocumentLoaded(path, contents);
+    services_.state.file.emplace(path, contents.mark, services_.document.Text());
     return text.IsPlain();
 }
 
@@ -225,12 +236,15 @@ bool modDocument::WriteDocument(const FileName& path, bool isPlainSave) {
     const Saving::Outcome outcome = saving_.Save(order);
     if (outcome.backedUp)
         services_.backup.LoadPlain(windows1251::Decode(order.bytes)); // as it was written
+    if (outcome.written)
+        services_.state.file.reset();
+    if (outcome.mark && windows1251::Decode(order.bytes) == text + u"\r\n") // no letter was lost
+        services_.state.file.emplace(path, *outcome.mark, text);
     if (outcome.failure)
         throw Error(*outcome.failure);
     if (!outcome.written)
         return false;
-    services_.platform.fileDialog.FileName = path;
-    services_.platform.fileDialog.FileTitle = NameIn(path);
+    NameFile(path);
     ApplyCaptionRule();
     return true;
 }

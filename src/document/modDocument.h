@@ -49,6 +49,8 @@ public:
     /// Opens a file as the command does, without its dialog.
     void OpenFile(std::u16string_view path);
     void ReopenDocument();
+    /// As `ReopenDocument`, with the file that the document was last read from or written to.
+    void ReopenOwnFile();
     bool SaveDocumentAs();
     bool SaveDocument();
 
@@ -63,6 +65,7 @@ private:
     void LoadChosen();
     FileText TextOf(const FileContents& contents, const FileName& path);
     bool LoadBoth();
+    void NameFile(const FileName& path);
     void PointSaveAtOpenedFile(bool plain);
     bool ImportRtfFile(std::u16string_view filter, std::u16string_view extension, std::u16string_view title);
     void InsertImported();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -13,10 +14,22 @@ struct FileFailure {
     std::u16string description;
 };
 
+/// Tells a file's contents from those that stood there at another time, without reading them.
+struct FileMark {
+    std::uint64_t device = 0;
+    std::uint64_t number = 0; ///< among the files of its device
+    std::int64_t size = 0;
+    std::int64_t seconds = 0; ///< and nanoseconds, when the contents were changed last
+    std::int64_t nanoseconds = 0;
+
+    bool operator==(const FileMark&) const = default;
+};
+
 struct FileContents {
     std::string bytes;
     std::optional<FileFailure> failure; ///< when set, `bytes` is empty
     bool isFile = false;                ///< a regular file stands there, readable or not
+    FileMark mark{};                    ///< of a file that was read
 };
 
 /// What a save believes to stand at its target.
@@ -29,6 +42,7 @@ struct Expected {
 struct Written {
     std::optional<FileFailure> failure;
     bool unexpected = false; ///< another file stood at the target than was expected, and stands there still
+    std::optional<FileMark> mark{}; ///< of a regular file that was written
 };
 
 /// A backup that is on the disk already, beside its place and under a name of its own. It goes away again
@@ -54,6 +68,9 @@ public:
     /// The whole of a regular file. Anything else (a folder, a device, a pipe) is a failure, and so is a file
     /// that shrinks while it is read.
     virtual FileContents Read(std::u16string_view path) = 0;
+
+    /// The mark of a regular file. May be asked from any thread, and waits for as long as the disk does.
+    virtual std::optional<FileMark> MarkOf(std::u16string_view path) = 0;
 
     /// Replaces a file's contents, or creates it. On failure the earlier contents are intact. Mode, owner and
     /// links of an existing file are kept. What is expected is compared while other copies of the program are

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Background.h"
 #include "platform/Clipboard.h"
 #include "platform/FileDialog.h"
 #include "platform/FileSystem.h"
@@ -24,6 +25,7 @@ struct Platform {
     Timers& timers;
     Screen& screen;
     Shell& shell;
+    Background& background;
 };
 
 } // namespace quillshift

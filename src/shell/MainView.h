@@ -41,13 +41,16 @@ public:
     virtual void LayOut(const EditorLayout& layout) = 0;
 
     virtual void Show() = 0;
+    /// Has the keyboard, with no dialog and no popup over it.
+    virtual bool IsFree() const = 0;
     /// Asks the window to close, as its own close box does.
     virtual void Close() = 0;
 
     // Notifications.
     std::function<void()> OnResize;
     std::function<void()> OnDirectionChange;
-    std::function<bool()> OnClose; ///< answers whether the window may close
+    std::function<void()> OnActivate; ///< the keyboard has come, and no button is held any more
+    std::function<bool()> OnClose;    ///< answers whether the window may close
 };
 
 } // namespace quillshift

@@ -35,6 +35,7 @@ Program::Program(Platform& platform, MainView& window, mCommandBars& toolkit, co
 void Program::ConnectWindow() {
     parts_.window.OnResize = [this] { parts_.layout.LayOut(); };
     parts_.window.OnClose = [this] { return main_.Close(); };
+    parts_.window.OnActivate = [this] { parts_.reopenOffer.Look(); };
     parts_.window.OnDirectionChange = [this] { OnDirectionChange(); };
 }
 

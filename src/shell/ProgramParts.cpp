@@ -19,6 +19,8 @@ ProgramParts::ProgramParts(Platform& thePlatform, MainView& mainWindow, mCommand
       documents({document, settings, sounds, platform, window.RichTextBox(), window.RichTextBoxBackup(),
                  window.RichTextBoxImport(), window, [this] { job.StartDecode(); },
                  [this] { edit.Paste(); }}),
+      reopenOffer({platform.files, platform.background, platform.messageBox, document, window.RichTextBox(),
+                   [this] { return MayInterrupt(); }, [this] { documents.ReopenOwnFile(); }}),
       watcher({platform.clipboard, settings, recoding, window.RichTextBox(), platform.timers,
                [this] { fullScreen.End(); }, [this] { document.DocumentModified = true; }}) {}
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/FullScreen.h"
+#include "document/ReopenOffer.h"
 #include "document/UndoHistory.h"
 #include "document/modDocument.h"
 #include "document/modEdit.h"
@@ -43,7 +44,11 @@ struct ProgramParts {
     RecodingJob job;
     modEdit edit;
     modDocument documents;
+    ReopenOffer reopenOffer;
     ClipboardWatcher watcher;
+
+    /// Whether a question may come up that answers no command: nothing else has the user's attention.
+    bool MayInterrupt() const { return window.IsFree() && !recoding.walking && !fullScreen.IsOn(); }
 };
 
 } // namespace quillshift

@@ -5,6 +5,7 @@
 #include "recoding/modDecode.h"
 #include "shell/Layout.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QVBoxLayout>
@@ -16,6 +17,7 @@ namespace quillshift {
 namespace {
 
 constexpr std::chrono::milliseconds kAtRest(100);
+constexpr std::chrono::milliseconds kPress(50);
 
 } // namespace
 
@@ -80,6 +82,9 @@ frmMain::frmMain(QtWindowMessages& windowIds, const QtTextMeasurer& texts)
         if (IsNormal())
             restored_ = Bounds();
     });
+    activated_.setSingleShot(true);
+    activated_.setInterval(kPress);
+    connect(&activated_, &QTimer::timeout, this, &frmMain::TellActivation);
 }
 
 frmMain::~frmMain() = default;
@@ -191,6 +196,29 @@ void frmMain::resizeEvent(QResizeEvent* event) {
     placed_.start();
     if (OnResize)
         OnResize();
+}
+
+void frmMain::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::ActivationChange)
+        return;
+    if (isActiveWindow())
+        activated_.start();
+    else
+        activated_.stop();
+}
+
+// A click on the window gives it the keyboard before its press arrives, which may begin a drag.
+void frmMain::TellActivation() {
+    if (QGuiApplication::mouseButtons() != Qt::NoButton)
+        activated_.start();
+    else if (OnActivate)
+        OnActivate();
+}
+
+bool frmMain::IsFree() const {
+    return isActiveWindow() && QApplication::activeModalWidget() == nullptr &&
+           QApplication::activePopupWidget() == nullptr;
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {

@@ -39,6 +39,7 @@ public:
     void EnableDirections(bool enabled) override;
     void LayOut(const EditorLayout& layout) override;
     void Show() override { show(); }
+    bool IsFree() const override;
     void Close() override { close(); }
 
     void SetTitle(std::u16string_view title) override;
@@ -54,12 +55,14 @@ protected:
     void moveEvent(QMoveEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     class DirectionsPanel;
 
     void StackBars();
     bool IsNormal() const;
+    void TellActivation();
 
     QtWindowMessages& windowIds_;
     const QtTextMeasurer& texts_;
@@ -73,6 +76,7 @@ private:
     QtTextSurface richTextBoxImport_;
     TwipsRect restored_;    ///< place and size as last seen in the normal state
     QTimer placed_;         ///< looks at them once a change has come to rest
+    QTimer activated_;      ///< waits for the press that the keyboard came by
     QFrame* lines_[3] = {}; // under the menu, the standard and the recoding toolbar
 };
 

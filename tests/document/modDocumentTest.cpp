@@ -307,6 +307,99 @@ TEST_F(modDocumentTest, AFullTrashIsAskedAboutBeforeAnythingChanges) {
     EXPECT_EQ(test.messageBox.shown.size(), 3U);
 }
 
+// Whether the file is offered anew after another program changed it and something more was done.
+TEST_F(modDocumentTest, AFileThatAnotherChangedIsOfferedAnewAsLongAsTheTextIsTheFilesOwn) {
+    auto& text = window.document;
+    const auto type = [&](std::u16string_view typed) {
+        text.SetSelStart(0);
+        text.SetSelText(typed);
+    };
+    const auto another = [&] { test.files.times[u"/d/a.txt"] += 1; };
+    const struct {
+        const char* what;
+        std::function<void()> before, meanwhile; // before the look, and before it is told
+        bool offered;
+    } cases[] = {{"nothing", [] {}, [] {}, false},
+                 {"changed", another, [] {}, true},
+                 {"the same change", [] {}, [] {}, false},
+                 {"changed in the look", [] {}, another, true},
+                 {"gone", [&] { test.files.files.erase(u"/d/a.txt"); }, [] {}, false},
+                 {"the caret was moved",
+                  [&] {
+                      test.files.files[u"/d/a.txt"] = "longer";
+                      text.SetSelStart(2);
+                  },
+                  [] {}, true},
+                 {"typed",
+                  [&] {
+                      another();
+                      type(u"x");
+                  },
+                  [] {}, false},
+                 {"taken back", [] {}, [&] { test.program.Run("MENU:EDIT:UNDO"); }, true},
+                 {"not now",
+                  [&] {
+                      another();
+                      window.isFree = false;
+                  },
+                  [] {}, false},
+                 {"in a walk",
+                  [&] {
+                      window.isFree = true;
+                      test.program.Parts().recoding.walking = true;
+                  },
+                  [] {}, false},
+                 {"then", [&] { test.program.Parts().recoding.walking = false; }, [] {}, true},
+                 {"saved in the look", [] {},
+                  [&] {
+                      type(u"y");
+                      test.messageBox.answers = {BoxAnswer::Yes};
+                      Dispatch("MENU:FILE:SAVE");
+                      another();
+                  },
+                  false},
+                 {"changed since", [] {}, [] {}, true},
+                 {"letters were lost",
+                  [&] {
+                      type(u"\u65E5");
+                      test.messageBox.answers = {BoxAnswer::Yes};
+                      Dispatch("MENU:FILE:SAVE");
+                      another();
+                  },
+                  [] {}, false},
+                 {"another document", [&] { Dispatch("MENU:FILE:NEW"); }, [] {}, false}};
+    SaveAs(u"/d/a.txt");
+    test.OpenFile(u"/d/a.txt", "text");
+    for (const auto& [what, before, meanwhile, offered] : cases) {
+        before();
+        window.OnActivate();
+        meanwhile();
+        test.messageBox.shown.clear();
+        test.background.DoAll(); // Escape
+        EXPECT_EQ(test.messageBox.shown.size(), offered ? 1U : 0U) << what;
+    }
+}
+
+TEST_F(modDocumentTest, TheFileOfTheDocumentIsOpenedAnewAndNoOther) {
+    test.OpenFile(u"/d/a.txt", "text");
+    test.fileDialog.FileName = u"/d/imported.rtf";
+    const auto change = [&](const char* bytes) {
+        test.files.files[u"/d/a.txt"] = bytes;
+        window.OnActivate();
+        window.OnActivate();
+        EXPECT_EQ(test.background.works.size(), 1U) << "one look at a time";
+        test.messageBox.answers = {BoxAnswer::Yes};
+        test.background.DoAll();
+    };
+    change("their text");
+    EXPECT_EQ(test.LastBox(), u"Файл «/d/a.txt» изменила другая программа. Открыть его заново?");
+    EXPECT_EQ(window.document.Text(), u"their text");
+    EXPECT_EQ(window.backup.Text(), u"their text");
+    EXPECT_EQ(test.fileDialog.FileTitle, u"a.txt");
+    change("their second text");
+    EXPECT_EQ(window.document.Text(), u"their second text");
+}
+
 TEST_F(modDocumentTest, AsksBeforeCharactersAreLost) {
     window.document.SetText(u"a\u4E2D\u4E2D");
     SaveAs(u"/d/a.txt");

@@ -71,6 +71,25 @@ TEST_F(Document, AFullDiskAndALimitAreReportedAndTheTextCanBeSavedElsewhere) {
     EXPECT_EQ(Saved(), "kept\r\n");
 }
 
+TEST_F(Document, OffersAnewWhatAnotherProgramChangedWhenTheUserComesBack) {
+    Put(Path("a.txt"), "one");
+    editor.Start().Open(Path("a.txt"));
+    const auto changeAway = [&](const char* name, const std::string& bytes) {
+        const XWindow window = editor.Window();
+        desktop.Minimise(window);
+        Put(Path(name), bytes);
+        desktop.Activate(window);
+    };
+    changeAway("a.txt", "two");
+    editor.AnswerBox(BoxAnswer::Yes);
+    editor.Settle();
+    EXPECT_EQ(Saved(), "two\r\n");
+    changeAway("saved.txt", "three");
+    editor.AnswerBox(BoxAnswer::No);
+    editor.Settle();
+    EXPECT_EQ(Saved(), "two\r\n");
+}
+
 TEST_F(Document, ASaveOverAFileGivesTheKeyboardBack) {
     editor.Start();
     for (int i = 0; i < 6; ++i) {

@@ -297,6 +297,31 @@ TEST_F(PosixFilesTest, OnlyWhatIsExpectedIsReplaced) {
 
 // Two copies of the program, each of which reads the file, adds a letter and saves it if it is still the
 // same.
+TEST_F(PosixFilesTest, TheMarkTellsOtherContentsFromThoseReadOrWritten) {
+    const std::string file = Make("a.txt");
+    fs::create_hard_link(Make("linked.txt"), folder_ / "other name"); // written in place
+    fs::create_symlink("a.txt", folder_ / "link");
+    for (const char* name : {"a.txt", "linked.txt", "link"}) {
+        const std::u16string path = FromUtf8((folder_ / name).string());
+        EXPECT_EQ(files_.Read(path).mark, files_.MarkOf(path)) << name;
+        const auto written = files_.Replace(path, "ours", {}).mark;
+        ASSERT_TRUE(written) << name;
+        EXPECT_EQ(written, files_.MarkOf(path)) << name;
+        fs::permissions(folder_ / name, fs::perms::owner_all);
+        Contents(folder_ / name);
+        EXPECT_EQ(written, files_.MarkOf(path)) << name;
+        fs::last_write_time(folder_ / name,
+                            fs::last_write_time(folder_ / name) + std::chrono::nanoseconds(1));
+        EXPECT_NE(written, files_.MarkOf(path)) << name;
+    }
+    fs::copy_file(file, folder_ / "copy");
+    fs::last_write_time(folder_ / "copy", fs::last_write_time(file));
+    const auto before = files_.MarkOf(FromUtf8(file));
+    fs::rename(folder_ / "copy", file);
+    EXPECT_NE(before, files_.MarkOf(FromUtf8(file)));
+    EXPECT_FALSE(files_.MarkOf(FromUtf8(folder_.string())));
+}
+
 TEST_F(PosixFilesTest, CopiesThatSaveOneFileAtOnceLoseNothing) {
     constexpr int kEach = 25;
     for (const bool linked : {false, true}) {

@@ -44,6 +44,7 @@ public:
         if (whenShown)
             whenShown();
     }
+    bool IsFree() const override { return isFree; }
     void Close() override { ++closeRequests; }
 
     void SetTitle(std::u16string_view text) override { title = text; }
@@ -69,6 +70,7 @@ public:
     std::vector<EditorLayout> layouts;
     int direction = 0;
     bool directionsEnabled = true;
+    bool isFree = true;
     int closeRequests = 0;
     bool shown = false;
     std::function<void()> whenShown; ///< what happens on the way of its first show

@@ -26,7 +26,7 @@ public:
             return {.bytes = {}, .failure = FileFailure{53, u"Файл не найден"}};
         if (unreadable.contains(found->first))
             return {.bytes = {}, .failure = FileFailure{70, u"Нет прав доступа к файлу"}, .isFile = true};
-        return {.bytes = found->second, .failure = {}, .isFile = true};
+        return {.bytes = found->second, .failure = {}, .isFile = true, .mark = MarkIn(*found)};
     }
     Written Replace(std::u16string_view path, std::string_view bytes, const Expected& expected) override {
         if (const auto other = std::exchange(beforeReplace, nullptr))
@@ -41,7 +41,7 @@ public:
             return {kFull};
         files[target] = bytes;
         done.push_back(u"write " + target);
-        return {};
+        return {.failure = {}, .mark = MarkIn(*files.find(target))};
     }
     Preparation PrepareBackup(std::u16string_view path, std::string_view bytes,
                               std::u16string_view document) override {
@@ -53,6 +53,10 @@ public:
         return {std::make_unique<Backup>(*this, path, bytes), std::nullopt};
     }
     bool IsLink(std::u16string_view path) override { return links.contains(std::u16string(path)); }
+    std::optional<FileMark> MarkOf(std::u16string_view path) override {
+        const auto found = files.find(Behind(path));
+        return found == files.end() ? std::nullopt : std::optional(MarkIn(*found));
+    }
     std::optional<FileFailure> CopyToTrash(std::u16string_view path, std::string_view bytes) override {
         if (!files.contains(Behind(path)))
             return FileFailure{53, u"Файл не найден"};
@@ -69,6 +73,7 @@ public:
     std::set<std::u16string> unreadable;
     std::vector<std::pair<std::u16string, std::string>> trash;
     bool trashIsFull = false;
+    std::map<std::u16string, int> times; ///< of the contents, where they are not 0
     std::vector<std::u16string> done;    ///< what changed something, in order
     std::function<void()> beforeReplace; ///< another program's doing, once
 
@@ -91,6 +96,9 @@ private:
         std::u16string path_;
         std::string bytes_;
     };
+    FileMark MarkIn(const std::pair<const std::u16string, std::string>& file) {
+        return {.size = static_cast<std::int64_t>(file.second.size()), .seconds = times[file.first]};
+    }
     std::u16string Behind(std::u16string_view path) const {
         const auto link = links.find(std::u16string(path));
         return link == links.end() ? std::u16string(path) : Behind(link->second);
@@ -243,6 +251,20 @@ public:
     bool ended = false;
 };
 
+/// Keeps what it is given until the test lets it be done.
+class FakeBackground final : public Background {
+public:
+    void Run(std::function<std::function<void()>()> work) override { works.push_back(std::move(work)); }
+    void DoAll() {
+        std::vector<std::function<void()>> answers;
+        for (const auto& work : std::exchange(works, {}))
+            answers.push_back(work());
+        for (const auto& answer : answers)
+            answer();
+    }
+    std::vector<std::function<std::function<void()>()>> works;
+};
+
 /// All services at once.
 struct FakePlatform {
     FakeSettings store;
@@ -254,7 +276,9 @@ struct FakePlatform {
     FakeTimers timers;
     FakeScreen screen;
     FakeShell shell;
-    Platform platform{store, sound, files, fileDialog, messageBox, clipboard, timers, screen, shell};
+    FakeBackground background;
+    Platform platform{store,     sound,  files,  fileDialog, messageBox,
+                      clipboard, timers, screen, shell,      background};
 };
 
 } // namespace quillshift

@@ -24,6 +24,10 @@ bool IsSameFile(const struct stat& one, const struct stat& other) {
     return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
 }
 
+FileMark MarkIn(const struct stat& info) {
+    return {info.st_dev, info.st_ino, info.st_size, info.st_mtim.tv_sec, info.st_mtim.tv_nsec};
+}
+
 // The file that a save goes to: links are followed, also a link to a file that is yet to be made.
 struct Target {
     std::string path;
@@ -82,6 +86,7 @@ struct Replacement {
     int error = 0;
     bool overwriteInstead = false; // the file itself could still be written
     bool unexpected = false;       // somebody else has made it meanwhile
+    std::optional<FileMark> mark{};
 };
 
 // Not over a file that was made meanwhile, where the disk can tell.
@@ -128,7 +133,7 @@ Replacement ReplaceFile(const Target& target, std::string_view bytes, bool mustB
         return {ESTALE, false};
     FlushFolder(folder); // whatever it answers, the new contents are there: nothing left to take back
     RemoveLeftovers(folder, "." + name);
-    return {};
+    return {.mark = MarkIn(named)};
 }
 
 enum class Comparison { Same, Other, Failed };
@@ -226,7 +231,15 @@ FileContents PosixFiles::Read(std::u16string_view path) {
     if (filled < expected)
         return {{}, FileFailure{75, u"Файл изменился во время чтения"}, true};
     bytes.resize(filled);
-    return {std::move(bytes), std::nullopt, true};
+    return {std::move(bytes), std::nullopt, true, MarkIn(info)};
+}
+
+std::optional<FileMark> PosixFiles::MarkOf(std::u16string_view path) {
+    std::string native;
+    struct stat info {};
+    if (ToNative(path, native) || stat(native.c_str(), &info) != 0 || !S_ISREG(info.st_mode))
+        return std::nullopt;
+    return MarkIn(info);
 }
 
 Written PosixFiles::Replace(std::u16string_view path, std::string_view bytes, const Expected& expected) {
@@ -246,13 +259,13 @@ Written PosixFiles::Replace(std::u16string_view path, std::string_view bytes, co
     if (compared == Comparison::Other)
         return {.failure = {}, .unexpected = true};
     if (target.file && (!target.renames || target.info.st_nlink != 1))
-        return {Overwrite(target.file, target.path, bytes)};
+        return Overwrite(target.file, target.path, bytes);
     const Replacement done = ReplaceFile(target, bytes, expected.what == Expected::What::Nothing);
     if (done.overwriteInstead)
-        return {Overwrite(target.file, target.path, bytes)};
+        return Overwrite(target.file, target.path, bytes);
     if (done.error != 0)
         return {Explain(done.error, target.path)};
-    return {.failure = {}, .unexpected = done.unexpected};
+    return {.failure = {}, .unexpected = done.unexpected, .mark = done.mark};
 }
 
 Preparation PosixFiles::PrepareBackup(std::u16string_view path, std::string_view bytes,
@@ -281,12 +294,11 @@ std::optional<FileFailure> PosixFiles::CopyToTrash(std::u16string_view path, std
     return std::nullopt;
 }
 
-std::optional<FileFailure> PosixFiles::Overwrite(OpenFile& file, const std::string& path,
-                                                 std::string_view bytes) const {
+Written PosixFiles::Overwrite(OpenFile& file, const std::string& path, std::string_view bytes) const {
     const std::string folder = safetyFolder_.empty() ? DefaultSafetyFolder() : safetyFolder_;
     struct stat info {};
     if (fstat(file.Fd(), &info) != 0)
-        return Explain(errno, path);
+        return {Explain(errno, path)};
 
     const auto noCopy = [&](int error) {
         FileFailure failure = Explain(error, folder + "/");
@@ -294,28 +306,29 @@ std::optional<FileFailure> PosixFiles::Overwrite(OpenFile& file, const std::stri
         return failure;
     };
     if (const int error = MakeFolders(folder))
-        return noCopy(error);
+        return {noCopy(error)};
     SideFile copy(folder, SplitPath(path).second, 0600);
     if (copy.Error() != 0)
-        return noCopy(copy.Error());
+        return {noCopy(copy.Error())};
     if (const int error = CopyContents(file.Fd(), copy.File().Fd()))
-        return noCopy(error);
+        return {noCopy(error)};
     FlushFolder(folder);
 
     if (const int error = Reserve(file.Fd(), static_cast<off_t>(bytes.size()), info.st_size))
-        return Explain(error, path);
+        return {Explain(error, path)};
     int error = PutContents(file.Fd(), bytes);
     const bool restored = error == 0 || CopyContents(copy.File().Fd(), file.Fd()) == 0;
+    const bool marked = fstat(file.Fd(), &info) == 0;
     const int closing = file.Close();
     error = error != 0 ? error : closing;
     if (error == 0)
-        return std::nullopt;
+        return {.failure = {}, .mark = marked ? std::optional(MarkIn(info)) : std::nullopt};
     FileFailure failure = Explain(error, path);
     if (!restored || closing != 0) {
         copy.Keep();
         failure.description += u". Прежнее содержимое сохранено в файле " + FromUtf8(copy.Path());
     }
-    return failure;
+    return {failure};
 }
 
 } // namespace quillshift

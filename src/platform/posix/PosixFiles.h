@@ -19,6 +19,7 @@ public:
     explicit PosixFiles(std::string safetyFolder = {}) : safetyFolder_(std::move(safetyFolder)) {}
 
     FileContents Read(std::u16string_view path) override;
+    std::optional<FileMark> MarkOf(std::u16string_view path) override;
     /// Devices and pipes are written straight; one that accepts nothing for a few seconds is a failure. If
     /// the old contents could neither be replaced nor put back, the description names their safety copy.
     Written Replace(std::u16string_view path, std::string_view bytes, const Expected& expected) override;
@@ -28,8 +29,7 @@ public:
     std::optional<FileFailure> CopyToTrash(std::u16string_view path, std::string_view bytes) override;
 
 private:
-    std::optional<FileFailure> Overwrite(OpenFile& file, const std::string& path,
-                                         std::string_view bytes) const;
+    Written Overwrite(OpenFile& file, const std::string& path, std::string_view bytes) const;
 
     std::string safetyFolder_;
 };
