@@ -3,8 +3,12 @@
 #include "platform/qt/DialogOwner.h"
 #include "platform/qt/QtText.h"
 
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
+
+#include <algorithm>
 
 namespace quillshift {
 namespace {
@@ -25,6 +29,17 @@ QMessageBox::Icon IconOf(BoxIcon icon) {
     return QMessageBox::NoIcon;
 }
 
+// The lines of a text with breaks of its own are as long as they were written, where the screen has the room;
+// the toolkit would break them again.
+void KeepLines(QMessageBox& box) {
+    auto* const label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    if (label == nullptr || !box.text().contains(u'\n'))
+        return;
+    label->ensurePolished();
+    const QRect lines = label->fontMetrics().boundingRect({}, Qt::AlignLeft, label->text());
+    label->setMinimumWidth(std::min(lines.width() + 1, box.screen()->availableSize().width() / 2));
+}
+
 } // namespace
 
 BoxAnswer QtMessageBox::Show(BoxIcon icon, BoxButtons buttons, std::u16string_view text) {
@@ -34,6 +49,7 @@ BoxAnswer QtMessageBox::Show(BoxIcon icon, BoxButtons buttons, std::u16string_vi
     box.setTextFormat(Qt::PlainText); // the texts hold "<" and ">"
     box.setText(ToQString(text));
     box.setIcon(IconOf(icon));
+    KeepLines(box);
     if (buttons == BoxButtons::Ok) {
         box.addButton(QStringLiteral("ОК"), QMessageBox::AcceptRole);
         box.exec();
