@@ -10,6 +10,7 @@
 #include "support/FakeWindowMessages.h"
 #include "support/Pixels.h"
 #include "support/TestBar.h"
+#include "support/TestsFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -251,7 +252,7 @@ TEST_P(DrawnBars, AreAsStored) {
     if (GetParam().style == BarStyle::OfficeXP)
         ListShadows(); // the same in all
     ListColours();
-    ExpectAsStored(DRAWN + std::string("/") + GetParam().name + ".txt", list);
+    ExpectAsStored(TestsFolder() / "commandbar/drawn" / (std::string(GetParam().name) + ".txt"), list);
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -4,6 +4,7 @@
 #include "controls/bitmaps/pcMemDC.h"
 #include "support/DrawnList.h"
 #include "support/Pixels.h"
+#include "support/TestsFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -106,7 +107,7 @@ TEST(Bitmaps, AreAsStored) {
     ListCopies(list);
     ListChanges<cAlphaDIBSection>(kAlphaChanges, list);
     ListChanges<pcDibSection>(kProgressChanges, list);
-    ExpectAsStored(DRAWN "/Bitmaps.txt", list);
+    ExpectAsStored(TestsFolder() / "controls/drawn/Bitmaps.txt", list);
 }
 
 TEST(Bitmaps, SaveAFileOfKnownBytes) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "harness/Editor.h"
+#include "support/TestsFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -21,7 +22,7 @@ protected:
 };
 
 inline std::filesystem::path Sample(const std::string& name) {
-    return std::filesystem::path(SAMPLES) / name;
+    return TestsFolder() / "samples" / name;
 }
 
 } // namespace quillshift::e2e

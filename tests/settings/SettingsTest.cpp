@@ -1,6 +1,7 @@
 #include "base/Utf8.h"
 #include "settings/FirstValues.h"
 #include "support/FakeSettings.h"
+#include "support/TestsFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -29,7 +30,7 @@ TEST(Settings, AFirstStoreHoldsTheStoredList) {
     FakeSettings backend;
     Settings settings(backend);
     WriteFirstValues(settings, {u"/program", u"The printer", {{1}, {2}, {3}, {4}}});
-    std::ifstream file(STORED_LISTS "/first-values.txt");
+    std::ifstream file(TestsFolder() / "settings/stored/first-values.txt");
     std::string expected((std::istreambuf_iterator<char>(file)), {});
     EXPECT_EQ(Listing(backend), expected);
 }

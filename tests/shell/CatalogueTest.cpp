@@ -3,6 +3,7 @@
 #include "base/Utf8.h"
 #include "platform/Keys.h"
 #include "support/TestProgram.h"
+#include "support/TestsFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -18,7 +19,7 @@ namespace {
 using Line = std::array<std::string, 7>;
 
 std::vector<Line> StoredList() {
-    std::ifstream file(STORED_LISTS "/catalogue.txt");
+    std::ifstream file(TestsFolder() / "shell/stored/catalogue.txt");
     std::vector<Line> lines;
     for (std::string text; std::getline(file, text);) {
         std::istringstream fields(text);

@@ -1,5 +1,6 @@
 #include "platform/qt/QtSurface.h"
 #include "support/DrawnList.h"
+#include "support/TestsFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -89,7 +90,7 @@ TEST(QtSurface, PaintsWholePixelsInEveryDensityAsStored) {
             })
             .List(list);
     }
-    ExpectAsStored(DRAWN "/QtSurface.txt", list);
+    ExpectAsStored(TestsFolder() / "windows/drawn/QtSurface.txt", list);
 }
 
 TEST(QtSurface, PlacesTextInItsAreaCentredAtItsEndOrTurned) {

@@ -7,6 +7,7 @@
 #include "support/FakePlatform.h"
 #include "support/IconFiles.h"
 #include "support/RecordingSurface.h"
+#include "support/TestsFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -71,7 +72,7 @@ TEST_F(IconLists, LooksAsStored) {
         bar.InitialiseFromVariant(list.hIml());
         bar.Draw(surface, 0, IconMode::Disabled, 0, 0);
     }
-    ExpectAsStored(DRAWN "/IconLooks.txt", surface.drawn);
+    ExpectAsStored(TestsFolder() / "commandbar/drawn/IconLooks.txt", surface.drawn);
 }
 
 TEST_F(IconLists, DrawingsAsStored) {
@@ -92,7 +93,7 @@ TEST_F(IconLists, DrawingsAsStored) {
     Heading("nothing of a list that is gone");
     other.Destroy();
     list.DrawImage(1, surface, {0, 0}, {.otherList = other.hIml()});
-    ExpectAsStored(DRAWN "/IconDrawings.txt", surface.drawn);
+    ExpectAsStored(TestsFolder() / "commandbar/drawn/IconDrawings.txt", surface.drawn);
 }
 
 TEST_F(IconLists, GreysAsStored) {
@@ -105,7 +106,7 @@ TEST_F(IconLists, GreysAsStored) {
             list.DrawImage(list.ImageCount(), surface, {0, 0});
         }
     }
-    ExpectAsStored(DRAWN "/IconGreys.txt", surface.drawn);
+    ExpectAsStored(TestsFolder() / "commandbar/drawn/IconGreys.txt", surface.drawn);
 }
 
 TEST_F(IconLists, SizesAsStored) {
@@ -122,7 +123,7 @@ TEST_F(IconLists, SizesAsStored) {
             for (const auto& [width, height] : {std::pair{-1, -1}, {99, 3}, {2, 99}, {0, 3}})
                 bar.Draw(surface, 0, mode, 3, 4, width, height);
     }
-    ExpectAsStored(DRAWN "/IconSizes.txt", surface.drawn);
+    ExpectAsStored(TestsFolder() / "commandbar/drawn/IconSizes.txt", surface.drawn);
 }
 
 TEST_F(IconLists, StripAsStored) {
@@ -138,7 +139,7 @@ TEST_F(IconLists, StripAsStored) {
     EXPECT_EQ(bar.IndexOf(11, IconMode::Disabled), 0);
     EXPECT_EQ(bar.IconIndexOf(12), 11);
     EXPECT_EQ(bar.IconIndexOf(13), -1);
-    ExpectAsStored(DRAWN "/IconStrip.txt", surface.drawn);
+    ExpectAsStored(TestsFolder() / "commandbar/drawn/IconStrip.txt", surface.drawn);
 }
 
 TEST_F(IconLists, KeepNumbersRightWhenAFileIsMissing) {

@@ -2,6 +2,7 @@
 
 #include "base/Utf8.h"
 #include "support/RichTextInvariants.h"
+#include "support/TestsFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -13,7 +14,7 @@ namespace quillshift {
 namespace {
 
 std::string Sample(const std::string& name) {
-    std::ifstream file(std::string(SAMPLES "/rtf/") + name, std::ios::binary);
+    std::ifstream file(TestsFolder() / "samples/rtf" / name, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
