@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Makes the icon files of the folder Data/icons from the drawings in art/icons. Same drawings, same bytes.
+"""Makes the icon files of the folder Data/icons from the drawings in art/icons, and the program's own picture for
+the desktop's icon theme (packaging/icons). Same drawings, same bytes.
 
 Run it without arguments, from anywhere: art/icons.py. It needs rsvg-convert (Debian: librsvg2-bin), no more.
 The files it makes are kept beside the sources, so that building the program does without it.
@@ -15,6 +16,8 @@ import zlib
 
 ART = pathlib.Path(__file__).resolve().parent / "icons"
 ICONS = ART.parent.parent / "Data" / "icons"
+THEME = ART.parent.parent / "packaging" / "icons"
+THEME_SIZES = (16, 22, 24, 32, 48, 64, 128, 256)
 ONLY_ON_TOOLBARS = {"Start", "Stop"}
 
 
@@ -95,7 +98,21 @@ def save(folder, name, content):
     (folder / f"{name}.ico").write_bytes(content)
 
 
+def for_the_theme(drawing, name):
+    """The picture of a program: a PNG for each size, and the drawing itself with its colours inside."""
+    for size in THEME_SIZES:
+        folder = THEME / f"{size}x{size}"
+        folder.mkdir(parents=True, exist_ok=True)
+        (folder / f"{name}.png").write_bytes(render(drawing, size))
+    colours = (ART / "family.css").read_text()
+    source = drawing.read_text().split("?>", 1)[1].lstrip()
+    head, rest = source.split(">", 1)
+    (THEME / "scalable").mkdir(parents=True, exist_ok=True)
+    (THEME / "scalable" / f"{name}.svg").write_text(f"{head}>\n<style>\n{colours.strip()}\n</style>{rest}")
+
+
 def main():
+    for_the_theme(ART / "16" / "Decoding.svg", "quillshift")
     on_toolbars = {drawing.stem for drawing in (ART / "24").glob("*.svg")}
     for drawing in sorted((ART / "16").glob("*.svg")):
         icon = icon_file(drawing, (16, 32))

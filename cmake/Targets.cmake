@@ -3,6 +3,9 @@ add_library(quillshift_options INTERFACE)
 target_include_directories(quillshift_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
 target_compile_options(quillshift_options INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+# The same bytes wherever it is built.
+target_compile_options(quillshift_options INTERFACE
+    $<$<CONFIG:RelWithDebInfo>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.>)
 if(QUILLSHIFT_SANITIZE)
     target_compile_options(quillshift_options INTERFACE
         -fsanitize=${QUILLSHIFT_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)

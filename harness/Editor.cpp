@@ -42,6 +42,8 @@ Editor::Editor(Desktop& desktop)
                                     .mainWindow = {1500_twips, 750_twips, 11700_twips, 9150_twips}});
     });
     Set(Setting::FirstRun, u"0").Set(Setting::MessageOnExit, u"0");
+    for (const Setting dialog : {Setting::Welcome, Setting::WorkBegin})
+        settings_.Switch(dialog, false);
 }
 
 void Editor::DeleteStore() {

@@ -12,8 +12,8 @@
 namespace quillshift::e2e {
 
 /// The real program on a desktop, with a home folder and a settings store of its own, and what a user does
-/// with it. The store holds the first values, with the notice of the first start and the question on leaving
-/// switched off.
+/// with it. The store holds the first values, with the notice and the dialogs of the first start and the
+/// question on leaving switched off.
 class Editor {
 public:
     explicit Editor(Desktop& desktop);

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that are missing for the named jobs: build, test, lint.
+# Installs the Debian packages that are missing for the named jobs: build, test, package, lint.
 # Run by ./run, ./test and .ci/run; installs nothing, and needs no network, when all of them are there.
 set -euo pipefail
 
@@ -7,6 +7,7 @@ build="build-essential cmake ninja-build ccache qt6-base-dev qt6-translations-l1
        fonts-liberation fonts-dejavu-core libx11-dev libxcb1-dev libxfixes-dev libxi-dev"
 test="libgtest-dev libgmock-dev libbenchmark-dev libxtst-dev xvfb openbox imagemagick xclip sqlite3
       x11-xserver-utils"
+package="xvfb xdotool gzip dpkg-dev lintian appstream desktop-file-utils"
 lint="clang clang-format clang-tidy libclang-rt-14-dev"
 
 wanted=
@@ -14,6 +15,7 @@ for job in "$@"; do
     case "$job" in
         build) wanted+=" $build" ;;
         test) wanted+=" $test" ;;
+        package) wanted+=" $package" ;;
         lint) wanted+=" $lint" ;;
         *) echo "setup: unknown job $job" >&2; exit 2 ;;
     esac

@@ -130,6 +130,8 @@ int Run(int argc, char** argv) {
     SpeakRussian(application);
     ShowFontRelatives();
     KeepGreyedTextReadable();
+    // At the start one window closes before the next one shows. Whoever closes the last one says so.
+    QApplication::setQuitOnLastWindowClosed(false);
     const CaretRest caretRest;
 
     const std::filesystem::path data = DataFolder();

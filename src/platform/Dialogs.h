@@ -7,6 +7,9 @@ enum class DialogKind {
     Decode,     ///< picks a pair of character sets
     Decoding,   ///< the progress of a recoding job
     FullScreen, ///< the text on the whole screen
+    Splash,
+    Welcome,
+    WorkBegin, ///< asks what to begin with
 };
 
 /// Shows and closes the program's dialogs, one of each kind.

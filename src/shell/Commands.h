@@ -36,7 +36,11 @@ public:
     void Run(std::string_view key);
 
     /// Something that the states depend on may have changed. They follow behind the present event.
-    void InputsChanged() { timerEdit_->StartOnce(); }
+    /// Before they were shown for the first time there are no bars to show them.
+    void InputsChanged() {
+        if (shown_)
+            timerEdit_->StartOnce();
+    }
     /// Brings the states up to what has changed since, without waiting.
     void UpdatePendingStates();
     void UpdateStates();

@@ -105,7 +105,7 @@ void MainLoad::LoadPlace() {
 
 void MainLoad::LoadDocument() {
     TextSurface& document = parts_.window.RichTextBox();
-    if (parts_.OpenAtStart)
+    if (parts_.start.OpenAtStart)
         parts_.documents.OpenDocument();
     if (parts_.settings.Is(Setting::StartAtStartup))
         if (const auto copied = parts_.platform.clipboard.Text()) {

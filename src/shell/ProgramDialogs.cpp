@@ -3,6 +3,9 @@
 #include "document/frmFScreen.h"
 #include "recoding/frmDecode.h"
 #include "recoding/frmDecoding.h"
+#include "settings/frmSplash.h"
+#include "settings/frmWelcome.h"
+#include "settings/frmWorkBegin.h"
 
 #include <QApplication>
 #include <QWindow>
@@ -12,24 +15,44 @@
 
 namespace quillshift {
 
+namespace {
+
+// A modal dialog is unloaded when it closes, any other when it is told to. One that stands alone shows before
+// the main window.
+enum class Stand { Modal, Beside, Alone };
+
+} // namespace
+
 struct ProgramDialogs::Row {
     DialogKind kind;
-    bool modal; ///< a modal one is unloaded when it closes, any other when it is told to
+    Stand stand;
     std::unique_ptr<Dialog> (*make)(const DialogContext& context, ProgramParts& parts, int argument);
 };
 
 const ProgramDialogs::Row& ProgramDialogs::RowOf(DialogKind kind) {
     using Context = const DialogContext&;
     static constexpr std::array kRows{
-        Row{DialogKind::Decode, true,
+        Row{DialogKind::Decode, Stand::Modal,
             [](Context context, ProgramParts& parts, int) -> std::unique_ptr<Dialog> {
                 return std::make_unique<frmDecode>(context, parts.job);
             }},
-        Row{DialogKind::Decoding, false,
+        Row{DialogKind::Decoding, Stand::Beside,
             [](Context context, ProgramParts& parts, int) -> std::unique_ptr<Dialog> {
                 return std::make_unique<frmDecoding>(context, parts.job);
             }},
-        Row{DialogKind::FullScreen, false,
+        Row{DialogKind::Splash, Stand::Alone,
+            [](Context context, ProgramParts&, int) -> std::unique_ptr<Dialog> {
+                return std::make_unique<frmSplash>(context);
+            }},
+        Row{DialogKind::Welcome, Stand::Alone,
+            [](Context context, ProgramParts& parts, int) -> std::unique_ptr<Dialog> {
+                return std::make_unique<frmWelcome>(context, parts.start);
+            }},
+        Row{DialogKind::WorkBegin, Stand::Alone,
+            [](Context context, ProgramParts& parts, int) -> std::unique_ptr<Dialog> {
+                return std::make_unique<frmWorkBegin>(context, parts.start);
+            }},
+        Row{DialogKind::FullScreen, Stand::Beside,
             [](Context context, ProgramParts& parts, int) -> std::unique_ptr<Dialog> {
                 return std::make_unique<frmFScreen>(context, parts.fullScreen);
             }},
@@ -44,14 +67,21 @@ ProgramDialogs::~ProgramDialogs() = default;
 void ProgramDialogs::Show(DialogKind kind, int argument) {
     const Row& row = RowOf(kind);
     std::unique_ptr<Dialog>& dialog = loaded_[kind];
+    QWidget* const owner = row.stand == Stand::Alone ? nullptr : &owner_;
     if (!dialog)
-        dialog = row.make({parts_.platform, parts_.settings, parts_.sounds, &owner_}, parts_, argument);
-    if (!row.modal) {
+        dialog = row.make({parts_.platform, parts_.settings, parts_.sounds, owner}, parts_, argument);
+    switch (row.stand) {
+    case Stand::Modal:
+        dialog->exec();
+        loaded_.erase(kind);
+        break;
+    case Stand::Beside:
         ShowBeside(*dialog);
-        return;
+        break;
+    case Stand::Alone:
+        dialog->show();
+        break;
     }
-    dialog->exec();
-    loaded_.erase(kind);
 }
 
 // Above the dialog that is up, if one is: only so can its buttons be reached then.
@@ -89,7 +119,7 @@ void ProgramDialogs::Close(DialogKind kind) {
     const auto found = loaded_.find(kind);
     if (found == loaded_.end())
         return;
-    if (RowOf(kind).modal) {
+    if (RowOf(kind).stand == Stand::Modal) {
         found->second->reject();
         return;
     }

@@ -11,6 +11,7 @@ ProgramParts::ProgramParts(Platform& thePlatform, MainView& mainWindow, mCommand
       bars(toolkit, window, platform.files, platform.shell.ProgramFolder()),
       layout(window, bars, settings, platform.timers),
       dialogs(makeDialogs(*this)),
+      start({settings, *dialogs, platform.timers, platform.sound, platform.shell}),
       fullScreen({window.RichTextBox(), *dialogs, [](const TextSurface&) {},
                   [](const TextSurface&, const TextEdit&) {}}),
       job({recoding, settings, platform.messageBox, window.RichTextBox(), window, *dialogs,

@@ -11,6 +11,7 @@
 #include "recoding/RecodingJob.h"
 #include "settings/Settings.h"
 #include "settings/SoundEvents.h"
+#include "settings/StartChain.h"
 #include "shell/Layout.h"
 #include "shell/MainBars.h"
 #include "shell/MainView.h"
@@ -36,10 +37,10 @@ struct ProgramParts {
     RecodingState recoding;
     DocumentState document;
     UndoHistory history;
-    bool OpenAtStart = false; ///< the main window's load shows the dialog for opening
     MainBars bars;
     MainLayout layout;
     std::unique_ptr<Dialogs> dialogs;
+    StartChain start;
     FullScreen fullScreen;
     RecodingJob job;
     modEdit edit;

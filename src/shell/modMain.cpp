@@ -21,17 +21,23 @@ constexpr int kUnloadedItself = 364; // a window that closed while it was being 
 } // namespace
 
 modMain::modMain(ProgramParts& parts, MainLoad& load)
-    : parts_(parts),
-      load_(load),
-      timerClose_(parts.platform.timers.Make([this] { parts_.window.Close(); })) {}
+    : parts_(parts), load_(load), timerClose_(parts.platform.timers.Make([this] { parts_.window.Close(); })) {
+    parts_.start.ShowMainWindow = [this] { ReportFailureOf([this] { load_.ShowMainWindow(); }); };
+}
 
 void modMain::Main() {
-    try {
+    ReportFailureOf([this] {
         ShowFirstRunNotice();
         if (RefusesSecondCopy())
             parts_.platform.shell.EndProcess();
         else
-            ShowFirstWindow();
+            parts_.start.Begin();
+    });
+}
+
+void modMain::ReportFailureOf(const std::function<void()>& routine) {
+    try {
+        routine();
     } catch (const Error& error) {
         if (error.Number() > kNothingWrong && error.Number() != kUnloadedItself)
             parts_.platform.messageBox.Report(error);
@@ -52,10 +58,6 @@ bool modMain::RefusesSecondCopy() {
         u"Программа уже запущена! Чтобы запустить программу несколько раз, включите опцию <Разрешить запуск "
         u"нескольких копий программы> в диалоговом окне Параметры программы.");
     return true;
-}
-
-void modMain::ShowFirstWindow() {
-    load_.ShowMainWindow();
 }
 
 // --- Closing

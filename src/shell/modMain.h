@@ -14,8 +14,6 @@ public:
 
     /// From the notices to the first window. Any failure on the way is reported in a box.
     void Main();
-    /// Shows the first of the welcome dialog, the getting-started dialog and the main window that applies.
-    void ShowFirstWindow();
 
     /// Runs the closing of the main window. True if it may close; then the process has been ended already.
     bool Close();
@@ -25,6 +23,7 @@ public:
 private:
     void ShowFirstRunNotice();
     bool RefusesSecondCopy();
+    void ReportFailureOf(const std::function<void()>& routine);
     void StorePlace();
     bool AskToLeave();
 

@@ -15,6 +15,10 @@ TEST_F(StartAndEnd, AStartWithoutAStoreTellsItsNoticeAndFillsIt) {
         }
         editor.Launch();
         editor.AnswerBox(BoxAnswer::Ok);
+        for (const auto* dialog : {u"Приветствие...", u"Приступая к работе..."}) {
+            editor.SettleIn(u"Morvane Quillshift 3.0 - " + std::u16string(dialog));
+            desktop.Press("Return");
+        }
         editor.Settle();
         EXPECT_EQ(editor.Store().Text(Setting::FirstRun), u"0") << run;
         EXPECT_EQ(editor.Store().Text(Setting::FontName), u"MS Sans Serif") << run;

@@ -8,6 +8,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -63,14 +64,18 @@ public:
 
     void Show(DialogKind kind, int argument = 0) override {
         shown.emplace_back(kind, argument);
-        if (kind == DialogKind::Decode) {
-            if (whileModal)
-                whileModal();
+        if (kind == DialogKind::Splash || kind == DialogKind::Welcome || kind == DialogKind::WorkBegin) {
+            atStart_.insert(kind);
             return;
         }
         if (kind == DialogKind::FullScreen) {
             if (!fullScreen)
                 fullScreen = std::make_unique<FakeFullScreen>(mode_);
+            return;
+        }
+        if (kind != DialogKind::Decoding) {
+            if (whileModal)
+                whileModal();
             return;
         }
         if (!decoding)
@@ -79,12 +84,15 @@ public:
     }
     /// As the real one, which is in the middle of its own event: it goes later.
     void Close(DialogKind kind) override {
+        atStart_.erase(kind);
         if (kind == DialogKind::Decoding && decoding)
             closed_.push_back(std::move(decoding));
         if (kind == DialogKind::FullScreen)
             fullScreen.reset();
     }
     bool IsLoaded(DialogKind kind) const override {
+        if (atStart_.contains(kind))
+            return true;
         return kind == DialogKind::FullScreen ? fullScreen != nullptr
                                               : kind == DialogKind::Decoding && decoding != nullptr;
     }
@@ -100,6 +108,7 @@ public:
 
 private:
     RecodingJob& job_;
+    std::set<DialogKind> atStart_; // those that show before the main window, and are up
     FullScreen& mode_;
     std::vector<std::unique_ptr<FakeDecoding>> closed_;
 };

@@ -1,0 +1,36 @@
+#include "settings/frmSplash.h"
+
+#include "controls/Picture.h"
+
+#include <QCloseEvent>
+#include <QVBoxLayout>
+
+namespace quillshift {
+
+frmSplash::frmSplash(const DialogContext& context)
+    : Dialog(context, QStringLiteral("Morvane Quillshift 3.0"), DialogSounds::None) {
+    setWindowFlags(Qt::SplashScreen | Qt::FramelessWindowHint | (windowFlags() & Qt::WindowStaysOnTopHint));
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    const FileContents file =
+        context.platform.files.Read(context.platform.shell.ProgramFolder() + u"/Splash.spl");
+    auto* picture = Add<Picture>("Splash", file.bytes);
+    hasPicture_ = !picture->IsEmpty();
+    auto* all = new QVBoxLayout(this);
+    all->setContentsMargins(0, 0, 0, 0);
+    all->addWidget(picture);
+    all->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void frmSplash::setVisible(bool visible) {
+    Dialog::setVisible(visible && hasPicture_);
+}
+
+void frmSplash::mousePressEvent(QMouseEvent* /*event*/) {
+    Context().sounds.PlaySoundEvent(sound_event::kButtonMouseClick);
+}
+
+void frmSplash::closeEvent(QCloseEvent* event) {
+    event->ignore();
+}
+
+} // namespace quillshift
