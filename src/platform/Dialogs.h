@@ -10,6 +10,8 @@ enum class DialogKind {
     Splash,
     Welcome,
     WorkBegin, ///< asks what to begin with
+    About,
+    License,
 };
 
 /// Shows and closes the program's dialogs, one of each kind.

@@ -11,7 +11,7 @@ StartDialog::StartDialog(const DialogContext& context, const QString& title, Sta
       chain_(chain),
       kind_(kind),
       chkDoNotShowThisDialog_(
-          Add<QCheckBox>("chkDoNotShowThisDialog", QStringLiteral("&Не показывать больше это сообщение"))) {}
+          Add<QCheckBox>("chkDoNotShowThisDialog", QStringLiteral("Не показывать больше это сообщение"))) {}
 
 void StartDialog::GoOn() {
     chain_.GoOn(kind_, chkDoNotShowThisDialog_->isChecked());

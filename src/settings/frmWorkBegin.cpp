@@ -22,9 +22,9 @@ frmWorkBegin::frmWorkBegin(const DialogContext& context, StartChain& chain)
     auto* frame = Add<QGroupBox>("Frame1", QStringLiteral("Что вы хотите сделать:"));
     auto* rows = new QGridLayout(frame);
     rows->setColumnStretch(1, 1);
-    AddOption(*rows, "optOpenDocument", QStringLiteral("&Открыть документ"),
+    AddOption(*rows, "optOpenDocument", QStringLiteral("Открыть документ"),
               QStringLiteral("Запустить программу и открыть существующий документ на диске."), true);
-    AddOption(*rows, "optCreateNewDocument", QStringLiteral("&Создать новый документ"),
+    AddOption(*rows, "optCreateNewDocument", QStringLiteral("Создать новый документ"),
               QStringLiteral("Запустить программу и создать новый документ."), false)
         ->setChecked(true);
     Chain().OpenAtStart = false;

@@ -1,16 +1,13 @@
 #include "shell/Commands.h"
 
 #include "base/Texts.h"
+#include "settings/Author.h"
 #include "shell/Catalogue.h"
 
 #include <array>
 
 namespace quillshift {
 namespace {
-
-constexpr std::u16string_view kMailLink =
-    u"mailto:author@quillshift.example?subject=Morvane Quillshift 3.0.0 Preview";
-constexpr std::u16string_view kHomePage = u"https://quillshift.example/";
 
 // What a command needs to be enabled.
 enum class Need { Nothing, Selection, Text, Undo, Redo, Clipboard, RecodeUndo, Reopen, Save };
@@ -60,6 +57,10 @@ void OpenLink(ProgramParts& parts, std::u16string_view link) {
     if (!parts.platform.shell.OpenWithDefault(link))
         parts.platform.messageBox.Inform(u"Не найдена программа, которая откроет ссылку\r\n" +
                                          std::u16string(link));
+}
+
+void WriteToAuthor(ProgramParts& parts, int /*argument*/, std::string_view /*key*/) {
+    OpenLink(parts, u"mailto:" + std::u16string(kAuthorMail) + u"?subject=Morvane Quillshift 3.0.0 Preview");
 }
 
 // --- The table
@@ -113,10 +114,10 @@ constexpr std::array kCommands{
     CommandRow{Command::StopDecode, Text, [](P& p, int, Key) { p.job.StopRecoding(); }},
     CommandRow{Command::UndoRecoding, RecodeUndo, [](P& p, int, Key) { p.job.UndoRecoding(); }},
     CommandRow{Command::RunWizard, Nothing, RunWizard},
-    CommandRow{Command::ShowLicense, Nothing, nullptr},
-    CommandRow{Command::WriteToAuthor, Nothing, [](P& p, int, Key) { OpenLink(p, kMailLink); }},
+    CommandRow{Command::ShowLicense, Nothing, [](P& p, int, Key) { p.dialogs->Show(DialogKind::License); }},
+    CommandRow{Command::WriteToAuthor, Nothing, WriteToAuthor},
     CommandRow{Command::VisitHomePage, Nothing, [](P& p, int, Key) { OpenLink(p, kHomePage); }},
-    CommandRow{Command::ShowAbout, Nothing, nullptr},
+    CommandRow{Command::ShowAbout, Nothing, [](P& p, int, Key) { p.dialogs->Show(DialogKind::About); }},
 };
 
 constexpr bool EachStandsAtItsConstant() {

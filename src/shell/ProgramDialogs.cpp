@@ -3,6 +3,8 @@
 #include "document/frmFScreen.h"
 #include "recoding/frmDecode.h"
 #include "recoding/frmDecoding.h"
+#include "settings/frmAbout.h"
+#include "settings/frmLicense.h"
 #include "settings/frmSplash.h"
 #include "settings/frmWelcome.h"
 #include "settings/frmWorkBegin.h"
@@ -55,6 +57,14 @@ const ProgramDialogs::Row& ProgramDialogs::RowOf(DialogKind kind) {
         Row{DialogKind::FullScreen, Stand::Beside,
             [](Context context, ProgramParts& parts, int) -> std::unique_ptr<Dialog> {
                 return std::make_unique<frmFScreen>(context, parts.fullScreen);
+            }},
+        Row{DialogKind::About, Stand::Modal,
+            [](Context context, ProgramParts&, int) -> std::unique_ptr<Dialog> {
+                return std::make_unique<frmAbout>(context);
+            }},
+        Row{DialogKind::License, Stand::Modal,
+            [](Context context, ProgramParts&, int) -> std::unique_ptr<Dialog> {
+                return std::make_unique<frmLicense>(context);
             }},
     };
     return *std::find_if(kRows.begin(), kRows.end(), [kind](const Row& row) { return row.kind == kind; });

@@ -1,6 +1,7 @@
 #include "shell/modMain.h"
 
 #include "base/Error.h"
+#include "settings/Author.h"
 
 #include <utility>
 
@@ -13,7 +14,7 @@ constexpr std::u16string_view kFirstRunNotice =
     u"Эта версия прежде всего предназначена для ''предварительного просмотра'', т.е. ознакомления "
     u"пользователя \n"
     u"с некоторыми изменениями и функциями, которые появятся в финальной версии программы.\n"
-    u"Все комментарии и пожелания просьба отправлять автору: author@quillshift.example";
+    u"Все комментарии и пожелания просьба отправлять автору: ";
 
 constexpr int kNothingWrong = 0;
 constexpr int kUnloadedItself = 364; // a window that closed while it was being opened
@@ -47,7 +48,8 @@ void modMain::ReportFailureOf(const std::function<void()>& routine) {
 void modMain::ShowFirstRunNotice() {
     if (!parts_.settings.Is(Setting::FirstRun))
         return;
-    parts_.platform.messageBox.Inform(kFirstRunNotice, BoxIcon::None);
+    parts_.platform.messageBox.Inform(std::u16string(kFirstRunNotice) + std::u16string(kAuthorMail),
+                                      BoxIcon::None);
     parts_.settings.Switch(Setting::FirstRun, false);
 }
 

@@ -74,7 +74,7 @@ TEST_F(RecodingDialogs, PlayTheirSoundsAtLoadMovePressAndUnload) {
         frmDecode dialog(context, parts.job);
         dialog.show();
         QTest::mouseMove(&Find<QPushButton>(dialog, "cmdCancel"));
-        QTest::mousePress(&Find<QPushButton>(dialog, "cmdCancel"), Qt::RightButton);
+        QTest::mouseClick(&Find<QPushButton>(dialog, "cmdCancel"), Qt::RightButton);
     }
     EXPECT_EQ(test.sound.played, (std::vector<std::u16string>{u"FormLoad.wav", u"ButtonMove.wav",
                                                               u"ButtonClick.wav", u"FormUnload.wav"}));

@@ -64,12 +64,17 @@ bool IsPlayable(const SDL_AudioSpec& spec) {
            (spec.channels == 1 || (spec.channels % 2 == 0 && spec.channels <= 8));
 }
 
-std::optional<Wave> LoadWave(const SdlLibrary& sdl, const std::string& path) {
-    const FileContents file = PosixFiles().Read(FromUtf8(path));
+// A file, or the bytes of one.
+struct Wish {
+    std::string path; // empty for bytes
+    std::string bytes;
+};
+
+std::optional<Wave> LoadWave(const SdlLibrary& sdl, const std::string& fileBytes) {
     Wave wave;
     Uint8* samples = nullptr;
     Uint32 size = 0;
-    SDL_RWops* const bytes = sdl.RWFromConstMem(file.bytes.data(), static_cast<int>(file.bytes.size()));
+    SDL_RWops* const bytes = sdl.RWFromConstMem(fileBytes.data(), static_cast<int>(fileBytes.size()));
     if (bytes == nullptr || sdl.LoadWAV_RW(bytes, 1, &wave.spec, &samples, &size) == nullptr)
         return std::nullopt;
     wave.samples.assign(samples, samples + size);
@@ -85,10 +90,10 @@ std::optional<Wave> LoadWave(const SdlLibrary& sdl, const std::string& path) {
 // What the caller and the playing thread share. The notes are guarded by the mutex; the rest is the thread's.
 class SdlSound::Player {
 public:
-    void Wish(std::u16string_view path) {
+    void Note(Wish wish) {
         {
             const std::lock_guard lock(mutex_);
-            wish_ = path;
+            wish_ = std::move(wish);
         }
         wake_.notify_all();
     }
@@ -120,12 +125,12 @@ public:
                 wake_.wait_until(lock, closeAt_, noted);
             if (leaving_)
                 break;
-            const auto wish = std::exchange(wish_, std::nullopt);
+            const std::optional<Wish> wish = std::exchange(wish_, std::nullopt);
             starting_ = true;
             lock.unlock();
             Clock::time_point end;
             if (wish)
-                end = Start(ToUtf8(*wish));
+                end = Start(*wish);
             else
                 CloseDevice();
             lock.lock();
@@ -144,13 +149,13 @@ public:
 
 private:
     // Gives the time of its end.
-    Clock::time_point Start(const std::string& path) {
+    Clock::time_point Start(const Wish& wish) {
         if (device_ != 0)
             sdl_->ClearQueuedAudio(device_);
         Clock::time_point end = Clock::now();
         if (sdl_ == nullptr)
             sdl_ = LoadedSdl();
-        if (sdl_ != nullptr && Load(path) && OpenDevice()) {
+        if (sdl_ != nullptr && Load(wish) && OpenDevice()) {
             sdl_->QueueAudio(device_, wave_->samples.data(), static_cast<Uint32>(wave_->samples.size()));
             sdl_->PauseAudioDevice(device_, 0);
             end = Clock::now() + wave_->Length() + kLatency;
@@ -160,13 +165,18 @@ private:
     }
 
     // Pointer moves ask for the same file again and again.
-    bool Load(const std::string& path) {
-        const auto stamp = StampOf(path);
+    bool Load(const Wish& wish) {
+        if (!wish.bytes.empty()) {
+            stamp_.reset();
+            wave_ = LoadWave(*sdl_, wish.bytes);
+            return wave_.has_value();
+        }
+        const auto stamp = StampOf(wish.path);
         if (!stamp)
             return false;
         if (stamp != stamp_) {
             stamp_ = stamp;
-            wave_ = LoadWave(*sdl_, path);
+            wave_ = LoadWave(*sdl_, PosixFiles().Read(FromUtf8(wish.path)).bytes);
         }
         return wave_.has_value();
     }
@@ -204,7 +214,7 @@ private:
 
     std::mutex mutex_;
     std::condition_variable wake_;
-    std::optional<std::u16string> wish_;
+    std::optional<Wish> wish_;
     bool starting_ = false;
     Clock::time_point end_; // of what was started last
     bool leaving_ = false;
@@ -236,7 +246,16 @@ void SdlSound::WaitForEnd() {
 }
 
 void SdlSound::Play(std::u16string_view path) {
-    player_->Wish(path);
+    player_->Note({.path = ToUtf8(path), .bytes = {}});
+    StartThread();
+}
+
+void SdlSound::PlayFromMemory(std::string bytes) {
+    player_->Note({.path = {}, .bytes = std::move(bytes)});
+    StartThread();
+}
+
+void SdlSound::StartThread() {
     if (thread_.joinable())
         return;
     try {

@@ -3,6 +3,7 @@
 #include "platform/SoundOutput.h"
 
 #include <memory>
+#include <string>
 #include <thread>
 
 namespace quillshift {
@@ -20,10 +21,13 @@ public:
     SdlSound& operator=(const SdlSound&) = delete;
 
     void Play(std::u16string_view path) override;
+    void PlayFromMemory(std::string bytes) override;
     void WaitForEnd() override;
 
 private:
     class Player;
+
+    void StartThread();
 
     std::shared_ptr<Player> player_;
     std::thread thread_; // runs from the first sound on

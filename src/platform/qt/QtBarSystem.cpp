@@ -3,6 +3,7 @@
 #include "platform/Keys.h"
 #include "platform/qt/QtBarWindow.h"
 #include "platform/qt/X11Compositing.h"
+#include "platform/qt/X11Display.h"
 #include "platform/qt/X11Presses.h"
 
 #include <QApplication>
@@ -93,11 +94,6 @@ Rect FromQt(const QRect& rect) {
 Colour FromQt(const QColor& colour) {
     return Rgb(static_cast<std::uint8_t>(colour.red()), static_cast<std::uint8_t>(colour.green()),
                static_cast<std::uint8_t>(colour.blue()));
-}
-
-_XDisplay* X11Display() {
-    const auto* const x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
-    return x11 != nullptr ? x11->display() : nullptr;
 }
 
 // Of menus that opened in the same breath nothing is on the screen yet.

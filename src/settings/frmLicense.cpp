@@ -1,0 +1,33 @@
+#include "settings/frmLicense.h"
+
+#include "document/FileText.h"
+#include "platform/qt/QtTextSurface.h"
+
+#include <QVBoxLayout>
+
+namespace quillshift {
+namespace {
+
+constexpr QSize kFirstSize(560, 420);
+
+} // namespace
+
+frmLicense::frmLicense(const DialogContext& context)
+    : Dialog(context, QStringLiteral("Лицензионное соглашение")) {
+    auto* text = Add<QtTextSurface>("RichTextBox", nullptr, EditingKeys::OfSurface);
+    const std::u16string path = context.platform.shell.ProgramFolder() + u"/License.rtf";
+    FileText(context.platform.files.Read(path).bytes).LoadInto(*text);
+    text->setReadOnly(true);
+    text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    auto* cmdClose = AddButton("cmdClose", QStringLiteral("OK"));
+    cmdClose->setDefault(true);
+    cmdClose->setFocus();
+
+    auto* all = new QVBoxLayout(this);
+    all->addWidget(text);
+    all->addWidget(cmdClose, 0, Qt::AlignRight);
+    resize(kFirstSize);
+    connect(cmdClose, &QPushButton::clicked, this, &QDialog::accept);
+}
+
+} // namespace quillshift
