@@ -1,6 +1,11 @@
 #include "BenchSupport.h"
+#include "document/Recovery.h"
 #include "document/UndoHistory.h"
+#include "harness/TemporaryFolder.h"
+#include "platform/posix/PosixRecoveryStore.h"
 #include "platform/qt/QtTextSurface.h"
+#include "platform/qt/QtTimers.h"
+#include "support/FakeSettings.h"
 
 #include <benchmark/benchmark.h>
 
@@ -53,6 +58,45 @@ void TypeWithUndo(benchmark::State& state) {
         benchmark::Counter(recording.count() * 1e6, benchmark::Counter::kAvgIterations);
 }
 
+// The same with the unsaved text kept, which is written behind every tenth character. "keep_us" is the share
+// of that, in this thread.
+void TypeWithRecovery(benchmark::State& state) {
+    constexpr int kCharacters = 10; // in a second
+    const TemporaryFolder folder;
+    PosixRecoveryStore store(folder.Path());
+    FakeSettings values;
+    Settings settings(values);
+    QtTimers timers;
+    DocumentState document;
+    QtTextSurface surface;
+    UndoHistory history;
+    Recovery recovery({store, settings, timers, document, surface});
+    surface.resize(760, 490);
+    surface.show();
+    surface.LoadPlain(TextFor(state));
+    surface.SetSelStart(surface.Text().size() / 2);
+    surface.ensureCursorVisible();
+    QApplication::processEvents();
+    std::chrono::duration<double> keeping{};
+    const auto keep = [&keeping](const auto& work) {
+        const auto begin = std::chrono::steady_clock::now();
+        work();
+        keeping += std::chrono::steady_clock::now() - begin;
+    };
+    surface.OnChange = [&](const TextEdit& edit) {
+        history.Record(edit);
+        keep([&] { recovery.Edited(surface, edit); });
+    };
+    int typed = 0;
+    while (state.KeepRunning()) {
+        surface.SetSelText(u"я");
+        surface.repaint();
+        if (++typed % kCharacters == 0)
+            keep([&] { recovery.Flush(); });
+    }
+    state.counters["keep_us"] = benchmark::Counter(keeping.count() * 1e6, benchmark::Counter::kAvgIterations);
+}
+
 // The baseline: the bare widget, whose own undo is off.
 void TypeInTheBareWidget(benchmark::State& state) {
     QTextEdit widget;
@@ -81,6 +125,8 @@ void TypeThese(benchmark::internal::Benchmark* benchmark, std::int64_t length, S
          {std::tuple(10 << 10, Lines, 2000), std::tuple(1 << 20, Lines, 500), std::tuple(10 << 20, Lines, 30),
           std::tuple(1 << 20, OneLine, 10)}) {
         TypeThese(benchmark::RegisterBenchmark("TypeWithUndo", TypeWithUndo), length, shape, characters);
+        TypeThese(benchmark::RegisterBenchmark("TypeWithRecovery", TypeWithRecovery), length, shape,
+                  characters);
         TypeThese(benchmark::RegisterBenchmark("TypeInTheBareWidget", TypeInTheBareWidget), length, shape,
                   characters);
     }

@@ -82,6 +82,7 @@ Process::WorkDone Process::Work() const {
 Environment HomeEnvironment(const std::string& home) {
     Environment environment{{"HOME", home},
                             {"XDG_DATA_HOME", home + "/data"},
+                            {"XDG_STATE_HOME", home + "/state"},
                             {"XDG_CONFIG_HOME", home + "/config"},
                             {"XDG_CACHE_HOME", home + "/cache"},
                             {"XDG_RUNTIME_DIR", home},

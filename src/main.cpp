@@ -2,11 +2,13 @@
 #include "base/Texts.h"
 #include "platform/posix/FileBytes.h"
 #include "platform/posix/PosixFiles.h"
+#include "platform/posix/PosixRecoveryStore.h"
 #include "platform/posix/PrivateFolder.h"
 #include "platform/posix/SdlSound.h"
 #include "platform/posix/SqliteSettings.h"
 #include "platform/posix/XdgFolders.h"
 #include "platform/qt/CaretRest.h"
+#include "platform/qt/EndSignals.h"
 #include "platform/qt/QtBackground.h"
 #include "platform/qt/QtBarSystem.h"
 #include "platform/qt/QtClipboard.h"
@@ -106,6 +108,11 @@ std::filesystem::path DataFolder() {
     return folder;
 }
 
+std::filesystem::path RecoveryFolder() {
+    const std::filesystem::path state = XdgStateFolder();
+    return state.empty() ? state : state / "quillshift" / "recovery";
+}
+
 // A store without the one value that every set-up leaves was deleted while a program ran, which made a new
 // one for what it had to keep.
 void SetUpStore(SqliteSettings& store, const Platform& platform) {
@@ -147,8 +154,9 @@ int Run(int argc, char** argv) {
     QtScreens screen;
     QtShell shell(data.empty() ? data : data / "running.lock");
     QtBackground background;
-    Platform platform{store,     sound,  files,  fileDialog, messageBox,
-                      clipboard, timers, screen, shell,      background};
+    PosixRecoveryStore recovery(RecoveryFolder());
+    Platform platform{store,  sound,  files, fileDialog, messageBox, clipboard,
+                      timers, screen, shell, background, recovery};
     SetUpStore(store, platform);
 
     QtWindowMessages windowIds;
@@ -163,6 +171,10 @@ int Run(int argc, char** argv) {
     Program program(platform, window, toolkit, [&window](ProgramParts& parts) {
         return std::make_unique<ProgramDialogs>(parts, window);
     });
+    const EndSignals endSignals([&program] { program.EndAtOnce(); });
+    QObject::connect(
+        &application, &QGuiApplication::commitDataRequest, &application,
+        [&program] { program.SaveWhatIsNew(); }, Qt::DirectConnection);
     QTimer::singleShot(0, &application, [&] { program.Main(); });
     return QApplication::exec();
 }

@@ -3,6 +3,7 @@
 #include "platform/FileSystem.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -32,6 +33,10 @@ struct DocumentState {
     std::u16string saveTarget;
 
     std::optional<KnownFile> file; ///< the document's; none where it holds other letters than the text
+    /// The file that the document was last read from or written to; empty for one without.
+    std::u16string path;
+    bool isRich = false;           ///< that file was RTF
+    std::uint64_t knownDigest = 0; ///< of its contents then
 };
 
 } // namespace quillshift

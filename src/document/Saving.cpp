@@ -64,6 +64,16 @@ void Saving::DocumentLoaded(const std::u16string& path, const FileContents& cont
     known_[path] = {Digest(contents.bytes), false};
 }
 
+void Saving::DocumentRestored(const std::u16string& path, std::uint64_t digest) {
+    DocumentChanged();
+    known_[path] = {static_cast<std::size_t>(digest), false};
+}
+
+std::uint64_t Saving::KnownDigest(const std::u16string& path) const {
+    const auto found = known_.find(path);
+    return found != known_.end() ? found->second.digest : 0;
+}
+
 bool Saving::Remembers(const std::u16string& path, std::string_view bytes) const {
     const auto found = known_.find(path);
     return found != known_.end() && found->second.digest == Digest(bytes);

@@ -3,6 +3,7 @@
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
 
+#include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
@@ -35,6 +36,10 @@ public:
     void DocumentChanged();
     /// A file was loaded as the document.
     void DocumentLoaded(const std::u16string& path, const FileContents& contents);
+    /// A document was loaded that an earlier run had worked on, when the file's contents had this digest.
+    void DocumentRestored(const std::u16string& path, std::uint64_t digest);
+    /// Of the contents that this run knows of a file; 0 if it knows none.
+    std::uint64_t KnownDigest(const std::u16string& path) const;
 
     /// Asks as needed. A No leaves everything as it was.
     Outcome Save(const Order& order);

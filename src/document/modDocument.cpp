@@ -21,10 +21,13 @@ std::u16string_view NameIn(std::u16string_view path) {
 // --- The commands
 
 BoxAnswer modDocument::AskToSave(BoxButtons buttons) {
+    saidNo_ = false;
     if (!services_.state.DocumentModified || !services_.settings.Is(Setting::SaveChange))
         return BoxAnswer::No;
-    return services_.platform.messageBox.Ask(
+    const BoxAnswer answer = services_.platform.messageBox.Ask(
         u"Документ был изменен. Вы хотите сохранить сделанные изменения?", buttons);
+    saidNo_ = answer == BoxAnswer::No;
+    return answer;
 }
 
 // Yes saves and ends the command there: the user gives it again once the text is safe.
@@ -38,9 +41,11 @@ bool modDocument::MayDropText() {
 void modDocument::New() {
     if (!MayDropText())
         return;
+    BeforeReplacing();
     services_.document.LoadPlain(u""); // loaded, not set: an unchanged document stays one
     saving_.DocumentChanged();
     services_.state.file.reset();
+    services_.recovery.Settled();
 }
 
 void modDocument::Open() {
@@ -121,6 +126,7 @@ void modDocument::LoadChosen() {
 void modDocument::ReopenDocument() {
     if (services_.platform.fileDialog.FileName.empty())
         return;
+    saidNo_ = false;
     Report([this] {
         const bool plain = LoadBoth();
         if (!plain || services_.platform.fileDialog.FileName != services_.state.saveTarget)
@@ -153,11 +159,45 @@ bool modDocument::LoadBoth() {
     const FileName path = services_.platform.fileDialog.FileName;
     const FileContents contents = ReadOrThrow(path);
     const FileText text = TextOf(contents, path);
+    BeforeReplacing();
     text.LoadInto(services_.document);
     text.LoadInto(services_.backup);
     saving_.DocumentLoaded(path, contents);
     services_.state.file.emplace(path, contents.mark, services_.document.Text());
+    NoteFile(path, !text.IsPlain());
+    services_.recovery.Settled();
     return text.IsPlain();
+}
+
+// What nobody has agreed to lose is kept.
+void modDocument::BeforeReplacing() {
+    if (!saidNo_)
+        services_.recovery.KeepReplaced();
+}
+
+void modDocument::NoteFile(const FileName& path, bool isRich) {
+    services_.state.path = path;
+    services_.state.isRich = isRich;
+    services_.state.knownDigest = saving_.KnownDigest(path);
+}
+
+void modDocument::Restore(const RecoveredText& left) {
+    const RecoveryPlace& place = left.place;
+    services_.document.LoadPlain(left.text);
+    services_.document.SetSelStart(place.caret);
+    services_.state.DocumentModified = true;
+    services_.state.ReopenAvailable = place.reopenAvailable;
+    services_.state.SaveAvailable = place.saveAvailable;
+    services_.state.saveTarget = place.saveTarget;
+    if (place.path.empty())
+        return;
+    NameFile(place.path);
+    const FileContents contents = services_.platform.files.Read(place.path);
+    if (!contents.failure)
+        FileText(contents.bytes).LoadInto(services_.backup);
+    saving_.DocumentRestored(place.path, place.knownDigest);
+    NoteFile(place.path, place.isRich);
+    ApplyCaptionRule();
 }
 
 // Plain Save must never put this text into the file that was saved before it; and formatting is never
@@ -245,6 +285,9 @@ bool modDocument::WriteDocument(const FileName& path, bool isPlainSave) {
     if (!outcome.written)
         return false;
     NameFile(path);
+    NoteFile(path, false);
+    if (services_.document.Text() == text) // nothing was taken in behind a question
+        services_.recovery.Settled();
     ApplyCaptionRule();
     return true;
 }

@@ -2,6 +2,7 @@
 
 #include "document/DocumentState.h"
 #include "document/FileText.h"
+#include "document/Recovery.h"
 #include "document/Saving.h"
 #include "platform/Platform.h"
 #include "platform/TextSurface.h"
@@ -26,6 +27,7 @@ public:
         TextSurface& backup;   ///< `RichTextBoxBackup`: the document as it last stood on disk
         TextSurface& import;   ///< `RichTextBoxImport`: the file being imported
         Window& mainWindow;
+        Recovery& recovery;
         std::function<void()> startDecode;
         std::function<void()> paste; ///< puts the clipboard's text in at the caret
     };
@@ -48,6 +50,8 @@ public:
     void OpenDocument();
     /// Opens a file as the command does, without its dialog.
     void OpenFile(std::u16string_view path);
+    /// Loads what a dead copy left, as a changed document.
+    void Restore(const RecoveredText& left);
     void ReopenDocument();
     /// As `ReopenDocument`, with the file that the document was last read from or written to.
     void ReopenOwnFile();
@@ -66,6 +70,8 @@ private:
     FileText TextOf(const FileContents& contents, const FileName& path);
     bool LoadBoth();
     void NameFile(const FileName& path);
+    void BeforeReplacing();
+    void NoteFile(const FileName& path, bool isRich);
     void PointSaveAtOpenedFile(bool plain);
     bool ImportRtfFile(std::u16string_view filter, std::u16string_view extension, std::u16string_view title);
     void InsertImported();
@@ -78,6 +84,7 @@ private:
 
     Services services_;
     Saving saving_;
+    bool saidNo_ = false; ///< the user lets the present text go
 };
 
 } // namespace quillshift

@@ -12,6 +12,7 @@ enum class DialogKind {
     WorkBegin, ///< asks what to begin with
     About,
     License,
+    Recovery,   ///< the unsaved texts of copies that did not end in order
 };
 
 /// Shows and closes the program's dialogs, one of each kind.

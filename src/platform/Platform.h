@@ -5,6 +5,7 @@
 #include "platform/FileDialog.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
+#include "platform/RecoveryStore.h"
 #include "platform/Screen.h"
 #include "platform/SettingsBackend.h"
 #include "platform/Shell.h"
@@ -26,6 +27,7 @@ struct Platform {
     Screen& screen;
     Shell& shell;
     Background& background;
+    RecoveryStore& recovery;
 };
 
 } // namespace quillshift

@@ -82,6 +82,8 @@ void ClipboardWatcher::TakeIn(Copy copy) {
     const bool accumulates = services_.settings.Is(Setting::Accumulate);
     if (accumulates && !old.empty())
         text = std::u16string(old) + u'\r' + text;
+    else
+        services_.replaces();
     services_.document.SetText(text);
     services_.tookIn();
 }

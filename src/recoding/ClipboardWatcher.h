@@ -25,6 +25,7 @@ public:
         TextSurface& document;
         Timers& timers;
         std::function<void()> gatherText; ///< the document gets what is being written elsewhere
+        std::function<void()> replaces;   ///< the document's text is about to go
         std::function<void()> tookIn;     ///< the document has been changed
     };
 

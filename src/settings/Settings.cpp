@@ -85,6 +85,7 @@ constexpr std::array kRows{
     General(CreateBackupIn, "CreateBackupIn", u"1"),
     General(BackupFolder, "BackupFolder"),
     General(SaveFileName, "SaveFileName"),
+    General(Recovery, "Recovery"),
     Dialog(Splash, "Splash", 0),
     Dialog(Welcome, "Welcome", 1),
     Dialog(WorkBegin, "WorkBegin", 1),

@@ -58,6 +58,7 @@ enum class Setting {
     CreateBackupIn,
     BackupFolder,
     SaveFileName,
+    Recovery, ///< absent: on
     // Dialogs shown
     Splash,
     Welcome,

@@ -42,6 +42,11 @@ void ChoosePair(ProgramParts& parts, int /*argument*/, std::string_view /*key*/)
         parts.dialogs->Show(DialogKind::Decode);
 }
 
+void ClearText(ProgramParts& parts, int /*argument*/, std::string_view /*key*/) {
+    parts.recovery.KeepReplaced();
+    parts.edit.Clear();
+}
+
 void StartDecode(ProgramParts& parts, int /*argument*/, std::string_view /*key*/) {
     if (!parts.recoding.walking)
         parts.recoding.StopRequested = false;
@@ -87,7 +92,7 @@ constexpr std::array kCommands{
     CommandRow{Command::Paste, Clipboard, [](P& p, int, Key) { p.edit.Paste(); }},
     CommandRow{Command::Delete, Selection, [](P& p, int, Key) { p.edit.Delete(); }},
     CommandRow{Command::SelectAll, Text, [](P& p, int, Key) { p.edit.SelectAll(); }},
-    CommandRow{Command::Clear, Text, [](P& p, int, Key) { p.edit.Clear(); }},
+    CommandRow{Command::Clear, Text, ClearText},
     CommandRow{Command::Find, Text, nullptr},
     CommandRow{Command::FindNext, Text, nullptr},
     CommandRow{Command::Replace, Text, nullptr},

@@ -17,20 +17,40 @@ MainLoad::MainLoad(ProgramParts& parts, Commands& commands)
 // A load that fails on the way is reported over the window, not in its stead.
 void MainLoad::ShowMainWindow() {
     timerCommandBars_->StartOnce();
-    std::exception_ptr failure;
-    try {
-        Load();
-    } catch (const Error&) {
-        failure = std::current_exception();
-    }
+    const bool offers = parts_.recovered.Find();
+    Attempt(&MainLoad::Load);
+    if (!offers)
+        Attempt(&MainLoad::LoadDocument);
+    LoadFont();
     parts_.layout.LayOut();
     commands_.UpdateStates();
     parts_.window.Show();
+    if (offers)
+        OfferRecovered();
     // Not earlier: a job of the load runs events, and would re-code again what was taken in meanwhile.
-    if (parts_.settings.Is(Setting::ClipboardDetect))
+    if (parts_.settings.Is(Setting::ClipboardDetect) && !parts_.recovered.HasRestored())
         parts_.watcher.Start();
-    if (failure)
-        std::rethrow_exception(failure);
+    if (failure_)
+        std::rethrow_exception(failure_);
+}
+
+void MainLoad::Attempt(void (MainLoad::*step)()) {
+    try {
+        if (!failure_)
+            (this->*step)();
+    } catch (const Error&) {
+        failure_ = std::current_exception();
+    }
+}
+
+// Over the window, and before anything else brings a text into it. A restored text is left alone.
+void MainLoad::OfferRecovered() {
+    parts_.recovered.TellOfDamaged();
+    if (parts_.recovered.Count() > 0)
+        parts_.dialogs->Show(DialogKind::Recovery);
+    parts_.recovered.Release();
+    if (!parts_.recovered.HasRestored())
+        Attempt(&MainLoad::LoadDocument);
 }
 
 void MainLoad::Load() {
@@ -50,7 +70,6 @@ void MainLoad::Load() {
     LoadBars();
     LoadPlace();
     ShowCaption(parts_.window, parts_.settings, u"Документ", u"Документ не сохранен");
-    LoadDocument();
 }
 
 void MainLoad::LoadToolBars() {
@@ -112,7 +131,11 @@ void MainLoad::LoadDocument() {
             document.SetText(*copied);
             parts_.job.StartDecode();
         }
-    document.SetFont({parts_.settings.Text(Setting::FontName), parts_.settings.Number(Setting::FontSize)});
+}
+
+void MainLoad::LoadFont() {
+    parts_.window.RichTextBox().SetFont(
+        {parts_.settings.Text(Setting::FontName), parts_.settings.Number(Setting::FontSize)});
 }
 
 // Tips that were taken away come back only at the next start.

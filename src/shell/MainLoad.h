@@ -3,6 +3,7 @@
 #include "shell/Commands.h"
 #include "shell/ProgramParts.h"
 
+#include <exception>
 #include <memory>
 
 namespace quillshift {
@@ -16,6 +17,7 @@ public:
     void ShowMainWindow();
 
 private:
+    void Attempt(void (MainLoad::*step)());
     void Load();
     void LoadToolBars();
     void AttachToolBars();
@@ -23,10 +25,13 @@ private:
     void LoadBars();
     void LoadPlace();
     void LoadDocument();
+    void LoadFont();
+    void OfferRecovered();
     void ApplyBarOptions();
 
     ProgramParts& parts_;
     Commands& commands_;
+    std::exception_ptr failure_;              ///< the first of the load
     std::unique_ptr<Timer> timerCommandBars_; ///< applies the bars' options over what the load has set
 };
 

@@ -49,8 +49,9 @@ public:
     // Notifications.
     std::function<void()> OnResize;
     std::function<void()> OnDirectionChange;
-    std::function<void()> OnActivate; ///< the keyboard has come, and no button is held any more
-    std::function<bool()> OnClose;    ///< answers whether the window may close
+    std::function<void()> OnActivate;   ///< the keyboard has come, and no button is held any more
+    std::function<void()> OnDeactivate; ///< the keyboard goes to another window
+    std::function<bool()> OnClose;      ///< answers whether the window may close
 };
 
 } // namespace quillshift

@@ -32,10 +32,16 @@ Program::Program(Platform& platform, MainView& window, mCommandBars& toolkit, co
     };
 }
 
+void Program::EndAtOnce() {
+    SaveWhatIsNew();
+    parts_.platform.shell.EndProcess();
+}
+
 void Program::ConnectWindow() {
     parts_.window.OnResize = [this] { parts_.layout.LayOut(); };
     parts_.window.OnClose = [this] { return main_.Close(); };
     parts_.window.OnActivate = [this] { parts_.reopenOffer.Look(); };
+    parts_.window.OnDeactivate = [this] { parts_.recovery.Flush(); };
     parts_.window.OnDirectionChange = [this] { OnDirectionChange(); };
 }
 
@@ -43,6 +49,7 @@ void Program::ConnectSurface() {
     TextSurface& surface = parts_.window.RichTextBox();
     surface.OnChange = [this](const TextEdit& edit) {
         parts_.history.Record(edit);
+        parts_.recovery.Edited(parts_.window.RichTextBox(), edit);
         commands_.InputsChanged();
     };
     surface.OnSelChange = [this] {

@@ -15,6 +15,10 @@ public:
 
     /// From the notices to the first window.
     void Main() { main_.Main(); }
+    /// The system ends the program: the unsaved text is written, and nobody is asked.
+    void EndAtOnce();
+    /// The desktop ends soon, and may end the program with it.
+    void SaveWhatIsNew() { parts_.recovery.FlushAndWait(); }
     /// Runs the command of an entry of the catalogue.
     void Run(std::string_view key) { commands_.Run(key); }
     ProgramParts& Parts() { return parts_; }

@@ -1,6 +1,7 @@
 #include "shell/ProgramDialogs.h"
 
 #include "document/frmFScreen.h"
+#include "document/frmRecovery.h"
 #include "recoding/frmDecode.h"
 #include "recoding/frmDecoding.h"
 #include "settings/frmAbout.h"
@@ -65,6 +66,10 @@ const ProgramDialogs::Row& ProgramDialogs::RowOf(DialogKind kind) {
         Row{DialogKind::License, Stand::Modal,
             [](Context context, ProgramParts&, int) -> std::unique_ptr<Dialog> {
                 return std::make_unique<frmLicense>(context);
+            }},
+        Row{DialogKind::Recovery, Stand::Modal,
+            [](Context context, ProgramParts& parts, int) -> std::unique_ptr<Dialog> {
+                return std::make_unique<frmRecovery>(context, parts.recovered);
             }},
     };
     return *std::find_if(kRows.begin(), kRows.end(), [kind](const Row& row) { return row.kind == kind; });

@@ -12,17 +12,21 @@ ProgramParts::ProgramParts(Platform& thePlatform, MainView& mainWindow, mCommand
       layout(window, bars, settings, platform.timers),
       dialogs(makeDialogs(*this)),
       start({settings, *dialogs, platform.timers, platform.sound, platform.shell}),
-      fullScreen({window.RichTextBox(), *dialogs, [](const TextSurface&) {},
-                  [](const TextSurface&, const TextEdit&) {}}),
+      fullScreen(
+          {window.RichTextBox(), *dialogs, [this](const TextSurface& surface) { recovery.Follow(surface); },
+           [this](const TextSurface& surface, const TextEdit& one) { recovery.Edited(surface, one); }}),
       job({recoding, settings, platform.messageBox, window.RichTextBox(), window, *dialogs,
            platform.fileDialog.FileName, [this] { fullScreen.End(); }}),
       edit({window.RichTextBox(), platform.clipboard, platform.messageBox, document, history}),
+      recovery({platform.recovery, settings, platform.timers, document, window.RichTextBox()}),
       documents({document, settings, sounds, platform, window.RichTextBox(), window.RichTextBoxBackup(),
-                 window.RichTextBoxImport(), window, [this] { job.StartDecode(); },
+                 window.RichTextBoxImport(), window, recovery, [this] { job.StartDecode(); },
                  [this] { edit.Paste(); }}),
       reopenOffer({platform.files, platform.background, platform.messageBox, document, window.RichTextBox(),
                    [this] { return MayInterrupt(); }, [this] { documents.ReopenOwnFile(); }}),
+      recovered({platform.recovery, platform.messageBox, recovery, documents}),
       watcher({platform.clipboard, settings, recoding, window.RichTextBox(), platform.timers,
-               [this] { fullScreen.End(); }, [this] { document.DocumentModified = true; }}) {}
+               [this] { fullScreen.End(); }, [this] { recovery.KeepReplaced(); },
+               [this] { document.DocumentModified = true; }}) {}
 
 } // namespace quillshift

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "document/FullScreen.h"
+#include "document/RecoveredTexts.h"
+#include "document/Recovery.h"
 #include "document/ReopenOffer.h"
 #include "document/UndoHistory.h"
 #include "document/modDocument.h"
@@ -44,8 +46,10 @@ struct ProgramParts {
     FullScreen fullScreen;
     RecodingJob job;
     modEdit edit;
+    Recovery recovery;
     modDocument documents;
     ReopenOffer reopenOffer;
+    RecoveredTexts recovered;
     ClipboardWatcher watcher;
 
     /// Whether a question may come up that answers no command: nothing else has the user's attention.

@@ -202,10 +202,13 @@ void frmMain::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     if (event->type() != QEvent::ActivationChange)
         return;
-    if (isActiveWindow())
+    if (isActiveWindow()) {
         activated_.start();
-    else
-        activated_.stop();
+        return;
+    }
+    activated_.stop();
+    if (OnDeactivate)
+        OnDeactivate();
 }
 
 // A click on the window gives it the keyboard before its press arrives, which may begin a drag.

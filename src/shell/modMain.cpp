@@ -85,6 +85,7 @@ bool modMain::Close() {
         return false;
     parts_.platform.clipboard.OnChange = nullptr; // the memory of the clipboard stays empty
     parts_.platform.clipboard.HandOver();
+    parts_.recovery.End();
     parts_.platform.shell.EndProcess();
     return true;
 }

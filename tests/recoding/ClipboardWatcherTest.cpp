@@ -26,7 +26,7 @@ struct ClipboardWatcherTest : testing::Test, FakePlatform {
     FakeSurface document;
     int takenIn = 0;
     ClipboardWatcher watcher{
-        {clipboard, settings, recoding, document, FakePlatform::timers, [] {}, [this] { ++takenIn; }}};
+        {clipboard, settings, recoding, document, FakePlatform::timers, [] {}, [] {}, [this] { ++takenIn; }}};
 };
 
 TEST_F(ClipboardWatcherTest, TheSameTextIsTakenInOnceAlsoIfTheStoreCantHoldIt) {

@@ -45,6 +45,7 @@ TEST(Settings, NamesWhatOnlyTheUserGives) {
         {Setting::FolderDocuments, "Preferences", "FolderDocuments"},
         {Setting::BackupFolder, "Preferences", "BackupFolder"},
         {Setting::SaveFileName, "Preferences", "SaveFileName"},
+        {Setting::Recovery, "Preferences", "Recovery"},
         {Setting::User, R"(Preferences\Locked)", "User"},
         {Setting::Password, R"(Preferences\Locked)", "Password"},
         {Setting::Tip, R"(Preferences\Locked)", "Tip"},

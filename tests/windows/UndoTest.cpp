@@ -1,3 +1,4 @@
+#include "document/Recovery.h"
 #include "document/UndoHistory.h"
 #include "document/modEdit.h"
 #include "document/rtf/RtfReader.h"
@@ -26,7 +27,10 @@ namespace {
 struct UndoTest : testing::Test, FakePlatform {
     UndoTest() {
         surface.resize(300, 200);
-        surface.OnChange = [this](const TextEdit& change) { history.Record(change); };
+        surface.OnChange = [this](const TextEdit& change) {
+            history.Record(change);
+            unsaved.Edited(surface, change);
+        };
         surface.OnFileDrop = [](std::u16string_view) {};
     }
     void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
@@ -48,6 +52,8 @@ struct UndoTest : testing::Test, FakePlatform {
     QtTextSurface surface;
     DocumentState state;
     UndoHistory history;
+    Settings settings{store};
+    Recovery unsaved{{recovery, settings, timers, state, surface}};
     modEdit edit{{surface, clipboard, messageBox, state, history}};
     RandomText random{7};
 
@@ -122,6 +128,13 @@ TEST_F(UndoTest, GivesEveryTextBackAsItWas) {
         ASSERT_EQ(surface.Text(), texts[now]) << step << ": " << what;
         ASSERT_EQ(history.UndoSteps(), now + 1) << step << ": " << what;
         ASSERT_EQ(history.RedoSteps(), texts.size() - 1 - now) << step << ": " << what;
+        if (random.Below(4) == 0)
+            unsaved.Flush();
+        if (random.Below(4) == 0) {
+            unsaved.Flush();
+            const auto left = ReadRecoveryFile(recovery.file.value_or(""));
+            ASSERT_EQ(left ? left->text : u"", surface.Text()) << step << ": " << what;
+        }
     }
     EXPECT_GT(texts.size(), 50U);
     while (now > 0) {

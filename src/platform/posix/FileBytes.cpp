@@ -125,6 +125,19 @@ int WriteAll(int fd, std::string_view bytes) {
     return 0;
 }
 
+int ReadAll(int fd, std::string& bytes) {
+    bytes.clear();
+    std::string buffer(std::size_t{256} << 10U, '\0');
+    for (;;) {
+        const ssize_t got = pread(fd, buffer.data(), buffer.size(), static_cast<off_t>(bytes.size()));
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got <= 0)
+            return got == 0 ? 0 : errno;
+        bytes.append(buffer, 0, static_cast<std::size_t>(got));
+    }
+}
+
 // Some file systems have nothing to flush and say so.
 int Flush(int fd) {
     return fsync(fd) == 0 || errno == EINVAL || errno == ENOSYS || errno == ENOTSUP ? 0 : errno;

@@ -74,6 +74,8 @@ int Lock(int fd);
 int FollowLinks(std::string& path);
 /// Writes from where the file stands. What accepts nothing for a few seconds is given up.
 int WriteAll(int fd, std::string_view bytes);
+/// Reads all of a file, wherever it stands.
+int ReadAll(int fd, std::string& bytes);
 /// Waits until the disk has it.
 int Flush(int fd);
 /// Makes the names in a folder last through a power cut.

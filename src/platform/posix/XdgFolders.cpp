@@ -25,15 +25,23 @@ std::filesystem::path HomeInUserDatabase() {
     return home.is_absolute() ? home : std::filesystem::path();
 }
 
-} // namespace
-
-std::filesystem::path XdgDataFolder() {
-    if (auto folder = FolderInEnvironment("XDG_DATA_HOME"); !folder.empty())
+std::filesystem::path FolderOrInHome(const char* variable, const char* inHome) {
+    if (auto folder = FolderInEnvironment(variable); !folder.empty())
         return folder;
     auto home = FolderInEnvironment("HOME");
     if (home.empty())
         home = HomeInUserDatabase();
-    return home.empty() ? home : home / ".local" / "share";
+    return home.empty() ? home : home / ".local" / inHome;
+}
+
+} // namespace
+
+std::filesystem::path XdgDataFolder() {
+    return FolderOrInHome("XDG_DATA_HOME", "share");
+}
+
+std::filesystem::path XdgStateFolder() {
+    return FolderOrInHome("XDG_STATE_HOME", "state");
 }
 
 } // namespace quillshift

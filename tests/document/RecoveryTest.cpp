@@ -1,0 +1,190 @@
+#include "document/Recovery.h"
+#include "support/TestProgram.h"
+
+#include <gtest/gtest.h>
+
+namespace quillshift {
+namespace {
+
+struct RecoveryTest : testing::Test {
+    TestProgram test;
+    FakeMainView& window = test.Start();
+    FakeSurface& document = window.document;
+    FakeRecoveryStore& store = test.recovery;
+
+    static std::u16string TextIn(const std::optional<std::string>& file) {
+        const auto left = file ? ReadRecoveryFile(*file) : std::nullopt;
+        return left ? left->text : u"none";
+    }
+    void Type(std::u16string_view text) { document.SetSelText(text); }
+    std::u16string Written() {
+        test.timers.Tick();
+        return TextIn(store.file);
+    }
+};
+
+TEST(RecoveryFormat, ACutOrZeroTailIsNoDamageAndAllElseIs) {
+    const RecoveryPlace place{.caret = 3,
+                              .isRich = false,
+                              .reopenAvailable = true,
+                              .saveAvailable = false,
+                              .isLocked = true,
+                              .knownDigest = ~std::uint64_t{0},
+                              .path = u"/d/я.txt",
+                              .saveTarget = u"/d/b.txt"};
+    const std::u16string text{u'a', u'\xD83D', u'\0', u'\x0410', u'\r', u'\n', u'\xDE00'};
+    const std::string whole = RecoveryFile(text, {});
+    const std::string edited = whole + EditRecord(1, 4, u"bc");
+    const std::string all = edited + PlaceRecord(place);
+    const auto left = ReadRecoveryFile(all);
+    ASSERT_TRUE(left);
+    EXPECT_EQ(left->text, (std::u16string{u'a', u'b', u'c', u'\n', u'\xDE00'}));
+    EXPECT_EQ(left->place, place);
+
+    for (std::size_t cut = 0; cut < all.size(); ++cut)
+        for (const std::size_t zeros : {0, 1, 600}) {
+            const auto read = ReadRecoveryFile(all.substr(0, cut) + std::string(zeros, '\0'));
+            if (read) {
+                EXPECT_EQ(read->text, cut >= edited.size() ? left->text : text) << cut;
+                EXPECT_EQ(read->place, RecoveryPlace{}) << cut;
+            }
+            EXPECT_EQ(read.has_value(), cut >= whole.size() - PlaceRecord({}).size()) << cut;
+        }
+    for (std::size_t at = 0; at < all.size(); ++at)
+        for (const int bit : {0, 3, 7}) {
+            std::string damaged = all;
+            damaged[at] = static_cast<char>(damaged[at] ^ 1 << bit);
+            EXPECT_FALSE(ReadRecoveryFile(damaged)) << at;
+        }
+    EXPECT_FALSE(ReadRecoveryFile(whole + EditRecord(6, 2, u"")));
+    EXPECT_FALSE(ReadRecoveryFile(whole + EditRecord(8, 0, u"x")));
+    EXPECT_FALSE(ReadRecoveryFile(whole.substr(0, 22) + PlaceRecord(place)));
+}
+
+TEST_F(RecoveryTest, IsWrittenASecondAfterAChangeOrWhenTheUserTurnsAway) {
+    document.SetSelStart(0);
+    test.timers.Tick();
+    EXPECT_FALSE(store.file) << "nothing has changed";
+    Type(u"one");
+    EXPECT_FALSE(store.file);
+    EXPECT_EQ(Written(), u"one");
+    Type(u" two");
+    window.OnDeactivate();
+    EXPECT_EQ(TextIn(store.file), u"one two");
+    EXPECT_EQ(ReadRecoveryFile(*store.file)->place.caret, 7U);
+    const std::string before = *store.file;
+    window.OnDeactivate();
+    test.timers.Tick();
+    EXPECT_EQ(store.file, before) << "nothing is new";
+    EXPECT_EQ(store.wholes, 1);
+}
+
+TEST_F(RecoveryTest, ManyEditsAreShortened) {
+    std::size_t longest = 0;
+    for (int i = 0; i < 520; ++i) {
+        document.SetSelStart(i % 2 == 0 ? 0 : document.Text().size());
+        Type(u"x");
+        ASSERT_EQ(Written(), document.Text());
+        longest = std::max(longest, store.file->size());
+    }
+    EXPECT_EQ(store.rewrites, 2);
+    EXPECT_LT(store.file->size(), longest / 3);
+}
+
+TEST_F(RecoveryTest, AFailedWriteIsMadeUpForByTheWholeText) {
+    Type(u"one");
+    test.timers.Tick();
+    store.fails = true;
+    Type(u" two");
+    EXPECT_EQ(Written(), u"one");
+    store.fails = false;
+    window.OnDeactivate();
+    EXPECT_EQ(TextIn(store.file), u"one two") << "nothing is new, but something is missing";
+    store.fails = true;
+    Type(u" three");
+    test.timers.Tick();
+    store.fails = false;
+    Type(u" four");
+    EXPECT_EQ(Written(), u"one two three four");
+    EXPECT_EQ(store.wholes, 3);
+}
+
+// What becomes of the text that was typed, by what replaces or saves it.
+TEST(RecoveryRules, ATextGoesOnceItIsSavedOrLetGoAndIsKeptWhenReplacedUnasked) {
+    struct Case {
+        std::vector<std::string> run; ///< commands, or what is named below
+        std::u16string file, kept;    ///< what is in them then
+    };
+    const std::u16string typed = u"typed old";
+    const std::map<std::string, std::function<void(TestProgram&)>> others{
+        {"ask", [](TestProgram& t) { t.Set(Setting::SaveChange, u"1"); }},
+        {"No", [](TestProgram& t) { t.messageBox.answers.push_back(BoxAnswer::No); }},
+        {"no file", [](TestProgram& t) { t.fileDialog.chosen.clear(); }},
+        {"full disk", [](TestProgram& t) { t.files.unwritable = {u"/d/a.txt"}; }},
+        {"accumulate", [](TestProgram& t) { t.Set(Setting::Accumulate, u"1"); }},
+        {"copy", [](TestProgram& t) { t.clipboard.Hold(u"new"); }},
+        {"wait", [](TestProgram& t) { t.timers.Tick(); }},
+        {"close", [](TestProgram& t) { t.window.OnClose(); }},
+        {"off", [](TestProgram& t) { t.Set(Setting::Recovery, u"0").window.document.SetText(u"x"); }},
+        {"another text", [](TestProgram& t) { t.window.document.SetText(u"another"); }}};
+    const Case cases[] = {{{"MENU:FILE:SAVEAS"}, u"none", u"none"},
+                          {{"full disk", "MENU:FILE:SAVEAS"}, typed, u"none"},
+                          {{"MENU:FILE:NEW"}, u"none", typed},
+                          {{"ask", "MENU:FILE:NEW"}, typed, u"none"},
+                          {{"ask", "No", "MENU:FILE:NEW"}, u"none", u"none"},
+                          {{"MENU:FILE:OPEN"}, u"none", typed},
+                          {{"no file", "MENU:FILE:OPEN"}, typed, u"none"},
+                          {{"ask", "No", "MENU:FILE:OPEN"}, u"none", u"none"},
+                          {{"MENU:FILE:REOPEN"}, u"none", typed},
+                          {{"ask", "No", "no file", "MENU:FILE:OPEN", "MENU:FILE:REOPEN"}, u"none", typed},
+                          {{"MENU:EDIT:CLEAR", "wait"}, u"none", typed},
+                          {{"MENU:EDIT:CLEAR", "MENU:FILE:SAVEAS"}, u"none", typed},
+                          {{"MENU:EDIT:CLEAR", "another text", "MENU:EDIT:CLEAR"}, u"none", u"another"},
+                          {{"MENU:EDIT:CLEAR", "close"}, u"none", u"none"},
+                          {{"copy", "wait", "wait"}, u"new", typed},
+                          {{"accumulate", "copy", "wait", "wait"}, typed + u"\r\nnew", u"none"},
+                          {{"MENU:FILE:SAVEAS", "MENU:FILE:NEW"}, u"none", u"none"},
+                          {{"close"}, u"none", u"none"},
+                          {{"ask", "close"}, typed, u"none"},
+                          {{"off", "wait"}, u"none", u"none"}};
+    for (const Case& c : cases) {
+        TestProgram test;
+        test.Set(Setting::ClipboardDetect, u"1").Start();
+        test.OpenFile(u"/d/a.txt", " old");
+        test.window.document.SetSelText(u"typed");
+        test.timers.Tick();
+        test.fileDialog.chosen = {u"/d/a.txt"};
+        std::string all;
+        for (const std::string& step : c.run) {
+            all += step + ", ";
+            if (const auto other = others.find(step); other != others.end())
+                other->second(test);
+            else
+                test.program.Run(step);
+        }
+        EXPECT_EQ(RecoveryTest::TextIn(test.recovery.file), c.file) << all;
+        EXPECT_EQ(RecoveryTest::TextIn(test.recovery.kept), c.kept) << all;
+    }
+}
+
+TEST_F(RecoveryTest, FollowsTheSurfaceThatIsEditedAndTellsThatItIsLocked) {
+    Recovery& recovery = test.program.Parts().recovery;
+    FakeSurface other;
+    other.OnChange = [&](const TextEdit& edit) { recovery.Edited(other, edit); };
+    Type(u"one");
+    test.timers.Tick();
+    other.SetText(document.Text());
+    recovery.Follow(other);
+    test.timers.Tick();
+    EXPECT_EQ(store.wholes, 1) << "the same text";
+    other.SetSelText(u"in front of ");
+    document.SetText(u"not followed");
+    EXPECT_EQ(Written(), u"in front of one");
+    recovery.SetLocked(true);
+    EXPECT_TRUE(ReadRecoveryFile(*store.file)->place.isLocked);
+    recovery.Follow(document);
+    EXPECT_EQ(Written(), u"not followed");
+}
+
+} // namespace
+} // namespace quillshift
