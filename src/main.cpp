@@ -14,6 +14,7 @@
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/QtFileDialog.h"
 #include "platform/qt/QtMessageBox.h"
+#include "platform/qt/QtProgress.h"
 #include "platform/qt/QtScreens.h"
 #include "platform/qt/QtShell.h"
 #include "platform/qt/QtText.h"
@@ -154,9 +155,10 @@ int Run(int argc, char** argv) {
     QtScreens screen;
     QtShell shell(data.empty() ? data : data / "running.lock");
     QtBackground background;
+    QtProgress progress;
     PosixRecoveryStore recovery(RecoveryFolder());
     Platform platform{store,  sound,  files, fileDialog, messageBox, clipboard,
-                      timers, screen, shell, background, recovery};
+                      timers, screen, shell, background, progress, recovery};
     SetUpStore(store, platform);
 
     QtWindowMessages windowIds;

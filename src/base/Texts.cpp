@@ -1,10 +1,37 @@
 #include "base/Texts.h"
 
+#include <algorithm>
+
 namespace quillshift {
 
 std::u16string WholeNumberText(int number) {
     const std::string digits = std::to_string(number);
     return {digits.begin(), digits.end()};
+}
+
+std::u16string WithWholeBreaks(std::u16string_view text) {
+    constexpr std::u16string_view kBreaks = u"\r\n\u2028\u2029\uFDD0\uFDD1";
+    std::u16string whole;
+    whole.reserve(text.size());
+    for (std::size_t from = 0; from <= text.size();) {
+        const std::size_t at = std::min(text.find_first_of(kBreaks, from), text.size());
+        whole += text.substr(from, at - from);
+        if (at < text.size())
+            whole += u"\r\n";
+        from = at + (text.substr(at, 2) == u"\r\n" ? 2 : 1);
+    }
+    return whole;
+}
+
+std::u16string Quotable(std::u16string_view text) {
+    constexpr std::size_t kMostCharacters = 100;
+    constexpr int kMostLines = 5;
+    std::size_t end = std::min(text.size(), kMostCharacters);
+    int lines = 0;
+    for (std::size_t i = 0; i < end; ++i)
+        if (text[i] == u'\n' && ++lines == kMostLines)
+            end = i;
+    return std::u16string(text.substr(0, end)) + (end < text.size() ? u"…" : u"");
 }
 
 std::u16string FailureText(int number, std::u16string_view description) {

@@ -12,6 +12,11 @@ inline constexpr std::u16string_view kProgramTitle = u"Morvane Quillshift 3.0 Pr
 
 /// A whole number in decimal.
 std::u16string WholeNumberText(int number);
+/// With each line break as CR LF, whatever its kind: a lone CR or LF, a separator of lines or paragraphs, or
+/// one of the two codes that rich text is framed by.
+std::u16string WithWholeBreaks(std::u16string_view text);
+/// A text to be quoted in a message box: a long one is cut off, so that the box stays on the screen.
+std::u16string Quotable(std::u16string_view text);
 /// The text that reports a failure to a person.
 std::u16string FailureText(int number, std::u16string_view description);
 

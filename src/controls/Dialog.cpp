@@ -21,6 +21,12 @@ void Dialog::Play(const SoundEvent& event) {
         context_.sounds.PlaySoundEvent(event);
 }
 
+void Dialog::BringUp() {
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    raise();
+    activateWindow();
+}
+
 DialogButton::DialogButton(const QString& text, SoundEvents& sounds, QWidget* parent)
     : QPushButton(text, parent), sounds_(sounds) {
     setMouseTracking(true);

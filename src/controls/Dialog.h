@@ -46,6 +46,9 @@ public:
            DialogSounds sounds = DialogSounds::LoadAndUnload);
     ~Dialog() override;
 
+    /// The command that shows the dialog was given again: it comes up and takes the keyboard.
+    virtual void BringUp();
+
 protected:
     /// Makes a control under its name, which becomes the object name.
     template <typename Control, typename... Arguments>

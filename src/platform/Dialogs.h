@@ -13,6 +13,9 @@ enum class DialogKind {
     About,
     License,
     Recovery,   ///< the unsaved texts of copies that did not end in order
+    Find,
+    Replace,
+    GoTo, ///< asks for a line's number
 };
 
 /// Shows and closes the program's dialogs, one of each kind.

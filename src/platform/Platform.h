@@ -5,6 +5,7 @@
 #include "platform/FileDialog.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
+#include "platform/Progress.h"
 #include "platform/RecoveryStore.h"
 #include "platform/Screen.h"
 #include "platform/SettingsBackend.h"
@@ -27,6 +28,7 @@ struct Platform {
     Screen& screen;
     Shell& shell;
     Background& background;
+    Progress& progress;
     RecoveryStore& recovery;
 };
 

@@ -28,6 +28,14 @@ constexpr bool Has(FindOptions options, FindOptions one) {
     return (static_cast<unsigned>(options) & static_cast<unsigned>(one)) != 0;
 }
 
+/// One of a row of replacements: `went` stands at `place` once those before it are done.
+struct Replacement {
+    std::size_t place = 0;
+    std::u16string went;
+
+    bool operator==(const Replacement&) const = default;
+};
+
 /// One edit of a text: `went` stood at `place`, and `came` stands there now.
 struct TextEdit {
     std::size_t place = 0;
@@ -76,12 +84,30 @@ public:
     virtual SurfaceFont Font() const = 0;
     virtual void SetFont(const SurfaceFont& font) = 0;
 
-    /// Searches forward from `start`, selects the first match and gives its position.
-    virtual std::optional<std::size_t> Find(std::u16string_view wanted, std::size_t start,
-                                            FindOptions options) = 0;
+    /// Position of the first match in `text` that begins at `start` or behind. `wanted` has whole line
+    /// breaks; an empty one is found nowhere. Case and words go by Unicode: letters, digits, the marks on
+    /// them and the underscore belong to a word.
+    virtual std::optional<std::size_t> FindIn(std::u16string_view text, std::u16string_view wanted,
+                                              std::size_t start, FindOptions options) const = 0;
+    /// Searches the whole text like that, selects the match and gives its position.
+    std::optional<std::size_t> Find(std::u16string_view wanted, std::size_t start, FindOptions options) {
+        const auto place = FindIn(Text(), wanted, start, options);
+        if (place) {
+            SetSelStart(*place);
+            SetSelLength(wanted.size());
+        }
+        return place;
+    }
+    /// Replaces by `by` what `next` names, one after another, until it names nothing. The text is laid out
+    /// and shown once, at the end; then each is told as a `Change` of its own, and one `SelChange`: the caret
+    /// stands behind the last of them. `Text` is that of before while `next` is asked.
+    virtual void ReplaceEach(const std::function<const Replacement*()>& next, std::u16string_view by) = 0;
     /// Position of the first character of a line as it is laid out, the first line being 0. -1 asks for the
     /// line of the caret; a line behind the last has none.
     virtual std::optional<std::size_t> LineIndex(int line) const = 0;
+    virtual int LineCount() const = 0;
+    /// Where the selection, or the caret, is seen on the screen; empty while it is out of sight.
+    virtual Rect SelectionOnScreen() const = 0;
 
     /// Position of the first character in sight; what shows above all lines when it is set, as far as the
     /// text behind it reaches.
@@ -90,6 +116,8 @@ public:
 
     /// Whether the user may edit the text; calls always do.
     virtual void SetReadOnly(bool readOnly) = 0;
+
+    /// Gives the surface the keyboard, also from another window of the program.
     virtual void SetFocus() = 0;
 
     // Notifications, raised inside the operation that causes them.

@@ -1,6 +1,9 @@
 #include "shell/ProgramDialogs.h"
 
 #include "document/frmFScreen.h"
+#include "document/frmFind.h"
+#include "document/frmGoTo.h"
+#include "document/frmReplace.h"
 #include "document/frmRecovery.h"
 #include "recoding/frmDecode.h"
 #include "recoding/frmDecoding.h"
@@ -20,8 +23,8 @@ namespace quillshift {
 
 namespace {
 
-// A modal dialog is unloaded when it closes, any other when it is told to. One that stands alone shows before
-// the main window.
+// A modal dialog and one beside the main window are unloaded when they close, or when they are told to; one
+// that stands alone, before the main window, only when it is told to.
 enum class Stand { Modal, Beside, Alone };
 
 } // namespace
@@ -71,6 +74,18 @@ const ProgramDialogs::Row& ProgramDialogs::RowOf(DialogKind kind) {
             [](Context context, ProgramParts& parts, int) -> std::unique_ptr<Dialog> {
                 return std::make_unique<frmRecovery>(context, parts.recovered);
             }},
+        Row{DialogKind::Find, Stand::Beside,
+            [](Context context, ProgramParts& parts, int) -> std::unique_ptr<Dialog> {
+                return std::make_unique<frmFind>(context, parts.search);
+            }},
+        Row{DialogKind::Replace, Stand::Beside,
+            [](Context context, ProgramParts& parts, int) -> std::unique_ptr<Dialog> {
+                return std::make_unique<frmReplace>(context, parts.search);
+            }},
+        Row{DialogKind::GoTo, Stand::Beside,
+            [](Context context, ProgramParts& parts, int) -> std::unique_ptr<Dialog> {
+                return std::make_unique<frmGoTo>(context, parts.lines);
+            }},
     };
     return *std::find_if(kRows.begin(), kRows.end(), [kind](const Row& row) { return row.kind == kind; });
 }
@@ -83,7 +98,8 @@ void ProgramDialogs::Show(DialogKind kind, int argument) {
     const Row& row = RowOf(kind);
     std::unique_ptr<Dialog>& dialog = loaded_[kind];
     QWidget* const owner = row.stand == Stand::Alone ? nullptr : &owner_;
-    if (!dialog)
+    const bool isNew = !dialog;
+    if (isNew)
         dialog = row.make({parts_.platform, parts_.settings, parts_.sounds, owner}, parts_, argument);
     switch (row.stand) {
     case Stand::Modal:
@@ -91,7 +107,11 @@ void ProgramDialogs::Show(DialogKind kind, int argument) {
         loaded_.erase(kind);
         break;
     case Stand::Beside:
+        if (isNew)
+            QObject::connect(dialog.get(), &QDialog::finished, [this, kind] { Close(kind); });
         ShowBeside(*dialog);
+        if (!isNew)
+            dialog->BringUp();
         break;
     case Stand::Alone:
         dialog->show();

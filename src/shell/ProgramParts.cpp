@@ -19,6 +19,8 @@ ProgramParts::ProgramParts(Platform& thePlatform, MainView& mainWindow, mCommand
            platform.fileDialog.FileName, [this] { fullScreen.End(); }}),
       edit({window.RichTextBox(), platform.clipboard, platform.messageBox, document, history}),
       recovery({platform.recovery, settings, platform.timers, document, window.RichTextBox()}),
+      search({window.RichTextBox(), platform.messageBox, platform.progress, *dialogs}),
+      lines(window.RichTextBox(), platform.messageBox),
       documents({document, settings, sounds, platform, window.RichTextBox(), window.RichTextBoxBackup(),
                  window.RichTextBoxImport(), window, recovery, [this] { job.StartDecode(); },
                  [this] { edit.Paste(); }}),

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "document/FullScreen.h"
+#include "document/GoToLine.h"
 #include "document/RecoveredTexts.h"
 #include "document/Recovery.h"
 #include "document/ReopenOffer.h"
+#include "document/Search.h"
 #include "document/UndoHistory.h"
 #include "document/modDocument.h"
 #include "document/modEdit.h"
@@ -47,6 +49,8 @@ struct ProgramParts {
     RecodingJob job;
     modEdit edit;
     Recovery recovery;
+    Search search;
+    GoToLine lines;
     modDocument documents;
     ReopenOffer reopenOffer;
     RecoveredTexts recovered;

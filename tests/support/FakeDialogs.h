@@ -5,6 +5,8 @@
 #include "recoding/RecodingJob.h"
 #include "support/FakeSurface.h"
 
+#include <algorithm>
+#include <iterator>
 #include <map>
 #include <memory>
 #include <optional>
@@ -64,8 +66,9 @@ public:
 
     void Show(DialogKind kind, int argument = 0) override {
         shown.emplace_back(kind, argument);
-        if (kind == DialogKind::Splash || kind == DialogKind::Welcome || kind == DialogKind::WorkBegin) {
-            atStart_.insert(kind);
+        if (IsModal(kind)) {
+            if (whileModal)
+                whileModal();
             return;
         }
         if (kind == DialogKind::FullScreen) {
@@ -74,8 +77,7 @@ public:
             return;
         }
         if (kind != DialogKind::Decoding) {
-            if (whileModal)
-                whileModal();
+            loaded_.insert(kind);
             return;
         }
         if (!decoding)
@@ -84,17 +86,15 @@ public:
     }
     /// As the real one, which is in the middle of its own event: it goes later.
     void Close(DialogKind kind) override {
-        atStart_.erase(kind);
+        loaded_.erase(kind);
         if (kind == DialogKind::Decoding && decoding)
             closed_.push_back(std::move(decoding));
         if (kind == DialogKind::FullScreen)
             fullScreen.reset();
     }
     bool IsLoaded(DialogKind kind) const override {
-        if (atStart_.contains(kind))
-            return true;
-        return kind == DialogKind::FullScreen ? fullScreen != nullptr
-                                              : kind == DialogKind::Decoding && decoding != nullptr;
+        return loaded_.contains(kind) || (kind == DialogKind::FullScreen && fullScreen) ||
+               (kind == DialogKind::Decoding && decoding);
     }
     void HideAll() override { ++hidings; }
     void BringBack() override { --hidings; }
@@ -107,9 +107,15 @@ public:
     int hidings = 0; ///< 1: all windows but the main one are off the screen
 
 private:
+    static bool IsModal(DialogKind kind) {
+        constexpr DialogKind kModal[] = {DialogKind::Decode, DialogKind::About, DialogKind::License,
+                                         DialogKind::Recovery};
+        return std::ranges::find(kModal, kind) != std::end(kModal);
+    }
+
     RecodingJob& job_;
-    std::set<DialogKind> atStart_; // those that show before the main window, and are up
     FullScreen& mode_;
+    std::set<DialogKind> loaded_; // of those that stand beside others, and are up
     std::vector<std::unique_ptr<FakeDecoding>> closed_;
 };
 

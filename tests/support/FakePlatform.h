@@ -330,6 +330,31 @@ private:
     bool hasFailed_ = false;
 };
 
+/// A job is long where the test says so: then it is time for a step at every `dueEach`th question.
+class FakeProgress final : public Progress {
+public:
+    std::unique_ptr<ProgressWindow> Begin(std::u16string_view what) override {
+        jobs.emplace_back(what);
+        return std::make_unique<Window>(*this);
+    }
+    std::vector<std::u16string> jobs;
+    std::vector<double> steps;
+    int dueEach = 0;
+    std::function<bool()> atStep; ///< what happens there, and whether the job goes on
+
+private:
+    struct Window final : ProgressWindow {
+        explicit Window(FakeProgress& theProgress) : progress(theProgress) {}
+        bool IsDue() const override { return progress.dueEach > 0 && ++asked % progress.dueEach == 0; }
+        bool Step(double done) override {
+            progress.steps.push_back(done);
+            return !progress.atStep || progress.atStep();
+        }
+        FakeProgress& progress;
+        mutable int asked = 0;
+    };
+};
+
 /// All services at once.
 struct FakePlatform {
     FakeSettings store;
@@ -342,9 +367,10 @@ struct FakePlatform {
     FakeScreen screen;
     FakeShell shell;
     FakeBackground background;
+    FakeProgress progress;
     FakeRecoveryStore recovery;
     Platform platform{store,  sound,  files, fileDialog, messageBox, clipboard,
-                      timers, screen, shell, background, recovery};
+                      timers, screen, shell, background, progress, recovery};
 };
 
 } // namespace quillshift

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <vector>
 
 namespace quillshift {
 
@@ -57,24 +58,44 @@ public:
     void SetRightMargin(Twips) override {}
     SurfaceFont Font() const override { return font_; }
     void SetFont(const SurfaceFont& font) override { font_ = font; }
-    std::optional<std::size_t> Find(std::u16string_view wanted, std::size_t start,
-                                    FindOptions options) override {
-        EXPECT_EQ(windows1251::FindUnencodable(text_).count, 0U) << "the case of other letters";
+    std::optional<std::size_t> FindIn(std::u16string_view text, std::u16string_view wanted, std::size_t start,
+                                      FindOptions options) const override {
+        EXPECT_EQ(windows1251::FindUnencodable(text).count, 0U) << "the case of other letters";
+        EXPECT_EQ(WithWholeBreaks(wanted), wanted);
         const bool matchCase = Has(options, FindOptions::MatchCase);
-        const std::u16string in = matchCase ? text_ : ToCase(text_, LetterCase::Lower);
+        const std::u16string in = matchCase ? std::u16string(text) : ToCase(text, LetterCase::Lower);
         const std::u16string what = matchCase ? std::u16string(wanted) : ToCase(wanted, LetterCase::Lower);
         for (std::size_t at = in.find(what, start); !what.empty() && at < in.size();
              at = in.find(what, at + 1)) {
             const std::size_t end = at + what.size();
-            const bool isWhole = !IsInWord(at == 0 ? u' ' : text_[at - 1]) &&
-                                 !IsInWord(end == text_.size() ? u' ' : text_[end]);
-            if (Has(options, FindOptions::WholeWord) && !isWhole)
-                continue;
-            SetSelStart(at);
-            SetSelLength(what.size());
-            return at;
+            const bool isWhole =
+                !IsInWord(at == 0 ? u' ' : text[at - 1]) && !IsInWord(end == text.size() ? u' ' : text[end]);
+            if (isWhole || !Has(options, FindOptions::WholeWord))
+                return at;
         }
         return std::nullopt;
+    }
+    void ReplaceEach(const std::function<const Replacement*()>& next, std::u16string_view by) override {
+        const std::u16string came = WithWholeBreaks(by);
+        std::u16string text = text_;
+        std::vector<Replacement> told;
+        std::vector<std::u16string> cames;
+        while (const Replacement* const one = next()) {
+            EXPECT_EQ(text.substr(one->place, one->went.size()), one->went);
+            const std::size_t end = one->place + one->went.size();
+            const auto [before, behind] = CutHalves(text, {one->place, one->went.size(), came.size()}, came);
+            const std::size_t place = one->place - before;
+            told.push_back({place, text.substr(place, before + one->went.size() + behind)});
+            cames.push_back(text.substr(place, before) + came + text.substr(end, behind));
+            text.replace(one->place, one->went.size(), came);
+            start_ = one->place + came.size();
+            length_ = 0;
+        }
+        text_ = text;
+        for (std::size_t i = 0; i < told.size() && OnChange; ++i)
+            OnChange({told[i].place, told[i].went, cames[i]});
+        if (!told.empty())
+            Raise(OnSelChange);
     }
     std::optional<std::size_t> LineIndex(int line) const override {
         std::size_t begin = 0;
@@ -92,11 +113,20 @@ public:
     std::size_t TopPosition() const override { return std::min(top, text_.size()); }
     void SetTopPosition(std::size_t position) override { top = position; }
     void SetReadOnly(bool value) override { readOnly = value; }
-    void SetFocus() override {}
+    int LineCount() const override {
+        int lines = 1;
+        while (LineIndex(lines))
+            ++lines;
+        return lines;
+    }
+    Rect SelectionOnScreen() const override { return onScreen; }
+    void SetFocus() override { ++focused; }
 
     std::size_t top = 0;
     bool readOnly = false;
     int loads = 0; ///< how often everything was replaced
+    int focused = 0;
+    Rect onScreen;
 
 private:
     static void Raise(const std::function<void()>& notice) {

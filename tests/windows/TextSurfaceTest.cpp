@@ -45,7 +45,7 @@ TEST_F(TextSurfaces, AgreeInRandomCalls) {
         const std::size_t at = random.Below(real.Text().size() + 3);
         const std::size_t length = random.Below(7);
         const std::u16string piece = random.Piece() + random.Piece();
-        const auto call = [&, what = random.Below(12)](TextSurface& surface) {
+        const auto call = [&, what = random.Below(13), second = random.Below(30)](TextSurface& surface) {
             switch (what) {
             case 0:
                 return surface.SetText(piece);
@@ -61,6 +61,19 @@ TEST_F(TextSurfaces, AgreeInRandomCalls) {
             case 6:
             case 7:
                 return surface.SetSelLength(length);
+            case 8: {
+                const std::u16string text(surface.Text());
+                const std::size_t back = std::min(at, text.size());
+                const std::size_t front = std::min(second, back);
+                std::vector<Replacement> row{{back, text.substr(back, length)},
+                                             {front, text.substr(front, std::min(length, back - front))}};
+                std::erase_if(row, [&](const Replacement& each) {
+                    return IsInsideCharacter(text, each.place) ||
+                           IsInsideCharacter(text, each.place + each.went.size());
+                });
+                auto next = row.begin();
+                return surface.ReplaceEach([&] { return next == row.end() ? nullptr : &*next++; }, piece);
+            }
             default:
                 return surface.SetSelText(piece);
             }

@@ -15,7 +15,6 @@
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextDocumentFragment>
-#include <QTextLayout>
 #include <QUrl>
 
 #include <algorithm>
@@ -32,16 +31,6 @@ QString WithPlainBreaks(std::u16string_view text) {
     QString plain = ToQString(text);
     plain.replace(QChar::LineSeparator, QChar::ParagraphSeparator);
     return plain;
-}
-
-bool IsWordCharacter(char16_t character) {
-    return QChar(character).isLetterOrNumber() || character == u'_';
-}
-
-bool IsWholeWord(std::u16string_view text, std::size_t at, std::size_t length) {
-    const bool before = at > 0 && IsWordCharacter(text[at - 1]);
-    const bool behind = at + length < text.size() && IsWordCharacter(text[at + length]);
-    return !before && !behind;
 }
 
 // Keys that the widget takes for its own clipboard and undo.
@@ -86,7 +75,11 @@ std::size_t QtTextSurface::SurfacePosition(int documentPosition) const {
 
 int QtTextSurface::DocumentPosition(std::size_t surfacePosition) const {
     surfacePosition -= IsInsideCharacter(mirror_, surfacePosition) ? 1 : 0;
-    const int wanted = static_cast<int>(std::min(surfacePosition, mirror_.size()));
+    return PositionInDocument(std::min(surfacePosition, mirror_.size()));
+}
+
+int QtTextSurface::PositionInDocument(std::size_t surfacePosition) const {
+    const int wanted = static_cast<int>(surfacePosition);
     int low = 0; // a block that begins at or before the position
     int high = document()->blockCount();
     while (high - low > 1) {
@@ -312,50 +305,7 @@ void QtTextSurface::SetFont(const SurfaceFont& font) {
     setFont(shown);
 }
 
-// --- Searching and lines
-
-std::optional<std::size_t> QtTextSurface::Find(std::u16string_view wanted, std::size_t start,
-                                               FindOptions options) {
-    if (wanted.empty())
-        return std::nullopt;
-    const auto caseRule = Has(options, FindOptions::MatchCase) ? Qt::CaseSensitive : Qt::CaseInsensitive;
-    const QStringView text = ViewOf(std::u16string_view(mirror_));
-    for (qsizetype from = static_cast<qsizetype>(start);; ++from) {
-        from = text.indexOf(ViewOf(wanted), from, caseRule);
-        if (from < 0)
-            return std::nullopt;
-        const auto at = static_cast<std::size_t>(from);
-        if (Has(options, FindOptions::WholeWord) && !IsWholeWord(mirror_, at, wanted.size()))
-            continue;
-        SetSelStart(at);
-        SetSelLength(wanted.size());
-        return at;
-    }
-}
-
-std::optional<std::size_t> QtTextSurface::LineIndex(int line) const {
-    const auto lineStart = [this](const QTextBlock& block, int number) {
-        return SurfacePosition(block.position() + block.layout()->lineAt(number).textStart());
-    };
-    // Asking for a block's rectangle lays the document out up to it.
-    const auto linesOf = [this](const QTextBlock& block) {
-        document()->documentLayout()->blockBoundingRect(block);
-        return block.layout()->lineCount();
-    };
-    if (line == -1) {
-        const QTextCursor cursor = textCursor();
-        const QTextBlock block = cursor.block();
-        linesOf(block);
-        return lineStart(block, block.layout()->lineForTextPosition(cursor.positionInBlock()).lineNumber());
-    }
-    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
-        const int lines = linesOf(block);
-        if (line >= 0 && line < lines)
-            return lineStart(block, line);
-        line -= lines;
-    }
-    return std::nullopt;
-}
+// --- What is in sight
 
 std::size_t QtTextSurface::TopPosition() const {
     return SurfacePosition(cursorForPosition({0, 0}).position());

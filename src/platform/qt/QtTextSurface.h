@@ -46,14 +46,17 @@ public:
     SurfaceFont Font() const override { return font_; }
     void SetFont(const SurfaceFont& font) override;
 
-    std::optional<std::size_t> Find(std::u16string_view wanted, std::size_t start,
-                                    FindOptions options) override;
+    std::optional<std::size_t> FindIn(std::u16string_view text, std::u16string_view wanted, std::size_t start,
+                                      FindOptions options) const override;
+    void ReplaceEach(const std::function<const Replacement*()>& next, std::u16string_view by) override;
     std::optional<std::size_t> LineIndex(int line) const override;
+    int LineCount() const override;
+    Rect SelectionOnScreen() const override;
 
     std::size_t TopPosition() const override;
     void SetTopPosition(std::size_t position) override;
     void SetReadOnly(bool readOnly) override { setReadOnly(readOnly); }
-    void SetFocus() override { setFocus(); }
+    void SetFocus() override;
 
 protected:
     bool event(QEvent* event) override;
@@ -77,6 +80,7 @@ private:
     bool LeavesToCommands(const QKeyEvent& event) const;
     std::size_t SurfacePosition(int documentPosition) const;
     int DocumentPosition(std::size_t surfacePosition) const;
+    int PositionInDocument(std::size_t surfacePosition) const; // of a place between whole characters
     std::u16string TextBetween(int from, int to) const;
     Selection CurrentSelection() const { return {SelStart(), SelLength()}; }
 
@@ -98,7 +102,7 @@ private:
     bool textMoved_ = false; // there is such an edit
     bool composing_ = false; // an input method's event is at work
     bool hasLongWords_ = false;
-    bool replacing_ = false; // a call here replaces everything, and raises the notices itself
+    bool replacing_ = false; // a call here replaces much, and raises the notices itself
 };
 
 } // namespace quillshift
