@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 #include <vector>
 
 namespace quillshift {
@@ -14,47 +15,90 @@ namespace {
 
 constexpr std::size_t kNowhere = std::u16string_view::npos;
 
-// The small letter of each unit; half a surrogate pair stays as it is.
-const std::vector<char16_t>& SmallLetters() {
-    static const std::vector<char16_t> letters = [] {
-        std::vector<char16_t> all(0x10000);
-        for (std::size_t unit = 0; unit < all.size(); ++unit)
-            all[unit] = QChar(static_cast<char16_t>(unit)).toCaseFolded().unicode();
-        return all;
-    }();
-    return letters;
-}
+// Letters that are the same but for their case: no more than four, such as those of theta.
+using Variants = std::array<char16_t, 4>;
 
-/// Finds in either case. The last letter of a place tells how far on the next place can be.
+/// The small letter of each unit, and the other way. Half a surrogate pair stays as it is.
+class Letters {
+public:
+    static const Letters& All() {
+        static const Letters letters;
+        return letters;
+    }
+    char16_t Small(char16_t unit) const { return small_[unit]; }
+    Variants VariantsOf(char16_t small) const {
+        Variants variants;
+        variants.fill(small);
+        std::size_t count = 1;
+        for (auto at = std::lower_bound(others_.begin(), others_.end(), Other{small, u'\0'});
+             at != others_.end() && at->first == small && count < variants.size(); ++at)
+            variants[count++] = at->second;
+        return variants;
+    }
+
+private:
+    using Other = std::pair<char16_t, char16_t>; // a small letter, and another of its variants
+
+    Letters() : small_(0x10000) {
+        for (std::size_t unit = 0; unit < small_.size(); ++unit) {
+            const auto letter = static_cast<char16_t>(unit);
+            small_[unit] = QChar(letter).toCaseFolded().unicode();
+            if (small_[unit] != letter)
+                others_.emplace_back(small_[unit], letter);
+        }
+        std::sort(others_.begin(), others_.end());
+    }
+
+    std::vector<char16_t> small_;
+    std::vector<Other> others_;
+};
+
+/// Finds in either case: looks for the first letter in its variants, many places at once, and then for the
+/// others.
 class CaselessFinder {
 public:
-    explicit CaselessFinder(std::u16string_view wanted) : small_(SmallLetters()), wanted_(wanted) {
-        std::transform(wanted_.begin(), wanted_.end(), wanted_.begin(), [this](auto c) { return small_[c]; });
-        steps_.fill(wanted_.size());
-        for (std::size_t i = 0; i + 1 < wanted_.size(); ++i)
-            steps_[wanted_[i] & 0xFFU] = wanted_.size() - 1 - i;
+    explicit CaselessFinder(std::u16string_view wanted)
+        : first_(letters_.VariantsOf(letters_.Small(wanted.front()))), rest_(wanted.substr(1)) {
+        for (char16_t& letter : rest_)
+            letter = letters_.Small(letter);
     }
     std::size_t Next(std::u16string_view text, std::size_t from) const {
-        const std::size_t last = wanted_.size() - 1;
-        const char16_t lastLetter = wanted_.back();
-        for (std::size_t end = from + last; end < text.size();) {
-            const char16_t letter = small_[text[end]];
-            if (letter == lastLetter && IsAt(text.substr(end - last, last)))
-                return end - last;
-            end += steps_[letter & 0xFFU];
+        if (text.size() <= rest_.size())
+            return kNowhere;
+        const std::size_t end = text.size() - rest_.size();
+        for (std::size_t at = from; at < end;) {
+            const std::size_t blockEnd = std::min(at + kBlock, end);
+            if (blockEnd == at + kBlock && !HasFirst(&text[at])) {
+                at = blockEnd;
+                continue;
+            }
+            for (; at < blockEnd; ++at)
+                if (letters_.Small(text[at]) == first_[0] && HasRest(text.substr(at + 1, rest_.size())))
+                    return at;
         }
         return kNowhere;
     }
 
 private:
-    bool IsAt(std::u16string_view place) const {
-        return std::equal(place.begin(), place.end(), wanted_.begin(),
-                          [this](char16_t a, char16_t b) { return small_[a] == b; });
+    static constexpr std::size_t kBlock = 32;
+
+    // Without a way out, so that the processor takes several units at once.
+    bool HasFirst(const char16_t* block) const {
+        unsigned found = 0;
+        for (std::size_t i = 0; i < kBlock; ++i)
+            found |=
+                static_cast<unsigned>(block[i] == first_[0]) | static_cast<unsigned>(block[i] == first_[1]) |
+                static_cast<unsigned>(block[i] == first_[2]) | static_cast<unsigned>(block[i] == first_[3]);
+        return found != 0;
+    }
+    bool HasRest(std::u16string_view place) const {
+        return std::equal(place.begin(), place.end(), rest_.begin(),
+                          [this](char16_t a, char16_t b) { return letters_.Small(a) == b; });
     }
 
-    const std::vector<char16_t>& small_;
-    std::u16string wanted_;
-    std::array<std::size_t, 256> steps_{};
+    const Letters& letters_ = Letters::All();
+    Variants first_;
+    std::u16string rest_;
 };
 
 bool HasPairs(std::u16string_view text) {
