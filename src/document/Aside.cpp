@@ -9,6 +9,7 @@ namespace quillshift {
 namespace {
 
 constexpr int kGap = 8;
+constexpr std::size_t kAboveAndBelow = 2;
 
 bool Meet(const Rect& a, const Rect& b) {
     return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
@@ -37,13 +38,14 @@ Rect PlaceAside(const Rect& window, const Rect& shown, const Rect& area) {
                                      {shown.right + kGap - window.left, down},
                                      {shown.left - kGap - window.right, down}}};
     int shortest = std::numeric_limits<int>::max();
-    for (const Point way : ways) {
-        const Rect place = window.MovedBy(way.x, way.y);
-        const int length = std::abs(way.x) + std::abs(way.y);
-        if (IsInside(place, area) && length < shortest) {
-            best = place;
-            shortest = length;
-        }
+    for (std::size_t i = 0; i < ways.size(); ++i) {
+        const Rect place = window.MovedBy(ways[i].x, ways[i].y);
+        const int length = std::abs(ways[i].x) + std::abs(ways[i].y);
+        const bool hidesTheLine = i >= kAboveAndBelow; // which a reader wants to see, too
+        if (!IsInside(place, area) || length >= shortest || (hidesTheLine && best != window))
+            continue;
+        best = place;
+        shortest = length;
     }
     return best;
 }

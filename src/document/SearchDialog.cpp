@@ -32,6 +32,7 @@ SearchDialog::SearchDialog(const DialogContext& context, const QString& title, S
       buttons_(new QVBoxLayout),
       cboFind(AddText("cboFind", QStringLiteral("На&йти:"), &SearchState::wanted)),
       cmdFind(AddSearchButton("cmdFind", QStringLiteral("&Найти далее"))) {
+    cboFind->addItem(cboFind->currentText());
     auto* const options = new QGroupBox(QStringLiteral("Параметры:"));
     auto* const rows = new QVBoxLayout(options);
     AddOption(*rows, "chkWholeWord", QStringLiteral("Искать только слово &целиком"), FindOptions::WholeWord);
@@ -68,9 +69,7 @@ QComboBox* SearchDialog::AddText(const char* name, const QString& label, std::u1
     box->setCompleter(nullptr);
     box->setMinimumWidth(260);
     box->lineEdit()->setMaxLength(std::numeric_limits<int>::max());
-    const QString first = ToQString(state_.*text);
-    box->addItem(first);
-    box->setEditText(first);
+    box->setEditText(ToQString(state_.*text));
     connect(box, &QComboBox::editTextChanged, this,
             [this, text](const QString& now) { state_.*text = FromQString(now); });
     auto* const caption = new QLabel(label);

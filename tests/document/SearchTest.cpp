@@ -271,6 +271,9 @@ TEST(Aside, AWindowGivesWayWhereThereIsRoom) {
     }
     EXPECT_GT(moved, 300);
     EXPECT_EQ(PlaceAside(area, area, area), area);
+    EXPECT_EQ(PlaceAside(RectAt(50, 50, 90, 40), RectAt(40, 60, 20, 10), area), RectAt(50, 78, 90, 40))
+        << "its line is seen, too, though the way beside it is shorter";
+    EXPECT_EQ(PlaceAside(RectAt(50, 50, 20, 150), RectAt(40, 110, 20, 10), area), RectAt(68, 50, 20, 150));
     EXPECT_EQ(PlaceAside(RectAt(50, 50, 20, 20), RectAt(50, 65, 100, 10), area), RectAt(50, 37, 20, 20));
 }
 

@@ -106,9 +106,10 @@ std::optional<std::size_t> QtTextSurface::LineIndex(int line) const {
 }
 
 int QtTextSurface::LineCount() const {
+    LinesOf(document()->lastBlock());
     int lines = 0;
     for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
-        lines += LinesOf(block);
+        lines += block.layout()->lineCount();
     return lines;
 }
 
