@@ -1,6 +1,7 @@
 #include "base/Error.h"
 #include "base/Texts.h"
 #include "platform/posix/FileBytes.h"
+#include "platform/posix/PosixClock.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/PosixRecoveryStore.h"
 #include "platform/posix/PrivateFolder.h"
@@ -155,10 +156,11 @@ int Run(int argc, char** argv) {
     QtScreens screen;
     QtShell shell(data.empty() ? data : data / "running.lock");
     QtBackground background;
+    const PosixClock wallClock;
     QtProgress progress;
     PosixRecoveryStore recovery(RecoveryFolder());
-    Platform platform{store,  sound,  files, fileDialog, messageBox, clipboard,
-                      timers, screen, shell, background, progress, recovery};
+    Platform platform{store,  sound, files,      fileDialog, messageBox, clipboard, timers,
+                      screen, shell, background, progress,   recovery,   wallClock};
     SetUpStore(store, platform);
 
     QtWindowMessages windowIds;

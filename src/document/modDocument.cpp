@@ -246,10 +246,35 @@ void modDocument::InsertImported() {
     import.SetFocus();
     import.SetSelStart(0);
     import.SetSelLength(import.Text().size());
-    services_.platform.clipboard.SetText(import.SelText());
+    services_.copy(import.SelText());
 
     services_.paste();
     import.SetSelStart(0);
+}
+
+// --- Inserting
+
+// The first folder stays as the last use of the dialog left it.
+void modDocument::InsertTextFile() {
+    services_.sounds.PlaySoundEvent(sound_event::kFormLoad);
+    Report([this] {
+        FileDialog& dialog = services_.platform.fileDialog;
+        dialog.DialogTitle = u"Выберите файл для вставки...";
+        dialog.Filter = u"Текстовые файлы (*.txt)|*.txt";
+        dialog.DefaultExt = u"*.txt";
+        if (!dialog.ShowOpen())
+            return;
+        TextSurface& inserted = services_.inserted;
+        FileText(ReadOrThrow(dialog.FileName).bytes).LoadInto(inserted);
+        inserted.SetSelStart(0);
+        inserted.SetSelLength(inserted.Text().size());
+        const std::u16string text = inserted.SelText();
+        if (text.empty())
+            return;
+        services_.copy(text);
+        inserted.Clear();
+        services_.document.SetSelText(text);
+    });
 }
 
 // --- Saving

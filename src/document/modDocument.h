@@ -26,10 +26,13 @@ public:
         TextSurface& document; ///< `RichTextBox`
         TextSurface& backup;   ///< `RichTextBoxBackup`: the document as it last stood on disk
         TextSurface& import;   ///< `RichTextBoxImport`: the file being imported
+        TextSurface& inserted; ///< `rtfTemp`: the file being inserted
         Window& mainWindow;
         Recovery& recovery;
         std::function<void()> startDecode;
         std::function<void()> paste; ///< puts the clipboard's text in at the caret
+        /// Puts a text on the clipboard that is on its way into the document: no news to the watcher.
+        std::function<void(std::u16string_view)> copy;
     };
 
     explicit modDocument(Services services)
@@ -44,6 +47,8 @@ public:
     /// Whether a file was written, its backup included.
     bool SaveAs();
     void ImportRtf();
+    /// Puts the text of a file, plain or RTF, in the place of the selection, by way of the clipboard.
+    void InsertTextFile();
 
     // The routines behind them. Each reports its own failures; the saves answer whether a file was written.
 

@@ -16,6 +16,8 @@ enum class DialogKind {
     Find,
     Replace,
     GoTo, ///< asks for a line's number
+    InsertTimeAndDate,
+    DocumentProperties,
 };
 
 /// Shows and closes the program's dialogs, one of each kind.

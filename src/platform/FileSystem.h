@@ -32,6 +32,16 @@ struct FileContents {
     FileMark mark{};                    ///< of a file that was read
 };
 
+/// What the disk tells of a file without opening it. Times are seconds since the beginning of 1970, UTC.
+struct FileFacts {
+    std::uint64_t size = 0;
+    std::optional<std::int64_t> created; ///< not every disk keeps it
+    std::int64_t modified = 0;
+    std::int64_t accessed = 0;
+    bool hidden = false;   ///< its name begins with a dot
+    bool readOnly = false; ///< this user may not write it
+};
+
 /// What a save believes to stand at its target.
 struct Expected {
     enum class What { Anything, Nothing, Bytes };
@@ -83,6 +93,9 @@ public:
     /// Writes a backup of `document` as far as it can be without touching what stands at `path`.
     virtual Preparation PrepareBackup(std::u16string_view path, std::string_view bytes,
                                       std::u16string_view document) = 0;
+
+    /// Links are followed. Nothing for a path that can't be asked about.
+    virtual std::optional<FileFacts> Facts(std::u16string_view path) = 0;
 
     /// Whether the name itself is a link, wherever it leads.
     virtual bool IsLink(std::u16string_view path) = 0;

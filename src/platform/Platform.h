@@ -2,6 +2,7 @@
 
 #include "platform/Background.h"
 #include "platform/Clipboard.h"
+#include "platform/Clock.h"
 #include "platform/FileDialog.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
@@ -30,6 +31,7 @@ struct Platform {
     Background& background;
     Progress& progress;
     RecoveryStore& recovery;
+    const Clock& clock;
 };
 
 } // namespace quillshift

@@ -56,6 +56,14 @@ void ClipboardWatcher::OnClipboardChange() {
     timerClipboard_->StartOnce();
 }
 
+void ClipboardWatcher::Overlook(const std::function<void()>& copy) {
+    const bool watched = std::exchange(watches_, false);
+    copy();
+    watches_ = watched;
+    if (const auto own = watched ? services_.clipboard.Arrived() : std::nullopt)
+        Remember(own->text);
+}
+
 void ClipboardWatcher::TakeInAll() {
     if (services_.clipboard.IsWaiting()) {
         timerClipboard_->StartOnce();

@@ -35,6 +35,8 @@ public:
     void Start();
     /// To be told of every change of the clipboard.
     void OnClipboardChange();
+    /// Runs something that puts a text on the clipboard which is no news: it is remembered, not taken in.
+    void Overlook(const std::function<void()>& copy);
 
 private:
     struct Copy {

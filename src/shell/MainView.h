@@ -17,6 +17,7 @@ public:
     virtual TextSurface& RichTextBox() = 0;
     virtual TextSurface& RichTextBoxBackup() = 0;
     virtual TextSurface& RichTextBoxImport() = 0;
+    virtual TextSurface& RtfTemp() = 0;
 
     /// The window of a bar: 0 the menu, 1 the standard toolbar, 2 the recoding toolbar.
     virtual BarWindow& CmdBar(int bar) = 0;

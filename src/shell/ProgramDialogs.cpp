@@ -1,10 +1,12 @@
 #include "shell/ProgramDialogs.h"
 
+#include "document/frmDocumentProperties.h"
 #include "document/frmFScreen.h"
 #include "document/frmFind.h"
 #include "document/frmGoTo.h"
 #include "document/frmReplace.h"
 #include "document/frmRecovery.h"
+#include "document/frmInsertTimeAndDate.h"
 #include "recoding/frmDecode.h"
 #include "recoding/frmDecoding.h"
 #include "settings/frmAbout.h"
@@ -85,6 +87,14 @@ const ProgramDialogs::Row& ProgramDialogs::RowOf(DialogKind kind) {
         Row{DialogKind::GoTo, Stand::Beside,
             [](Context context, ProgramParts& parts, int) -> std::unique_ptr<Dialog> {
                 return std::make_unique<frmGoTo>(context, parts.lines);
+            }},
+        Row{DialogKind::DocumentProperties, Stand::Modal,
+            [](Context context, ProgramParts&, int) -> std::unique_ptr<Dialog> {
+                return std::make_unique<frmDocumentProperties>(context);
+            }},
+        Row{DialogKind::InsertTimeAndDate, Stand::Beside,
+            [](Context context, ProgramParts& parts, int) -> std::unique_ptr<Dialog> {
+                return std::make_unique<frmInsertTimeAndDate>(context, parts.window.RichTextBox());
             }},
     };
     return *std::find_if(kRows.begin(), kRows.end(), [kind](const Row& row) { return row.kind == kind; });

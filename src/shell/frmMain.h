@@ -28,6 +28,7 @@ public:
     TextSurface& RichTextBox() override { return *richTextBox_; }
     TextSurface& RichTextBoxBackup() override { return richTextBoxBackup_; }
     TextSurface& RichTextBoxImport() override { return richTextBoxImport_; }
+    TextSurface& RtfTemp() override { return rtfTemp_; }
 
     BarWindow& CmdBar(int bar) override { return *cmdBar_[static_cast<std::size_t>(bar)]; }
     BarWindow& AddPopupWindow() override { return *new QtBarWindow(windowIds_, texts_, this); }
@@ -74,6 +75,7 @@ private:
     QtTextSurface* richTextBox_;
     QtTextSurface richTextBoxBackup_;
     QtTextSurface richTextBoxImport_;
+    QtTextSurface rtfTemp_;
     TwipsRect restored_;    ///< place and size as last seen in the normal state
     QTimer placed_;         ///< looks at them once a change has come to rest
     QTimer activated_;      ///< waits for the press that the keyboard came by

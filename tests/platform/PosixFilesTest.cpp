@@ -482,5 +482,32 @@ TEST_F(PosixFilesTest, AnotherDiskHasATrashOfItsOwnUnlessItIsFullOrSomebodysElse
     unsetenv("XDG_DATA_HOME");
 }
 
+TEST_F(PosixFilesTest, TellsAFilesFactsAlsoOfALargeOneAndNoneOfAMissingOne) {
+    const std::string path = Make(".large", "");
+    fs::resize_file(path, std::uintmax_t{5} << 30U);
+    ASSERT_EQ(chmod(path.c_str(), 0444), 0);
+    const timespec times[2] = {{.tv_sec = 1000000000, .tv_nsec = 0}, {.tv_sec = 1, .tv_nsec = 0}};
+    ASSERT_EQ(utimensat(AT_FDCWD, path.c_str(), times, 0), 0);
+    const std::int64_t now = std::time(nullptr);
+    const auto facts = files_.Facts(FromUtf8(path));
+    ASSERT_TRUE(facts);
+    EXPECT_EQ(facts->size, std::uint64_t{5} << 30U);
+    EXPECT_EQ(facts->accessed, 1000000000);
+    EXPECT_EQ(facts->modified, 1);
+    EXPECT_TRUE(facts->hidden);
+    if (facts->created) {
+        EXPECT_NEAR(double(*facts->created), double(now), 60);
+    }
+    EXPECT_EQ(AsSomebody([&] {
+                  chmod(path.c_str(), 0444);
+                  return files_.Facts(FromUtf8(path))->readOnly ? 0 : 1;
+              }),
+              0);
+    const auto open = files_.Facts(FromUtf8(Make("open")));
+    EXPECT_FALSE(open->hidden);
+    EXPECT_FALSE(open->readOnly);
+    EXPECT_FALSE(files_.Facts(FromUtf8(path + "/none")));
+}
+
 } // namespace
 } // namespace quillshift

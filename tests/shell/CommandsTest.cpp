@@ -54,7 +54,7 @@ struct Situation : TestProgram {
         for (const auto& box : messageBox.shown)
             what += "box " + ToUtf8(box.text) + "; ";
         for (const auto& [kind, argument] : dialogs->shown)
-            what += kind == DialogKind::Decode ? "dialog; " : "progress; ";
+            what += kind == DialogKind::Decoding ? "progress; " : "dialog; ";
         for (const std::u16string& link : shell.opened)
             what += "opens " + ToUtf8(link).substr(0, 8) + "; ";
         if (window.document.SelIndent() != Twips{})
@@ -83,6 +83,9 @@ TEST(Commands, EachPlaceDoesWhatItSays) {
         {"MENU:EDIT:DELETE", "TOOLBAR:DELETE", "text Џа !; "},
         {"MENU:EDIT:SELECTALL", "", "selected 6; "},
         {"MENU:EDIT:CLEAR", "TOOLBAR:CLEAR", "text ; "},
+        {"MENU:FILE:PROPERTIES", "TOOLBAR:PROPERTIES", "dialog; "},
+        {"MENU:INSERT:TIMEANDDATE", "TOOLBAR:TIMEANDDATE", "dialog; "},
+        {"MENU:INSERT:TEXTFILE", "TOOLBAR:TEXTFILE", "text Џа next!; clipboard next; "},
         {"MENU:FORMAT:ALLTEXTCASE:CASEU", "", "text ЏА BB!; "},
         {"MENU:FORMAT:ALLTEXTCASE:CASEL", "", "text џа bb!; "},
         {"MENU:FORMAT:SELTEXTCASE:CASEU", "", "text Џа BB!; "},

@@ -30,6 +30,7 @@ public:
     TextSurface& RichTextBox() override { return document; }
     TextSurface& RichTextBoxBackup() override { return backup; }
     TextSurface& RichTextBoxImport() override { return import; }
+    TextSurface& RtfTemp() override { return inserted; }
     FakeBarWindow& CmdBar(int bar) override { return windows[static_cast<std::size_t>(bar)]; }
     FakeBarWindow& AddPopupWindow() override { return OpenWindow(0, {}); }
     void SetBarVisible(int bar, bool visible) override { barVisible[bar] = visible; }
@@ -63,7 +64,7 @@ public:
         (state == WindowState::Normal ? bounds : restored) = value;
     }
 
-    FakeSurface document, backup, import;
+    FakeSurface document, backup, import, inserted;
     FakePanel panel;
     std::deque<FakeBarWindow> windows; ///< the three bars', then the popups'
     std::map<int, bool> barVisible;

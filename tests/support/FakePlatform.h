@@ -52,6 +52,14 @@ public:
         done.push_back(u"prepare " + std::u16string(path));
         return {std::make_unique<Backup>(*this, path, bytes), std::nullopt};
     }
+    std::optional<FileFacts> Facts(std::u16string_view path) override {
+        const auto found = facts.find(Behind(path));
+        if (found != facts.end())
+            return found->second;
+        if (!files.contains(Behind(path)))
+            return std::nullopt;
+        return FileFacts{.size = files[Behind(path)].size(), .created = {}};
+    }
     bool IsLink(std::u16string_view path) override { return links.contains(std::u16string(path)); }
     std::optional<FileMark> MarkOf(std::u16string_view path) override {
         const auto found = files.find(Behind(path));
@@ -68,7 +76,8 @@ public:
     }
     std::map<std::u16string, std::string> files;
     std::map<std::u16string, std::u16string> links;
-    std::vector<std::u16string> read; ///< in order
+    std::map<std::u16string, FileFacts> facts; ///< where a test asks for more than the size
+    std::vector<std::u16string> read;          ///< in order
     std::set<std::u16string> unwritable;
     std::set<std::u16string> unreadable;
     std::vector<std::pair<std::u16string, std::string>> trash;
@@ -355,6 +364,16 @@ private:
     };
 };
 
+/// Stands still at the moment that the test sets.
+class FakeClock final : public Clock {
+public:
+    Moment Now() const override { return now; }
+    char16_t DateSeparator() const override { return u'-'; }
+    char16_t TimeSeparator() const override { return u'.'; }
+
+    Moment now{2026, 3, 5, 9, 7, 8};
+};
+
 /// All services at once.
 struct FakePlatform {
     FakeSettings store;
@@ -369,8 +388,9 @@ struct FakePlatform {
     FakeBackground background;
     FakeProgress progress;
     FakeRecoveryStore recovery;
-    Platform platform{store,  sound,  files, fileDialog, messageBox, clipboard,
-                      timers, screen, shell, background, progress, recovery};
+    FakeClock clock;
+    Platform platform{store,  sound, files,      fileDialog, messageBox, clipboard, timers,
+                      screen, shell, background, progress,   recovery,   clock};
 };
 
 } // namespace quillshift

@@ -279,6 +279,23 @@ Preparation PosixFiles::PrepareBackup(std::u16string_view path, std::string_view
     return PrepareSideBackup(place, bytes, original);
 }
 
+std::optional<FileFacts> PosixFiles::Facts(std::u16string_view path) {
+    std::string native;
+    struct statx info {};
+    if (ToNative(path, native) ||
+        statx(AT_FDCWD, native.c_str(), 0, STATX_BASIC_STATS | STATX_BTIME, &info) != 0)
+        return std::nullopt;
+    FileFacts facts{.size = info.stx_size,
+                    .created = {},
+                    .modified = info.stx_mtime.tv_sec,
+                    .accessed = info.stx_atime.tv_sec,
+                    .hidden = SplitPath(native).second.starts_with('.'),
+                    .readOnly = faccessat(AT_FDCWD, native.c_str(), W_OK, AT_EACCESS) != 0};
+    if ((info.stx_mask & STATX_BTIME) != 0)
+        facts.created = info.stx_btime.tv_sec;
+    return facts;
+}
+
 bool PosixFiles::IsLink(std::u16string_view path) {
     std::string native;
     struct stat info {};

@@ -25,6 +25,7 @@ public:
     Written Replace(std::u16string_view path, std::string_view bytes, const Expected& expected) override;
     Preparation PrepareBackup(std::u16string_view path, std::string_view bytes,
                               std::u16string_view document) override;
+    std::optional<FileFacts> Facts(std::u16string_view path) override;
     bool IsLink(std::u16string_view path) override;
     std::optional<FileFailure> CopyToTrash(std::u16string_view path, std::string_view bytes) override;
 

@@ -1,0 +1,121 @@
+#include "document/frmDocumentProperties.h"
+
+#include "platform/qt/FileIcons.h"
+#include "platform/qt/QtText.h"
+
+#include <QCheckBox>
+#include <QFormLayout>
+#include <QFrame>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPainter>
+#include <QTabBar>
+#include <QVBoxLayout>
+
+namespace quillshift {
+namespace {
+
+constexpr int kIconSize = 32;
+
+// The file's picture at the top left corner.
+class FileImage final : public QWidget {
+public:
+    explicit FileImage(QIcon icon) : icon_(std::move(icon)) { setFixedSize(kIconSize, kIconSize); }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        icon_.paint(&painter, 0, 0, kIconSize, kIconSize, Qt::AlignLeft | Qt::AlignTop);
+    }
+
+private:
+    QIcon icon_;
+};
+
+QFrame* Line() {
+    auto* line = new QFrame;
+    line->setFrameShape(QFrame::HLine);
+    line->setFrameShadow(QFrame::Sunken);
+    return line;
+}
+
+} // namespace
+
+frmDocumentProperties::frmDocumentProperties(const DialogContext& context)
+    : Dialog(context, QStringLiteral("Свойства документа")),
+      path_(context.platform.fileDialog.FileName),
+      picGeneral(Add<QWidget>("picGeneral")),
+      cmdClose(AddButton("cmdClose", QStringLiteral("&Закрыть"))) {
+    auto* tabProperties = Add<QTabBar>("tabProperties");
+    const QString general = QStringLiteral("Общие");
+    tabProperties->addTab(general);
+    connect(tabProperties, &QTabBar::tabBarClicked, this, [=, this](int tab) {
+        if (tab >= 0 && tabProperties->tabText(tab) == general)
+            picGeneral->show();
+    });
+    setCursor(Qt::WaitCursor);
+    FillIn();
+    unsetCursor();
+
+    auto* all = new QVBoxLayout(this);
+    all->addWidget(tabProperties, 0, Qt::AlignLeft);
+    all->addWidget(picGeneral);
+    all->addWidget(cmdClose, 0, Qt::AlignRight);
+    all->setSizeConstraint(QLayout::SetFixedSize);
+    cmdClose->setDefault(true);
+    cmdClose->setFocus();
+    connect(cmdClose, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+void frmDocumentProperties::FillIn() {
+    const DocumentProperties told = PropertiesOf(path_, Context().platform.files);
+    const QIcon own(
+        ToQString(Context().platform.shell.ProgramFolder() + u"/Data/icons/toolbars/large/New.ico"));
+    auto* facts = new QFormLayout;
+    facts->setContentsMargins(0, 0, 0, 0);
+    auto* picFileImage = Add<FileImage>("picFileImage", told.hasFile ? IconOfFile(path_, own) : QIcon());
+    AddFact(*facts, "lblName", QStringLiteral("Имя файла:"), told.name);
+    AddFact(*facts, "txtLocation", QStringLiteral("Размещение:"), told.location);
+    AddFact(*facts, "lblSize", QStringLiteral("Размер:"), told.size);
+    facts->addRow(Line());
+    AddFact(*facts, "lblDate0", QStringLiteral("Создан:"), told.dates[0]);
+    AddFact(*facts, "lblDate1", QStringLiteral("Изменен:"), told.dates[1]);
+    AddFact(*facts, "lblDate2", QStringLiteral("Открыт:"), told.dates[2]);
+
+    auto* attributes = new QGroupBox(QStringLiteral("Атрибуты:"));
+    auto* boxes = new QGridLayout(attributes);
+    AddAttribute(*boxes, 1, QStringLiteral("Скрытый"), told.hidden);
+    AddAttribute(*boxes, 2, QStringLiteral("Системный"), false);
+    AddAttribute(*boxes, 3, QStringLiteral("Только чтение"), told.readOnly);
+    AddAttribute(*boxes, 4, QStringLiteral("Архивный"), false);
+
+    auto* page = new QGridLayout(picGeneral);
+    page->addWidget(picFileImage, 0, 0, Qt::AlignTop);
+    page->addLayout(facts, 0, 1);
+    page->addWidget(attributes, 1, 0, 1, 2);
+}
+
+void frmDocumentProperties::AddFact(QFormLayout& facts, const char* name, const QString& label,
+                                    const std::u16string& text) {
+    auto* fact = Add<QLineEdit>(name, ToQString(text));
+    fact->setReadOnly(true);
+    fact->setFrame(false);
+    QPalette plain = fact->palette();
+    plain.setColor(QPalette::Base, Qt::transparent);
+    fact->setPalette(plain);
+    fact->setCursorPosition(0);
+    fact->setMinimumWidth(fontMetrics().averageCharWidth() * 44);
+    facts.addRow(label, fact);
+}
+
+// It shows, and takes neither a tick nor the keyboard.
+void frmDocumentProperties::AddAttribute(QGridLayout& boxes, int number, const QString& label, bool ticked) {
+    auto* box = Add<QCheckBox>(("chkAttrib" + std::to_string(number)).c_str(), label);
+    box->setChecked(ticked);
+    box->setFocusProxy(cmdClose);
+    connect(box, &QCheckBox::toggled, box, [box, ticked] { box->setChecked(ticked); });
+    boxes.addWidget(box, (number - 1) / 2, (number - 1) % 2);
+}
+
+} // namespace quillshift

@@ -1,0 +1,155 @@
+#include "document/TimeAndDate.h"
+#include "document/modDocumentProperties.h"
+#include "platform/posix/PosixClock.h"
+#include "support/TestProgram.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+namespace quillshift {
+namespace {
+
+TEST(TimeAndDate, IsOfferedInFourteenForms) {
+    FakeClock clock;
+    const std::array<std::u16string, kTimeAndDateFormats> expected{u"09.07",
+                                                                   u"09.07.08",
+                                                                   u"05-03-26",
+                                                                   u"05-03-26 09.07",
+                                                                   u"05-03-26 09.07.08",
+                                                                   u"05-03-2026",
+                                                                   u"05-03-2026 09.07",
+                                                                   u"05-03-2026 09.07.08",
+                                                                   u"05 марта 26",
+                                                                   u"05 марта 26 09.07",
+                                                                   u"05 марта 26 09.07.08",
+                                                                   u"05 марта 2026",
+                                                                   u"05 марта 2026 09.07",
+                                                                   u"05 марта 2026 09.07.08"};
+    EXPECT_EQ(TimeAndDateTexts(clock), expected);
+    constexpr std::u16string_view kEndings[] = {u"я", u"я", u"а", u"я", u"я", u"я",
+                                                u"я", u"а", u"я", u"я", u"я", u"я"};
+    for (clock.now.month = 1; clock.now.month <= 12; ++clock.now.month) {
+        std::u16string name = TimeAndDateTexts(clock)[11];
+        name = name.substr(3, name.size() - 8);
+        EXPECT_TRUE(name.ends_with(kEndings[clock.now.month - 1])) << clock.now.month;
+    }
+}
+
+TEST(TimeAndDate, ComesFromTheMachineAndWithoutACountryIsWrittenAsInRussia) {
+    setenv("TZ", "MSK-3", 1);
+    setenv("LC_ALL", "C.UTF-8", 1);
+    const PosixClock clock;
+    const std::time_t before = std::time(nullptr) + 3 * 60 * 60;
+    const Moment now = clock.Now();
+    const std::tm utc = *std::gmtime(&before);
+    EXPECT_NEAR(now.hour * 60 + now.minute, utc.tm_hour * 60 + utc.tm_min, 1);
+    EXPECT_EQ(now.year, utc.tm_year + 1900);
+    EXPECT_EQ(now.month, utc.tm_mon + 1);
+    EXPECT_EQ(clock.DateSeparator(), u'.');
+    EXPECT_EQ(clock.TimeSeparator(), u':');
+}
+
+struct InsertTextFile : testing::Test {
+    TestProgram test;
+
+    void Insert(std::u16string_view path) {
+        test.fileDialog.chosen.emplace_back(path);
+        test.program.Run("MENU:INSERT:TEXTFILE");
+    }
+    FakeMainView& StartWith(std::u16string_view text) {
+        FakeMainView& window = test.Start();
+        window.document.SetText(text);
+        window.document.SetSelStart(1);
+        window.document.SetSelLength(2);
+        test.clipboard.SetText(u"copied");
+        test.timers.Tick();
+        return window;
+    }
+};
+
+TEST_F(InsertTextFile, ReplacesTheSelectionAndStaysOnTheClipboard) {
+    FakeMainView& window = StartWith(u"abcd");
+    test.Set(Setting::FormLoad, u"1").Set(Setting::FormLoadPath, u"/load.wav");
+    test.Set(Setting::StartAtOpen, u"1").Set(Setting::StartAtImport, u"1");
+    test.files.files[u"/d/i.txt"] = "\xCF\r\n!";
+    test.fileDialog.InitDir = u"/left";
+    Insert(u"/d/i.txt");
+    EXPECT_EQ(window.document.Text(), u"aП\r\n!d");
+    EXPECT_EQ(window.inserted.Text(), u"") << "empty for the next file";
+    EXPECT_EQ(test.clipboard.text, u"П\r\n!");
+    EXPECT_EQ(test.sound.played, std::vector<std::u16string>{u"/load.wav"});
+    EXPECT_TRUE(test.dialogs->shown.empty()) << "no job goes with it";
+    EXPECT_EQ(test.fileDialog.InitDir, u"/left");
+    EXPECT_EQ(test.fileDialog.FileName, u"/d/i.txt");
+    test.program.Run("MENU:EDIT:UNDO");
+    EXPECT_EQ(window.document.Text(), u"abcd");
+
+    test.files.files[u"/d/i.rtf"] = R"({\rtf1\ansi {\b bold}\par x})";
+    Insert(u"/d/i.rtf");
+    EXPECT_NE(window.document.Text().find(u"bold\r\nx"), std::u16string_view::npos);
+}
+
+TEST_F(InsertTextFile, ThatFailsOrIsEmptyOrCancelledChangesNothing) {
+    FakeMainView& window = StartWith(u"abcd");
+    test.files.files[u"/d/empty.txt"] = "";
+    test.files.files[u"/d/picture.rtf"] = R"({\rtf1{\pict 00}})";
+    for (const auto* path : {u"/d/none.txt", u"/d/empty.txt", u"/d/picture.rtf"})
+        Insert(path);
+    test.program.Run("MENU:INSERT:TEXTFILE");
+    EXPECT_EQ(window.document.Text(), u"abcd");
+    EXPECT_EQ(window.document.SelLength(), 2U);
+    EXPECT_EQ(test.clipboard.text, u"copied");
+    ASSERT_EQ(test.messageBox.shown.size(), 1U);
+    EXPECT_EQ(test.LastBox(), u"Произошла ошибка № 53\r\n«/d/none.txt»\r\nФайл не найден");
+}
+
+// Or it would replace the document.
+TEST_F(InsertTextFile, AndImportAreNoNewsToTheWatcherButWhatIsCopiedAfterwardsIs) {
+    for (const auto* const key : {"MENU:INSERT:TEXTFILE", "MENU:FILE:IMPORT:RTF"}) {
+        TestProgram program;
+        program.Set(Setting::ClipboardDetect, u"1").Set(Setting::DecodeClipboard, u"0");
+        FakeMainView& window = program.Start();
+        window.document.SetText(u"ab");
+        program.files.files[u"/d/i.txt"] = "new";
+        program.fileDialog.chosen = {u"/d/i.txt"};
+        program.program.Run(key);
+        program.timers.Tick();
+        EXPECT_EQ(window.document.Text(), u"newab") << key;
+        program.clipboard.Hold(u"newab");
+        program.timers.Tick();
+        program.clipboard.Hold(u"other");
+        program.timers.Tick();
+        EXPECT_EQ(window.document.Text(), u"other") << key;
+    }
+}
+
+TEST(DocumentProperties, TellsSizesInThreeDigits) {
+    const std::pair<std::uint64_t, std::u16string_view> cases[] = {{0, u"0 байт"},
+                                                                   {1, u"1 байт"},
+                                                                   {11, u"11 байт"},
+                                                                   {22, u"22 байта"},
+                                                                   {1023, u"1023 байта"},
+                                                                   {1024, u"1,00 КБ"},
+                                                                   {1500, u"1,46 КБ"},
+                                                                   {10 * 1024 + 52, u"10,0 КБ"},
+                                                                   {1022976, u"999 КБ"},
+                                                                   {1024000, u"0,976 МБ"},
+                                                                   {5 << 20U, u"5,00 МБ"},
+                                                                   {std::uint64_t{5} << 30U, u"5,00 ГБ"},
+                                                                   {~std::uint64_t{0}, u"15,9 ЭБ"}};
+    for (const auto& [bytes, text] : cases)
+        EXPECT_EQ(SizeText(bytes), text);
+}
+
+TEST(DocumentProperties, TellsMomentsInUtc) {
+    const std::pair<std::int64_t, std::u16string_view> cases[] = {
+        {1109840405, u"03.03.2005 г., 9:0:5"}, // date -u -d "2005-03-03 09:00:05" +%s
+        {1709251199, u"29.02.2024 г., 23:59:59"},
+        {-1, u"31.12.1969 г., 23:59:59"}};
+    for (const auto& [seconds, text] : cases)
+        EXPECT_EQ(DateText(seconds), text);
+}
+
+} // namespace
+} // namespace quillshift
