@@ -88,7 +88,27 @@ public:
         return true;
     }
 
+    std::optional<ProgressSizes> ProgressBarSizes() const override {
+        return name ? std::optional(ProgressSizes{.chunk = 6, .space = 3}) : std::nullopt;
+    }
+    bool DrawProgressPart(Surface& surface, int part, const Rect& area) const override {
+        if (!name || part == missingPart)
+            return false;
+        dynamic_cast<RecordingSurface&>(surface).Note("part " + std::to_string(part) + " " +
+                                                      RecordingSurface::Text(area));
+        return true;
+    }
+    bool DrawProgressText(Surface& surface, const Rect& area, std::u16string_view text,
+                          const FontSpec&) const override {
+        if (!name)
+            return false;
+        dynamic_cast<RecordingSurface&>(surface).Note("theme's text " + RecordingSurface::Text(area) + " " +
+                                                      ToUtf8(text));
+        return true;
+    }
+
     std::optional<std::u16string> name;
+    int missingPart = 0; ///< of the class "Progress"
 };
 
 } // namespace quillshift

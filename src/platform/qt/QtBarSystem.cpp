@@ -284,4 +284,29 @@ bool QtTheme::DrawToolbarPart(Surface& surface, int part, int state, const Rect&
     return true;
 }
 
+bool QtTheme::DrawProgressPart(Surface& surface, int part, const Rect& area) const {
+    auto* const target = dynamic_cast<QtSurface*>(&surface);
+    if (target == nullptr)
+        return false;
+    const bool isFrame = part == 1 || part == 2;
+    QStyleOptionProgressBar option;
+    option.rect = QRect(area.left, area.top, area.Width(), area.Height());
+    option.palette = QGuiApplication::palette();
+    option.state = QStyle::State_Enabled | QStyle::State_Active;
+    option.state.setFlag(QStyle::State_Horizontal, part % 2 == 1);
+    option.bottomToTop = true; // of an upright one
+    option.maximum = 1;
+    option.progress = 1;
+    QApplication::style()->drawControl(
+        isFrame ? QStyle::CE_ProgressBarGroove : QStyle::CE_ProgressBarContents, &option, &target->Painter());
+    return true;
+}
+
+bool QtTheme::DrawProgressText(Surface& surface, const Rect& area, std::u16string_view text,
+                               const FontSpec& font) const {
+    surface.DrawText(area, text, font, QtSystemColours().Of(SystemColour::WindowText),
+                     {.align = TextLayout::Align::Left, .rotated = false, .mnemonics = false});
+    return true;
+}
+
 } // namespace quillshift

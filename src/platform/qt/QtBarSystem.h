@@ -48,6 +48,11 @@ class QtTheme final : public ThemeService {
 public:
     std::optional<std::u16string> ColourName() const override { return std::nullopt; }
     bool DrawToolbarPart(Surface& surface, int part, int state, const Rect& area) const override;
+    /// Today's bars are of one piece.
+    std::optional<ProgressSizes> ProgressBarSizes() const override { return ProgressSizes{}; }
+    bool DrawProgressPart(Surface& surface, int part, const Rect& area) const override;
+    bool DrawProgressText(Surface& surface, const Rect& area, std::u16string_view text,
+                          const FontSpec& font) const override;
 };
 
 } // namespace quillshift

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "controls/qsProgressBar.h"
+#include "platform/qt/QtSurface.h"
+
+#include <QWidget>
+
+namespace quillshift {
+
+/// A place in a window for the progress bar, which paints itself in the desktop's colours and theme.
+class ProgressBarWidget final : public QWidget {
+public:
+    explicit ProgressBarWidget(QWidget* parent = nullptr);
+
+    const qsProgressBar& Bar() const { return bar_; }
+    /// Changes properties of the bar, and has it painted anew.
+    template <class With>
+    void Change(With change) {
+        change(bar_);
+        update();
+    }
+    QSize sizeHint() const override { return {300, 21}; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    qsProgressBar bar_;
+    QtTextMeasurer texts_;
+    QtMemorySurface memory_{texts_};
+};
+
+} // namespace quillshift
