@@ -79,14 +79,13 @@ TEST_F(DocumentDialogs, PropertiesAreTheDisksAndCanBeCopiedButNotChanged) {
         QTest::mouseClick(&box, Qt::LeftButton, {}, {8, box.height() / 2});
         box.toggle();
         EXPECT_EQ(box.isChecked(), ticked) << name;
-        EXPECT_TRUE(Find<QPushButton>(dialog, "cmdClose").hasFocus()) << name;
+        EXPECT_EQ(dialog.focusWidget(), &Find<QPushButton>(dialog, "cmdClose")) << name;
     }
     auto& size = Find<QLineEdit>(dialog, "lblSize");
     QTest::keyClicks(&size, QStringLiteral("x"));
     EXPECT_EQ(size.text(), QStringLiteral("1,00 КБ"));
     QTest::mouseDClick(&size, Qt::LeftButton, {}, {8, size.height() / 2});
     EXPECT_TRUE(size.hasSelectedText());
-    EXPECT_FALSE(Find<QWidget>(dialog, "picFileImage").grab().toImage().allGray()) << "our own picture";
     QTest::keyClick(&dialog, Qt::Key_Escape);
     EXPECT_FALSE(dialog.isVisible());
 }
