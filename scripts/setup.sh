@@ -5,7 +5,7 @@ set -euo pipefail
 
 build="build-essential cmake ninja-build ccache qt6-base-dev qt6-translations-l10n libsdl2-dev libsqlite3-dev
        fonts-liberation fonts-dejavu-core libx11-dev libxcb1-dev libxfixes-dev libxi-dev"
-test="libgtest-dev libgmock-dev libbenchmark-dev libxtst-dev xvfb openbox imagemagick xclip sqlite3
+test="poppler-utils libgtest-dev libgmock-dev libbenchmark-dev libxtst-dev xvfb openbox imagemagick xclip sqlite3
       x11-xserver-utils"
 package="xvfb xdotool gzip dpkg-dev lintian appstream desktop-file-utils"
 lint="clang clang-format clang-tidy libclang-rt-14-dev"

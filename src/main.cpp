@@ -15,6 +15,7 @@
 #include "platform/qt/QtClipboard.h"
 #include "platform/qt/QtFileDialog.h"
 #include "platform/qt/QtMessageBox.h"
+#include "platform/qt/QtPrinters.h"
 #include "platform/qt/QtProgress.h"
 #include "platform/qt/QtScreens.h"
 #include "platform/qt/QtShell.h"
@@ -31,7 +32,6 @@
 #include <QIcon>
 #include <QImageReader>
 #include <QLibraryInfo>
-#include <QPrinterInfo>
 #include <QTimer>
 #include <QTranslator>
 
@@ -120,10 +120,9 @@ std::filesystem::path RecoveryFolder() {
 void SetUpStore(SqliteSettings& store, const Platform& platform) {
     const auto fill = [&](SettingsBackend& backend) {
         Settings settings(backend);
-        WriteFirstValues(settings,
-                         {.programFolder = platform.shell.ProgramFolder(),
-                          .printerName = FromQString(QPrinterInfo::availablePrinterNames().value(0)),
-                          .mainWindow = FirstPlace(platform.screen.WorkAreas())});
+        WriteFirstValues(settings, {.programFolder = platform.shell.ProgramFolder(),
+                                    .printerName = platform.printers.Names().front(),
+                                    .mainWindow = FirstPlace(platform.screen.WorkAreas())});
     };
     store.SetUp(fill);
     if (!Settings(store).Find(Setting::FirstRun))
@@ -158,9 +157,10 @@ int Run(int argc, char** argv) {
     QtBackground background;
     const PosixClock wallClock;
     QtProgress progress;
+    QtPrinters printers(files);
     PosixRecoveryStore recovery(RecoveryFolder());
-    Platform platform{store,  sound, files,      fileDialog, messageBox, clipboard, timers,
-                      screen, shell, background, progress,   recovery,   wallClock};
+    Platform platform{store, sound,      files,    fileDialog, messageBox, clipboard, timers,  screen,
+                      shell, background, progress, recovery,   wallClock,  printers};
     SetUpStore(store, platform);
 
     QtWindowMessages windowIds;

@@ -27,6 +27,7 @@ struct DocumentState {
         false; ///< counts as changed since it was last saved; nothing clears it but a save
     bool ReopenAvailable = false;
     bool SaveAvailable = false; ///< plain Save may be offered
+    bool printing = false;      ///< the text must stay as it is until all of it is on paper
 
     /// The target of plain Save, this run's own: another copy of the program, a name that the store can't
     /// hold or a file chosen for something else don't change it.

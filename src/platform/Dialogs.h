@@ -18,6 +18,7 @@ enum class DialogKind {
     GoTo, ///< asks for a line's number
     InsertTimeAndDate,
     DocumentProperties,
+    Printing, ///< asks for paper before a document is printed
 };
 
 /// Shows and closes the program's dialogs, one of each kind.

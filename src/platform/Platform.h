@@ -6,6 +6,7 @@
 #include "platform/FileDialog.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
+#include "platform/Printers.h"
 #include "platform/Progress.h"
 #include "platform/RecoveryStore.h"
 #include "platform/Screen.h"
@@ -32,6 +33,7 @@ struct Platform {
     Progress& progress;
     RecoveryStore& recovery;
     const Clock& clock;
+    Printers& printers;
 };
 
 } // namespace quillshift

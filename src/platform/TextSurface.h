@@ -12,6 +12,8 @@
 
 namespace quillshift {
 
+class Printer;
+
 /// The default font of a surface.
 struct SurfaceFont {
     std::u16string name;
@@ -116,6 +118,14 @@ public:
 
     /// Whether the user may edit the text; calls always do.
     virtual void SetReadOnly(bool readOnly) = 0;
+
+    /// Paints the text on the printer's present page, formatted as on the screen: from a position on, into
+    /// the rectangle, clipped to the page; at least one line. Both are measured from the printable area.
+    /// Answers the position of the first character that did not fit, or that of the end.
+    virtual std::size_t PrintRange(Printer& printer, const TwipsRect& rectangle, const TwipsRect& page,
+                                   std::size_t from) = 0;
+    /// Forgets what is kept from one page to the next.
+    virtual void ForgetPrintLayout() = 0;
 
     /// Gives the surface the keyboard, also from another window of the program.
     virtual void SetFocus() = 0;

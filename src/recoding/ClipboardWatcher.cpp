@@ -65,7 +65,7 @@ void ClipboardWatcher::Overlook(const std::function<void()>& copy) {
 }
 
 void ClipboardWatcher::TakeInAll() {
-    if (services_.clipboard.IsWaiting()) {
+    if (services_.clipboard.IsWaiting() || services_.inUse) {
         timerClipboard_->StartOnce();
         return;
     }

@@ -27,6 +27,7 @@ public:
         std::function<void()> gatherText; ///< the document gets what is being written elsewhere
         std::function<void()> replaces;   ///< the document's text is about to go
         std::function<void()> tookIn;     ///< the document has been changed
+        const bool& inUse;                ///< somebody counts on the document as it is
     };
 
     explicit ClipboardWatcher(Services services);

@@ -144,6 +144,11 @@ bool Settings::Is(Setting setting) {
                                        : store_.ReadDword(Hive::CurrentUser, row.path, row.name) == 1;
 }
 
+std::int32_t Settings::Whole(Setting setting) {
+    const SettingRow& row = RowOf(setting);
+    return store_.ReadDword(Hive::CurrentUser, row.path, row.name);
+}
+
 std::optional<std::u16string> Settings::Find(Setting setting) {
     const SettingRow& row = RowOf(setting);
     return store_.ReadString(Hive::CurrentUser, row.path, row.name);

@@ -122,6 +122,9 @@ public:
     /// The number a text begins with, as single precision; 0 without one.
     float Number(Setting setting) { return NumberIn(Text(setting)); }
 
+    /// The value of a setting that is a number; 0 when absent.
+    std::int32_t Whole(Setting setting);
+
     void Set(Setting setting, std::u16string_view text);
     /// "1" or "0", or 1 or 0, as the setting is a text or a number.
     void Switch(Setting setting, bool on);

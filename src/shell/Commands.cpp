@@ -81,7 +81,7 @@ constexpr std::array kCommands{
     CommandRow{Command::Save, Save, [](P& p, int, Key) { p.documents.MenuSave(); }},
     CommandRow{Command::SaveOrSaveAs, Nothing, [](P& p, int, Key) { p.documents.ToolbarSave(); }},
     CommandRow{Command::SaveAs, Nothing, [](P& p, int, Key) { p.documents.SaveAs(); }},
-    CommandRow{Command::Print, Text, nullptr},
+    CommandRow{Command::Print, Text, [](P& p, int, Key) { p.print.Print(); }},
     CommandRow{Command::ImportRtf, Nothing, [](P& p, int, Key) { p.documents.ImportRtf(); }},
     CommandRow{Command::ShowProperties, Nothing,
                [](P& p, int, Key) { p.dialogs->Show(DialogKind::DocumentProperties); }},

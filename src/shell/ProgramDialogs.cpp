@@ -7,6 +7,7 @@
 #include "document/frmReplace.h"
 #include "document/frmRecovery.h"
 #include "document/frmInsertTimeAndDate.h"
+#include "document/frmPrinting.h"
 #include "recoding/frmDecode.h"
 #include "recoding/frmDecoding.h"
 #include "settings/frmAbout.h"
@@ -91,6 +92,10 @@ const ProgramDialogs::Row& ProgramDialogs::RowOf(DialogKind kind) {
         Row{DialogKind::DocumentProperties, Stand::Modal,
             [](Context context, ProgramParts&, int) -> std::unique_ptr<Dialog> {
                 return std::make_unique<frmDocumentProperties>(context);
+            }},
+        Row{DialogKind::Printing, Stand::Modal,
+            [](Context context, ProgramParts& parts, int) -> std::unique_ptr<Dialog> {
+                return std::make_unique<frmPrinting>(context, parts.print);
             }},
         Row{DialogKind::InsertTimeAndDate, Stand::Beside,
             [](Context context, ProgramParts& parts, int) -> std::unique_ptr<Dialog> {

@@ -30,8 +30,12 @@ ProgramParts::ProgramParts(Platform& thePlatform, MainView& mainWindow, mCommand
       reopenOffer({platform.files, platform.background, platform.messageBox, document, window.RichTextBox(),
                    [this] { return MayInterrupt(); }, [this] { documents.ReopenOwnFile(); }}),
       recovered({platform.recovery, platform.messageBox, recovery, documents}),
+      print({settings, platform, window.RichTextBox(),
+             [this] { return StoredPrintBoxes(settings, platform.printers); },
+             [this] { dialogs->Show(DialogKind::Printing); },
+             [this] { return platform.fileDialog.FileTitle; }, document.printing}),
       watcher({platform.clipboard, settings, recoding, window.RichTextBox(), platform.timers,
                [this] { fullScreen.End(); }, [this] { recovery.KeepReplaced(); },
-               [this] { document.DocumentModified = true; }}) {}
+               [this] { document.DocumentModified = true; }, document.printing}) {}
 
 } // namespace quillshift

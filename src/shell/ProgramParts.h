@@ -9,6 +9,7 @@
 #include "document/UndoHistory.h"
 #include "document/modDocument.h"
 #include "document/modEdit.h"
+#include "document/modPrint.h"
 #include "platform/Dialogs.h"
 #include "platform/Platform.h"
 #include "recoding/ClipboardWatcher.h"
@@ -54,6 +55,7 @@ struct ProgramParts {
     modDocument documents;
     ReopenOffer reopenOffer;
     RecoveredTexts recovered;
+    modPrint print;
     ClipboardWatcher watcher;
 
     /// Whether a question may come up that answers no command: nothing else has the user's attention.

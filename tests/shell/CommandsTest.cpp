@@ -55,6 +55,8 @@ struct Situation : TestProgram {
             what += "box " + ToUtf8(box.text) + "; ";
         for (const auto& [kind, argument] : dialogs->shown)
             what += kind == DialogKind::Decoding ? "progress; " : "dialog; ";
+        if (!window.document.printed.empty())
+            what += "prints; ";
         for (const std::u16string& link : shell.opened)
             what += "opens " + ToUtf8(link).substr(0, 8) + "; ";
         if (window.document.SelIndent() != Twips{})
@@ -83,6 +85,7 @@ TEST(Commands, EachPlaceDoesWhatItSays) {
         {"MENU:EDIT:DELETE", "TOOLBAR:DELETE", "text Џа !; "},
         {"MENU:EDIT:SELECTALL", "", "selected 6; "},
         {"MENU:EDIT:CLEAR", "TOOLBAR:CLEAR", "text ; "},
+        {"MENU:FILE:PRINT", "TOOLBAR:PRINT", "prints; "},
         {"MENU:FILE:PROPERTIES", "TOOLBAR:PROPERTIES", "dialog; "},
         {"MENU:INSERT:TIMEANDDATE", "TOOLBAR:TIMEANDDATE", "dialog; "},
         {"MENU:INSERT:TEXTFILE", "TOOLBAR:TEXTFILE", "text Џа next!; clipboard next; "},

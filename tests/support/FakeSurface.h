@@ -121,6 +121,20 @@ public:
     }
     Rect SelectionOnScreen() const override { return onScreen; }
     void SetFocus() override { ++focused; }
+    /// Ten characters to the page.
+    std::size_t PrintRange(Printer& /*printer*/, const TwipsRect& rectangle, const TwipsRect& page,
+                           std::size_t from) override {
+        printed.push_back({from, rectangle, page});
+        return std::min(from + 10, text_.size());
+    }
+    void ForgetPrintLayout() override { ++layoutsForgotten; }
+
+    struct PrintedRange {
+        std::size_t from;
+        TwipsRect rectangle, page;
+    };
+    std::vector<PrintedRange> printed;
+    int layoutsForgotten = 0;
 
     std::size_t top = 0;
     bool readOnly = false;

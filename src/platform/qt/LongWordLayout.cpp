@@ -34,11 +34,15 @@ std::vector<Word> LongWords(const QString& text) {
     return words;
 }
 
-QTextOption OptionOf(const QTextBlock& block) {
+QTextOption OptionOf(const QTextBlock& block, qreal scale) {
     const QTextBlockFormat format = block.blockFormat();
     QTextOption option = block.document()->defaultTextOption();
     option.setTextDirection(block.textDirection());
-    option.setTabs(format.tabPositions());
+    option.setTabStopDistance(option.tabStopDistance() * scale);
+    QList<QTextOption::Tab> tabs = format.tabPositions();
+    for (QTextOption::Tab& tab : tabs)
+        tab.position *= scale;
+    option.setTabs(tabs);
     if (format.hasProperty(QTextFormat::BlockAlignment))
         option.setAlignment(format.alignment());
     return option;
@@ -77,29 +81,20 @@ bool HasLongWord(std::u16string_view text) {
     });
 }
 
-// --- Laying out
-
-qreal LongWordLayout::LineWidth() const {
-    constexpr qreal kAnyWidth = 1 << 23; // not shown yet: nothing wraps
-    const qreal page = document()->pageSize().width();
-    return page > 0 ? page - 2 * document()->documentMargin() : kAnyWidth;
-}
-
 // A line that begins in a long word can be broken anywhere, which needs no look at the rest of the word;
 // unless it reaches the word's end, where the rule for words is in force again.
-void LongWordLayout::LayOut(const QTextBlock& block) const {
+void LayOutParagraph(QTextLayout& layout, const QTextBlock& block, qreal room, qreal scale) {
     const QTextBlockFormat format = block.blockFormat();
-    const QTextOption byWords = OptionOf(block);
+    const QTextOption byWords = OptionOf(block, scale);
     QTextOption anywhere = byWords;
     anywhere.setWrapMode(QTextOption::WrapAnywhere);
     const std::vector<Word> words = LongWords(block.text());
     auto word = words.begin();
-    const qreal width = LineWidth() - format.leftMargin() - format.rightMargin();
-    qreal indent = format.textIndent();
+    const qreal left = format.leftMargin() * scale;
+    const qreal width = room - left - format.rightMargin() * scale;
+    qreal indent = format.textIndent() * scale;
     qreal y = 0;
 
-    QTextLayout& layout = *block.layout();
-    layout.setCacheEnabled(!words.empty()); // or each stroke of the caret would itemise it again
     layout.setTextOption(byWords);
     layout.beginLayout();
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
@@ -114,11 +109,26 @@ void LongWordLayout::LayOut(const QTextBlock& block) const {
             fill(anywhere);
         if (!isInWord || line.textStart() + line.textLength() >= word->end)
             fill(byWords);
-        line.setPosition({format.leftMargin() + indent, y});
+        line.setPosition({left + indent, y});
         y += line.height();
         indent = 0;
     }
     layout.endLayout();
+}
+
+// --- Laying out
+
+qreal LongWordLayout::LineWidth() const {
+    constexpr qreal kAnyWidth = 1 << 23; // not shown yet: nothing wraps
+    const qreal page = document()->pageSize().width();
+    return page > 0 ? page - 2 * document()->documentMargin() : kAnyWidth;
+}
+
+void LongWordLayout::LayOut(const QTextBlock& block) const {
+    QTextLayout& layout = *block.layout();
+    // Or each stroke of the caret would itemise it again.
+    layout.setCacheEnabled(!LongWords(block.text()).empty());
+    LayOutParagraph(layout, block, LineWidth(), 1);
 }
 
 // Puts the blocks below each other; the greater of two margins that meet is kept.

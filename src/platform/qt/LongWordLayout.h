@@ -14,6 +14,10 @@ inline constexpr std::size_t kLongWord = 4096;
 /// it measures the word to its end.
 bool HasLongWord(std::u16string_view text);
 
+/// Breaks a paragraph into lines for a room of that width, from y = 0 on, in time in proportion to it. Its
+/// measures, which are logical pixels, are multiplied by `scale`; the layout brings its own font.
+void LayOutParagraph(QTextLayout& layout, const QTextBlock& block, qreal room, qreal scale);
+
 /// A layout of paragraphs that takes time in proportion to the text, however long its words are. Breaks lines
 /// where Qt's own layout does; knows no tables, lists or pictures.
 class LongWordLayout final : public QAbstractTextDocumentLayout {

@@ -2,6 +2,8 @@
 
 #include "base/TextChange.h"
 #include "platform/qt/LongWordLayout.h"
+#include "platform/qt/PrintLayout.h"
+#include "platform/qt/QtPrinter.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/QtTextFormats.h"
 
@@ -66,6 +68,8 @@ QtTextSurface::QtTextSurface(QWidget* parent, EditingKeys keys) : QTextEdit(pare
     connect(this, &QTextEdit::cursorPositionChanged, this, &QtTextSurface::NoteSelection);
     connect(this, &QTextEdit::selectionChanged, this, &QtTextSurface::NoteSelection);
 }
+
+QtTextSurface::~QtTextSurface() = default;
 
 // --- Positions and the mirror
 
@@ -316,6 +320,26 @@ void QtTextSurface::SetTopPosition(std::size_t position) {
     cursor.setPosition(DocumentPosition(position));
     QScrollBar& bar = *verticalScrollBar();
     bar.setValue(bar.value() + cursorRect(cursor).top());
+}
+
+// --- Printing
+
+std::size_t QtTextSurface::PrintRange(Printer& printer, const TwipsRect& rectangle, const TwipsRect& page,
+                                      std::size_t from) {
+    auto& pages = dynamic_cast<QtPrinter&>(printer);
+    const auto onDevice = [&](const TwipsRect& twips) {
+        const qreal scale = pages.Device().logicalDpiX() / 1440.0;
+        const auto px = [scale](Twips length) { return static_cast<qreal>(length.value) * scale; };
+        return QRectF(px(twips.left), px(twips.top), px(twips.width), px(twips.height));
+    };
+    if (!printLayout_)
+        printLayout_ = std::make_unique<PrintLayout>(*document(), pages.Device(), pages.IsGrey());
+    pages.Painter().setClipRect(onDevice(page));
+    return SurfacePosition(printLayout_->Paint(pages.Painter(), onDevice(rectangle), DocumentPosition(from)));
+}
+
+void QtTextSurface::ForgetPrintLayout() {
+    printLayout_.reset();
 }
 
 // --- What the widget must leave to the program

@@ -4,7 +4,11 @@
 
 #include <QTextEdit>
 
+#include <memory>
+
 namespace quillshift {
+
+class PrintLayout;
 
 /// Who serves the keys of clipboard, undo and select-all in a surface.
 enum class EditingKeys {
@@ -22,6 +26,7 @@ class QtTextSurface final : public QTextEdit, public TextSurface {
 
 public:
     explicit QtTextSurface(QWidget* parent = nullptr, EditingKeys keys = EditingKeys::OfCommands);
+    ~QtTextSurface() override;
     EditingKeys Keys() const { return keys_; }
     /// Takes files dropped anywhere on a window, as those dropped on the surface itself.
     void TakeFilesDroppedOn(QWidget& window);
@@ -56,6 +61,11 @@ public:
     std::size_t TopPosition() const override;
     void SetTopPosition(std::size_t position) override;
     void SetReadOnly(bool readOnly) override { setReadOnly(readOnly); }
+
+    std::size_t PrintRange(Printer& printer, const TwipsRect& rectangle, const TwipsRect& page,
+                           std::size_t from) override;
+    void ForgetPrintLayout() override;
+
     void SetFocus() override;
 
 protected:
@@ -93,6 +103,7 @@ private:
     void RaiseChange();
 
     EditingKeys keys_;
+    std::unique_ptr<PrintLayout> printLayout_; ///< of the document that is being printed
     std::u16string mirror_;
     SurfaceFont font_;
     Selection noted_;        // what the listeners were last told

@@ -1,0 +1,48 @@
+#include "platform/qt/QtPrinters.h"
+
+#include "platform/qt/QtText.h"
+
+#include <QScopedValueRollback>
+
+namespace quillshift {
+
+QtPrinters::QtPrinters(FileSystem& files) : printer_(files) {
+    connect(&asked_, &QProcess::finished, this, &QtPrinters::TakeAnswer);
+}
+
+QtPrinters::~QtPrinters() {
+    disconnect(&asked_, nullptr, this, nullptr);
+    asked_.kill();
+    asked_.waitForFinished();
+}
+
+void QtPrinters::TakeAnswer() {
+    queues_ = QString::fromLocal8Bit(asked_.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
+    if (OnNames && !waits_)
+        OnNames();
+}
+
+// The print system's own program: a server that doesn't answer holds up nobody else.
+std::vector<std::u16string> QtPrinters::Names() {
+    constexpr int kPatience = 1000; // milliseconds
+    if (AreKnown()) {
+        const QScopedValueRollback waiting(waits_, true);
+        asked_.start(QStringLiteral("lpstat"), {QStringLiteral("-e")}, QIODevice::ReadOnly);
+        asked_.waitForFinished(kPatience);
+    }
+    std::vector<std::u16string> names;
+    for (const QString& queue : queues_)
+        names.push_back(FromQString(queue));
+    names.emplace_back(kIntoFile);
+    return names;
+}
+
+bool QtPrinters::MakeCurrent(std::u16string_view name) {
+    const QString queue = name == kIntoFile ? QString() : ToQString(name);
+    if (!queue.isEmpty() && !queues_.contains(queue))
+        return false;
+    printer_.SetQueue(queue);
+    return true;
+}
+
+} // namespace quillshift

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/qt/QtPrinter.h"
+
+#include <QObject>
+#include <QProcess>
+#include <QStringList>
+
+namespace quillshift {
+
+/// The queues of the print system, and the printer that prints into a file.
+class QtPrinters final : public QObject, public Printers {
+    Q_OBJECT
+
+public:
+    explicit QtPrinters(FileSystem& files);
+    ~QtPrinters() override;
+
+    std::vector<std::u16string> Names() override;
+    bool AreKnown() const override { return asked_.state() == QProcess::NotRunning; }
+    bool MakeCurrent(std::u16string_view name) override;
+    Printer& Current() override { return printer_; }
+
+private:
+    void TakeAnswer();
+
+    QProcess asked_;
+    bool waits_ = false; ///< `Names` does, and gives the answer itself
+    QStringList queues_; ///< as they were told last
+    QtPrinter printer_;
+};
+
+} // namespace quillshift
