@@ -8,6 +8,7 @@
 #include "platform/posix/SdlSound.h"
 #include "platform/posix/SqliteSettings.h"
 #include "platform/posix/XdgFolders.h"
+#include "platform/qt/Appearance.h"
 #include "platform/qt/CaretRest.h"
 #include "platform/qt/EndSignals.h"
 #include "platform/qt/QtBackground.h"
@@ -32,8 +33,8 @@
 #include <QIcon>
 #include <QImageReader>
 #include <QLibraryInfo>
+#include <QLocale>
 #include <QTimer>
-#include <QTranslator>
 
 #include <dlfcn.h>
 #include <thread>
@@ -54,15 +55,6 @@ void WriteDatesInRussian() {
         qunsetenv("LC_ALL");
 }
 
-// The toolkit's own dialogs speak Russian, whatever the desktop's language is.
-void SpeakRussian(QApplication& application) {
-    QLocale::setDefault(QLocale(QLocale::Russian));
-    auto* translator = new QTranslator(&application);
-    if (translator->load(QLocale(QLocale::Russian), QStringLiteral("qtbase"), QStringLiteral("_"),
-                         QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        QCoreApplication::installTranslator(translator);
-}
-
 QIcon ReadIcon(FileSystem& files, const QString& path) {
     QByteArray bytes = QByteArray::fromStdString(files.Read(FromQString(path)).bytes);
     QBuffer device(&bytes);
@@ -71,21 +63,6 @@ QIcon ReadIcon(FileSystem& files, const QString& path) {
     for (int number = 0; reader.jumpToImage(number); ++number)
         icon.addPixmap(QPixmap::fromImage(reader.read()));
     return icon;
-}
-
-// The stored font names stay as they are; what is shown is a near relative.
-void ShowFontRelatives() {
-    const QStringList relatives{QStringLiteral("Liberation Sans"), QStringLiteral("DejaVu Sans")};
-    for (const auto* name : {"MS Sans Serif", "Tahoma"})
-        QFont::insertSubstitutions(QLatin1String(name), relatives);
-}
-
-// The toolkit's grey for what is disabled falls below 2:1; a middle one has over 3:1 on light and dark alike.
-void KeepGreyedTextReadable() {
-    QPalette palette;
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        palette.setColor(QPalette::Disabled, role, QColor(128, 128, 128));
-    QApplication::setPalette(palette);
 }
 
 // Reading the machine's list of fonts takes a good part of a start, and nobody needs it before the first text
@@ -135,11 +112,9 @@ int Run(int argc, char** argv) {
     std::thread fonts(ReadFontList);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("quillshift"));
-    SpeakRussian(application);
-    ShowFontRelatives();
-    KeepGreyedTextReadable();
     // At the start one window closes before the next one shows. Whoever closes the last one says so.
     QApplication::setQuitOnLastWindowClosed(false);
+    DressUp(application);
     const CaretRest caretRest;
 
     const std::filesystem::path data = DataFolder();

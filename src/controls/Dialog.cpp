@@ -1,5 +1,9 @@
 #include "controls/Dialog.h"
 
+#include "controls/Mnemonics.h"
+#include "platform/qt/Appearance.h"
+
+#include <QKeyEvent>
 #include <QWindow>
 
 namespace quillshift {
@@ -7,7 +11,7 @@ namespace quillshift {
 Dialog::Dialog(const DialogContext& context, const QString& title, DialogSounds sounds)
     : QDialog(context.owner), context_(context), sounds_(sounds) {
     setWindowTitle(title);
-    setFont(QFont(QStringLiteral("MS Sans Serif"), 8));
+    setFont(DialogFont());
     SetWindowTopMost(*this, context_.settings.Is(Setting::TopMost));
     Play(sound_event::kFormLoad);
 }
@@ -25,6 +29,17 @@ void Dialog::BringUp() {
     setWindowState(windowState() & ~Qt::WindowMinimized);
     raise();
     activateWindow();
+}
+
+bool Dialog::event(QEvent* event) {
+    if (event->type() == QEvent::Show)
+        GiveMnemonics(*this);
+    return QDialog::event(event);
+}
+
+void Dialog::keyPressEvent(QKeyEvent* event) {
+    if (!stays_ || event->key() != Qt::Key_Escape)
+        QDialog::keyPressEvent(event);
 }
 
 DialogButton::DialogButton(const QString& text, SoundEvents& sounds, QWidget* parent)

@@ -4,6 +4,7 @@
 #include "settings/SoundEvents.h"
 
 #include <QDialog>
+#include <QLabel>
 #include <QPushButton>
 
 #include <utility>
@@ -37,7 +38,8 @@ private:
 enum class DialogSounds { LoadAndUnload, None };
 
 /// What every dialog does the same way: it takes its place above other windows as `TopMost` says and plays
-/// the load sound before it fills its fields, and plays the unload sound when it is unloaded.
+/// the load sound before it fills its fields, and plays the unload sound when it is unloaded. It has the one
+/// font of all dialogs, and captions without a mnemonic get one when it is shown.
 class Dialog : public QDialog {
     Q_OBJECT
 
@@ -62,13 +64,26 @@ protected:
         return Add<DialogButton>(name, text, context_.sounds);
     }
 
+    /// The label of a field, which stands before it: its mnemonic leads there, and screen readers read it.
+    static QLabel* LabelFor(QWidget* field, const QString& text) {
+        auto* label = new QLabel(text);
+        label->setBuddy(field);
+        return label;
+    }
+    /// Escape closes a dialog as its close box does, unless it says that it stays.
+    void StayAtEscape() { stays_ = true; }
+
     const DialogContext& Context() const { return context_; }
+
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void Play(const SoundEvent& event);
 
     DialogContext context_;
     DialogSounds sounds_;
+    bool stays_ = false;
 };
 
 /// Places a window above all others or takes that place away, without hiding it in between.

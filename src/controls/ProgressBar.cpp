@@ -2,6 +2,7 @@
 
 #include "base/Error.h"
 #include "base/Texts.h"
+#include "platform/qt/Appearance.h"
 #include "platform/qt/QtText.h"
 
 #include <QCoreApplication>
@@ -14,7 +15,7 @@ namespace quillshift {
 
 ProgressBar::ProgressBar(QWidget* parent) : QWidget(parent) {
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setFont(QFont(QStringLiteral("MS Sans Serif"), 8));
+    setFont(DialogFont());
 }
 
 void ProgressBar::SetValue(float value) {

@@ -24,7 +24,7 @@ frmDecoding::frmDecoding(const DialogContext& context, RecodingJob& job)
 
     auto* details = new QGroupBox(QStringLiteral("Подробности:"));
     auto* rows = new QGridLayout(details);
-    rows->addWidget(new QLabel(QStringLiteral("Файл:")), 0, 0);
+    rows->addWidget(LabelFor(txtPath, QStringLiteral("Файл:")), 0, 0);
     rows->addWidget(txtPath, 0, 1);
     rows->addWidget(new QLabel(QStringLiteral("Кодировка:")), 1, 0);
     rows->addWidget(lblCode, 1, 1);

@@ -21,6 +21,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 namespace quillshift {
 
@@ -38,7 +39,7 @@ struct ProgramDialogs::Row {
     std::unique_ptr<Dialog> (*make)(const DialogContext& context, ProgramParts& parts, int argument);
 };
 
-const ProgramDialogs::Row& ProgramDialogs::RowOf(DialogKind kind) {
+std::span<const ProgramDialogs::Row> ProgramDialogs::Rows() {
     using Context = const DialogContext&;
     static constexpr std::array kRows{
         Row{DialogKind::Decode, Stand::Modal,
@@ -102,20 +103,35 @@ const ProgramDialogs::Row& ProgramDialogs::RowOf(DialogKind kind) {
                 return std::make_unique<frmInsertTimeAndDate>(context, parts.window.RichTextBox());
             }},
     };
-    return *std::find_if(kRows.begin(), kRows.end(), [kind](const Row& row) { return row.kind == kind; });
+    return kRows;
+}
+
+const ProgramDialogs::Row& ProgramDialogs::RowOf(DialogKind kind) {
+    return *std::ranges::find(Rows(), kind, &Row::kind);
+}
+
+std::vector<DialogKind> ProgramDialogs::Kinds() {
+    std::vector<DialogKind> kinds;
+    std::ranges::transform(Rows(), std::back_inserter(kinds), &Row::kind);
+    return kinds;
 }
 
 ProgramDialogs::ProgramDialogs(ProgramParts& parts, QWidget& owner) : parts_(parts), owner_(owner) {}
 
 ProgramDialogs::~ProgramDialogs() = default;
 
+std::unique_ptr<Dialog> ProgramDialogs::Make(DialogKind kind, int argument) const {
+    const Row& row = RowOf(kind);
+    QWidget* const owner = row.stand == Stand::Alone ? nullptr : &owner_;
+    return row.make({parts_.platform, parts_.settings, parts_.sounds, owner}, parts_, argument);
+}
+
 void ProgramDialogs::Show(DialogKind kind, int argument) {
     const Row& row = RowOf(kind);
     std::unique_ptr<Dialog>& dialog = loaded_[kind];
-    QWidget* const owner = row.stand == Stand::Alone ? nullptr : &owner_;
     const bool isNew = !dialog;
     if (isNew)
-        dialog = row.make({parts_.platform, parts_.settings, parts_.sounds, owner}, parts_, argument);
+        dialog = Make(kind, argument);
     switch (row.stand) {
     case Stand::Modal:
         dialog->exec();

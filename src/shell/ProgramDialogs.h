@@ -8,6 +8,7 @@
 
 #include <map>
 #include <memory>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -26,9 +27,15 @@ public:
     void HideAll() override;
     void BringBack() override;
 
+    /// All dialogs there are.
+    static std::vector<DialogKind> Kinds();
+    /// A dialog by itself, hidden, beside the one that may be loaded.
+    std::unique_ptr<Dialog> Make(DialogKind kind, int argument = 0) const;
+
 private:
     struct Row;
 
+    static std::span<const Row> Rows();
     static const Row& RowOf(DialogKind kind);
     void ShowBeside(Dialog& dialog);
 

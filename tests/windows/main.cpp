@@ -1,3 +1,5 @@
+#include "platform/qt/Appearance.h"
+
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -5,7 +7,8 @@
 // Real widgets and real events, without a display.
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
+    QApplication application(argc, argv);
+    quillshift::DressUp(application);
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -1,5 +1,6 @@
 #include "platform/qt/QtMessageBox.h"
 
+#include "platform/qt/Appearance.h"
 #include "platform/qt/DialogOwner.h"
 #include "platform/qt/QtText.h"
 
@@ -44,7 +45,7 @@ void KeepLines(QMessageBox& box) {
 
 BoxAnswer QtMessageBox::Show(BoxIcon icon, BoxButtons buttons, std::u16string_view text) {
     QMessageBox box(DialogOwner());
-    box.setFont(QFont(QStringLiteral("MS Sans Serif"), 8)); // as every dialog
+    box.setFont(DialogFont());
     box.setWindowTitle(ToQString(kProgramTitle));
     box.setTextFormat(Qt::PlainText); // the texts hold "<" and ">"
     box.setText(ToQString(text));

@@ -1,0 +1,126 @@
+#include "controls/Dialog.h"
+#include "platform/qt/Appearance.h"
+#include "shell/ProgramDialogs.h"
+#include "support/TestProgram.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QKeySequence>
+#include <QLabel>
+#include <QSet>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+namespace quillshift {
+namespace {
+
+/// All dialogs of the program, by what every one of them has to be. With a name in GALLERY each leaves a
+/// picture under it, with DARK as a dark desktop shows it.
+struct AllDialogs : testing::TestWithParam<DialogKind> {
+    TestProgram test;
+    ProgramParts& parts = (test.Start(), test.program.Parts());
+    QWidget owner;
+    std::unique_ptr<Dialog> dialog;
+
+    void SetUp() override {
+        if (qEnvironmentVariableIsSet("DARK")) {
+            QPalette dark(QColor(45, 45, 48), QColor(45, 45, 48));
+            for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+                dark.setColor(QPalette::Disabled, role, QColor(128, 128, 128));
+            QApplication::setPalette(dark);
+        }
+        test.window.document.SetText(u"Жук");
+        LoadDataFiles();
+        dialog = ProgramDialogs(parts, owner).Make(GetParam());
+        dialog->show();
+        QCoreApplication::processEvents();
+    }
+    /// The pictures and texts that dialogs show.
+    void LoadDataFiles() {
+        namespace fs = std::filesystem;
+        const auto load = [this](const fs::directory_entry& entry) {
+            std::ifstream file(entry.path(), std::ios::binary);
+            if (entry.is_regular_file() && entry.path().extension() != ".ico")
+                test.files.files[u"/program/" + fs::relative(entry.path(), PROGRAM).u16string()] =
+                    std::string(std::istreambuf_iterator<char>(file), {});
+        };
+        std::ranges::for_each(fs::directory_iterator(PROGRAM), load);
+        std::ranges::for_each(fs::recursive_directory_iterator(fs::path(PROGRAM) / "Data"), load);
+    }
+    template <typename Control>
+    std::vector<Control*> Visible() const {
+        std::vector<Control*> found;
+        for (Control* control : dialog->findChildren<Control*>())
+            if (control->isVisible())
+                found.push_back(control);
+        return found;
+    }
+};
+
+/// The way down from the dialog to a control, both included.
+std::vector<const QWidget*> WayTo(const QWidget* control) {
+    std::vector<const QWidget*> way{control};
+    while (!way.front()->isWindow())
+        way.insert(way.begin(), way.front()->parentWidget());
+    return way;
+}
+
+/// Whether a reader comes to `first` before `second`: frames are read one by one, lines from the left.
+bool IsReadBefore(const QWidget* first, const QWidget* second) {
+    const auto ways = std::pair(WayTo(first), WayTo(second));
+    const auto [a, b] = std::ranges::mismatch(ways.first, ways.second);
+    const QRect one = (*a)->geometry();
+    const QRect other = (*b)->geometry();
+    return one.bottom() < other.center().y() && one.center().y() < other.top()   ? true
+           : other.bottom() < one.center().y() && other.center().y() < one.top() ? false
+                                                                                 : one.left() < other.left();
+}
+
+TEST_P(AllDialogs, AreLaidOutAsByOneHand) {
+    for (const QLabel* label : Visible<QLabel>()) {
+        EXPECT_EQ(label->font().family(), DialogFont().family());
+        const int height =
+            label->wordWrap() ? label->heightForWidth(label->width()) : label->sizeHint().height();
+        EXPECT_GE(label->height(), height) << label->text().toStdString();
+        EXPECT_TRUE(label->wordWrap() || label->width() >= label->sizeHint().width())
+            << label->text().toStdString();
+    }
+    QSet<QString> mnemonics;
+    for (const QAbstractButton* button : Visible<QAbstractButton>()) {
+        EXPECT_GE(button->width(), button->minimumSizeHint().width()) << button->text().toStdString();
+        const QString letter = QKeySequence::mnemonic(button->text()).toString();
+        const bool hasText = std::ranges::any_of(button->text(), [](QChar c) { return c.isLetter(); });
+        EXPECT_NE(letter.isEmpty(), hasText) << button->text().toStdString();
+        EXPECT_FALSE(hasText && mnemonics.contains(letter)) << button->text().toStdString();
+        mnemonics.insert(letter);
+    }
+    const QString folder = qEnvironmentVariable("GALLERY");
+    const QString name = QString::fromLatin1(dialog->metaObject()->className()).section(u':', -1);
+    EXPECT_TRUE(folder.isEmpty() || !dialog->isVisible() ||
+                dialog->grab().save(folder + u'/' + name + QStringLiteral(".png")));
+}
+
+TEST_P(AllDialogs, AreWalkedByTabAsTheyAreRead) {
+    const auto takesTab = [](const QWidget* control) {
+        return control->isVisible() && control->isEnabled() && (control->focusPolicy() & Qt::TabFocus) != 0 &&
+               control->focusProxy() == nullptr;
+    };
+    const QWidget* last = nullptr;
+    for (const QWidget* next = dialog->nextInFocusChain(); next != dialog.get();
+         next = next->nextInFocusChain()) {
+        if (!takesTab(next))
+            continue;
+        EXPECT_TRUE(last == nullptr || IsReadBefore(last, next))
+            << next->objectName().toStdString() << " is reached behind " << last->objectName().toStdString();
+        last = next;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Program, AllDialogs, testing::ValuesIn(ProgramDialogs::Kinds()));
+
+} // namespace
+} // namespace quillshift
