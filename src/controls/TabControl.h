@@ -1,0 +1,83 @@
+#pragma once
+
+#include "platform/TabStrip.h"
+
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace quillshift {
+
+/// A tab by its number, from 1, or by its key. A key that is the text of a number counts as that number.
+using TabRef = std::variant<int, std::u16string>;
+
+/// A row of tabs above a page area. It draws no pages: the dialog that holds it shows its panels on
+/// `TabClick`. Tabs count from 1. A tab that doesn't exist throws Error -2147221504 + 1048 + n, source
+/// "quillshift.cTabCtrl".
+class TabControl {
+public:
+    /// The strip outlives the control.
+    explicit TabControl(TabStrip& strip);
+
+    /// Styles for the next `Rebuild`, with which the strip takes them.
+    TabStyles Styles;
+    bool RightJustify = false; ///< kept, and of no effect
+    bool FlatSeparators() const { return flatSeparators_; }
+    void SetFlatSeparators(bool on);
+    const FontSpec& Font() const { return font_; }
+    void SetFont(const FontSpec& font);
+    void SetPadding(int x, int y) { strip_.SetPadding(x, y & 0x7FFF); }
+
+    /// Adds a tab before another one, or at the end by a number of -1 or less. An empty key is none.
+    void AddTab(std::u16string_view text, int image = -1, const TabRef& before = -1,
+                std::u16string_view key = {}, std::int32_t itemData = 0);
+    /// The tab at its place, or else the last one, is selected where the selected one goes.
+    void RemoveTab(const TabRef& tab);
+    void RemoveAllTabs();
+    /// 0 for none.
+    int SelectedTab() const { return strip_.Selection() + 1; }
+    /// Raises `BeforeClick`, which may refuse, and `TabClick` unless the first tab was selected before:
+    /// whoever calls shows the page itself. A number of 0 or less does nothing.
+    void SelectTab(const TabRef& tab, bool noEvents = false);
+    /// Makes the strip anew with the present styles; keys, tabs and selection stay.
+    void Rebuild();
+
+    /// The page area in the dialog's logical units.
+    int ClientLeft() const { return strip_.PageArea().left; }
+    int ClientTop() const { return strip_.PageArea().top; }
+    int ClientWidth() const { return strip_.PageArea().Width(); }
+    int ClientHeight() const { return strip_.PageArea().Height(); }
+
+    std::u16string TabText(const TabRef& tab) const;
+    int TabImage(const TabRef& tab) const;
+    void SetTabImage(const TabRef& tab, int image);
+    std::int32_t TabItemData(const TabRef& tab) const;
+    void SetTabItemData(const TabRef& tab, std::int32_t data);
+    bool TabHot(const TabRef& tab) const;
+    const std::u16string& TabKey(int tab) const;
+    int IndexForTab(const TabRef& tab) const;
+    int TabCount() const { return strip_.Count(); }
+
+    /// Gets the present tab, and may refuse that it is left.
+    std::function<void(int tab, bool& cancel)> BeforeClick;
+    std::function<void(int tab, Surface& surface, bool selected, bool hot, const Rect& place,
+                       bool& doDefault)>
+        DrawItem;
+    std::function<void(int tab, Size& size, bool& doDefault)> MeasureItem;
+    std::function<void(int tab)> TabClick;
+    std::function<void()> TabRightClick;
+
+private:
+    bool MayLeave() const;
+    void Click() const;
+    bool Draw(int position, Surface& surface, Rect place, bool selected) const;
+    TabItem ItemOf(const TabRef& tab, int failure, std::u16string_view words) const;
+
+    TabStrip& strip_;
+    std::vector<std::u16string> keys_;
+    bool flatSeparators_ = false;
+    FontSpec font_{.name = u"MS Sans Serif", .points = 8};
+};
+
+} // namespace quillshift
