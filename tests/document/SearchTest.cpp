@@ -115,6 +115,7 @@ TEST_F(SearchTest, EachButtonGoesItsWay) {
             {'N', "5+3 G-"},
             {'o', "5+3 G-"},
             {'f', "0+3 Gg"},
+            {'o', "0+3 Gg"},
             {'O', "0+3 Gg"}});
     EXPECT_EQ(search.FindState().wanted, u"ель") << "what is open keeps its state";
     search.FindState().options = FindOptions::MatchCase;
