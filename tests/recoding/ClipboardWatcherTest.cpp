@@ -25,8 +25,9 @@ struct ClipboardWatcherTest : testing::Test, FakePlatform {
     RecodingState recoding;
     FakeSurface document;
     int takenIn = 0;
-    ClipboardWatcher watcher{
-        {clipboard, settings, recoding, document, FakePlatform::timers, [] {}, [] {}, [this] { ++takenIn; }}};
+    bool inUse = false;
+    ClipboardWatcher watcher{{clipboard, settings, recoding, document, FakePlatform::timers, [] {}, [] {},
+                              [this] { ++takenIn; }, inUse}};
 };
 
 TEST_F(ClipboardWatcherTest, TheSameTextIsTakenInOnceAlsoIfTheStoreCantHoldIt) {

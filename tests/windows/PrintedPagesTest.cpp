@@ -115,7 +115,7 @@ TEST_F(PrintedPages, AreAsLargeAsThePaperAndTurnedWithIt) {
 
 TEST_F(PrintedPages, KeepTheMarginsAndTheFormatting) {
     RichText rich;
-    rich.text = std::u16string(8000, u'i');
+    rich.text = std::u16string(12000, u'i');
     rich.paragraphs.resize(1);
     CharacterFormat format;
     format.background = Rgb(255, 0, 0);
