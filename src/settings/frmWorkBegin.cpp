@@ -24,9 +24,9 @@ frmWorkBegin::frmWorkBegin(const DialogContext& context, StartChain& chain)
     rows->setColumnStretch(1, 1);
     AddOption(*rows, "optOpenDocument", QStringLiteral("Открыть документ"),
               QStringLiteral("Запустить программу и открыть существующий документ на диске."), true);
-    AddOption(*rows, "optCreateNewDocument", QStringLiteral("Создать новый документ"),
-              QStringLiteral("Запустить программу и создать новый документ."), false)
-        ->setChecked(true);
+    auto* createNew = AddOption(*rows, "optCreateNewDocument", QStringLiteral("Создать новый документ"),
+                                QStringLiteral("Запустить программу и создать новый документ."), false);
+    createNew->setChecked(true);
     Chain().OpenAtStart = false;
 
     auto* instruction = Add<QLabel>(
@@ -50,6 +50,7 @@ frmWorkBegin::frmWorkBegin(const DialogContext& context, StartChain& chain)
     all->addWidget(frame, 1, 1);
     all->addLayout(buttons, 2, 0, 1, 2);
     all->setSizeConstraint(QLayout::SetFixedSize);
+    createNew->setFocus();
     connect(cmdOK, &QPushButton::clicked, this, &frmWorkBegin::GoOn);
     connect(cmdClose, &QPushButton::clicked, this, &frmWorkBegin::Close);
 }

@@ -108,6 +108,16 @@ TEST_F(SdlSoundTest, WhatCannotBePlayedIsSilentAndStillCutsTheRunningSound) {
     }
 }
 
+TEST_F(SdlSoundTest, PlaysFromMemoryAndThenTheSameFileAgain) {
+    SdlSound sound;
+    sound.Play(long_.u16string());
+    ASSERT_TRUE(Soon([&] { return Hears(kHigh); }));
+    sound.PlayFromMemory(Contents(short_));
+    ASSERT_TRUE(Soon([&] { return HearsSilenceAfter(kLow); }));
+    sound.Play(long_.u16string());
+    EXPECT_TRUE(Soon([&] { return Heard().back() == kHigh; }));
+}
+
 TEST_F(SdlSoundTest, WhoWaitsHearsTheWholeSoundButNotOneWithoutAnEnd) {
     SdlSound sound;
     sound.Play(short_.u16string());
