@@ -53,7 +53,6 @@ frmAbout::frmAbout(const DialogContext& context) : Dialog(context, QStringLitera
 
     auto* cmdOK = Add<QPushButton>("cmdOK", QStringLiteral("Ok")); // it has no sounds
     cmdOK->setDefault(true);
-    cmdOK->setFocus();
     connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
 
     QWidget* picture = DialogPicture(context.platform, u"About");
@@ -68,6 +67,7 @@ frmAbout::frmAbout(const DialogContext& context) : Dialog(context, QStringLitera
     all->addLayout(texts, 0, 1);
     all->addWidget(cmdOK, 1, 1, Qt::AlignRight);
     all->setSizeConstraint(QLayout::SetFixedSize);
+    cmdOK->setFocus();
 }
 
 void frmAbout::AddLink(QGridLayout& rows, const char* name, const QString& label, std::u16string_view caption,

@@ -21,12 +21,12 @@ frmLicense::frmLicense(const DialogContext& context)
     text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     auto* cmdClose = AddButton("cmdClose", QStringLiteral("OK"));
     cmdClose->setDefault(true);
-    cmdClose->setFocus();
 
     auto* all = new QVBoxLayout(this);
     all->addWidget(text);
     all->addWidget(cmdClose, 0, Qt::AlignRight);
     resize(kFirstSize);
+    cmdClose->setFocus();
     connect(cmdClose, &QPushButton::clicked, this, &QDialog::accept);
 }
 
