@@ -22,6 +22,7 @@
 #include "platform/qt/QtShell.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/QtTimers.h"
+#include "platform/qt/ScreenReaders.h"
 #include "settings/FirstValues.h"
 #include "shell/Layout.h"
 #include "shell/Program.h"
@@ -116,6 +117,7 @@ int Run(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     DressUp(application);
     const CaretRest caretRest;
+    ShowScreenReadersTheScreenAlone();
 
     const std::filesystem::path data = DataFolder();
     SqliteSettings store(data / "settings.db");

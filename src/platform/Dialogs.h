@@ -19,6 +19,8 @@ enum class DialogKind {
     InsertTimeAndDate,
     DocumentProperties,
     Printing, ///< asks for paper before a document is printed
+    Recovery, ///< the unsaved texts of copies that did not end in order
+    Lock,     ///< stands in the place of the locked program
 };
 
 /// Shows and closes the program's dialogs, one of each kind.

@@ -19,6 +19,9 @@ public:
     /// Asks the desktop to open a link with its default handler. False if it has none,
     /// as far as that shows within a second.
     virtual bool OpenWithDefault(std::u16string_view link) = 0;
+    /// Whether what the program holds is hidden from others for now: memory is neither dumped nor read by a
+    /// debugger, a selection is not offered, and assistive programs lose what they knew of hidden windows.
+    virtual void Conceal(bool concealed) = 0;
     /// Ends the process at once; other windows get no close event.
     virtual void EndProcess() = 0;
 };

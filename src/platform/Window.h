@@ -14,6 +14,9 @@ class Window {
 public:
     virtual ~Window() = default;
 
+    virtual void Show() = 0;
+    /// Takes the window off the screen. Shown again it is as it was, and has the keyboard.
+    virtual void Hide() = 0;
     virtual void SetTitle(std::u16string_view title) = 0;
     /// Places the window above all others, or takes that place away. Position and size stay.
     virtual void SetTopMost(bool topMost) = 0;

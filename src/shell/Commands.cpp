@@ -112,7 +112,7 @@ constexpr std::array kCommands{
     CommandRow{Command::Outdent, Nothing, [](P& p, int, Key) { p.edit.Outdent(); }},
     CommandRow{Command::Indent, Nothing, [](P& p, int, Key) { p.edit.Indent(); }},
     CommandRow{Command::ShowSettings, Nothing, nullptr},
-    CommandRow{Command::Lock, Nothing, nullptr},
+    CommandRow{Command::Lock, Nothing, [](P& p, int, Key) { p.lock.Lock(); }},
     CommandRow{Command::Recode, Nothing,
                [](P& p, int direction, Key) { p.job.StartAndReport(DirectionOf(direction)); }},
     CommandRow{Command::ChoosePair, Nothing, ChoosePair},
@@ -175,7 +175,7 @@ Commands::Commands(ProgramParts& parts)
 
 void Commands::Run(std::string_view key) {
     const CatalogueEntry* const entry = FindEntry(key);
-    if (entry == nullptr)
+    if (entry == nullptr || parts_.lock.IsLocked())
         return;
     if (entry->action.command != Command::FullScreen)
         parts_.fullScreen.End();

@@ -41,7 +41,6 @@ public:
     };
     virtual void LayOut(const EditorLayout& layout) = 0;
 
-    virtual void Show() = 0;
     /// Has the keyboard, with no dialog and no popup over it.
     virtual bool IsFree() const = 0;
     /// Asks the window to close, as its own close box does.

@@ -18,6 +18,7 @@ Program::Program(Platform& platform, MainView& window, mCommandBars& toolkit, co
       timerNoAnswer_(platform.timers.Make([&platform] { platform.messageBox.Inform(kNoAnswer); })) {
     ConnectWindow();
     ConnectSurface();
+    parts_.recovered.MaySeeLocked = [this] { return parts_.lock.MaySeeLocked(); };
     toolkit.BeforeShortcut = [this] { commands_.UpdatePendingStates(); };
     parts_.bars.OnClick = [this](std::string_view key) { commands_.Run(key); };
     parts_.bars.OnMenuResize = [this] { parts_.layout.LayOut(); };
@@ -59,6 +60,8 @@ void Program::ConnectSurface() {
     surface.OnKeyPress = surface.OnSelChange;
     surface.OnRightMouseDown = [this](Point screen) { parts_.bars.ShowMenu("MENU:EDIT", screen); };
     surface.OnFileDrop = [this](std::u16string_view path) {
+        if (parts_.lock.IsLocked()) // which has come since the drop
+            return;
         parts_.fullScreen.End();
         parts_.documents.OpenFile(path);
     };

@@ -12,6 +12,7 @@
 #include "recoding/frmDecoding.h"
 #include "settings/frmAbout.h"
 #include "settings/frmLicense.h"
+#include "settings/frmLockProgram.h"
 #include "settings/frmSplash.h"
 #include "settings/frmWelcome.h"
 #include "settings/frmWorkBegin.h"
@@ -101,6 +102,11 @@ std::span<const ProgramDialogs::Row> ProgramDialogs::Rows() {
         Row{DialogKind::InsertTimeAndDate, Stand::Beside,
             [](Context context, ProgramParts& parts, int) -> std::unique_ptr<Dialog> {
                 return std::make_unique<frmInsertTimeAndDate>(context, parts.window.RichTextBox());
+            }},
+        Row{DialogKind::Lock, Stand::Modal,
+            [](Context context, ProgramParts& parts, int) -> std::unique_ptr<Dialog> {
+                return std::make_unique<frmLockProgram>(
+                    DialogContext{context.platform, context.settings, context.sounds, nullptr}, parts.lock);
             }},
     };
     return kRows;

@@ -12,6 +12,8 @@ ProgramParts::ProgramParts(Platform& thePlatform, MainView& mainWindow, mCommand
       layout(window, bars, settings, platform.timers),
       dialogs(makeDialogs(*this)),
       start({settings, *dialogs, platform.timers, platform.sound, platform.shell}),
+      lock({settings, platform.messageBox, *dialogs, window, platform.shell,
+            [this](bool isLocked) { recovery.SetLocked(isLocked); }}),
       fullScreen(
           {window.RichTextBox(), *dialogs, [this](const TextSurface& surface) { recovery.Follow(surface); },
            [this](const TextSurface& surface, const TextEdit& one) { recovery.Edited(surface, one); }}),

@@ -14,6 +14,7 @@
 #include "platform/Platform.h"
 #include "recoding/ClipboardWatcher.h"
 #include "recoding/RecodingJob.h"
+#include "settings/ProgramLock.h"
 #include "settings/Settings.h"
 #include "settings/SoundEvents.h"
 #include "settings/StartChain.h"
@@ -46,6 +47,7 @@ struct ProgramParts {
     MainLayout layout;
     std::unique_ptr<Dialogs> dialogs;
     StartChain start;
+    ProgramLock lock;
     FullScreen fullScreen;
     RecodingJob job;
     modEdit edit;

@@ -9,9 +9,11 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QVBoxLayout>
+#include <QWindow>
 
 #include <chrono>
 #include <cmath>
+#include <utility>
 
 namespace quillshift {
 namespace {
@@ -134,6 +136,22 @@ void frmMain::LayOut(const EditorLayout& layout) {
     picEditor_->setFixedHeight(ToPixels(layout.picEditorHeight));
     shapeRichTextBox_->resize(ToPixels(layout.shapeWidth), ToPixels(layout.shapeHeight));
     richTextBox_->resize(ToPixels(layout.surfaceWidth), ToPixels(layout.surfaceHeight));
+}
+
+void frmMain::Show() {
+    if (hiddenAt_)
+        move(*std::exchange(hiddenAt_, std::nullopt));
+    show();
+    windowHandle()->setTitle(windowTitle());
+    raise();
+    activateWindow();
+}
+
+// A hidden window's title, with the document's name, is still there for others to read.
+void frmMain::Hide() {
+    hiddenAt_ = pos();
+    hide();
+    windowHandle()->setTitle(QStringLiteral("Morvane Quillshift 3.0"));
 }
 
 void frmMain::SetTitle(std::u16string_view title) {

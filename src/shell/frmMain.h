@@ -11,6 +11,7 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 
 class QComboBox;
 
@@ -39,7 +40,8 @@ public:
     void SetDirection(int number) override;
     void EnableDirections(bool enabled) override;
     void LayOut(const EditorLayout& layout) override;
-    void Show() override { show(); }
+    void Show() override;
+    void Hide() override;
     bool IsFree() const override;
     void Close() override { close(); }
 
@@ -76,6 +78,7 @@ private:
     QtTextSurface richTextBoxBackup_;
     QtTextSurface richTextBoxImport_;
     QtTextSurface rtfTemp_;
+    std::optional<QPoint> hiddenAt_;
     TwipsRect restored_;    ///< place and size as last seen in the normal state
     QTimer placed_;         ///< looks at them once a change has come to rest
     QTimer activated_;      ///< waits for the press that the keyboard came by

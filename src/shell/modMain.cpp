@@ -65,6 +65,8 @@ bool modMain::RefusesSecondCopy() {
 // --- Closing
 
 bool modMain::Close() {
+    if (parts_.lock.IsLocked())
+        return false;
     parts_.fullScreen.End();
     if (parts_.recoding.walking) {
         // The job is on the stack below; it has to be off before the window goes.

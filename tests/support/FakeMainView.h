@@ -45,6 +45,7 @@ public:
         if (whenShown)
             whenShown();
     }
+    void Hide() override { shown = false; }
     bool IsFree() const override { return isFree; }
     void Close() override { ++closeRequests; }
 

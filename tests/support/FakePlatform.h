@@ -252,11 +252,13 @@ public:
         opened.emplace_back(link);
         return opensLinks;
     }
+    void Conceal(bool value) override { concealed = value; }
     void EndProcess() override { ended = true; }
 
     bool anotherCopyRuns = false;
     bool opensLinks = true;
     std::vector<std::u16string> opened;
+    bool concealed = false;
     bool ended = false;
 };
 

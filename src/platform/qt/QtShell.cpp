@@ -1,9 +1,12 @@
 #include "platform/qt/QtShell.h"
 
 #include "platform/qt/QtText.h"
+#include "platform/qt/ScreenReaders.h"
 
+#include <QClipboard>
 #include <QCoreApplication>
 #include <QDesktopServices>
+#include <QGuiApplication>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QUrl>
@@ -11,6 +14,8 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/prctl.h>
+#include <utility>
 
 namespace quillshift {
 
@@ -46,6 +51,20 @@ bool QtShell::OpenWithDefault(std::u16string_view link) {
     process->start(opener, {QString::fromLatin1(url.toEncoded())});
     const bool ended = process->waitForFinished(kPatience);
     return ended ? process->exitCode() == 0 : process->state() == QProcess::Running;
+}
+
+void QtShell::Conceal(bool concealed) {
+    ::prctl(PR_SET_DUMPABLE, concealed ? 0 : 1);
+    QClipboard& clipboard = *QGuiApplication::clipboard();
+    if (concealed) {
+        if (clipboard.ownsSelection())
+            selection_ = clipboard.text(QClipboard::Selection);
+        if (selection_)
+            clipboard.clear(QClipboard::Selection);
+        ForgetHiddenFromScreenReaders();
+    } else if (const auto selection = std::exchange(selection_, std::nullopt)) {
+        clipboard.setText(*selection, QClipboard::Selection);
+    }
 }
 
 void QtShell::EndProcess() {

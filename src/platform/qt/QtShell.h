@@ -2,7 +2,10 @@
 
 #include "platform/Shell.h"
 
+#include <QString>
+
 #include <filesystem>
+#include <optional>
 
 namespace quillshift {
 
@@ -15,10 +18,12 @@ public:
     bool AnotherCopyRuns() const override { return anotherCopyRuns_; }
     bool StartProcess(std::u16string_view program) override;
     bool OpenWithDefault(std::u16string_view link) override;
+    void Conceal(bool concealed) override;
     void EndProcess() override;
 
 private:
     bool anotherCopyRuns_ = false;
+    std::optional<QString> selection_; ///< what was offered for the middle button
 };
 
 } // namespace quillshift

@@ -1,0 +1,66 @@
+#include "platform/qt/ScreenReaders.h"
+
+#include <QAccessible>
+#include <QAccessibleObject>
+#include <QApplication>
+#include <QWidget>
+
+namespace quillshift {
+namespace {
+
+bool IsOnScreen(const QObject* object) {
+    const auto* const widget = qobject_cast<const QWidget*>(object);
+    return widget == nullptr || widget->window()->isVisible();
+}
+
+/// The root of what assistive programs walk. The toolkit's own lists hidden windows, too.
+class ScreenRoot final : public QAccessibleApplication {
+public:
+    int childCount() const override { return static_cast<int>(Shown().size()); }
+    QAccessibleInterface* child(int index) const override { return Shown().value(index); }
+    int indexOfChild(const QAccessibleInterface* child) const override {
+        return static_cast<int>(Shown().indexOf(child));
+    }
+
+private:
+    QList<QAccessibleInterface*> Shown() const {
+        QList<QAccessibleInterface*> shown;
+        for (int i = 0; i < QAccessibleApplication::childCount(); ++i)
+            if (auto* const window = QAccessibleApplication::child(i); window && IsOnScreen(window->object()))
+                shown.append(window);
+        return shown;
+    }
+};
+
+QAccessibleInterface* MakeRoot(const QString& /*className*/, QObject* object) {
+    return object == qApp ? new ScreenRoot : nullptr;
+}
+
+// An event holds what has changed, such as the letters that came. That a window went is told.
+void PassOn(QAccessibleEvent* event) {
+    const bool goes =
+        event->type() == QAccessible::ObjectHide || event->type() == QAccessible::ObjectDestroyed;
+    if (!goes && !IsOnScreen(event->object()))
+        return;
+    QAccessible::installUpdateHandler(nullptr);
+    QAccessible::updateAccessibility(event);
+    QAccessible::installUpdateHandler(PassOn);
+}
+
+} // namespace
+
+void ShowScreenReadersTheScreenAlone() {
+    QAccessible::installFactory(MakeRoot);
+    QAccessible::installUpdateHandler(PassOn);
+}
+
+void ForgetHiddenFromScreenReaders() {
+    if (!QAccessible::isActive())
+        return;
+    for (QWidget* const widget : QApplication::allWidgets())
+        if (!IsOnScreen(widget))
+            QAccessible::deleteAccessibleInterface(
+                QAccessible::uniqueId(QAccessible::queryAccessibleInterface(widget)));
+}
+
+} // namespace quillshift
