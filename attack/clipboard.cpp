@@ -5,6 +5,7 @@
 #include "Drag.h"
 #include "Owner.h"
 #include "Requestor.h"
+#include "Table.h"
 #include "Turns.h"
 
 #include "base/Utf8.h"
@@ -12,7 +13,6 @@
 
 #include <chrono>
 #include <cstdio>
-#include <cstdlib>
 #include <functional>
 #include <thread>
 
@@ -23,21 +23,20 @@ using namespace e2e;
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
-constexpr int kLooks = 3;
-
 class ClipboardAttack {
 public:
-    ClipboardAttack(std::chrono::duration<double> each, std::string only)
-        : each_(each), only_(std::move(only)), display_(desktop_.ProgramEnvironment("").at("DISPLAY")) {
+    ClipboardAttack(int argc, char** argv)
+        : table_("clipboard", argc, argv), display_(desktop_.ProgramEnvironment("").at("DISPLAY")) {
         Begin();
     }
-    /// Whether nothing was lost, and nothing held each time.
-    bool Run();
+    int Run();
 
 private:
     void Begin();
     void Row(const std::string& name, std::chrono::milliseconds limit, const std::function<void()>& attempt,
              const std::function<bool()>& isLost);
+    Count Try(std::chrono::milliseconds limit, const std::function<void()>& attempt,
+              const std::function<bool()>& isLost);
     void OwnerRow(const char* name, Manner manner);
     void RequestorRow(const Request& request);
     bool Within(std::chrono::milliseconds patience, const std::function<bool()>& condition);
@@ -50,14 +49,12 @@ private:
     void CopyOwn();
     void WaitAndDismiss();
 
-    std::chrono::duration<double> each_;
-    std::string only_;
+    Table table_;
     Desktop desktop_;
     std::string display_;
     std::unique_ptr<Editor> editor_;
     std::unique_ptr<Turns> turns_;
     int number_ = 0;
-    bool allWell_ = true;
 };
 
 void ClipboardAttack::Begin() {
@@ -125,84 +122,74 @@ bool ClipboardAttack::IsPutIn(const std::string& text) {
 
 void ClipboardAttack::Row(const std::string& name, std::chrono::milliseconds limit,
                           const std::function<void()>& attempt, const std::function<bool()>& isLost) {
-    if (name.find(only_) == std::string::npos)
-        return;
-    int tries = 0;
-    int held = 0;
-    int lost = 0;
-    std::chrono::microseconds longest{};
+    table_.Add(name, [=, this] { return Try(limit, attempt, isLost); });
+}
+
+Count ClipboardAttack::Try(std::chrono::milliseconds limit, const std::function<void()>& attempt,
+                           const std::function<bool()>& isLost) {
+    Count count;
     turns_->TakeLongest();
-    // What a busy machine held up once is tried again; what holds the window each time does it harm.
-    const auto onceMore = [&] { return held == tries && tries < kLooks; };
-    for (const auto end = Clock::now() + each_; onceMore() || Clock::now() < end; ++tries) {
-        bool gone = true;
-        try {
-            attempt();
-            const auto turn = turns_->TakeLongest();
-            longest = std::max(longest, turn);
-            held += turn > limit ? 1 : 0;
-            gone = isLost() || !editor_->Runs();
-        } catch (const std::runtime_error& error) { // the program has ended, or takes no keys
-            std::fprintf(stderr, "%s: %s\n", name.c_str(), error.what());
-        }
-        lost += gone ? 1 : 0;
-        if (gone)
-            Begin();
-        turns_->TakeLongest();
+    bool gone = true;
+    try {
+        attempt();
+        count.longest = turns_->TakeLongest();
+        count.held = count.longest > limit ? 1 : 0;
+        gone = isLost() || !editor_->Runs();
+    } catch (const std::runtime_error& error) { // the program has ended, or takes no keys
+        std::fprintf(stderr, "%s\n", error.what());
     }
-    allWell_ = allWell_ && held < tries && lost == 0;
-    std::printf("%-46s %6d %6d %6d %10.1f\n", name.c_str(), tries, held, lost,
-                static_cast<double>(longest.count()) / 1000);
-    std::fflush(stdout);
+    count.lost = gone ? 1 : 0;
+    if (gone)
+        Begin();
+    return count;
 }
 
 void ClipboardAttack::OwnerRow(const char* name, Manner manner) {
     Row(
         name, 50ms,
-        [&] {
+        [=, this] {
             const std::string text = "odd " + std::to_string(++number_);
             const Owner owner(display_, "CLIPBOARD", manner, text);
             std::this_thread::sleep_for(300ms);
         },
-        [&] { return !Comes(); });
+        [=, this] { return !Comes(); });
 }
 
 void ClipboardAttack::ClickRow(const char* name, Manner manner, const std::string& text) {
     Row(
         name, 50ms,
-        [&] {
+        [=, this] {
             const Owner owner(display_, "PRIMARY", manner, text);
             const Rect place = desktop_.Place(editor_->Window());
             desktop_.Click({place.left + 150, place.top + 200}, 2);
             WaitAndDismiss();
         },
-        [&] { return (!text.empty() && !IsPutIn(text)) || !Comes(); });
+        [=, this] { return (!text.empty() && !IsPutIn(text)) || !Comes(); });
 }
 
 void ClipboardAttack::DropRow(const char* name, Manner manner, const std::string& text) {
     Row(
         name, 500ms,
-        [&] {
+        [=, this] {
             const Owner owner(display_, "XdndSelection", manner, text);
             DragAndDrop(display_, editor_->Window(), 15);
             WaitAndDismiss();
         },
-        [&] { return (!text.empty() && !IsPutIn(text)) || !Comes(); });
+        [=, this] { return (!text.empty() && !IsPutIn(text)) || !Comes(); });
 }
 
 void ClipboardAttack::RequestorRow(const Request& request) {
     Row(
         "asks with " + request.name, 50ms,
-        [&] {
+        [=, this] {
             CopyOwn();
             Requestor(display_).Ask(request);
             std::this_thread::sleep_for(50ms);
         },
-        [&] { return GivenOut() != "own"; });
+        [=, this] { return GivenOut() != "own"; });
 }
 
-bool ClipboardAttack::Run() {
-    std::printf("%-46s %6s %6s %6s %10s\n", "", "tries", "held", "lost", "longest ms");
+int ClipboardAttack::Run() {
     const auto nothingLost = [&] { return !Comes(); };
     Row(
         "nothing at all", 50ms, [&] { std::this_thread::sleep_for(300ms); }, nothingLost);
@@ -253,15 +240,12 @@ bool ClipboardAttack::Run() {
     DropRow("floods when dropped", Manner::Flooding, "");
     for (const Request& request : OddRequests())
         RequestorRow(request);
-    return allWell_;
+    return table_.Run();
 }
 
 } // namespace
 } // namespace quillshift::attack
 
-// Arguments: for how many seconds each is tried (1), and a part of the names of those that are.
 int main(int argc, char** argv) {
-    const double seconds = argc > 1 ? std::atof(argv[1]) : 1;
-    const char* const only = argc > 2 ? argv[2] : "";
-    return quillshift::attack::ClipboardAttack(std::chrono::duration<double>(seconds), only).Run() ? 0 : 1;
+    return quillshift::attack::ClipboardAttack(argc, argv).Run();
 }

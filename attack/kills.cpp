@@ -1,8 +1,9 @@
 // Kills the typing program at random moments, with a short and with a long text, and looks at what it left.
-// Each start restores what the last kill left, in the window. Prints how often that was tried, how often
-// typing was held up, how often something was lost (a damaged file, a wrong text, a letter older than two
-// seconds), the longest turn of the event loop and the age of the oldest letter that was not there.
+// Each start restores what the last kill left, in the window. Held is what holds typing up; lost is a damaged
+// file, a wrong text, or a letter older than two seconds. At the end it prints the age of the oldest letter
+// that was not there.
 
+#include "Table.h"
 #include "Turns.h"
 
 #include "document/RecoveryFormat.h"
@@ -12,9 +13,9 @@
 #include <chrono>
 #include <csignal>
 #include <cstdio>
-#include <cstdlib>
 #include <random>
 #include <thread>
+#include <utility>
 
 namespace quillshift::attack {
 namespace {
@@ -36,10 +37,10 @@ std::string LinesOf(std::size_t size) {
 
 class KillsAttack {
 public:
-    KillsAttack(int tries, unsigned seed) : tries_(tries), random_(seed) {}
+    explicit KillsAttack(unsigned seed) : random_(seed) {}
 
-    /// Whether nothing was lost and typing was never held up.
-    bool Run(const char* name, std::size_t size, milliseconds limit);
+    Count Try(std::size_t size, milliseconds limit);
+    milliseconds Oldest() const { return oldest_; }
 
 private:
     struct Typed {
@@ -55,11 +56,12 @@ private:
     std::optional<milliseconds> Missing(const Typed& typed, Clock::time_point killed);
     int Below(int limit) { return static_cast<int>(random_() % static_cast<unsigned>(limit)); }
 
-    int tries_;
     std::mt19937 random_;
     Desktop desktop_;
     std::unique_ptr<Editor> editor_;
+    std::size_t size_ = 0; ///< of the text that was typed in last; 0 if there is none
     RecoveredText before_; ///< what the last kill left
+    milliseconds oldest_{};
 };
 
 std::optional<RecoveredText> KillsAttack::Left() const {
@@ -119,49 +121,43 @@ std::optional<milliseconds> KillsAttack::Missing(const Typed& typed, Clock::time
     return std::chrono::duration_cast<milliseconds>(age);
 }
 
-bool KillsAttack::Run(const char* name, std::size_t size, milliseconds limit) {
-    StartWith(size);
-    int held = 0;
-    int lost = 0;
-    std::chrono::microseconds longest{};
-    milliseconds oldest{};
-    for (int tried = 0; tried < tries_; ++tried) {
-        StartAgain();
-        auto turns =
-            std::make_unique<Turns>(desktop_.ProgramEnvironment("").at("DISPLAY"), editor_->Window(),
-                                    std::vector<pid_t>{editor_->Program().Pid(), desktop_.Server().Pid()});
-        const Typed typed = TypeUntil(Clock::now() + milliseconds(Below(6000)));
-        const auto turn = turns->TakeLongest();
-        turns.reset(); // it asks the window as long as it is there
-        std::this_thread::sleep_for(milliseconds(Below(50)));
-        const auto killed = Clock::now();
-        kill(editor_->Program().Pid(), SIGKILL);
-        editor_->WaitForEnd();
-        held += turn > limit ? 1 : 0;
-        longest = std::max(longest, turn);
-        const auto missing = Missing(typed, killed);
-        lost += !missing || *missing > 2s ? 1 : 0;
-        oldest = std::max(oldest, missing.value_or(0ms));
-        if (!missing)
-            StartWith(size);
-    }
-    std::printf("%-30s %6d %6d %6d %10.1f %10.1f\n", name, tries_, held, lost,
-                static_cast<double>(longest.count()) / 1000, static_cast<double>(oldest.count()));
-    std::fflush(stdout);
-    return held == 0 && lost == 0;
+Count KillsAttack::Try(std::size_t size, milliseconds limit) {
+    if (std::exchange(size_, 0) != size)
+        StartWith(size);
+    StartAgain();
+    auto turns =
+        std::make_unique<Turns>(desktop_.ProgramEnvironment("").at("DISPLAY"), editor_->Window(),
+                                std::vector<pid_t>{editor_->Program().Pid(), desktop_.Server().Pid()});
+    const Typed typed = TypeUntil(Clock::now() + milliseconds(Below(6000)));
+    Count count;
+    count.longest = turns->TakeLongest();
+    count.held = count.longest > limit ? 1 : 0;
+    turns.reset(); // it asks the window as long as it is there
+    std::this_thread::sleep_for(milliseconds(Below(50)));
+    const auto killed = Clock::now();
+    kill(editor_->Program().Pid(), SIGKILL);
+    editor_->WaitForEnd();
+    const auto missing = Missing(typed, killed);
+    count.lost = !missing || *missing > 2s ? 1 : 0;
+    oldest_ = std::max(oldest_, missing.value_or(0ms));
+    if (missing)
+        size_ = size;
+    return count;
+}
+
+int Attack(int argc, char** argv) {
+    Table table("kills", argc, argv);
+    KillsAttack attack(table.Seed());
+    table.Add("killed with 30 KB", [&] { return attack.Try(30 << 10, 50ms); });
+    table.Add("killed with 10 MB", [&] { return attack.Try(10 << 20, 100ms); });
+    const int result = table.Run();
+    std::printf("the oldest letter that was not there: %ld ms\n", static_cast<long>(attack.Oldest().count()));
+    return result;
 }
 
 } // namespace
 } // namespace quillshift::attack
 
-// Arguments: how often each is tried (10), and a seed, which is printed otherwise.
 int main(int argc, char** argv) {
-    const int tries = argc > 1 ? std::atoi(argv[1]) : 10;
-    const unsigned seed = argc > 2 ? static_cast<unsigned>(std::atol(argv[2])) : std::random_device()();
-    std::printf("seed %u\n%-30s %6s %6s %6s %10s %10s\n", seed, "", "tries", "held", "lost", "longest ms",
-                "oldest ms");
-    quillshift::attack::KillsAttack attack(tries, seed);
-    const bool isShortKept = attack.Run("killed with 30 KB", 30 << 10, std::chrono::milliseconds(50));
-    const bool isLongKept = attack.Run("killed with 10 MB", 10 << 20, std::chrono::milliseconds(100));
-    return isShortKept && isLongKept ? 0 : 1;
+    return quillshift::attack::Attack(argc, argv);
 }

@@ -112,6 +112,11 @@ void Desktop::StartWindowManager() {
     WaitUntilQuiet({server_.get(), windowManager_.get()});
 }
 
+void Desktop::KeepWindowManager() {
+    if (windowManager_->ExitCode())
+        StartWindowManager();
+}
+
 void Desktop::SetKeyboardLayouts() {
     Process layouts("setxkbmap", {"-layout", "us,ru"}, ProgramEnvironment(home_.Path()));
     if (layouts.WaitForEnd() != 0)

@@ -31,6 +31,8 @@ public:
     Desktop& operator=(const Desktop&) = delete;
 
     const Process& Server() const { return *server_; }
+    /// Starts another window manager if the one that was there has died.
+    void KeepWindowManager();
     /// What a program needs to know to come here; its user's folders lie under `home`.
     Environment ProgramEnvironment(const std::string& home) const;
 

@@ -29,15 +29,15 @@ std::vector<int> MenuPlaces(std::string_view commandKey) {
     return places;
 }
 
-Editor::Editor(Desktop& desktop)
+Editor::Editor(Desktop& desktop, std::filesystem::path program)
     : desktop_(desktop),
+      file_(std::move(program)),
       storeFile_(home / "data/quillshift/settings.db"),
       store_(storeFile_),
       settings_(store_) {
-    const std::filesystem::path program = QUILLSHIFT_PROGRAM;
     store_.SetUp([&](SettingsBackend& first) {
         Settings settings(first);
-        WriteFirstValues(settings, {.programFolder = FromUtf8(program.parent_path().string()),
+        WriteFirstValues(settings, {.programFolder = FromUtf8(file_.parent_path().string()),
                                     .printerName = u"",
                                     .mainWindow = {1500_twips, 750_twips, 11700_twips, 9150_twips}});
     });
@@ -51,7 +51,7 @@ void Editor::DeleteStore() {
 }
 
 void Editor::Launch() {
-    program_ = std::make_unique<Process>(QUILLSHIFT_PROGRAM, std::vector<std::string>{},
+    program_ = std::make_unique<Process>(file_, std::vector<std::string>{},
                                          desktop_.ProgramEnvironment(home.Path()));
 }
 

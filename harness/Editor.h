@@ -16,7 +16,7 @@ namespace quillshift::e2e {
 /// question on leaving switched off.
 class Editor {
 public:
-    explicit Editor(Desktop& desktop);
+    explicit Editor(Desktop& desktop, std::filesystem::path program = QUILLSHIFT_PROGRAM);
 
     TemporaryFolder home;
     Settings& Store() { return settings_; }
@@ -52,6 +52,7 @@ public:
 
 private:
     Desktop& desktop_;
+    std::filesystem::path file_; ///< the program's
     std::filesystem::path storeFile_;
     SqliteSettings store_;
     Settings settings_;

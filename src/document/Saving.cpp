@@ -96,6 +96,10 @@ Saving::Outcome Saving::Save(const Order& order) {
 // Every question comes before anything has changed, and the backup is on the disk before the document goes.
 Saving::Step Saving::TryToSave(const Order& order, bool mayAsk, Outcome& outcome) {
     const FileContents found = files_.Read(order.path);
+    if (found.isUnknown) {
+        outcome.failure = FileError(*found.failure, order.path);
+        return Step::Left;
+    }
     if (mayAsk && !AskAboutChange(order.path, found))
         return Step::Left;
     Preparation prepared;
@@ -113,6 +117,8 @@ Saving::Step Saving::TryToSave(const Order& order, bool mayAsk, Outcome& outcome
         return Step::Again;
     if (written.failure) {
         outcome.failure = FileError(*written.failure, order.path);
+        if (written.replaced && prepared.backup)
+            prepared.backup->PutInPlace(); // the old text may be nowhere else
         return Step::Left;
     }
     known_[order.path] = {Digest(order.bytes), true};
@@ -147,7 +153,7 @@ bool Saving::AskAboutChange(const std::u16string& path, const FileContents& foun
 }
 
 bool Saving::KeepInTrash(const std::u16string& path, const FileContents& found, std::string_view bytes) {
-    if (!found.isFile)
+    if (!found.isFile && !found.isUnknown)
         return true;
     if (!found.failure && (found.bytes.empty() || found.bytes == bytes || Wrote(path, found.bytes)))
         return true;

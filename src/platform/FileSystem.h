@@ -29,6 +29,7 @@ struct FileContents {
     std::string bytes;
     std::optional<FileFailure> failure; ///< when set, `bytes` is empty
     bool isFile = false;                ///< a regular file stands there, readable or not
+    bool isUnknown = false;             ///< it can't be told whether anything stands there
     FileMark mark{};                    ///< of a file that was read
 };
 
@@ -51,6 +52,7 @@ struct Expected {
 
 struct Written {
     std::optional<FileFailure> failure;
+    bool replaced = false;   ///< the failure came later: the earlier contents may be gone
     bool unexpected = false; ///< another file stood at the target than was expected, and stands there still
     std::optional<FileMark> mark{}; ///< of a regular file that was written
 };

@@ -199,6 +199,25 @@ TEST_F(modDocumentTest, AFailedSaveOrBackupLeavesTheDocumentModified) {
     EXPECT_FALSE(test.program.Parts().document.SaveAvailable);
 }
 
+TEST_F(modDocumentTest, WhatASaveCannotBeSureOfStaysWhereItCan) {
+    test.Set(Setting::CreateBackup, u"1").Set(Setting::CreateBackupIn, u"1");
+    const std::map<std::u16string, std::string> before{{u"/d/a.txt", "old"}, {u"/d/a.txt.bak", "older"}};
+    for (const auto* unreachable : {u"/d/a.txt", u"/d/a.txt.bak"}) {
+        test.files.files = before;
+        test.files.unreachable = {unreachable};
+        window.document.SetText(u"new");
+        SaveAs(u"/d/a.txt"); // Escape, where it asks
+        EXPECT_NE(test.LastBox().find(u"Ошибка диска"), std::u16string::npos);
+        EXPECT_EQ(test.files.files, before);
+    }
+    test.files.unreachable.clear();
+    test.OpenFile(u"/d/a.txt", "old");
+    test.files.swapsNames = true;
+    SaveAs(u"/d/a.txt");
+    EXPECT_EQ(File(u"/d/a.txt.bak"), "old\r\n") << "nobody else has it any more";
+    EXPECT_TRUE(test.program.Parts().document.DocumentModified);
+}
+
 TEST_F(modDocumentTest, ABackupReplacesALinkButNeverTheDocument) {
     test.Set(Setting::CreateBackup, u"1").Set(Setting::CreateBackupIn, u"1");
     test.OpenFile(u"/d/a.txt", "old");

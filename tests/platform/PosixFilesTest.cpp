@@ -1,6 +1,7 @@
 #include "platform/posix/PosixFiles.h"
 
 #include "base/Utf8.h"
+#include "harness/Calls.h"
 #include "harness/TemporaryFolder.h"
 #include "platform/posix/FileBytes.h"
 #include "support/InProcess.h"
@@ -320,6 +321,40 @@ TEST_F(PosixFilesTest, TheMarkTellsOtherContentsFromThoseReadOrWritten) {
     fs::rename(folder_ / "copy", file);
     EXPECT_NE(before, files_.MarkOf(FromUtf8(file)));
     EXPECT_FALSE(files_.MarkOf(FromUtf8(folder_.string())));
+}
+
+// In a folder of his own another user swaps the names, in the moment before each call that a save makes.
+TEST_F(PosixFilesTest, ANameThatIsSwappedBehindTheSaveIsReported) {
+    const std::u16string path = FromUtf8((folder_ / "a.txt").string());
+    enum { Saved, Unexpected, Failed, FailedBehind };
+    const auto save = [&] {
+        const Written written = files_.Replace(path, "new", {Expected::What::Bytes, "old"});
+        return written.replaced     ? FailedBehind
+               : written.failure    ? Failed
+               : written.unexpected ? Unexpected
+                                    : Saved;
+    };
+    std::vector<int> told;
+    Ended ended{.calls = 1};
+    for (int call = 0; call < ended.calls; ++call) {
+        Make("a.txt");
+        Make("theirs", "another");
+        const auto swap = [&] { fs::rename(folder_ / "theirs", folder_ / "a.txt"); };
+        ended = RunWithFault([] {}, save, {.kind = Fault::Kind::Act, .at = call, .act = swap});
+        told.push_back(ended.code);
+    }
+    EXPECT_EQ(told.front(), Unexpected);
+    EXPECT_EQ(std::count(told.begin(), told.end(), FailedBehind), 1);
+    EXPECT_EQ(std::count(told.begin(), told.end(), Failed), 0);
+    EXPECT_EQ(told.back(), Saved) << "by then it was saved";
+}
+
+TEST_F(PosixFilesTest, WhatCannotBeLookedAtIsNotTakenForNothing) {
+    fs::create_directory(folder_ / "closed");
+    const std::u16string behind = FromUtf8((folder_ / "closed/a.txt").string());
+    fs::permissions(folder_ / "closed", fs::perms::none);
+    EXPECT_EQ(AsSomebody([&] { return files_.Read(behind).isUnknown ? 0 : 1; }), 0);
+    EXPECT_FALSE(files_.Read(behind).isUnknown) << "nothing is there";
 }
 
 TEST_F(PosixFilesTest, CopiesThatSaveOneFileAtOnceLoseNothing) {

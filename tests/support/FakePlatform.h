@@ -21,6 +21,8 @@ class FakeFiles final : public FileSystem {
 public:
     FileContents Read(std::u16string_view path) override {
         read.emplace_back(path);
+        if (const auto failing = unreachable.find(Behind(path)); failing != unreachable.end())
+            return {.bytes = {}, .failure = kBroken, .isUnknown = true};
         const auto found = files.find(Behind(path));
         if (found == files.end())
             return {.bytes = {}, .failure = FileFailure{53, u"Файл не найден"}};
@@ -40,6 +42,8 @@ public:
         if (unwritable.contains(target))
             return {kFull};
         files[target] = bytes;
+        if (swapsNames)
+            return {.failure = kBroken, .replaced = true};
         done.push_back(u"write " + target);
         return {.failure = {}, .mark = MarkIn(*files.find(target))};
     }
@@ -81,12 +85,15 @@ public:
     std::set<std::u16string> unwritable;
     std::set<std::u16string> unreadable;
     std::vector<std::pair<std::u16string, std::string>> trash;
+    std::set<std::u16string> unreachable; ///< nobody can tell whether they are there
+    bool swapsNames = false;              ///< somebody does, when a file was replaced
     bool trashIsFull = false;
     std::map<std::u16string, int> times; ///< of the contents, where they are not 0
     std::vector<std::u16string> done;    ///< what changed something, in order
     std::function<void()> beforeReplace; ///< another program's doing, once
 
 private:
+    inline static const FileFailure kBroken{75, u"Ошибка диска"};
     inline static const FileFailure kFull{61, u"На диске нет места"};
 
     class Backup final : public PreparedBackup {
@@ -442,6 +449,9 @@ public:
 
 /// All services at once.
 struct FakePlatform {
+    /// The program's files lie on another disk than `files`, if one is given.
+    explicit FakePlatform(FileSystem* other = nullptr) : disk(other != nullptr ? *other : files) {}
+
     FakeSettings store;
     FakeSound sound;
     FakeFiles files;
@@ -456,7 +466,8 @@ struct FakePlatform {
     FakeRecoveryStore recovery;
     FakeClock clock;
     FakePrinters printers;
-    Platform platform{store, sound,      files,    fileDialog, messageBox, clipboard, timers,  screen,
+    FileSystem& disk;
+    Platform platform{store, sound,      disk,     fileDialog, messageBox, clipboard, timers,  screen,
                       shell, background, progress, recovery,   clock,      printers};
 };
 

@@ -10,6 +10,8 @@ namespace quillshift {
 
 /// A whole program over fakes, its bars included: set what the store holds, then `Start`.
 struct TestProgram : FakePlatform {
+    using FakePlatform::FakePlatform;
+
     Settings settings{store};
     FakeWindowMessages messages;
     FakeBarSystem system;

@@ -21,6 +21,7 @@ namespace {
 constexpr int kMostLinks = 40;
 constexpr const char* kAccessList = "system.posix_acl_access";
 constexpr int kStallMilliseconds = 4000;
+constexpr int kLockMilliseconds = 1000;
 constexpr std::string_view kSideEnding = ".quillshift";
 
 // The part of a long name that leaves room for the rest.
@@ -86,7 +87,7 @@ int Lock(int fd) {
     for (int waited = 0; flock(fd, LOCK_EX | LOCK_NB) != 0; waited += kStep) {
         if (errno != EWOULDBLOCK)
             return 0;
-        if (waited >= kStallMilliseconds)
+        if (waited >= kLockMilliseconds)
             return EBUSY;
         poll(nullptr, 0, kStep);
     }

@@ -68,7 +68,7 @@ void SurviveFailedWrites();
 // The functions below answer with an error number, 0 for success.
 
 /// Keeps other copies of the program from writing the file until it is closed. EBUSY if one of them takes
-/// more than a few seconds; a disk that knows no locks is no failure.
+/// more than a second; a disk that knows no locks is no failure.
 int Lock(int fd);
 /// Follows the links of a path to the name of the file itself, which need not be there yet.
 int FollowLinks(std::string& path);

@@ -86,6 +86,7 @@ struct Replacement {
     int error = 0;
     bool overwriteInstead = false; // the file itself could still be written
     bool unexpected = false;       // somebody else has made it meanwhile
+    bool replaced = false;         // the error came later
     std::optional<FileMark> mark{};
 };
 
@@ -130,7 +131,7 @@ Replacement ReplaceFile(const Target& target, std::string_view bytes, bool mustB
     side.Keep();
     // Where others may change the folder, one of them may have swapped the names.
     if (lstat(target.path.c_str(), &named) != 0 || !IsSameFile(named, written))
-        return {ESTALE, false};
+        return {.error = ESTALE, .replaced = true};
     FlushFolder(folder); // whatever it answers, the new contents are there: nothing left to take back
     RemoveLeftovers(folder, "." + name);
     return {.mark = MarkIn(named)};
@@ -197,8 +198,10 @@ FileContents PosixFiles::Read(std::u16string_view path) {
         return {{}, failure};
     // Asked before it is opened: opening a pipe would already disturb whoever writes to it.
     struct stat info {};
-    if (stat(native.c_str(), &info) != 0)
-        return {{}, Explain(errno, native)};
+    if (stat(native.c_str(), &info) != 0) {
+        const int error = errno;
+        return {.bytes = {}, .failure = Explain(error, native), .isUnknown = error != ENOENT};
+    }
     if (const auto failure = RefuseUnlessRegular(info))
         return {{}, failure};
     const OpenFile file(open(native.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
@@ -231,7 +234,7 @@ FileContents PosixFiles::Read(std::u16string_view path) {
     if (filled < expected)
         return {{}, FileFailure{75, u"Файл изменился во время чтения"}, true};
     bytes.resize(filled);
-    return {std::move(bytes), std::nullopt, true, MarkIn(info)};
+    return {.bytes = std::move(bytes), .failure = {}, .isFile = true, .mark = MarkIn(info)};
 }
 
 std::optional<FileMark> PosixFiles::MarkOf(std::u16string_view path) {
@@ -264,7 +267,7 @@ Written PosixFiles::Replace(std::u16string_view path, std::string_view bytes, co
     if (done.overwriteInstead)
         return Overwrite(target.file, target.path, bytes);
     if (done.error != 0)
-        return {Explain(done.error, target.path)};
+        return {.failure = Explain(done.error, target.path), .replaced = done.replaced};
     return {.failure = {}, .unexpected = done.unexpected, .mark = done.mark};
 }
 
