@@ -1,0 +1,144 @@
+// Prints how many of the cases that bench/wizard_corpus.py made the wizard gets right. Arguments: the file of
+// cases, and a group whose wrong ones are to be shown.
+#include "wizard/detect/Detector.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <fstream>
+#include <map>
+#include <sstream>
+
+using namespace quillshift::wizard;
+
+namespace {
+
+std::string FromBase64(std::string_view text) {
+    static constexpr std::string_view digits =
+        "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+    std::string bytes;
+    std::uint32_t bits = 0;
+    int count = 0;
+    for (const char c : text) {
+        const std::size_t digit = digits.find(c);
+        if (digit == digits.npos)
+            break;
+        bits = bits << 6 | static_cast<std::uint32_t>(digit);
+        count += 6;
+        if (count >= 8) {
+            count -= 8;
+            bytes += static_cast<char>(bits >> count);
+        }
+    }
+    return bytes;
+}
+
+struct Tally {
+    int cases = 0, right = 0, firstThree = 0, sure = 0, sureWrong = 0, sureRight = 0;
+    double slowest = 0;
+};
+
+struct Case {
+    std::string group, chain, bytes, text;
+    int letters = 0;
+};
+
+/// The text as lossy readings can be compared: without what was lost, and without what stands for it.
+bool NearlyTheSame(std::string_view one, std::string_view other) {
+    const auto distance = [](std::string_view a, std::string_view b) {
+        std::vector<std::size_t> row(b.size() + 1);
+        for (std::size_t j = 0; j < row.size(); ++j)
+            row[j] = j;
+        for (std::size_t i = 0; i < a.size(); ++i) {
+            std::size_t corner = row[0]++;
+            for (std::size_t j = 0; j < b.size(); ++j) {
+                const std::size_t best = std::min({row[j] + 1, row[j + 1] + 1, corner + (a[i] != b[j])});
+                corner = row[j + 1];
+                row[j + 1] = best;
+            }
+        }
+        return row[b.size()];
+    };
+    return distance(one, other) * 5 < other.size();
+}
+
+bool IsRight(const Case& test, const Candidate& candidate) {
+    if (test.group == "clean" || test.group == "binary" || test.group.starts_with("other"))
+        return candidate.leaveAlone;
+    // Where two sets agree on all of its letters, a text can come through unharmed.
+    if (candidate.leaveAlone)
+        return test.bytes == test.text && candidate.chain.stored == Set::Utf8 &&
+               candidate.language != "binary";
+    if (test.group == "lossy")
+        return NearlyTheSame(candidate.preview, test.text);
+    std::string_view preview = candidate.preview;
+    if (preview.starts_with("\xEF\xBB\xBF"))
+        preview.remove_prefix(3);
+    return preview == test.text;
+}
+
+Tally& Add(Tally& tally, const Case& test, bool show) {
+    const auto start = std::chrono::steady_clock::now();
+    const Verdict verdict = Detect(test.bytes);
+    tally.slowest = std::max(tally.slowest,
+                             std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+    const auto& found = verdict.candidates;
+    const bool aloneIsRight =
+        test.group == "clean" || test.group == "binary" || test.group.starts_with("other");
+    const bool right = found.empty() ? aloneIsRight : IsRight(test, found[0]);
+    const bool amongThree =
+        right ||
+        std::any_of(found.begin(),
+                    found.begin() + static_cast<std::ptrdiff_t>(std::min<std::size_t>(3, found.size())),
+                    [&](const Candidate& c) { return IsRight(test, c); });
+    const bool sure = verdict.answer == Answer::Sure;
+    ++tally.cases;
+    tally.right += right;
+    tally.firstThree += amongThree;
+    tally.sure += sure;
+    tally.sureRight += sure && right;
+    tally.sureWrong += sure && !right;
+    if (show && (!right || (sure && !right))) {
+        std::printf("%s %s %s\n", test.chain.c_str(), sure ? "SURE" : "", test.text.c_str());
+        for (std::size_t i = 0; i < std::min<std::size_t>(found.size(), 3); ++i)
+            std::printf("   %-30s %s %7.1f %s\n", ToString(found[i].chain).c_str(),
+                        std::string(found[i].language).c_str(), found[i].bits, found[i].preview.c_str());
+    }
+    return tally;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (argc < 2) {
+        std::fputs("usage: wizard_eval CASES [GROUP]\n", stderr);
+        return 2;
+    }
+    Detect("\xCF\xF0\xE8"); // the tables are made at first use
+    std::ifstream file(argv[1]);
+    std::map<std::string, std::map<int, Tally>> tallies;
+    for (std::string line; std::getline(file, line);) {
+        std::istringstream fields(line);
+        Case test;
+        std::string letters, bytes, text;
+        std::getline(fields, test.group, '\t');
+        std::getline(fields, letters, '\t');
+        std::getline(fields, test.chain, '\t');
+        std::getline(fields, bytes, '\t');
+        std::getline(fields, text, '\t');
+        test.letters = std::stoi(letters);
+        test.bytes = FromBase64(bytes);
+        test.text = FromBase64(text);
+        Add(tallies[test.group][test.letters], test, argc > 2 && test.group == argv[2]);
+    }
+    std::printf("%-18s %-8s %6s %7s %7s %7s %6s %8s\n", "what", "letters", "cases", "right", "in 3", "sure",
+                "wrong", "slowest");
+    for (const auto& [group, byLetters] : tallies)
+        for (const auto& [letters, tally] : byLetters) {
+            const auto percent = [&](int part) { return 100.0 * part / tally.cases; };
+            std::printf("%-18s %-8d %6d %6.1f%% %6.1f%% %6.1f%% %6d %6.2fms\n", group.c_str(), letters,
+                        tally.cases, percent(tally.right), percent(tally.firstThree),
+                        tally.right ? 100.0 * tally.sureRight / tally.right : 0, tally.sureWrong,
+                        1000 * tally.slowest);
+        }
+}

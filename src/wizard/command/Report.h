@@ -1,0 +1,15 @@
+#pragma once
+
+#include "wizard/command/Words.h"
+#include "wizard/detect/Detector.h"
+
+namespace quillshift::wizard {
+
+/// One line on an input: its name, how sure, chain.
+std::string Line(std::string_view name, const Verdict& verdict, Language language);
+/// A line for each of the likeliest readings: score in bits, chain, beginning.
+std::string Listing(std::string_view name, const Verdict& verdict, Language language);
+/// The verdict as one JSON object on a line.
+std::string Json(std::string_view name, const Verdict& verdict);
+
+} // namespace quillshift::wizard

@@ -1,0 +1,89 @@
+#include "wizard/command/Words.h"
+
+#include <cstdlib>
+
+namespace quillshift::wizard {
+
+namespace {
+
+constexpr std::string_view englishHelp =
+    R"(Usage: quillshift-wizard [OPTION]... [FILE]...
+Finds out what happened to garbled Russian text, and repairs it.
+
+Without a FILE it is a filter: bytes in, repaired UTF-8 out. What is clean or unsure passes as it is.
+With files it only tells what each of them is.
+
+  --detect            tell what the input is, one line a file
+  --list N            the N likeliest readings, with their scores in bits and the beginning of each
+  --from CHAIN        undo this chain, such as koi8-r, utf-8>1251 or koi8-r>866,utf-8>1251
+  --to utf-8|1251|keep  write so; keep: in the set the text was stored in
+  --depth N           at most N wrong readings, 0 to 3
+  --exclude SET,...   sets that have no part in it
+  --files-from FILE   read the names of the files from FILE, - for standard input
+  -0                  these names end with a zero byte
+  --json              tell it as JSON, one object a line
+  --help, --version
+
+Sets: 866 1251 koi8-r koi8-u iso-8859-5 mac utf-8 utf-16le utf-16be 1252 437 1253
+Exit status: 0 all is clean or repaired, 1 something was left as unsure, 2 trouble.
+)";
+
+constexpr std::string_view russianHelp =
+    R"(Вызов: quillshift-wizard [КЛЮЧ]... [ФАЙЛ]...
+Узнаёт, что случилось с испорченным русским текстом, и исправляет его.
+
+Без ФАЙЛА это фильтр: на входе байты, на выходе исправленный UTF-8. Чистое и сомнительное проходит как есть.
+Если файлы названы, программа только сообщает, что в каждом из них.
+
+  --detect            сообщить, что на входе, по строке на файл
+  --list N            N вероятнейших прочтений с оценкой в битах и началом каждого
+  --from ЦЕПЬ         отменить эту цепь: koi8-r, utf-8>1251 или koi8-r>866,utf-8>1251
+  --to utf-8|1251|keep  как записать; keep: в наборе, в котором текст хранился
+  --depth N           не больше N неверных прочтений, от 0 до 3
+  --exclude НАБОР,... эти наборы ни при чём
+  --files-from ФАЙЛ   взять имена файлов из ФАЙЛА, - означает стандартный ввод
+  -0                  эти имена оканчиваются нулевым байтом
+  --json              сообщить в виде JSON, по объекту на строку
+  --help, --version
+
+Наборы: 866 1251 koi8-r koi8-u iso-8859-5 mac utf-8 utf-16le utf-16be 1252 437 1253
+Код возврата: 0 всё чисто или исправлено, 1 что-то оставлено как сомнительное, 2 неполадка.
+)";
+
+constexpr struct {
+    Word word;
+    std::string_view english, russian;
+} words[] = {
+    {Word::Help, englishHelp, russianHelp},
+    {Word::BadArgument, "not understood", "непонятный ключ"},
+    {Word::CannotRead, "cannot be read", "не читается"},
+    {Word::NotRepresentable, "the text does not fit into the set; left as it is",
+     "текст не помещается в набор; оставлен как есть"},
+    {Word::LeftUnsure, "left as unsure", "оставлено как сомнительное"},
+    {Word::Clean, "clean", "чисто"},
+    {Word::Sure, "sure", "надёжно"},
+    {Word::Unsure, "unsure", "сомнительно"},
+    {Word::Binary, "binary", "двоичный"},
+    {Word::Lost, "characters lost", "знаков потеряно"},
+    {Word::Folder, "is a folder", "это папка"},
+};
+
+} // namespace
+
+std::string_view Say(Word word, Language language) {
+    for (const auto& row : words)
+        if (row.word == word)
+            return language == Language::Russian ? row.russian : row.english;
+    return "";
+}
+
+Language LanguageOfLocale() {
+    for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+        const char* value = std::getenv(name);
+        if (value != nullptr && *value != '\0')
+            return std::string_view(value).starts_with("ru") ? Language::Russian : Language::English;
+    }
+    return Language::English;
+}
+
+} // namespace quillshift::wizard

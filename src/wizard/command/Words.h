@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string_view>
+
+namespace quillshift::wizard {
+
+enum class Language { English, Russian };
+
+/// What the command says, by the language of the locale.
+enum class Word {
+    Help,
+    BadArgument,
+    CannotRead,
+    NotRepresentable,
+    LeftUnsure,
+    Clean,
+    Sure,
+    Unsure,
+    Binary,
+    Lost,
+    Folder
+};
+
+std::string_view Say(Word word, Language language);
+
+/// The language of the environment's locale.
+Language LanguageOfLocale();
+
+} // namespace quillshift::wizard

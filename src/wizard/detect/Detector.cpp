@@ -1,0 +1,171 @@
+#include "wizard/detect/Detector.h"
+
+#include "wizard/detect/Hypotheses.h"
+
+#include <algorithm>
+
+namespace quillshift::wizard {
+
+namespace {
+
+constexpr std::size_t sampleBytes = 1600;
+constexpr std::size_t longestLine = 400;
+constexpr std::size_t debrisBytes = 6000;
+constexpr double sureLead = 9;      // bits before the next text
+constexpr double sureOverAlone = 5; // bits before the same text as another language
+
+bool IsHigh(char byte) {
+    return static_cast<std::uint8_t>(byte) >= 0x80;
+}
+
+/// Adds lines with high bytes from `at` on, until the sample has `most` bytes.
+void AddLines(std::string& sample, std::string_view bytes, std::size_t most) {
+    std::size_t looked = 0;
+    while (!bytes.empty() && sample.size() < most && looked < 1U << 20) {
+        const auto high = std::find_if(
+            bytes.begin(),
+            bytes.begin() + static_cast<std::ptrdiff_t>(std::min<std::size_t>(bytes.size(), 1U << 20)),
+            IsHigh);
+        if (high == bytes.end() || !IsHigh(*high))
+            return;
+        const auto place = static_cast<std::size_t>(high - bytes.begin());
+        const std::size_t before = bytes.rfind('\n', place);
+        const std::size_t start = before == bytes.npos ? 0 : before + 1;
+        const std::size_t end = std::min(bytes.find('\n', place), bytes.size());
+        const std::size_t from = place - start > longestLine / 2 ? place - 20 : start;
+        const std::size_t length = std::min({end + 1, bytes.size(), from + longestLine}) - from;
+        sample.append(bytes.substr(from, length));
+        looked += end + 1;
+        bytes.remove_prefix(std::min(from + length, bytes.size()));
+    }
+}
+
+bool IsBinary(std::string_view bytes) {
+    bytes = bytes.substr(0, 4096);
+    const auto control = std::count_if(bytes.begin(), bytes.end(), [](char c) {
+        return static_cast<std::uint8_t>(c) < 0x20 && c != '\n' && c != '\r' && c != '\t' && c != '\f' &&
+               c != 0x1B && c != 0x1A;
+    });
+    return static_cast<std::size_t>(control) * 50 > bytes.size();
+}
+
+Candidate Finish(const Hypothesis& hypothesis, std::string_view sample) {
+    Candidate candidate{
+        hypothesis.chain, hypothesis.leaveAlone, hypothesis.language, hypothesis.bits, 0, 0, {}};
+    Undone undone =
+        Undo(hypothesis.leaveAlone ? Chain{hypothesis.chain.stored, {}} : hypothesis.chain, sample);
+    candidate.lost = undone.lost;
+    for (std::size_t at = 0; at < undone.text.size();)
+        candidate.letters += NextUtf8(undone.text, at) >= 0x80;
+    candidate.preview = std::move(undone.text);
+    return candidate;
+}
+
+Verdict Binary() {
+    return {Answer::Clean, {{{Set::Utf8, {}}, true, "binary", 0, 0, 0, {}}}};
+}
+
+/// UTF-16 by its mark, or by the many bytes 0 or 4 on one side.
+std::optional<Set> Utf16Of(std::string_view bytes) {
+    if (bytes.size() < 4)
+        return std::nullopt;
+    if (bytes.starts_with("\xFF\xFE"))
+        return Set::Utf16Le;
+    if (bytes.starts_with("\xFE\xFF"))
+        return Set::Utf16Be;
+    std::size_t side[2] = {0, 0};
+    std::size_t zeros = 0;
+    const std::size_t looked = std::min<std::size_t>(bytes.size(), 4096) / 2 * 2;
+    for (std::size_t i = 0; i < looked; ++i) {
+        side[i % 2] += bytes[i] == 0 || bytes[i] == 4;
+        zeros += bytes[i] == 0;
+    }
+    const std::size_t pairs = looked / 2;
+    for (const int high : {0, 1})
+        if (side[high] * 10 >= pairs * 9 && side[1 - high] * 10 < pairs && zeros > 0 && bytes.size() % 2 == 0)
+            return high == 0 ? Set::Utf16Be : Set::Utf16Le;
+    return std::nullopt;
+}
+
+bool IsCyrillic(std::string_view language) {
+    return language == "ru" || language == "uk" || language == "be" || language == "bg" || language == "sr";
+}
+
+/// The verdict on what bytes written down in ASCII say, if they are text that needs it.
+std::optional<Verdict> DetectDebris(std::string_view bytes, const DetectOptions& options) {
+    const auto debris = FindDebris(bytes.substr(0, debrisBytes));
+    if (!debris)
+        return std::nullopt;
+    // Bytes past the beginning matter only where few are looked at.
+    const std::string plain = UndoDebris(*debris, bytes.substr(0, debrisBytes));
+    Verdict verdict = Detect(plain, options);
+    if (verdict.candidates.empty() || !IsCyrillic(verdict.candidates[0].language) ||
+        verdict.candidates[0].letters < 3)
+        return std::nullopt;
+    if (verdict.answer == Answer::Clean)
+        verdict.answer = Answer::Sure;
+    for (Candidate& candidate : verdict.candidates) {
+        candidate.chain.debris = debris;
+        candidate.leaveAlone = false;
+    }
+    return verdict;
+}
+
+} // namespace
+
+std::string Sample(std::string_view bytes) {
+    std::string sample;
+    if (bytes.size() <= sampleBytes)
+        return std::string(bytes);
+    AddLines(sample, bytes, sampleBytes / 2);
+    AddLines(sample, bytes.substr(bytes.size() / 2), sampleBytes * 3 / 4);
+    AddLines(sample, bytes.substr(bytes.size() - std::min<std::size_t>(bytes.size() / 3, 20000)),
+             sampleBytes);
+    return sample;
+}
+
+Verdict Detect(std::string_view bytes, const DetectOptions& options) {
+    if (const auto utf16 = Utf16Of(bytes)) {
+        const std::string_view start = bytes.substr(0, 800);
+        return {Answer::Sure, {Finish({{*utf16, {}}, false, "", 0}, start)}};
+    }
+    if (IsBinary(bytes))
+        return Binary();
+    if (auto debris = DetectDebris(bytes, options))
+        return *debris;
+    const std::string sample = Sample(bytes);
+    if (std::none_of(sample.begin(), sample.end(), IsHigh))
+        return {};
+
+    Verdict verdict;
+    for (const Hypothesis& hypothesis : Hypotheses(sample, options.depth, options.exclude)) {
+        Candidate candidate = Finish(hypothesis, sample);
+        const bool known =
+            std::any_of(verdict.candidates.begin(), verdict.candidates.end(), [&](const Candidate& other) {
+                return other.preview == candidate.preview && other.leaveAlone == candidate.leaveAlone;
+            });
+        if (!known)
+            verdict.candidates.push_back(std::move(candidate));
+        if (verdict.candidates.size() >= std::max<std::size_t>(options.candidates, 2))
+            break;
+    }
+    if (verdict.candidates.empty())
+        return Binary();
+    const Candidate& best = verdict.candidates.front();
+    // A rival with the same text does no harm: 866 and Mac agree on capitals, KOI8-R and -U on Russian.
+    const auto rival = std::find_if(verdict.candidates.begin(), verdict.candidates.end(),
+                                    [&](const Candidate& other) { return other.preview != best.preview; });
+    const double lead = rival == verdict.candidates.end() ? 100 : rival->bits - best.bits;
+    const auto alone = std::find_if(verdict.candidates.begin(), verdict.candidates.end(),
+                                    [](const Candidate& other) { return other.leaveAlone; });
+    const double overAlone = alone == verdict.candidates.end() ? 100 : alone->bits - best.bits;
+    const bool isSure = lead >= sureLead && overAlone >= sureOverAlone && best.lost == 0;
+    // Neither binary nor UTF-8 as it should be: something is wrong with it, whatever it is.
+    const bool undecided = best.leaveAlone && best.chain.stored == Set::Utf8 && !IsUtf8(bytes);
+    verdict.answer = best.leaveAlone && !undecided ? Answer::Clean
+                     : isSure && !undecided        ? Answer::Sure
+                                                   : Answer::Unsure;
+    return verdict;
+}
+
+} // namespace quillshift::wizard

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "wizard/detect/Chain.h"
+
+namespace quillshift::wizard {
+
+struct Hypothesis {
+    Chain chain;
+    bool leaveAlone = false;
+    std::string_view language;
+    double bits = 0;
+};
+
+/// Every explanation of the sample that is worth a look, the likeliest first.
+std::vector<Hypothesis> Hypotheses(std::string_view sample, std::size_t depth,
+                                   const std::vector<Set>& exclude);
+
+} // namespace quillshift::wizard

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "wizard/detect/ModelData.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace quillshift::wizard {
+
+/// A text as numbers of characters: what a set makes of it, or a wrong reading undone, changes the alphabet
+/// only.
+struct Reading {
+    std::vector<std::uint8_t> symbols;
+    std::vector<char16_t> alphabet; ///< at most 256; the character of each symbol
+};
+
+/// How many bits a reading costs as a text of one language: the fewer, the likelier.
+class Model {
+public:
+    explicit Model(const ModelData& data);
+
+    double Bits(const Reading& reading) const;
+
+    /// An estimate from how often each symbol stands, without an order: cheap, and good enough to sort out.
+    double RoughBits(std::span<const std::uint32_t> counts, std::span<const char16_t> alphabet) const;
+
+    /// How many of the characters are letters of the language.
+    std::size_t Letters(std::span<const std::uint32_t> counts, std::span<const char16_t> alphabet) const;
+
+private:
+    static constexpr std::size_t reach = 0x2600;
+    double Cost(std::size_t before, std::size_t last, std::size_t next) const;
+
+    const ModelData& data_;
+    std::size_t size_;
+    std::array<std::uint8_t, reach> letter_{}; ///< number of the letter, 0 for none; high bit: a capital
+    std::array<float, reach> rough_{};
+};
+
+/// The models in the order of `modelData`.
+const std::vector<Model>& Models();
+
+} // namespace quillshift::wizard

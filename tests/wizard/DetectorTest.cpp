@@ -1,0 +1,125 @@
+#include "harness/Iconv.h"
+#include "wizard/detect/Repair.h"
+
+#include <gtest/gtest.h>
+
+namespace quillshift::wizard {
+
+namespace {
+
+const std::string text = "Поздно вечером, когда погасли огни, старый смотритель ещё раз обошёл причал.\n";
+
+std::string Found(const std::string& bytes) {
+    const Verdict verdict = Detect(bytes);
+    return verdict.candidates.empty() ? "" : ToString(verdict.candidates.front().chain);
+}
+
+} // namespace
+
+TEST(Detector, NamesASet) {
+    const std::pair<const char*, const char*> sets[] = {{"CP866", "866"},        {"CP1251", "1251"},
+                                                        {"KOI8-R", "koi8-r"},    {"ISO-8859-5", "iso-8859-5"},
+                                                        {"MAC-CYRILLIC", "mac"}, {"UTF-16LE", "utf-16le"}};
+    for (const auto& [published, name] : sets) {
+        const std::string bytes = Iconv(text, "UTF-8", published);
+        const Verdict verdict = Detect(bytes);
+        EXPECT_EQ(verdict.answer, Answer::Sure) << name;
+        EXPECT_EQ(ToString(verdict.candidates.at(0).chain), name);
+        EXPECT_EQ(Repair(bytes, verdict).text, text) << name;
+    }
+}
+
+TEST(Detector, UndoesWrongReadings) {
+    // Written in the first set, read as the second, saved as UTF-8; and so on.
+    const std::vector<std::vector<const char*>> ways = {
+        {"UTF-8", "CP1251"},
+        {"KOI8-R", "CP1251"},
+        {"CP1251", "CP866"},
+        {"UTF-8", "ISO-8859-1"},
+        {"CP866", "MAC-CYRILLIC"},
+        {"KOI8-R", "CP866", "UTF-8", "CP437"},
+        {"UTF-8", "ISO-8859-1", "UTF-8", "ISO-8859-1"},
+        {"CP1251", "KOI8-R", "UTF-8", "CP866", "UTF-8", "CP437"}};
+    for (const auto& way : ways) {
+        // A letter that Windows-1251 leaves open in UTF-8 can't be garbled by the system's table.
+        std::string written = way[1] == std::string("CP1251") && way[0] == std::string("UTF-8")
+                                  ? "Поздно вечером, когда погасло всё, старый смотритель обошёл причал."
+                                  : text;
+        std::string bytes = written;
+        for (std::size_t i = 0; i < way.size(); i += 2)
+            bytes = Iconv(Iconv(bytes, "UTF-8", way[i]), way[i + 1], "UTF-8");
+        const Verdict verdict = Detect(bytes);
+        EXPECT_EQ(verdict.answer, Answer::Sure) << Found(bytes);
+        EXPECT_EQ(Repair(bytes, verdict).text, written) << Found(bytes);
+    }
+}
+
+TEST(Detector, LeavesAloneWhatIsWell) {
+    const std::string noise = [] {
+        std::string bytes;
+        for (unsigned i = 0, state = 1; i < 400; ++i, state = state * 1103515245 + 12345)
+            bytes += static_cast<char>(state >> 16);
+        return bytes;
+    }();
+    const std::string clean[] = {"",
+                                 "plain ASCII, 100%",
+                                 text,
+                                 "КРИК ЗАГЛАВНЫМИ БУКВАМИ",
+                                 "Ми зібралися біля річки, щоб побачити схід сонця.",
+                                 "Größe, Übung und schöne Wörter",
+                                 "Η θάλασσα ήταν ήρεμη εκείνο το πρωί.",
+                                 "日本語の文章です。",
+                                 noise};
+    for (const std::string& bytes : clean) {
+        const Verdict verdict = Detect(bytes);
+        EXPECT_EQ(verdict.answer, Answer::Clean) << bytes;
+        EXPECT_EQ(Repair(bytes, verdict).text, bytes);
+    }
+    EXPECT_EQ(Detect(Iconv(clean[4], "UTF-8", "CP1251")).answer, Answer::Clean);
+    EXPECT_EQ(Detect(Iconv(clean[5], "UTF-8", "CP1252")).answer, Answer::Clean);
+}
+
+TEST(Detector, ReadsDebrisBack) {
+    const std::pair<std::string, std::string> debris[] = {
+        {"=CF=F0=E8=E2=E5=F2, =EC=EE=\n=E9 =F1=F2=E0=F0=FB=E9 =E4=F0=F3=E3", "Привет, мой старый друг"},
+        {"z/Do4uXyLCDs7ukg8fLg8PvpIOTw8+M=\n", "Привет, мой старый друг"},
+        {"Subject: =?koi8-r?B?8NLJ18XU?= =?koi8-r?Q?,_=CD=CF=CA?= end", "Subject: Привет, мой end"},
+        {"<b>&#1055;&#1088;&#x438;&#1074;&#1077;&#1090;</b> &amp; &#60;", "<b>Привет</b> &amp; &#60;"},
+        {"{\"a\": \"\\u041f\\u0440\\u0438\\u0432\\u0435\\u0442\\n\"}", "{\"a\": \"Привет\\n\"}"},
+        {"/wiki/%D0%9F%D1%80%D0%B8%D0%B2%D0%B5%D1%82%20100%", "/wiki/Привет%20100%"},
+    };
+    for (const auto& [bytes, plain] : debris)
+        EXPECT_EQ(Repair(bytes, Detect(bytes)).text, plain) << bytes;
+    for (const char* bytes :
+         {"QUJDREVGR0hJSktMTU5PUFFSU1RVVldYWVo=", "a=3D1&b=%20%41", "caf\\u00e9 na\\u00efve"})
+        EXPECT_EQ(Detect(bytes).answer, Answer::Clean) << bytes;
+}
+
+TEST(Detector, FindsLettersThatComeLate) {
+    const std::string ascii(300000, 'x');
+    const std::string bytes = ascii + "\n" + Iconv(text, "UTF-8", "KOI8-R");
+    const Verdict verdict = Detect(bytes);
+    EXPECT_EQ(verdict.answer, Answer::Sure);
+    EXPECT_EQ(Repair(bytes, verdict).text, ascii + "\n" + text);
+}
+
+TEST(Detector, KeepsToWhatItIsAllowed) {
+    const std::string bytes = Iconv(Iconv(text, "UTF-8", "KOI8-R"), "CP1251", "UTF-8");
+    EXPECT_EQ(Found(bytes), "koi8-r>1251");
+    DetectOptions options;
+    options.exclude = {Set::Koi8R};
+    for (const Candidate& candidate : Detect(bytes, options).candidates)
+        EXPECT_EQ(ToString(candidate.chain).find("koi8-r"), std::string::npos);
+    EXPECT_EQ(Detect(bytes, {0, 5, {}}).answer, Answer::Clean);
+}
+
+TEST(Repair, TellsLinesApart) {
+    const std::string garbled = Iconv(Iconv(text, "UTF-8", "CP866"), "CP437", "UTF-8");
+    const std::string raw = Iconv(text, "UTF-8", "KOI8-R");
+    const std::string bytes = garbled + "ASCII\r\n" + garbled + garbled + raw + text;
+    const Repaired repaired = Repair(bytes, Detect(bytes));
+    EXPECT_EQ(repaired.text, text + "ASCII\r\n" + text + text + text + text);
+    EXPECT_EQ(repaired.unsure, 0U);
+}
+
+} // namespace quillshift::wizard

@@ -1,0 +1,91 @@
+#include "wizard/command/Run.h"
+#include "harness/Iconv.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <sstream>
+
+namespace quillshift::wizard {
+
+namespace {
+
+struct Outcome {
+    int status;
+    std::string out, err;
+};
+
+Outcome RunOn(const std::string& input, const std::vector<std::string>& arguments = {}) {
+    std::istringstream in(input);
+    std::ostringstream out, err;
+    const int status = Run(arguments, in, out, err, Language::English);
+    return {status, out.str(), err.str()};
+}
+
+const std::string text = "Старая мельница стоит у самой воды, ещё и мелет.\r\n";
+const std::string koi = Iconv(text, "UTF-8", "KOI8-R");
+
+} // namespace
+
+TEST(Run, RepairsWhatComesIn) {
+    EXPECT_EQ(RunOn(koi).out, text);
+    EXPECT_EQ(RunOn(koi).status, 0);
+    EXPECT_EQ(RunOn(text).out, text);
+    EXPECT_EQ(RunOn(koi, {"--to", "1251"}).out, Iconv(text, "UTF-8", "CP1251"));
+    EXPECT_EQ(RunOn(koi, {"--to=keep"}).out, koi);
+    const std::string page = "<html><meta charset=\"koi8-r\"><p>";
+    EXPECT_EQ(RunOn(page + koi).out, "<html><meta charset=\"utf-8\"><p>" + text);
+}
+
+TEST(Run, UndoesTheChainItIsTold) {
+    EXPECT_EQ(RunOn(Iconv(koi, "CP866", "UTF-8"), {"--from", "koi8-r>866"}).out, text);
+    const Outcome lossy = RunOn("Привет", {"--from", "utf-8>437"});
+    EXPECT_EQ(lossy.status, 1);
+    EXPECT_FALSE(lossy.err.empty());
+    const Outcome unfit = RunOn("日本", {"--from", "utf-8", "--to", "1251"});
+    EXPECT_EQ(unfit.status, 2);
+    EXPECT_EQ(unfit.out, "日本");
+}
+
+TEST(Run, PassesOnWhatIsUnsure) {
+    const std::string few = "\xF7\xCF\xD4";
+    const Outcome outcome = RunOn(few);
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.out, few);
+    EXPECT_EQ(outcome.err, "quillshift-wizard: left as unsure\n");
+}
+
+TEST(Run, TellsWhatItFound) {
+    EXPECT_EQ(RunOn(koi, {"--detect"}).out, "-: sure, koi8-r\n");
+    EXPECT_EQ(RunOn("plain", {"--detect"}).out, "-: clean\n");
+    const std::string listing = RunOn(koi, {"--list", "3"}).out;
+    EXPECT_EQ(std::count(listing.begin(), listing.end(), '\n'), 4);
+    EXPECT_NE(listing.find("\tkoi8-r\tСтарая мельница"), std::string::npos);
+    EXPECT_EQ(
+        RunOn(koi, {"--json"})
+            .out.rfind(
+                R"({"name":"-","answer":"sure","readings":[{"chain":"koi8-r","leaveAlone":false,"language":"ru",)",
+                0),
+        0U);
+}
+
+TEST(Run, SaysWhatItCannotDo) {
+    for (const std::vector<std::string>& arguments :
+         std::vector<std::vector<std::string>>{{"--what"},
+                                               {"--from", "koi9"},
+                                               {"--from"},
+                                               {"--to", "866"},
+                                               {"--depth", "9"},
+                                               {"--list", "0"},
+                                               {"--exclude", "1251,x"},
+                                               {"/no/such/file"},
+                                               {"/"},
+                                               {"--files-from", "/no/such"}}) {
+        const Outcome outcome = RunOn("", arguments);
+        EXPECT_EQ(outcome.status, 2) << arguments[0];
+        EXPECT_FALSE(outcome.err.empty()) << arguments[0];
+    }
+    EXPECT_EQ(RunOn("/no/a\n/no/b\n", {"--files-from", "-"}).err,
+              "quillshift-wizard: /no/a: cannot be read\nquillshift-wizard: /no/b: cannot be read\n");
+}
+
+} // namespace quillshift::wizard
