@@ -1,4 +1,4 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3
 """Prints how other programs do on the cases of bench/wizard_corpus.py: whether they name the set of a text.
 
 Usage: bench/wizard_peers.py CASES
