@@ -50,6 +50,8 @@ public:
 
     /// The command that shows the dialog was given again: it comes up and takes the keyboard.
     virtual void BringUp();
+    /// The argument that came with the command; a kept dialog gets one each time.
+    virtual void TurnTo(int /*argument*/) {}
 
 protected:
     /// Makes a control under its name, which becomes the object name.

@@ -21,6 +21,8 @@ enum class DialogKind {
     Printing, ///< asks for paper before a document is printed
     Recovery, ///< the unsaved texts of copies that did not end in order
     Lock,     ///< stands in the place of the locked program
+    GoTo,     ///< asks for a line's number
+    Settings, ///< argument: the page that is shown beside the main window; 0: all of them, modal
 };
 
 /// Shows and closes the program's dialogs, one of each kind.

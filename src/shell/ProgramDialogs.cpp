@@ -8,11 +8,13 @@
 #include "document/frmRecovery.h"
 #include "document/frmInsertTimeAndDate.h"
 #include "document/frmPrinting.h"
+#include "platform/qt/QtFolderDialog.h"
 #include "recoding/frmDecode.h"
 #include "recoding/frmDecoding.h"
 #include "settings/frmAbout.h"
 #include "settings/frmLicense.h"
 #include "settings/frmLockProgram.h"
+#include "settings/frmSettings.h"
 #include "settings/frmSplash.h"
 #include "settings/frmWelcome.h"
 #include "settings/frmWorkBegin.h"
@@ -29,8 +31,9 @@ namespace quillshift {
 namespace {
 
 // A modal dialog and one beside the main window are unloaded when they close, or when they are told to; one
-// that stands alone, before the main window, only when it is told to.
-enum class Stand { Modal, Beside, Alone };
+// that stands alone, before the main window, only when it is told to. A kept one is modal without an argument
+// and beside the main window with one; it stays loaded, hidden, where it was accepted.
+enum class Stand { Modal, Beside, Alone, Kept };
 
 } // namespace
 
@@ -108,6 +111,11 @@ std::span<const ProgramDialogs::Row> ProgramDialogs::Rows() {
                 return std::make_unique<frmLockProgram>(
                     DialogContext{context.platform, context.settings, context.sounds, nullptr}, parts.lock);
             }},
+        Row{DialogKind::Settings, Stand::Kept,
+            [](Context context, ProgramParts& parts, int) -> std::unique_ptr<Dialog> {
+                return std::make_unique<frmSettings>(context, parts.window.RichTextBox(), context.platform.printers,
+                                                     std::make_unique<QtFolderDialog>());
+            }},
     };
     return kRows;
 }
@@ -150,6 +158,11 @@ void ProgramDialogs::Show(DialogKind kind, int argument) {
         if (!isNew)
             dialog->BringUp();
         break;
+    case Stand::Kept:
+        if (isNew)
+            QObject::connect(dialog.get(), &QDialog::rejected, [this, kind] { Close(kind); });
+        ShowKept(*dialog, argument);
+        break;
     case Stand::Alone:
         dialog->show();
         break;
@@ -164,6 +177,18 @@ void ProgramDialogs::ShowBeside(Dialog& dialog) {
     dialog.show();
     dialog.raise();
     dialog.activateWindow();
+}
+
+// A window takes up its modality when it comes up.
+void ProgramDialogs::ShowKept(Dialog& dialog, int argument) {
+    dialog.TurnTo(argument);
+    if (argument == 0) {
+        dialog.hide();
+        dialog.exec();
+    } else {
+        ShowBeside(dialog);
+        dialog.BringUp();
+    }
 }
 
 // A modal dialog that is hidden ends with that, cancelled; a menu has no place to come back to.

@@ -38,6 +38,7 @@ private:
     static std::span<const Row> Rows();
     static const Row& RowOf(DialogKind kind);
     void ShowBeside(Dialog& dialog);
+    void ShowKept(Dialog& dialog, int argument);
 
     ProgramParts& parts_;
     QWidget& owner_;
