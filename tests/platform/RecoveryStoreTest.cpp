@@ -126,9 +126,12 @@ TEST_F(RecoveryStoreTest, AFailureHoldsUntilTheWholeIsWrittenAgain) {
     Replace("one");
     limitFiles(5);
     copy->Append(" two");
-    copy->Append(".");
+    copy->Finish();
+    limitFiles(RLIM_INFINITY);
+    copy->Append("."); // behind half a record it would be damage
     copy->Finish();
     EXPECT_TRUE(copy->HasFailed());
+    limitFiles(5);
     Replace("much longer");
     limitFiles(RLIM_INFINITY);
     EXPECT_TRUE(copy->HasFailed());
