@@ -10,19 +10,17 @@ enum class DialogKind {
     Splash,
     Welcome,
     WorkBegin, ///< asks what to begin with
-    About,
-    License,
-    Recovery,   ///< the unsaved texts of copies that did not end in order
+    Recovery,  ///< the unsaved texts of copies that did not end in order
+    Lock,      ///< stands in the place of the locked program
     Find,
     Replace,
     GoTo, ///< asks for a line's number
     InsertTimeAndDate,
     DocumentProperties,
     Printing, ///< asks for paper before a document is printed
-    Recovery, ///< the unsaved texts of copies that did not end in order
-    Lock,     ///< stands in the place of the locked program
-    GoTo,     ///< asks for a line's number
     Settings, ///< argument: the page that is shown beside the main window; 0: all of them, modal
+    About,
+    License,
 };
 
 /// Shows and closes the program's dialogs, one of each kind.
