@@ -13,7 +13,7 @@
 #include <QListWidget>
 #include <QRadioButton>
 #include <QSignalBlocker>
-#include <QStackedLayout>
+#include <QStackedWidget>
 
 #include <algorithm>
 #include <array>
@@ -84,7 +84,7 @@ frmSettings::frmSettings(const DialogContext& context, TextSurface& document, Pr
       folders_(std::move(folders)),
       strip_(Add<QtTabStrip>("tabSettings")),
       tabSettings_(*strip_),
-      pages_(new QStackedLayout(strip_)),
+      pages_(new QStackedWidget),
       cmdApply(AddButton("cmdApply", QStringLiteral("Применить"))),
       timerClipboard_(Dependency(&frmSettings::FollowClipboard)),
       timerBackup_(Dependency(&frmSettings::FollowBackup)),
@@ -93,6 +93,9 @@ frmSettings::frmSettings(const DialogContext& context, TextSurface& document, Pr
       timerFonts_(Context().platform.timers.Make([this] { FillFonts(); })) {
     StayAtEscape();
     AddPages(*pages_);
+    auto* inside = new QVBoxLayout(strip_);
+    inside->setContentsMargins(0, 0, 0, 0);
+    inside->addWidget(pages_);
     auto* cmdReset = AddButton("cmdReset", QStringLiteral("Сбросить все"));
     auto* cmdOK = AddButton("cmdOK", QStringLiteral("OK"));
     auto* cmdCancel = AddButton("cmdCancel", QStringLiteral("Отмена"));
@@ -134,7 +137,7 @@ frmSettings::~frmSettings() {
 
 // --- What it shows
 
-void frmSettings::AddPages(QStackedLayout& pages) {
+void frmSettings::AddPages(QStackedWidget& pages) {
     for (std::size_t i = 0; i < kPages.size(); ++i) {
         const PageRow& row = kPages[i];
         QWidget* page = form_.MakePage(static_cast<SettingPage>(i),

@@ -8,7 +8,7 @@
 #include "settings/SettingForm.h"
 
 class QGridLayout;
-class QStackedLayout;
+class QStackedWidget;
 
 namespace quillshift {
 
@@ -30,7 +30,7 @@ public:
     void Apply();
 
 private:
-    void AddPages(QStackedLayout& pages);
+    void AddPages(QStackedWidget& pages);
     void AddToFrame(std::u16string_view frame, QGridLayout& rows);
     void FillLists();
     void ConnectFields();
@@ -61,7 +61,7 @@ private:
     std::unique_ptr<FolderDialog> folders_;
     QtTabStrip* strip_;
     TabControl tabSettings_;
-    QStackedLayout* pages_;
+    QStackedWidget* pages_;
     DialogButton* cmdApply;
     QLabel* lblExample = nullptr;
     QLabel* lblDefaultPrinter = nullptr;

@@ -81,8 +81,8 @@ bool IsReadBefore(const QWidget* first, const QWidget* second) {
 }
 
 TEST_P(AllDialogs, AreLaidOutAsByOneHand) {
+    EXPECT_EQ(dialog->font().family(), DialogFont().family());
     for (const QLabel* label : Visible<QLabel>()) {
-        EXPECT_EQ(label->font().family(), DialogFont().family());
         const int height =
             label->wordWrap() ? label->heightForWidth(label->width()) : label->sizeHint().height();
         EXPECT_GE(label->height(), height) << label->text().toStdString();

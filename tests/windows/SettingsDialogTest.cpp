@@ -29,6 +29,7 @@ public:
         current = name;
         return true;
     }
+    Printer& Current() override { throw std::logic_error("nothing is printed here"); }
     std::vector<std::u16string> names;
     bool known = true;
     std::u16string current;
@@ -154,7 +155,7 @@ TEST_F(SettingsDialog, KeepsWhatIsEditedInEachField) {
 TEST_F(SettingsDialog, WritesNothingThatWasNotToldAndNoNonsense) {
     test.Set(Setting::Style, u"Odd").Set(Setting::DefaultCode, u"99").Set(Setting::FontSize, u"12");
     test.Set(Setting::PositionLeft, u"20").Set(Setting::BackupFolder, u"/b").Set(Setting::Copies, u"");
-    test.Set(Setting::ShowInCaption, u"2");
+    test.Set(Setting::ShowInCaption, u"2").Set(Setting::CreateBackup, u"1");
     Load();
     EXPECT_FALSE(At<QRadioButton>("optStyleSystem").isChecked() ||
                  At<QRadioButton>("optStyleOfficeXP").isChecked());
@@ -263,7 +264,7 @@ TEST_F(SettingsDialog, ResetsWhatIsToldAfterItsQuestionsAndLeavesTheRest) {
 }
 
 TEST_F(SettingsDialog, BrowsesForFoldersAndSoundsWithoutTouchingTheDocument) {
-    test.Set(Setting::KeyDown, u"1").Set(Setting::FolderDocuments, u"/docs");
+    test.Set(Setting::KeyDown, u"1").Set(Setting::FolderDocuments, u"/docs").Set(Setting::CreateBackup, u"1");
     Load();
     folders->next = u"/tmp";
     Press("cmdBrowseBackupFolder");
@@ -282,7 +283,7 @@ TEST_F(SettingsDialog, BrowsesForFoldersAndSoundsWithoutTouchingTheDocument) {
     Press("cmdBrowseKeyDown");
     EXPECT_EQ(At<QLineEdit>("txtKeyDown").text(), QStringLiteral("/sounds/none.wav")) << "cancelled";
     At<QAbstractButton>("txtKeyDownPlay").click();
-    EXPECT_EQ(test.sound.played.back(), u"none.wav");
+    EXPECT_EQ(test.sound.played.back(), u"/sounds/none.wav");
 }
 
 // By the mouse, the wheel and the keys; the strip keeps the keys that are its own.
@@ -297,7 +298,7 @@ TEST_F(SettingsDialog, TurnsPagesByHandAndStaysAtEscape) {
     EXPECT_TRUE(shows("picGeneral"));
     QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.tabRect(2).center());
     EXPECT_TRUE(shows("picView") && !shows("picGeneral"));
-    EXPECT_TRUE(bar.hasFocus());
+    EXPECT_EQ(dialog->focusWidget(), &bar);
     QWheelEvent wheel(QPointF(5, 5), QPointF(5, 5), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
                       Qt::NoScrollPhase, false);
     QApplication::sendEvent(&bar, &wheel);
