@@ -91,7 +91,8 @@ TEST(Detector, ReadsDebrisBack) {
     for (const auto& [bytes, plain] : debris)
         EXPECT_EQ(Repair(bytes, Detect(bytes)).text, plain) << bytes;
     for (const char* bytes :
-         {"QUJDREVGR0hJSktMTU5PUFFSU1RVVldYWVo=", "a=3D1&b=%20%41", "caf\\u00e9 na\\u00efve"})
+         {"QUJDREVGR0hJSktMTU5PUFFSU1RVVldYWVo=", "a=3D1&b=%20%41", "caf\\u00e9 na\\u00efve",
+          "\\\\u041f\\\\u0440\\\\u0438\\\\u0432\\\\u0435\\\\u0442"})
         EXPECT_EQ(Detect(bytes).answer, Answer::Clean) << bytes;
 }
 
@@ -111,6 +112,18 @@ TEST(Detector, KeepsToWhatItIsAllowed) {
     for (const Candidate& candidate : Detect(bytes, options).candidates)
         EXPECT_EQ(ToString(candidate.chain).find("koi8-r"), std::string::npos);
     EXPECT_EQ(Detect(bytes, {0, 5, {}}).answer, Answer::Clean);
+}
+
+TEST(Detector, IsUnsureBetweenReadingsOfOneKind) {
+    // One capital tells Mac from 1251.
+    const std::string bytes = Iconv(Iconv("пословица\nС деньгами", "UTF-8", "KOI8-R"), "CP437", "UTF-8");
+    EXPECT_EQ(Detect(bytes).answer, Answer::Unsure);
+}
+
+TEST(Repair, LeavesALineThatWouldLoseSomething) {
+    const std::string garbled = Iconv(Iconv(text, "UTF-8", "KOI8-R"), "CP866", "UTF-8");
+    const std::string bytes = garbled + "\xE2\x98\xBA\n" + garbled;
+    EXPECT_EQ(Repair(bytes, Detect(garbled)).text, text + "\xE2\x98\xBA\n" + text);
 }
 
 TEST(Repair, TellsLinesApart) {
