@@ -41,12 +41,18 @@ SearchDialog::SearchDialog(const DialogContext& context, const QString& title, S
     buttons_->addWidget(cmdCancel);
     buttons_->addStretch();
 
-    auto* const left = new QVBoxLayout;
+    // Two columns, and the one with the buttons is reached behind the other one.
+    auto* const texts = new QWidget;
+    auto* const left = new QVBoxLayout(texts);
+    left->setContentsMargins({});
     left->addLayout(fields_);
     left->addWidget(options);
+    auto* const right = new QWidget;
+    right->setLayout(buttons_);
+    buttons_->setContentsMargins({});
     auto* const all = new QHBoxLayout(this);
-    all->addLayout(left);
-    all->addLayout(buttons_);
+    all->addWidget(texts);
+    all->addWidget(right);
     all->setSizeConstraint(QLayout::SetFixedSize);
 
     cmdFind->setDefault(true);

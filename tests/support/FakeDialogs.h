@@ -108,8 +108,8 @@ public:
 
 private:
     static bool IsModal(DialogKind kind) {
-        constexpr DialogKind kModal[] = {DialogKind::Decode, DialogKind::About, DialogKind::License,
-                                         DialogKind::Recovery};
+        constexpr DialogKind kModal[] = {DialogKind::Decode,   DialogKind::About, DialogKind::License,
+                                         DialogKind::Recovery, DialogKind::Lock,  DialogKind::Printing};
         return std::ranges::find(kModal, kind) != std::end(kModal);
     }
 

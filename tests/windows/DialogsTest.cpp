@@ -2,6 +2,7 @@
 #include "platform/qt/Appearance.h"
 #include "shell/ProgramDialogs.h"
 #include "support/TestProgram.h"
+#include "support/TestsFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -45,11 +46,12 @@ struct AllDialogs : testing::TestWithParam<DialogKind> {
         const auto load = [this](const fs::directory_entry& entry) {
             std::ifstream file(entry.path(), std::ios::binary);
             if (entry.is_regular_file() && entry.path().extension() != ".ico")
-                test.files.files[u"/program/" + fs::relative(entry.path(), PROGRAM).u16string()] =
+                test.files.files[u"/program/" +
+                                 fs::relative(entry.path(), TestsFolder().parent_path()).u16string()] =
                     std::string(std::istreambuf_iterator<char>(file), {});
         };
-        std::ranges::for_each(fs::directory_iterator(PROGRAM), load);
-        std::ranges::for_each(fs::recursive_directory_iterator(fs::path(PROGRAM) / "Data"), load);
+        std::ranges::for_each(fs::directory_iterator(TestsFolder().parent_path()), load);
+        std::ranges::for_each(fs::recursive_directory_iterator(TestsFolder().parent_path() / "Data"), load);
     }
     template <typename Control>
     std::vector<Control*> Visible() const {

@@ -51,9 +51,10 @@ TEST_F(LockTest, TakesThePasswordByTheKeyboardAloneAndNoOtherWayOut) {
         dialog.close();
         password.insert(QStringLiteral("тайна"));
         QTest::keyClicks(&password, QStringLiteral("x"));
-        QTest::keyClick(&password, Qt::Key_Z, Qt::ControlModifier);
-        EXPECT_EQ(password.text(), QStringLiteral("тайнаx")) << "nothing is brought back";
         EXPECT_EQ(password.displayText(), QStringLiteral("******"));
+        password.clear();
+        QTest::keyClick(&password, Qt::Key_Z, Qt::ControlModifier);
+        EXPECT_EQ(password.text(), QString()) << "nothing is brought back";
         QTest::keyClick(&password, Qt::Key_Return);
         EXPECT_EQ(test.messageBox.shown.size(), 1U);
         EXPECT_EQ(password.text(), QString());

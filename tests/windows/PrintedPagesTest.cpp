@@ -35,7 +35,7 @@ struct PrintedPages : testing::Test {
     QtPrinters printers{files};
     Platform platform{fake.store,     fake.sound,    files,       fake.fileDialog, fake.messageBox,
                       fake.clipboard, fake.timers,   fake.screen, fake.shell,      fake.background,
-                      fake.clock,     fake.progress, printers};
+                      fake.progress,  fake.recovery, fake.clock,  printers};
     Settings settings{fake.store};
     QtTextSurface surface;
     PrintBoxTexts boxes{u"20", u"15", u"10", u"25", u"1"};

@@ -177,7 +177,8 @@ TEST_F(StartDialogs, TheLicenceCanBeReadInTwoLanguagesAndCopiedButNotWritten) {
     dialog.show();
     const QString whole = text.toPlainText();
     EXPECT_TRUE(whole.startsWith(QStringLiteral("Лицензия MIT\nCopyright (c)")));
-    const QString english = QString::fromStdString(Contents(TestsFolder().parent_path() / "LICENSE")).simplified();
+    const QString english =
+        QString::fromStdString(Contents(TestsFolder().parent_path() / "LICENSE")).simplified();
     EXPECT_TRUE(QString(whole).simplified().endsWith(english)) << "word for word";
     text.setFocus();
     QTest::keyClicks(&text, QStringLiteral("x"));

@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QDesktopServices>
 #include <QGuiApplication>
+#include <QMimeData>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QUrl>
@@ -57,8 +58,10 @@ void QtShell::Conceal(bool concealed) {
     ::prctl(PR_SET_DUMPABLE, concealed ? 0 : 1);
     QClipboard& clipboard = *QGuiApplication::clipboard();
     if (concealed) {
-        if (clipboard.ownsSelection())
-            selection_ = clipboard.text(QClipboard::Selection);
+        // One that another program holds would have to be asked for; the kind of the data tells whose it is.
+        const QMimeData* const selected = clipboard.mimeData(QClipboard::Selection);
+        if (selected != nullptr && selected->hasText() && !selected->inherits("QInternalMimeData"))
+            selection_ = selected->text();
         if (selection_)
             clipboard.clear(QClipboard::Selection);
         ForgetHiddenFromScreenReaders();

@@ -55,8 +55,6 @@ void ShowScreenReadersTheScreenAlone() {
 }
 
 void ForgetHiddenFromScreenReaders() {
-    if (!QAccessible::isActive())
-        return;
     for (QWidget* const widget : QApplication::allWidgets())
         if (!IsOnScreen(widget))
             QAccessible::deleteAccessibleInterface(
