@@ -25,7 +25,7 @@ protected:
 private:
     void SetWaiting(bool waiting) override;
     void SetCode(std::u16string_view pair) override;
-    void Hide() override { hide(); }
+    void Hide() override;
     void SetProgress(float percentage) override;
 
     RecodingJob& job_;

@@ -175,8 +175,6 @@ void ProgramDialogs::ShowBeside(Dialog& dialog) {
     const QWidget* above = QApplication::activeModalWidget();
     dialog.windowHandle()->setTransientParent((above != nullptr ? above : &owner_)->windowHandle());
     dialog.show();
-    dialog.raise();
-    dialog.activateWindow();
 }
 
 // A window takes up its modality when it comes up.
