@@ -136,8 +136,8 @@ int Run(int argc, char** argv) {
     QtProgress progress;
     QtPrinters printers(files);
     PosixRecoveryStore recovery(RecoveryFolder());
-    Platform platform{store, sound,      files,    fileDialog, messageBox, clipboard, timers,  screen,
-                      shell, background, progress, recovery,   wallClock,  printers};
+    Platform platform{store,  sound, files,      fileDialog, messageBox, clipboard, timers,
+                      screen, shell, background, progress,   recovery,   wallClock, printers};
     SetUpStore(store, platform);
 
     QtWindowMessages windowIds;

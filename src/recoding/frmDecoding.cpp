@@ -62,8 +62,8 @@ void frmDecoding::SetCode(std::u16string_view pair) {
     lblCode->setText(ToQString(pair));
 }
 
-// A short walk is over before the window manager has given the dialog the keyboard. That word would come to a hidden
-// window, and all keys with it; so its window goes, and is made anew when it shows again.
+// A short walk is over before the window manager has given the dialog the keyboard. That word would come to a
+// hidden window, and all keys with it; so its window goes, and is made anew when it shows again.
 void frmDecoding::Hide() {
     hide();
     destroy();

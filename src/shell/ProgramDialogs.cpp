@@ -4,10 +4,10 @@
 #include "document/frmFScreen.h"
 #include "document/frmFind.h"
 #include "document/frmGoTo.h"
-#include "document/frmReplace.h"
-#include "document/frmRecovery.h"
 #include "document/frmInsertTimeAndDate.h"
 #include "document/frmPrinting.h"
+#include "document/frmRecovery.h"
+#include "document/frmReplace.h"
 #include "platform/qt/QtFolderDialog.h"
 #include "recoding/frmDecode.h"
 #include "recoding/frmDecoding.h"
@@ -113,7 +113,8 @@ std::span<const ProgramDialogs::Row> ProgramDialogs::Rows() {
             }},
         Row{DialogKind::Settings, Stand::Kept,
             [](Context context, ProgramParts& parts, int) -> std::unique_ptr<Dialog> {
-                return std::make_unique<frmSettings>(context, parts.window.RichTextBox(), context.platform.printers,
+                return std::make_unique<frmSettings>(context, parts.window.RichTextBox(),
+                                                     context.platform.printers,
                                                      std::make_unique<QtFolderDialog>());
             }},
     };

@@ -24,8 +24,8 @@ ProgramParts::ProgramParts(Platform& thePlatform, MainView& mainWindow, mCommand
       search({window.RichTextBox(), platform.messageBox, platform.progress, *dialogs}),
       lines(window.RichTextBox(), platform.messageBox),
       documents({document, settings, sounds, platform, window.RichTextBox(), window.RichTextBoxBackup(),
-                 window.RichTextBoxImport(), window.RtfTemp(), window, recovery, [this] { job.StartDecode(); },
-                 [this] { edit.Paste(); },
+                 window.RichTextBoxImport(), window.RtfTemp(), window, recovery,
+                 [this] { job.StartDecode(); }, [this] { edit.Paste(); },
                  [this](std::u16string_view text) {
                      watcher.Overlook([&] { platform.clipboard.SetText(text); });
                  }}),

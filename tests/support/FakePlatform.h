@@ -467,8 +467,8 @@ struct FakePlatform {
     FakeClock clock;
     FakePrinters printers;
     FileSystem& disk;
-    Platform platform{store, sound,      disk,     fileDialog, messageBox, clipboard, timers,  screen,
-                      shell, background, progress, recovery,   clock,      printers};
+    Platform platform{store,  sound, disk,       fileDialog, messageBox, clipboard, timers,
+                      screen, shell, background, progress,   recovery,   clock,     printers};
 };
 
 } // namespace quillshift
