@@ -136,9 +136,10 @@ Count ResourcesAttack::StartWith(const std::vector<fs::path>& resources,
         editor.Launch();
         count = ComesUp(editor);
     }
-    for (auto file = originals.rbegin(); file != originals.rend(); ++file) {
-        fs::remove(file->first);
-        Put(file->first, file->second);
+    std::ranges::reverse(originals); // a file that was changed twice ends as it was first
+    for (const auto& [path, bytes] : originals) {
+        fs::remove(path);
+        Put(path, bytes);
     }
     return count;
 }

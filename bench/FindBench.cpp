@@ -38,14 +38,14 @@ void PlainFind(benchmark::State& state, std::size_t number) {
     std::u16string text = Letter(10 << 20);
     std::replace(text.begin(), text.end(), u'я', u'й');
     std::replace(text.begin(), text.end(), u'Я', u'й');
-    for (auto _ : state)
+    for ([[maybe_unused]] const auto round : state)
         benchmark::DoNotOptimize(text.find(kMissing[number]));
 }
 void Find(benchmark::State& state, std::size_t number, FindOptions options) {
     std::u16string text = Letter(10 << 20);
     std::replace(text.begin(), text.end(), u'я', u'й');
     std::replace(text.begin(), text.end(), u'Я', u'й');
-    for (auto _ : state)
+    for ([[maybe_unused]] const auto round : state)
         benchmark::DoNotOptimize(FindText(text, kMissing[number], 0, options));
 }
 
@@ -62,7 +62,7 @@ void ReplaceAll(benchmark::State& state, bool inLines) {
     UndoHistory history;
     surface.OnChange = [&](const TextEdit& edit) { history.Record(edit); };
     double grown = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] const auto round : state) {
         state.PauseTiming();
         surface.LoadPlain(text);
         search.ReplaceState() = {.wanted = u"#", .replacement = u"замена", .options = {}, .goesOn = true};
@@ -84,7 +84,7 @@ template <typename Form, typename Component>
 void OpenDialog(benchmark::State& state, Component ProgramParts::*component) {
     TestProgram test;
     ProgramParts& parts = test.program.Parts();
-    for (auto _ : state) {
+    for ([[maybe_unused]] const auto round : state) {
         Form dialog({parts.platform, parts.settings, parts.sounds, nullptr}, parts.*component);
         dialog.show();
         QApplication::processEvents();
@@ -98,7 +98,7 @@ void LineCount(benchmark::State& state) {
     surface.show();
     surface.LoadPlain(Letter(1 << 20));
     QApplication::processEvents();
-    for (auto _ : state)
+    for ([[maybe_unused]] const auto round : state)
         benchmark::DoNotOptimize(surface.LineCount());
 }
 

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <fstream>
 #include <map>
+#include <numeric>
 #include <sstream>
 
 using namespace quillshift::wizard;
@@ -47,8 +48,7 @@ struct Case {
 bool NearlyTheSame(std::string_view one, std::string_view other) {
     const auto distance = [](std::string_view a, std::string_view b) {
         std::vector<std::size_t> row(b.size() + 1);
-        for (std::size_t j = 0; j < row.size(); ++j)
-            row[j] = j;
+        std::iota(row.begin(), row.end(), std::size_t{0});
         for (std::size_t i = 0; i < a.size(); ++i) {
             std::size_t corner = row[0]++;
             for (std::size_t j = 0; j < b.size(); ++j) {
@@ -135,7 +135,7 @@ int main(int argc, char** argv) {
                 "wrong", "slowest");
     for (const auto& [group, byLetters] : tallies)
         for (const auto& [letters, tally] : byLetters) {
-            const auto percent = [&](int part) { return 100.0 * part / tally.cases; };
+            const auto percent = [all = tally.cases](int part) { return 100.0 * part / all; };
             std::printf("%-18s %-8d %6d %6.1f%% %6.1f%% %6.1f%% %6d %6.2fms\n", group.c_str(), letters,
                         tally.cases, percent(tally.right), percent(tally.firstThree),
                         tally.right ? 100.0 * tally.sureRight / tally.right : 0, tally.sureWrong,

@@ -122,6 +122,7 @@ void TabControl::SelectTab(const TabRef& tab, bool noEvents) {
 
 void TabControl::Rebuild() {
     std::vector<TabItem> items;
+    items.reserve(static_cast<std::size_t>(strip_.Count()));
     for (int position = 0; position < strip_.Count(); ++position)
         items.push_back(strip_.Item(position).value_or(TabItem()));
     const int selected = SelectedTab();
