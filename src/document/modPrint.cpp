@@ -20,6 +20,8 @@ struct Choice {
     Value value;
     std::u16string_view shown;
 };
+template <class Value>
+Choice(std::u16string_view, Value, std::u16string_view) -> Choice<Value>;
 
 constexpr std::array kQualities{Choice{u"vbPRPQDraft", PrintQuality::Draft, u"Черновое"},
                                 Choice{u"vbPRPQLow", PrintQuality::Low, u"Низкое"},
@@ -152,7 +154,7 @@ std::u16string modPrint::AskForFile() {
         name.substr(0, name.rfind(u'/') + 1) +
         (dot == 0 || documentName.empty() ? std::u16string(kNoName) : documentName.substr(0, dot)) + u".pdf";
     const bool chosen = dialog.ShowSave();
-    const std::u16string file = chosen ? dialog.FileName : std::u16string();
+    std::u16string file = chosen ? dialog.FileName : std::u16string();
     dialog.FileName = name;
     dialog.FileTitle = title;
     dialog.InitDir = folder;
