@@ -162,15 +162,15 @@ Undone Undo(const Chain& chain, std::string_view bytes) {
     if (chain.debris)
         bytes = plain = UndoDebris(*chain.debris, bytes);
     undone.text = Decode(chain.stored, bytes, undone.lost);
-    for (auto layer = chain.layers.rbegin(); layer != chain.layers.rend(); ++layer) {
+    std::for_each(chain.layers.rbegin(), chain.layers.rend(), [&](const Layer& layer) {
         // In UTF-8 a byte that never stands there marks the loss; elsewhere a question mark says as much.
-        const char substitute = layer->writtenIn == Set::Utf8 ? '\xFF' : '?';
+        const char substitute = layer.writtenIn == Set::Utf8 ? '\xFF' : '?';
         std::size_t inStep = 0;
-        const std::string before = EncodeLoosely(layer->readAs, undone.text, substitute, inStep);
-        if (layer->writtenIn != Set::Utf8)
+        const std::string before = EncodeLoosely(layer.readAs, undone.text, substitute, inStep);
+        if (layer.writtenIn != Set::Utf8)
             undone.lost += inStep;
-        undone.text = Decode(layer->writtenIn, before, undone.lost);
-    }
+        undone.text = Decode(layer.writtenIn, before, undone.lost);
+    });
     return undone;
 }
 

@@ -182,7 +182,7 @@ private:
     }
 
     bool Known(const Node& node) {
-        std::string key(reinterpret_cast<const char*>(node.order.get()), 0);
+        std::string key;
         const auto address = reinterpret_cast<std::uintptr_t>(node.order.get());
         key.append(reinterpret_cast<const char*>(&address), sizeof address);
         key.append(reinterpret_cast<const char*>(node.alphabet.data()),
