@@ -1,5 +1,7 @@
 #include "wizard/detect/Chain.h"
 
+#include <algorithm>
+
 namespace quillshift::wizard {
 
 namespace {
