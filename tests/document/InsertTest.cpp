@@ -40,7 +40,7 @@ TEST(TimeAndDate, ComesFromTheMachineAndWithoutACountryIsWrittenAsInRussia) {
     setenv("TZ", "MSK-3", 1);
     setenv("LC_ALL", "C.UTF-8", 1);
     const PosixClock clock;
-    const std::time_t before = std::time(nullptr) + 3 * 60 * 60;
+    const std::time_t before = std::time(nullptr) + std::time_t{3} * 60 * 60;
     const Moment now = clock.Now();
     const std::tm utc = *std::gmtime(&before);
     EXPECT_NEAR(now.hour * 60 + now.minute, utc.tm_hour * 60 + utc.tm_min, 1);
