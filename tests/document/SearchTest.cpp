@@ -46,7 +46,7 @@ TEST(Replacements, AreThoseOfARunByHand) {
         auto next = found.each.begin();
         document.ReplaceEach([&] { return next == found.each.end() ? nullptr : &*next++; }, by);
         ASSERT_EQ(ToUtf8(document.Text()), ToUtf8(ReplacedByHand(text, wanted, by)))
-            << ToUtf8(text + u": " + wanted + u" by " + by);
+            << ToUtf8(text) << ": " << ToUtf8(wanted) << " by " << ToUtf8(by);
     }
 }
 

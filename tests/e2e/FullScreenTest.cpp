@@ -51,7 +51,7 @@ TEST_F(FullScreenMode, HasItsOwnEditingKeysAndOneRoadOutForAll) {
         // "xabc", cut out, put in twice, the second taken back
         for (const char* chord : {"Escape", "x", "Ctrl+a", "Ctrl+x", "Ctrl+v", "Ctrl+v", "Ctrl+z"})
             desktop.Press(chord);
-        written = u'x' + written;
+        written.insert(0, 1, u'x');
         if (&road == roads) // moved, it is there again the next time
             desktop.Move(bar, {200, 300});
         editor.SettleIn(u"Morvane Quillshift 3.0");
