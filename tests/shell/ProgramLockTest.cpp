@@ -66,7 +66,9 @@ TEST_F(ProgramLockTest, HasNoWayRoundIt) {
         {"a file that has changed", [this] { window.OnActivate(); }},
         {"a file that is dropped", [this] { window.document.OnFileDrop(u"/d/file"); }}};
     files.files[u"/d/file"] = "dropped";
-    for (const auto& [name, way] : ways) {
+    for (const auto& each : ways) {
+        const char* const name = each.first;
+        const auto& way = each.second;
         WhileLocked([&, this] {
             const auto before = dialogs->shown.size();
             way();

@@ -99,6 +99,7 @@ TEST_F(LockTest, AssistiveProgramsMeetWhatIsOnTheScreenAlone) {
     QLineEdit text(QStringLiteral("secret"), &hidden);
     QAccessibleInterface& root = *QAccessible::queryAccessibleInterface(qApp);
     std::vector<QObject*> windows;
+    windows.reserve(static_cast<std::size_t>(root.childCount()));
     for (int i = 0; i < root.childCount(); ++i)
         windows.push_back(root.child(i)->object());
     EXPECT_EQ(windows, std::vector<QObject*>{&shown});

@@ -177,7 +177,7 @@ TEST(RealSurface, FindsAsAPatternDoes) {
             expression.setPatternOptions(expression.patternOptions() |
                                          QRegularExpression::CaseInsensitiveOption);
         std::size_t from = random.Below(surface.Text().size());
-        while (from > 0 && text[from].isLowSurrogate())
+        while (from > 0 && text[static_cast<qsizetype>(from)].isLowSurrogate())
             --from;
         const auto place = surface.Find(wanted, from, options);
         const qsizetype expected = expression.match(text, static_cast<qsizetype>(from)).capturedStart();
