@@ -1,5 +1,6 @@
 // Prints how many of the cases that bench/wizard_corpus.py made the wizard gets right. Arguments: the file of
 // cases, and a group whose wrong ones are to be shown.
+#include "wizard/detect/Debris.h"
 #include "wizard/detect/Detector.h"
 
 #include <algorithm>
@@ -13,26 +14,6 @@
 using namespace quillshift::wizard;
 
 namespace {
-
-std::string FromBase64(std::string_view text) {
-    static constexpr std::string_view digits =
-        "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-    std::string bytes;
-    std::uint32_t bits = 0;
-    int count = 0;
-    for (const char c : text) {
-        const std::size_t digit = digits.find(c);
-        if (digit == digits.npos)
-            break;
-        bits = bits << 6 | static_cast<std::uint32_t>(digit);
-        count += 6;
-        if (count >= 8) {
-            count -= 8;
-            bytes += static_cast<char>(bits >> count);
-        }
-    }
-    return bytes;
-}
 
 struct Tally {
     int cases = 0, right = 0, firstThree = 0, sure = 0, sureWrong = 0, sureRight = 0;
@@ -127,8 +108,8 @@ int main(int argc, char** argv) {
         std::getline(fields, bytes, '\t');
         std::getline(fields, text, '\t');
         test.letters = std::stoi(letters);
-        test.bytes = FromBase64(bytes);
-        test.text = FromBase64(text);
+        test.bytes = UndoDebris(Debris::Base64, bytes);
+        test.text = UndoDebris(Debris::Base64, text);
         Add(tallies[test.group][test.letters], test, argc > 2 && test.group == argv[2]);
     }
     std::printf("%-18s %-8s %6s %7s %7s %7s %6s %8s\n", "what", "letters", "cases", "right", "in 3", "sure",

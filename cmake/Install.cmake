@@ -49,7 +49,7 @@ set(CPACK_DEBIAN_PACKAGE_SECTION editors)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # Loaded at run time, where the linker does not see it.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-translations-l10n")
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libsdl2-2.0-0, fonts-liberation")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libsdl2-2.0-0, fonts-liberation, cups-client")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION "editor that rescues Russian text
 Opens plain and rich text that shows as gibberish and re-codes it in one of
 twenty directions between five Cyrillic character sets: DOS 866, Windows

@@ -33,7 +33,6 @@
 #include <QBuffer>
 #include <QIcon>
 #include <QImageReader>
-#include <QLibraryInfo>
 #include <QLocale>
 #include <QTimer>
 

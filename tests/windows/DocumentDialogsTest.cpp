@@ -1,5 +1,6 @@
 #include "document/frmDocumentProperties.h"
 #include "document/frmInsertTimeAndDate.h"
+#include "support/FindControl.h"
 #include "support/TestProgram.h"
 
 #include <gtest/gtest.h>
@@ -10,8 +11,6 @@
 #include <QListWidget>
 #include <QTest>
 
-#include <stdexcept>
-
 namespace quillshift {
 namespace {
 
@@ -20,13 +19,6 @@ struct DocumentDialogs : testing::Test {
     ProgramParts& parts = (test.Start(), test.program.Parts());
     DialogContext context{parts.platform, parts.settings, parts.sounds, nullptr};
 
-    template <typename Control>
-    static Control& Find(const QWidget& dialog, const char* name) {
-        auto* control = dialog.findChild<Control*>(QLatin1String(name));
-        if (control == nullptr)
-            throw std::runtime_error(name);
-        return *control;
-    }
     static QString Text(const QWidget& dialog, const char* name) {
         return Find<QLineEdit>(dialog, name).text();
     }

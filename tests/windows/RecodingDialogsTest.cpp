@@ -5,6 +5,7 @@
 #include "recoding/frmDecoding.h"
 #include "shell/ProgramDialogs.h"
 #include "support/FailureOf.h"
+#include "support/FindControl.h"
 #include "support/TestProgram.h"
 
 #include <gtest/gtest.h>
@@ -16,8 +17,6 @@
 #include <QTest>
 #include <QTimer>
 
-#include <stdexcept>
-
 namespace quillshift {
 namespace {
 
@@ -26,14 +25,6 @@ struct RecodingDialogs : testing::Test {
     TestProgram test;
     ProgramParts& parts = (test.Start(), test.program.Parts());
     DialogContext context{parts.platform, parts.settings, parts.sounds, nullptr};
-
-    template <typename Control>
-    static Control& Find(const QWidget& dialog, const char* name) {
-        auto* control = dialog.findChild<Control*>(QLatin1String(name));
-        if (control == nullptr)
-            throw std::runtime_error(name);
-        return *control;
-    }
 };
 
 // Recodes a letter of the source's alphabet by each pair, against the system's own conversion.

@@ -5,6 +5,7 @@
 #include "settings/frmWelcome.h"
 #include "settings/frmWorkBegin.h"
 #include "shell/ProgramDialogs.h"
+#include "support/FindControl.h"
 #include "support/TestProgram.h"
 #include "support/TestsFolder.h"
 
@@ -33,13 +34,6 @@ struct AtStart {
             test.settings.Switch(event.on, true);
             test.settings.Set(event.path, event.defaultFile);
         }
-    }
-    template <typename Control>
-    static Control& Find(const QWidget& dialog, const char* name) {
-        auto* control = dialog.findChild<Control*>(QLatin1String(name));
-        if (control == nullptr)
-            throw std::runtime_error(name);
-        return *control;
     }
     static void Press(const QWidget& dialog, const char* button) {
         QTest::mouseClick(&Find<QPushButton>(dialog, button), Qt::LeftButton);
@@ -80,7 +74,7 @@ TEST(StartDialog, EachWayOutOfTheWelcomeDoesWhatItSays) {
             AtStart start;
             start.test.settings.Switch(Setting::Welcome, true);
             frmWelcome dialog(start.context, start.parts.start);
-            AtStart::Find<QCheckBox>(dialog, "chkDoNotShowThisDialog").setChecked(notAgain);
+            Find<QCheckBox>(dialog, "chkDoNotShowThisDialog").setChecked(notAgain);
             Leave(dialog, way);
             EXPECT_EQ(start.Next(), next);
             EXPECT_EQ(start.test.settings.Is(Setting::Welcome), way == Way::CloseBox || !notAgain);
@@ -107,10 +101,10 @@ TEST(StartDialog, GettingStartedOpensADocumentOnlyWhereThatIsChosenAndConfirmed)
         openAtStart = true;
         frmWorkBegin dialog(start.context, start.parts.start);
         EXPECT_FALSE(openAtStart);
-        EXPECT_TRUE(AtStart::Find<QRadioButton>(dialog, "optCreateNewDocument").isChecked());
+        EXPECT_TRUE(Find<QRadioButton>(dialog, "optCreateNewDocument").isChecked());
         for (const char* option : chosen)
-            AtStart::Find<QRadioButton>(dialog, option).setChecked(true);
-        AtStart::Find<QCheckBox>(dialog, "chkDoNotShowThisDialog").setChecked(true);
+            Find<QRadioButton>(dialog, option).setChecked(true);
+        Find<QCheckBox>(dialog, "chkDoNotShowThisDialog").setChecked(true);
         Leave(dialog, way);
         EXPECT_EQ(openAtStart, opens);
         EXPECT_EQ(start.Next(), next);
