@@ -30,10 +30,10 @@ bool NearlyTheSame(std::string_view one, std::string_view other) {
     const auto distance = [](std::string_view a, std::string_view b) {
         std::vector<std::size_t> row(b.size() + 1);
         std::iota(row.begin(), row.end(), std::size_t{0});
-        for (std::size_t i = 0; i < a.size(); ++i) {
+        for (const char letter : a) {
             std::size_t corner = row[0]++;
             for (std::size_t j = 0; j < b.size(); ++j) {
-                const std::size_t best = std::min({row[j] + 1, row[j + 1] + 1, corner + (a[i] != b[j])});
+                const std::size_t best = std::min({row[j] + 1, row[j + 1] + 1, corner + (letter != b[j])});
                 corner = row[j + 1];
                 row[j + 1] = best;
             }
