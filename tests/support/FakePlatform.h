@@ -1,6 +1,9 @@
 #pragma once
 
 #include "platform/Platform.h"
+#include "support/FakeFiles.h"
+#include "support/FakePrinters.h"
+#include "support/FakeRecoveryStore.h"
 #include "support/FakeSettings.h"
 #include "support/FakeSound.h"
 
@@ -8,118 +11,12 @@
 #include <chrono>
 #include <deque>
 #include <functional>
-#include <map>
 #include <set>
 #include <string>
 #include <utility>
 #include <vector>
 
 namespace quillshift {
-
-/// A disk of regular files and links to them. All folders are there.
-class FakeFiles final : public FileSystem {
-public:
-    FileContents Read(std::u16string_view path) override {
-        read.emplace_back(path);
-        if (const auto failing = unreachable.find(Behind(path)); failing != unreachable.end())
-            return {.bytes = {}, .failure = kBroken, .isUnknown = true};
-        const auto found = files.find(Behind(path));
-        if (found == files.end())
-            return {.bytes = {}, .failure = FileFailure{53, u"Файл не найден"}};
-        if (unreadable.contains(found->first))
-            return {.bytes = {}, .failure = FileFailure{70, u"Нет прав доступа к файлу"}, .isFile = true};
-        return {.bytes = found->second, .failure = {}, .isFile = true, .mark = MarkIn(*found)};
-    }
-    Written Replace(std::u16string_view path, std::string_view bytes, const Expected& expected) override {
-        if (const auto other = std::exchange(beforeReplace, nullptr))
-            other();
-        const std::u16string target = Behind(path);
-        const auto found = files.find(target);
-        if (expected.what != Expected::What::Anything &&
-            (expected.what == Expected::What::Bytes ? found == files.end() || found->second != expected.bytes
-                                                    : found != files.end()))
-            return {.failure = {}, .unexpected = true};
-        if (unwritable.contains(target))
-            return {kFull};
-        files[target] = bytes;
-        if (swapsNames)
-            return {.failure = kBroken, .replaced = true};
-        done.push_back(u"write " + target);
-        return {.failure = {}, .mark = MarkIn(*files.find(target))};
-    }
-    Preparation PrepareBackup(std::u16string_view path, std::string_view bytes,
-                              std::u16string_view document) override {
-        if (path == Behind(document))
-            return {.backup = nullptr, .failure = {}, .isDocument = true};
-        if (unwritable.contains(std::u16string(path)))
-            return {nullptr, kFull};
-        done.push_back(u"prepare " + std::u16string(path));
-        return {std::make_unique<Backup>(*this, path, bytes), std::nullopt};
-    }
-    std::optional<FileFacts> Facts(std::u16string_view path) override {
-        const auto found = facts.find(Behind(path));
-        if (found != facts.end())
-            return found->second;
-        if (!files.contains(Behind(path)))
-            return std::nullopt;
-        return FileFacts{.size = files[Behind(path)].size(), .created = {}};
-    }
-    bool IsLink(std::u16string_view path) override { return links.contains(std::u16string(path)); }
-    std::optional<FileMark> MarkOf(std::u16string_view path) override {
-        const auto found = files.find(Behind(path));
-        return found == files.end() ? std::nullopt : std::optional(MarkIn(*found));
-    }
-    std::optional<FileFailure> CopyToTrash(std::u16string_view path, std::string_view bytes) override {
-        if (!files.contains(Behind(path)))
-            return FileFailure{53, u"Файл не найден"};
-        if (trashIsFull)
-            return kFull;
-        trash.emplace_back(Behind(path), bytes);
-        done.push_back(u"trash " + Behind(path));
-        return std::nullopt;
-    }
-    std::map<std::u16string, std::string> files;
-    std::map<std::u16string, std::u16string> links;
-    std::map<std::u16string, FileFacts> facts; ///< where a test asks for more than the size
-    std::vector<std::u16string> read;          ///< in order
-    std::set<std::u16string> unwritable;
-    std::set<std::u16string> unreadable;
-    std::vector<std::pair<std::u16string, std::string>> trash;
-    std::set<std::u16string> unreachable; ///< nobody can tell whether they are there
-    bool swapsNames = false;              ///< somebody does, when a file was replaced
-    bool trashIsFull = false;
-    std::map<std::u16string, int> times; ///< of the contents, where they are not 0
-    std::vector<std::u16string> done;    ///< what changed something, in order
-    std::function<void()> beforeReplace; ///< another program's doing, once
-
-private:
-    inline static const FileFailure kBroken{75, u"Ошибка диска"};
-    inline static const FileFailure kFull{61, u"На диске нет места"};
-
-    class Backup final : public PreparedBackup {
-    public:
-        Backup(FakeFiles& disk, std::u16string_view path, std::string_view bytes)
-            : disk_(disk), path_(path), bytes_(bytes) {}
-        std::optional<FileFailure> PutInPlace() override {
-            disk_.links.erase(path_);
-            disk_.files[path_] = bytes_;
-            disk_.done.push_back(u"back up " + path_);
-            return std::nullopt;
-        }
-
-    private:
-        FakeFiles& disk_;
-        std::u16string path_;
-        std::string bytes_;
-    };
-    FileMark MarkIn(const std::pair<const std::u16string, std::string>& file) {
-        return {.size = static_cast<std::int64_t>(file.second.size()), .seconds = times[file.first]};
-    }
-    std::u16string Behind(std::u16string_view path) const {
-        const auto link = links.find(std::u16string(path));
-        return link == links.end() ? std::u16string(path) : Behind(link->second);
-    }
-};
 
 /// Answers with the paths of `chosen`, one after another; with none left the user cancels.
 class FakeFileDialog final : public FileDialog {
@@ -283,71 +180,6 @@ public:
     std::vector<std::function<std::function<void()>()>> works;
 };
 
-/// Does at once what it is told, in memory. `fails`: as on a full disk.
-class FakeRecoveryStore final : public RecoveryStore {
-public:
-    void Replace(std::function<std::string()> contents) override {
-        ++wholes;
-        hasFailed_ = fails;
-        if (!fails)
-            file = contents();
-    }
-    void Append(std::string bytes) override {
-        hasFailed_ = hasFailed_ || fails || !file;
-        if (!hasFailed_)
-            *file += bytes;
-    }
-    void Rewrite(std::function<std::optional<std::string>(std::string_view)> shorten) override {
-        const auto shorter = file ? shorten(*file) : std::nullopt;
-        hasFailed_ = hasFailed_ || fails || !shorter;
-        if (!hasFailed_)
-            file = shorter;
-        ++rewrites;
-    }
-    void SetAside() override { kept = std::exchange(file, std::nullopt); }
-    void Remove() override { file.reset(); }
-    void RemoveAll() override {
-        file.reset();
-        kept.reset();
-    }
-    void Take(const std::string& name) override {
-        const auto found = std::ranges::find(left, name, &LeftFile::name);
-        hasFailed_ = hasFailed_ || found == left.end();
-        if (found == left.end())
-            return;
-        file = found->bytes;
-        left.erase(found);
-    }
-    bool HasFailed() const override { return hasFailed_; }
-    void Finish() override { ++finishes; }
-
-    std::vector<LeftFile> FindLeft() override { return left; }
-    std::optional<FileFailure> PutIntoTrash(const LeftFile& thrown) override {
-        if (fails)
-            return FileFailure{61, u"На диске нет места"};
-        trash.push_back(thrown.name);
-        std::erase_if(left, [&](const LeftFile& one) { return one.name == thrown.name; });
-        return std::nullopt;
-    }
-    std::u16string PutAway(const std::string& name) override {
-        std::erase_if(left, [&](const LeftFile& one) { return one.name == name; });
-        return u"/away";
-    }
-    void Release() override { ++releases; }
-
-    std::optional<std::string> file, kept;
-    std::vector<LeftFile> left;
-    std::vector<std::string> trash;
-    bool fails = false;
-    int wholes = 0;
-    int rewrites = 0;
-    int finishes = 0;
-    int releases = 0;
-
-private:
-    bool hasFailed_ = false;
-};
-
 /// A job is long where the test says so: then it is time for a step at every `dueEach`th question.
 class FakeProgress final : public Progress {
 public:
@@ -381,70 +213,6 @@ public:
     char16_t TimeSeparator() const override { return u'.'; }
 
     Moment now{2026, 3, 5, 9, 7, 8};
-};
-
-/// A printer that writes down what it is told, in a word each: sheets of A4 with an edge of 100 and 200 twips
-/// that it can't reach.
-class FakePrinter final : public Printer {
-public:
-    bool SetPrintQuality(PrintQuality quality) override { return Take("quality", static_cast<int>(quality)); }
-    bool SetColorMode(PrintColour colours) override { return Take("colours", static_cast<int>(colours)); }
-    bool SetOrientation(PrintOrientation orientation) override {
-        return Take("orientation", static_cast<int>(orientation));
-    }
-    bool SetPaperSize(PrintPaper paper) override { return Take("paper", static_cast<int>(paper)); }
-    bool SetCopies(int copies) override { return Take("copies", copies); }
-    bool SetFont(const SurfaceFont& font) override { return Take("font", static_cast<int>(font.points)); }
-    bool IsFile() const override { return isFile; }
-    void SetFile(std::u16string_view path) override { file = path; }
-    std::optional<PrintFailure> Start(std::u16string_view name) override {
-        done.emplace_back("start");
-        documentName = name;
-        return atStart;
-    }
-    PrintSheet Sheet() const override {
-        return {11907_twips, 16839_twips, 100_twips, 200_twips, 11707_twips, 16439_twips};
-    }
-    int Passes() const override { return passes; }
-    void NewPage() override { done.emplace_back("page"); }
-    std::optional<PrintFailure> End() override {
-        done.emplace_back("end");
-        return atEnd;
-    }
-    void Cancel() override { done.emplace_back("cancel"); }
-
-    std::vector<std::string> done;
-    std::string refused; ///< the one property that it does not take
-    bool isFile = false;
-    std::u16string file, documentName;
-    int passes = 1;
-    std::optional<PrintFailure> atStart, atEnd;
-
-private:
-    bool Take(const std::string& what, int value) {
-        done.push_back(what + " " + std::to_string(value));
-        return what != refused;
-    }
-};
-
-class FakePrinters final : public Printers {
-public:
-    std::vector<std::u16string> Names() override { return names; }
-    bool AreKnown() const override { return known; }
-    bool MakeCurrent(std::u16string_view name) override {
-        const bool isThere = std::ranges::find(names, name) != names.end();
-        if (isThere) {
-            current = name;
-            printer.done.emplace_back("current");
-        }
-        return isThere;
-    }
-    Printer& Current() override { return printer; }
-
-    std::vector<std::u16string> names{u"Laser", std::u16string(kIntoFile)};
-    bool known = true;
-    std::u16string current;
-    FakePrinter printer;
 };
 
 /// All services at once.
