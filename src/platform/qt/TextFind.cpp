@@ -53,27 +53,29 @@ private:
     std::vector<Other> others_;
 };
 
-/// Finds in either case: looks for the first letter in its variants, many places at once, and then for the
-/// others.
-class CaselessFinder {
+/// Looks for the first and the last letter, in their variants unless the case matters, at many places at
+/// once, and then for the others.
+class Finder {
 public:
-    explicit CaselessFinder(std::u16string_view wanted)
-        : first_(letters_.VariantsOf(letters_.Small(wanted.front()))), rest_(wanted.substr(1)) {
-        for (char16_t& letter : rest_)
-            letter = letters_.Small(letter);
+    Finder(std::u16string_view wanted, FindOptions options)
+        : folds_(!Has(options, FindOptions::MatchCase)),
+          wanted_(wanted),
+          first_(VariantsOf(wanted.front())),
+          last_(VariantsOf(wanted.back())) {
+        std::ranges::transform(wanted_, wanted_.begin(), [this](char16_t unit) { return Folded(unit); });
     }
     std::size_t Next(std::u16string_view text, std::size_t from) const {
-        if (text.size() <= rest_.size())
+        if (text.size() < wanted_.size())
             return kNowhere;
-        const std::size_t end = text.size() - rest_.size();
+        const std::size_t end = text.size() - wanted_.size() + 1;
         for (std::size_t at = from; at < end;) {
             const std::size_t blockEnd = std::min(at + kBlock, end);
-            if (blockEnd == at + kBlock && !HasFirst(&text[at])) {
+            if (blockEnd == at + kBlock && !MayBeginIn(&text[at])) {
                 at = blockEnd;
                 continue;
             }
             for (; at < blockEnd; ++at)
-                if (letters_.Small(text[at]) == first_[0] && HasRest(text.substr(at + 1, rest_.size())))
+                if (IsAt(text.substr(at, wanted_.size())))
                     return at;
         }
         return kNowhere;
@@ -82,23 +84,38 @@ public:
 private:
     static constexpr std::size_t kBlock = 32;
 
+    bool MayBeginIn(const char16_t* block) const {
+        return folds_ ? HasBoth(block, IsAny) : HasBoth(block, IsOne);
+    }
     // Without a way out, so that the processor takes several units at once.
-    bool HasFirst(const char16_t* block) const {
+    template <typename Is>
+    bool HasBoth(const char16_t* block, const Is& is) const {
+        const char16_t* const ends = block + wanted_.size() - 1;
         unsigned found = 0;
         for (std::size_t i = 0; i < kBlock; ++i)
-            found |=
-                static_cast<unsigned>(block[i] == first_[0]) | static_cast<unsigned>(block[i] == first_[1]) |
-                static_cast<unsigned>(block[i] == first_[2]) | static_cast<unsigned>(block[i] == first_[3]);
+            found |= is(block[i], first_) & is(ends[i], last_);
         return found != 0;
     }
-    bool HasRest(std::u16string_view place) const {
-        return std::equal(place.begin(), place.end(), rest_.begin(),
-                          [this](char16_t a, char16_t b) { return letters_.Small(a) == b; });
+    static constexpr auto IsOne = [](char16_t unit, const Variants& variants) {
+        return static_cast<unsigned>(unit == variants[0]);
+    };
+    static constexpr auto IsAny = [](char16_t unit, const Variants& variants) {
+        return static_cast<unsigned>(unit == variants[0]) | static_cast<unsigned>(unit == variants[1]) |
+               static_cast<unsigned>(unit == variants[2]) | static_cast<unsigned>(unit == variants[3]);
+    };
+    bool IsAt(std::u16string_view place) const {
+        return std::ranges::equal(place, wanted_, {}, [this](char16_t unit) { return Folded(unit); });
+    }
+    char16_t Folded(char16_t unit) const { return folds_ ? letters_.Small(unit) : unit; }
+    Variants VariantsOf(char16_t unit) const {
+        return folds_ ? letters_.VariantsOf(letters_.Small(unit)) : Variants{unit, unit, unit, unit};
     }
 
     const Letters& letters_ = Letters::All();
+    bool folds_;
+    std::u16string wanted_;
     Variants first_;
-    std::u16string rest_;
+    Variants last_;
 };
 
 bool HasPairs(std::u16string_view text) {
@@ -153,14 +170,12 @@ std::optional<std::size_t> FindText(std::u16string_view text, std::u16string_vie
     const auto first = [&](const auto& next) {
         return FirstThatCounts(text, wanted.size(), start, options, next);
     };
-    if (Has(options, FindOptions::MatchCase))
-        return first([&](std::size_t from) { return text.find(wanted, from); });
-    if (HasPairs(wanted)) // rare, and a letter's two halves change their case as one
+    if (!Has(options, FindOptions::MatchCase) && HasPairs(wanted)) // whose halves change their case as one
         return first([&](std::size_t from) {
             return static_cast<std::size_t>(
                 ViewOf(text).indexOf(ViewOf(wanted), static_cast<qsizetype>(from), Qt::CaseInsensitive));
         });
-    const CaselessFinder finder(wanted);
+    const Finder finder(wanted, options);
     return first([&](std::size_t from) { return finder.Next(text, from); });
 }
 
