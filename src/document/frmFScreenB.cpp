@@ -2,13 +2,26 @@
 
 #include "base/Placing.h"
 
+#include <QApplication>
+#include <QStyle>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace quillshift {
 namespace {
 
 constexpr Twips kWidth = 2535_twips; // of the client area
 constexpr Twips kHeight = 495_twips;
+
+// The window manager writes the caption, between an icon, three buttons and some room: about so, in the
+// desktop's font.
+int WidthOfTitle(const QWidget& window) {
+    QFont bold = QApplication::font();
+    bold.setBold(true);
+    return QFontMetrics(bold).horizontalAdvance(window.windowTitle()) +
+           5 * window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+}
 
 } // namespace
 
@@ -24,7 +37,8 @@ frmFScreenB::frmFScreenB(const DialogContext& context, FullScreen& mode)
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);
     all->addWidget(cmdExit);
-    setFixedSize(QSize(ToPixels(kWidth), ToPixels(kHeight)).expandedTo(all->sizeHint()));
+    setFixedSize(QSize(std::max(ToPixels(kWidth), WidthOfTitle(*this)), ToPixels(kHeight))
+                     .expandedTo(all->sizeHint()));
     connect(cmdExit, &QPushButton::clicked, this, [this] { mode_.End(); });
     const TwipsRect stored{{context.settings.Number(Setting::FullScreenLeft)},
                            {context.settings.Number(Setting::FullScreenTop)},

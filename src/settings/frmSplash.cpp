@@ -3,6 +3,7 @@
 #include "controls/Picture.h"
 
 #include <QCloseEvent>
+#include <QScreen>
 #include <QVBoxLayout>
 
 namespace quillshift {
@@ -15,6 +16,9 @@ frmSplash::frmSplash(const DialogContext& context)
         context.platform.files.Read(context.platform.shell.ProgramFolder() + u"/Splash.spl");
     auto* picture = Add<Picture>("Splash", file.bytes);
     hasPicture_ = !picture->IsEmpty();
+    const QSize room = screen()->availableSize();
+    if (picture->width() > room.width() || picture->height() > room.height())
+        picture->setFixedSize(picture->size().scaled(room, Qt::KeepAspectRatio));
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);
     all->addWidget(picture);

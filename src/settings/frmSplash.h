@@ -4,8 +4,8 @@
 
 namespace quillshift {
 
-/// The picture at the start: the file Splash.spl of the program's folder. Where that is missing or no
-/// picture, nothing shows.
+/// The picture at the start: the file Splash.spl of the program's folder, made smaller where the screen has
+/// no room for it. Where that is missing or no picture, nothing shows.
 class frmSplash final : public Dialog {
     Q_OBJECT
 
