@@ -42,23 +42,38 @@ std::u16string Words(const TabRef& tab) {
 } // namespace
 
 TabControl::TabControl(TabStrip& strip) : strip_(strip) {
-    strip_.OnChanging = [this] { return MayLeave(); };
-    strip_.OnChanged = [this] { Click(); };
-    strip_.OnRightClick = [this] {
-        if (TabRightClick)
-            TabRightClick();
-    };
-    strip_.OnDraw = [this](int position, Surface& surface, const Rect& place, bool selected) {
-        return Draw(position, surface, place, selected);
-    };
-    strip_.OnMeasure = [this](int position, Size own) -> std::optional<Size> {
-        bool doDefault = true;
-        if (MeasureItem)
-            MeasureItem(position + 1, own, doDefault);
-        return doDefault ? std::nullopt : std::optional(own);
-    };
-    strip_.Create(Styles);
+    strip_.Notices = Notices();
+    Create();
     strip_.SetFont(font_);
+}
+
+void TabControl::Create() {
+    shown_ = Styles;
+    strip_.Create(shown_);
+}
+
+TabControl::~TabControl() {
+    strip_.Notices = {};
+}
+
+TabNotices TabControl::Notices() {
+    return {.changing = [this] { return MayLeave(); },
+            .changed = [this] { Click(); },
+            .rightClick =
+                [this] {
+                    if (TabRightClick)
+                        TabRightClick();
+                },
+            .draw = [this](int position, Surface& surface, const Rect& place,
+                           bool selected) { Draw(position, surface, place, selected); },
+            .measure = [this](int position, Size own) -> std::optional<Size> {
+                bool doDefault = true;
+                if (MeasureItem)
+                    MeasureItem(position + 1, own, doDefault);
+                return doDefault ? std::nullopt : std::optional(own);
+            },
+            .painted = {},
+            .erasePage = {}};
 }
 
 bool TabControl::MayLeave() const {
@@ -84,6 +99,46 @@ void TabControl::SetFont(const FontSpec& font) {
     font_ = font;
     strip_.SetFont(font_);
 }
+
+// --- Pictures
+
+void TabControl::SetImageList(const ImageListHandle& list) {
+    const ImageListHandle none;
+    const bool isNone = !list.owner_before(none) && !none.owner_before(list);
+    if (list.expired() && !isNone)
+        FailWithoutImages();
+    images_.InitialiseFromVariant(list);
+    HandImages();
+}
+
+void TabControl::SetImageList(const ImageControl& control) {
+    try {
+        cAlphaDIBSection scratch;
+        scratch.Create(control.ImageWidth(), control.ImageHeight());
+        control.DrawListImage(0, scratch);
+    } catch (const Error&) {
+        FailWithoutImages();
+    }
+    images_.InitialiseFromVariant(control);
+    HandImages();
+}
+
+void TabControl::FailWithoutImages() {
+    images_.InitialiseFromVariant(ImageListHandle());
+    HandImages();
+    Fail(4, u"Invalid Image List.");
+}
+
+void TabControl::HandImages() {
+    if (images_.IconWidth() == 0)
+        strip_.SetImages({});
+    else
+        strip_.SetImages({.size = images_.IconSize(), .draw = [this](int image, Surface& surface, Point at) {
+                              images_.Draw(surface, image, IconMode::Source, at.x, at.y);
+                          }});
+}
+
+// --- Tabs
 
 void TabControl::AddTab(std::u16string_view text, int image, const TabRef& before, std::u16string_view key,
                         std::int32_t itemData) {
@@ -126,11 +181,12 @@ void TabControl::Rebuild() {
     for (int position = 0; position < strip_.Count(); ++position)
         items.push_back(strip_.Item(position).value_or(TabItem()));
     const int selected = SelectedTab();
-    strip_.Create(Styles);
+    Create();
     strip_.SetFlatSeparators(flatSeparators_);
     for (const TabItem& item : items)
         strip_.Insert(strip_.Count(), item);
     strip_.SetFont(font_);
+    HandImages();
     SelectTab(selected, true);
 }
 
@@ -194,15 +250,74 @@ int TabControl::IndexForTab(const TabRef& tab) const {
     return static_cast<int>(found - keys_.begin()) + 1;
 }
 
-// The strip grows the place of a tab that is not selected by a line.
-bool TabControl::Draw(int position, Surface& surface, Rect place, bool selected) const {
-    bool doDefault = true;
+// --- Drawing
+
+// The place of a tab that is not selected ends a line lower.
+void TabControl::Draw(int position, Surface& surface, Rect place, bool selected) {
+    const auto item = strip_.Item(position);
+    if (!item)
+        return;
     if (!selected)
         ++place.bottom;
-    const auto item = strip_.Item(position);
+    bool doDefault = true;
     if (DrawItem)
-        DrawItem(position + 1, surface, selected, item && item->hot, place, doDefault);
-    return !doDefault;
+        DrawItem(position + 1, surface, selected, item->hot, place, doDefault);
+    if (doDefault)
+        DrawByDefault(*item, surface, place, selected);
+}
+
+void TabControl::DrawByDefault(const TabItem& item, Surface& surface, const Rect& place, bool selected) {
+    const Colour face = strip_.ColourOf(SystemColour::ButtonFace);
+    const bool isShaded = cool_ == CoolTabs::Shaded && !selected;
+    surface.FillRect(place, isShaded ? strip_.ColourOf(SystemColour::ButtonShadow) : face);
+    Rect text = place;
+    if (const Size size = images_.IconSize(); item.image >= 0 && size.width > 0) {
+        const Point at{place.left + (selected ? 6 : 2), place.top + (place.Height() - size.height) / 2};
+        images_.Draw(surface, item.image, IconMode::Source, at.x, at.y);
+        text.left = at.x + size.width + 1;
+    }
+    surface.DrawText(text, item.text, font_, isShaded ? face : strip_.ColourOf(SystemColour::WindowText),
+                     {.align = TextLayout::Align::Centre});
+}
+
+void TabControl::SetCool(CoolTabs look) {
+    cool_ = look;
+    strip_.Notices.painted = {};
+    strip_.Notices.erasePage = {};
+    if (cool_ != CoolTabs::Plain)
+        strip_.Notices.painted = [this](Surface& surface) { DrawRaised(surface); };
+    if (cool_ == CoolTabs::Shaded)
+        strip_.Notices.erasePage = [this](Surface& surface, const Rect& page) {
+            surface.FillRect(page, strip_.ColourOf(SystemColour::ButtonFace));
+        };
+    strip_.Repaint();
+}
+
+// Light falls from the upper left; the outer corners are taken off.
+void TabControl::DrawRaised(Surface& surface) const {
+    if (IsAtSide(shown_.align))
+        return;
+    const Colour face = strip_.ColourOf(SystemColour::ButtonFace);
+    const Colour light = strip_.ColourOf(SystemColour::Highlight3D);
+    const Colour shadow = strip_.ColourOf(SystemColour::ButtonShadow);
+    const bool isBottom = shown_.align == TabAlign::Bottom;
+    for (int position = 0; position < strip_.Count(); ++position) {
+        const Rect tab = strip_.ItemPlace(position);
+        const int left = tab.left, right = tab.right - 1;
+        const int outer = isBottom ? tab.bottom - 1 : tab.top;
+        const int inner = isBottom ? tab.top : tab.bottom - 1;
+        const int rounded = isBottom ? outer - 2 : outer + 2;
+        const int corner = isBottom ? outer - 1 : outer + 1;
+        surface.DrawLine({left, inner}, {left, rounded}, light);
+        surface.DrawLine({left + 2, outer}, {right - 2, outer}, isBottom ? shadow : light);
+        surface.DrawLine({right, rounded}, {right, inner}, shadow);
+        for (const int x : {left, right}) {
+            const int inward = x == left ? x + 1 : x - 1;
+            surface.DrawLine({x, outer}, {inward, outer}, face);
+            surface.DrawLine({x, corner}, {x, corner}, face);
+            surface.DrawLine({inward, corner}, {inward, corner}, x == left ? light : shadow);
+        }
+    }
 }
 
 } // namespace quillshift

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "commandbar/icons/cCommandBarImageList.h"
 #include "platform/TabStrip.h"
 
 #include <string>
@@ -12,6 +13,10 @@ namespace quillshift {
 /// A tab by its number, from 1, or by its key. A key that is the text of a number counts as that number.
 using TabRef = std::variant<int, std::u16string>;
 
+/// Lines that make tabs look raised. `Shaded` darkens the ground of a drawn tab that isn't selected, too, and
+/// fills the page area with the colour of buttons.
+enum class CoolTabs { Plain, Raised, Shaded };
+
 /// A row of tabs above a page area. It draws no pages: the dialog that holds it shows its panels on
 /// `TabClick`. Tabs count from 1. A tab that doesn't exist throws Error -2147221504 + 1048 + n, source
 /// "quillshift.cTabCtrl".
@@ -19,15 +24,26 @@ class TabControl {
 public:
     /// The strip outlives the control.
     explicit TabControl(TabStrip& strip);
+    ~TabControl();
+    TabControl(const TabControl&) = delete;
+    TabControl& operator=(const TabControl&) = delete;
 
     /// Styles for the next `Rebuild`, with which the strip takes them.
     TabStyles Styles;
     bool RightJustify = false; ///< kept, and of no effect
     bool FlatSeparators() const { return flatSeparators_; }
     void SetFlatSeparators(bool on);
+    CoolTabs Cool() const { return cool_; }
+    /// Seen at once.
+    void SetCool(CoolTabs look);
     const FontSpec& Font() const { return font_; }
     void SetFont(const FontSpec& font);
     void SetPadding(int x, int y) { strip_.SetPadding(x, y & 0x7FFF); }
+    /// The pictures of the tabs, counted from 0: a list by its handle, an empty one for none, or what paints
+    /// its pictures itself. Throws error 4, and leaves no pictures, for a list that is gone and for a control
+    /// whose first picture fails.
+    void SetImageList(const ImageListHandle& list);
+    void SetImageList(const ImageControl& control);
 
     /// Adds a tab before another one, or at the end by a number of -1 or less. An empty key is none.
     void AddTab(std::u16string_view text, int image = -1, const TabRef& before = -1,
@@ -61,22 +77,33 @@ public:
 
     /// Gets the present tab, and may refuse that it is left.
     std::function<void(int tab, bool& cancel)> BeforeClick;
-    std::function<void(int tab, Surface& surface, bool selected, bool hot, const Rect& place,
-                       bool& doDefault)>
+    /// Draws a tab of the style `ownerDraw`. With `doDefault` left as it is the control draws it, at the
+    /// place as it is told then.
+    std::function<void(int tab, Surface& surface, bool selected, bool hot, Rect& place, bool& doDefault)>
         DrawItem;
+    /// Changes the size of such a tab where `doDefault` is taken back.
     std::function<void(int tab, Size& size, bool& doDefault)> MeasureItem;
     std::function<void(int tab)> TabClick;
     std::function<void()> TabRightClick;
 
 private:
+    TabNotices Notices();
+    void Create();
     bool MayLeave() const;
     void Click() const;
-    bool Draw(int position, Surface& surface, Rect place, bool selected) const;
+    void Draw(int position, Surface& surface, Rect place, bool selected);
+    void DrawByDefault(const TabItem& item, Surface& surface, const Rect& place, bool selected);
+    void DrawRaised(Surface& surface) const;
+    void HandImages();
+    void FailWithoutImages();
     TabItem ItemOf(const TabRef& tab, int failure, std::u16string_view words) const;
 
     TabStrip& strip_;
     std::vector<std::u16string> keys_;
+    cCommandBarImageList images_;
+    TabStyles shown_; ///< those that the strip has
     bool flatSeparators_ = false;
+    CoolTabs cool_ = CoolTabs::Plain;
     FontSpec font_{.name = u"MS Sans Serif", .points = 8};
 };
 

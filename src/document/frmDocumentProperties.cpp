@@ -1,6 +1,7 @@
 #include "document/frmDocumentProperties.h"
 
 #include "platform/qt/FileIcons.h"
+#include "platform/qt/QtTabStrip.h"
 #include "platform/qt/QtText.h"
 
 #include <QCheckBox>
@@ -10,13 +11,13 @@
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QPainter>
-#include <QTabBar>
 #include <QVBoxLayout>
 
 namespace quillshift {
 namespace {
 
 constexpr int kIconSize = 32;
+constexpr std::u16string_view kGeneral = u"Общие";
 
 // The file's picture at the top left corner.
 class FileImage final : public QWidget {
@@ -45,27 +46,33 @@ QFrame* Line() {
 frmDocumentProperties::frmDocumentProperties(const DialogContext& context)
     : Dialog(context, QStringLiteral("Свойства документа")),
       path_(context.platform.fileDialog.FileName),
+      strip_(Add<QtTabStrip>("tabProperties")),
+      tabProperties_(*strip_),
       picGeneral(Add<QWidget>("picGeneral")),
       cmdClose(AddButton("cmdClose", QStringLiteral("&Закрыть"))) {
-    auto* tabProperties = Add<QTabBar>("tabProperties");
-    const QString general = QStringLiteral("Общие");
-    tabProperties->addTab(general);
-    connect(tabProperties, &QTabBar::tabBarClicked, this, [=, this](int tab) {
-        if (tab >= 0 && tabProperties->tabText(tab) == general)
-            picGeneral->show();
-    });
+    tabProperties_.TabClick = [this](int tab) { ShowTab(tab); };
+    tabProperties_.AddTab(kGeneral, -1, -1, u"GENERAL");
+    tabProperties_.SelectTab(1);
+    ShowTab(1);
     setCursor(Qt::WaitCursor);
     FillIn();
     unsetCursor();
 
+    auto* inside = new QVBoxLayout(strip_);
+    inside->setContentsMargins({});
+    inside->addWidget(picGeneral);
     auto* all = new QVBoxLayout(this);
-    all->addWidget(tabProperties, 0, Qt::AlignLeft);
-    all->addWidget(picGeneral);
+    all->addWidget(strip_);
     all->addWidget(cmdClose, 0, Qt::AlignRight);
     all->setSizeConstraint(QLayout::SetFixedSize);
     cmdClose->setDefault(true);
     cmdClose->setFocus();
     connect(cmdClose, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+void frmDocumentProperties::ShowTab(int tab) {
+    if (tabProperties_.TabText(tab) == kGeneral)
+        picGeneral->show();
 }
 
 void frmDocumentProperties::FillIn() {

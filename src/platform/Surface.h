@@ -14,6 +14,9 @@ struct FontSpec {
     std::u16string name;
     float points = 8;
     bool bold = false;
+    bool italic = false;
+    bool underline = false;
+    bool strikeOut = false;
 
     bool operator==(const FontSpec&) const = default;
 };

@@ -2,6 +2,7 @@
 
 #include "base/Geometry.h"
 #include "platform/Surface.h"
+#include "platform/SystemColours.h"
 
 #include <cstdint>
 #include <functional>
@@ -22,6 +23,10 @@ struct TabItem {
 
 enum class TabAlign { Top, Left, Bottom, Right };
 
+constexpr bool IsAtSide(TabAlign align) {
+    return align == TabAlign::Left || align == TabAlign::Right;
+}
+
 /// What a strip is made with.
 struct TabStyles {
     bool hotTrack = false;
@@ -34,18 +39,40 @@ struct TabStyles {
     bool operator==(const TabStyles&) const = default;
 };
 
-/// A row of tabs of the window system, one of them selected or none. Positions count from 0. What the owner
-/// does raises no notice; what a person does raises all that are here.
+/// The pictures that tabs show by their numbers, all of one size.
+struct TabImages {
+    Size size;
+    std::function<void(int image, Surface& surface, Point at)> draw; ///< null: there are none
+};
+
+/// What a strip asks and tells its owner. Positions count from 0, places are the strip's.
+struct TabNotices {
+    std::function<bool()> changing; ///< false: the selection stays
+    std::function<void()> changed;
+    std::function<void()> rightClick;
+    /// Draws a tab of a strip with `ownerDraw`.
+    std::function<void(int position, Surface& surface, const Rect& place, bool selected)> draw;
+    /// The size that such a tab is to have; nothing for the strip's own.
+    std::function<std::optional<Size>(int position, Size own)> measure;
+    std::function<void(Surface& surface)> painted; ///< the tabs are drawn: draws what lies over them
+    std::function<void(Surface& surface, const Rect& page)> erasePage; ///< draws the page area's ground
+};
+
+/// Tabs of the window system in a row or several, one of them selected or none. What the owner does raises no
+/// notice; what a person does raises all that there are.
 class TabStrip {
 public:
     virtual ~TabStrip() = default;
 
-    /// Makes the strip anew, without tabs, in the size that it had.
+    /// Makes the strip anew, without tabs and pictures, in the size that it had.
     virtual void Create(const TabStyles& styles) = 0;
+    /// A line between flat buttons.
     virtual void SetFlatSeparators(bool on) = 0;
     virtual void SetFont(const FontSpec& font) = 0;
     /// The space about a tab's text.
     virtual void SetPadding(int x, int y) = 0;
+    virtual void SetImages(const TabImages& images) = 0;
+    virtual void Repaint() = 0;
 
     /// The position that the tab took, or -1.
     virtual int Insert(int position, const TabItem& item) = 0;
@@ -55,23 +82,19 @@ public:
     virtual int Count() const = 0;
     virtual std::optional<TabItem> Item(int position) const = 0;
     virtual bool SetItem(int position, const TabItem& item) = 0;
+    /// Where a tab is in the strip.
+    virtual Rect ItemPlace(int position) const = 0;
 
     /// -1 for none.
     virtual int Selection() const = 0;
     /// Answers the selection before, -1 for none.
     virtual int Select(int position) = 0;
 
-    /// The strip's whole place in the dialog, and what the tabs leave of it; logical pixels.
-    virtual Rect Place() const = 0;
+    /// What the tabs leave of the strip's place in the dialog, in logical pixels.
     virtual Rect PageArea() const = 0;
+    virtual Colour ColourOf(SystemColour name) const = 0;
 
-    std::function<bool()> OnChanging; ///< false: the selection stays
-    std::function<void()> OnChanged;
-    std::function<void()> OnRightClick;
-    /// Draws a tab; answers false where the strip is to draw it itself.
-    std::function<bool(int position, Surface& surface, const Rect& place, bool selected)> OnDraw;
-    /// The size that a drawn tab is to have; nothing for the strip's own.
-    std::function<std::optional<Size>(int position, Size own)> OnMeasure;
+    TabNotices Notices;
 };
 
 } // namespace quillshift

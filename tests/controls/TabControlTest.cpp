@@ -1,5 +1,7 @@
 #include "controls/TabControl.h"
 #include "support/FailureOf.h"
+#include "support/FakeDesktop.h"
+#include "support/RecordingSurface.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -14,6 +16,8 @@ using testing::ElementsAre;
 class FakeStrip final : public TabStrip {
 public:
     void Create(const TabStyles& value) override {
+        images = {};
+        separators = false;
         styles = value;
         items.clear();
         selection = -1;
@@ -21,6 +25,8 @@ public:
     void SetFlatSeparators(bool on) override { separators = on; }
     void SetFont(const FontSpec& value) override { font = value; }
     void SetPadding(int x, int y) override { padding = {x, y}; }
+    void SetImages(const TabImages& value) override { images = value; }
+    void Repaint() override { ++repaints; }
     int Insert(int position, const TabItem& item) override {
         if (position < 0 || position > Count())
             return -1;
@@ -52,20 +58,23 @@ public:
     }
     int Selection() const override { return selection; }
     int Select(int position) override { return std::exchange(selection, position); }
-    Rect Place() const override { return RectAt(10, 20, 300, 200); }
+    Rect ItemPlace(int position) const override { return RectAt(position * 50, 0, 50, 20); }
+    Colour ColourOf(SystemColour name) const override { return FakeSystemColours().Of(name); }
     Rect PageArea() const override { return {13, 44, 307, 217}; }
 
     /// A person clicks a tab.
     void Click(int position) {
-        if (OnChanging()) {
+        if (Notices.changing()) {
             selection = position;
-            OnChanged();
+            Notices.changed();
         }
     }
     TabStyles styles;
     bool separators = false;
     FontSpec font;
     Size padding;
+    TabImages images;
+    int repaints = 0;
     std::vector<TabItem> items;
     int selection = -1;
 };
@@ -129,7 +138,7 @@ TEST_F(Tabs, TellWhatIsSelectedButNotOnTheWayFromTheFirst) {
     EXPECT_THAT(Events(), ElementsAre());
     strip.Click(0);
     strip.Click(2);
-    strip.OnRightClick();
+    strip.Notices.rightClick();
     EXPECT_THAT(Events(), ElementsAre("before 2", "click 1", "before 1", "click 3", "right"));
     cancel = true;
     strip.Click(0);
@@ -170,6 +179,107 @@ TEST_F(Tabs, SurviveARebuildWithOtherStyles) {
     EXPECT_THAT(Events(), ElementsAre());
     EXPECT_EQ(tabs.ClientWidth(), 294);
     EXPECT_EQ(tabs.ClientTop(), 44);
+}
+
+/// Paints all pictures, but fails at the first one if it is told to.
+struct Pictures final : ImageControl {
+    int ImageWidth() const override { return 16; }
+    int ImageHeight() const override { return 8; }
+    void DrawListImage(int /*index*/, DibSection& /*target*/) const override {
+        if (fails)
+            throw Error(7, u"", u"");
+    }
+    bool fails = false;
+};
+
+TEST_F(Tabs, TakePicturesOfAListOrOfAControlAndRefuseOthers) {
+    auto list = std::make_shared<const PlatformImageList>(PlatformImageList{.size = {24, 24}, .images = {}});
+    const ImageListHandle handle = list;
+    Pictures control;
+    tabs.SetImageList(handle);
+    EXPECT_EQ(strip.images.size, (Size{24, 24}));
+    tabs.Rebuild();
+    EXPECT_EQ(strip.images.size, (Size{24, 24}));
+    tabs.SetImageList(ImageListHandle());
+    EXPECT_FALSE(strip.images.draw);
+    tabs.SetImageList(control);
+    EXPECT_EQ(strip.images.size, (Size{16, 8}));
+    list.reset();
+    control.fails = true;
+    for (const auto& set : {std::function([&] { tabs.SetImageList(handle); }),
+                            std::function([&] { tabs.SetImageList(control); })}) {
+        const Error error = FailureOf(set);
+        EXPECT_EQ(Number(error), 4);
+        EXPECT_EQ(error.Description(), u"Invalid Image List.");
+        EXPECT_FALSE(strip.images.draw);
+    }
+}
+
+TEST_F(Tabs, AreDrawnByTheirOwnerOrByDefault) {
+    const Pictures control;
+    tabs.SetImageList(control);
+    tabs.SetCool(CoolTabs::Shaded);
+    const auto drawn = [&](int position, bool selected) {
+        RecordingSurface surface;
+        strip.Notices.draw(position, surface, strip.ItemPlace(position), selected);
+        return surface.drawn;
+    };
+    EXPECT_THAT(drawn(0, true), ElementsAre("fill 0,0-50,20 d4d0c8", "composite 6,6-22,14 of 0,0-16,8",
+                                            "text 23,0-50,20 000000 centre Общие"));
+    EXPECT_THAT(drawn(1, false),
+                ElementsAre("fill 50,0-100,21 808080", "text 50,0-100,21 d4d0c8 centre Код"));
+    tabs.SetCool(CoolTabs::Raised);
+    EXPECT_THAT(drawn(0, false), ElementsAre("fill 0,0-50,21 d4d0c8", "composite 2,6-18,14 of 0,0-16,8",
+                                             "text 19,0-50,21 000000 centre Общие"));
+    strip.items[0].hot = true;
+    bool keeps = true;
+    tabs.DrawItem = [&](int tab, Surface&, bool selected, bool hot, Rect& place, bool& doDefault) {
+        EXPECT_EQ(tab == 1, hot);
+        EXPECT_FALSE(selected);
+        place.left += 10;
+        doDefault = keeps;
+    };
+    EXPECT_EQ(drawn(1, false).front(), "fill 60,0-100,21 d4d0c8");
+    keeps = false;
+    EXPECT_THAT(drawn(0, false), ElementsAre());
+    EXPECT_EQ(strip.Notices.measure(0, {9, 9}), std::nullopt);
+    tabs.MeasureItem = [](int tab, Size& size, bool& doDefault) {
+        size.width += tab;
+        doDefault = tab > 2;
+    };
+    EXPECT_EQ(strip.Notices.measure(1, {9, 9}), (Size{11, 9}));
+    EXPECT_EQ(strip.Notices.measure(2, {9, 9}), std::nullopt);
+}
+
+TEST_F(Tabs, LookRaisedAtOnceButNotAtTheSides) {
+    const auto raised = [&] {
+        RecordingSurface surface;
+        if (strip.Notices.painted)
+            strip.Notices.painted(surface);
+        return surface.drawn;
+    };
+    tabs.RemoveTab(3);
+    tabs.RemoveTab(2);
+    EXPECT_THAT(raised(), ElementsAre());
+    tabs.SetCool(CoolTabs::Raised);
+    EXPECT_EQ(strip.repaints, 1);
+    EXPECT_FALSE(strip.Notices.erasePage);
+    EXPECT_THAT(raised(), testing::IsSupersetOf(
+                              {"line 0,19-0,2 ffffff", "line 2,0-47,0 ffffff", "line 49,2-49,19 808080"}));
+    tabs.Styles.align = TabAlign::Bottom;
+    EXPECT_EQ(raised().front(), "line 0,19-0,2 ffffff") << "not before it is rebuilt";
+    tabs.Rebuild();
+    EXPECT_THAT(raised(), testing::IsSupersetOf(
+                              {"line 0,0-0,17 ffffff", "line 2,19-47,19 808080", "line 49,17-49,0 808080"}));
+    tabs.SetCool(CoolTabs::Shaded);
+    RecordingSurface page;
+    strip.Notices.erasePage(page, {1, 2, 3, 4});
+    EXPECT_THAT(page.drawn, ElementsAre("fill 1,2-3,4 d4d0c8"));
+    tabs.Styles.align = TabAlign::Left;
+    tabs.Rebuild();
+    EXPECT_THAT(raised(), ElementsAre());
+    tabs.SetCool(CoolTabs::Plain);
+    EXPECT_FALSE(strip.Notices.painted || strip.Notices.erasePage);
 }
 
 } // namespace

@@ -1,19 +1,16 @@
 #include "platform/qt/QtTabStrip.h"
 
+#include "platform/qt/QtBarSystem.h"
 #include "platform/qt/QtSurface.h"
+#include "platform/qt/QtTabRow.h"
 #include "platform/qt/QtText.h"
 
-#include <QFocusEvent>
-#include <QKeyEvent>
 #include <QLayout>
-#include <QMouseEvent>
 #include <QPainter>
-#include <QStyleOptionTab>
+#include <QPixmap>
 #include <QStyleOptionTabWidgetFrame>
-#include <QWheelEvent>
 
 #include <algorithm>
-#include <utility>
 
 namespace quillshift {
 namespace {
@@ -34,92 +31,11 @@ QTabBar::Shape ShapeOf(TabAlign align) {
     return QTabBar::RoundedNorth;
 }
 
-bool IsAtSide(TabAlign align) {
-    return align == TabAlign::Left || align == TabAlign::Right;
-}
-
 Rect RectOf(const QRect& area) {
     return RectAt(area.x(), area.y(), area.width(), area.height());
 }
 
 } // namespace
-
-/// Hands all that a person does on to the strip, which decides.
-class QtTabStrip::Bar final : public QTabBar {
-public:
-    explicit Bar(QtTabStrip& strip) : QTabBar(&strip), strip_(strip) {
-        setFocusPolicy(Qt::StrongFocus);
-        setDrawBase(false);
-        setExpanding(false);
-        setUsesScrollButtons(true);
-    }
-
-protected:
-    void mousePressEvent(QMouseEvent* event) override {
-        setFocus(Qt::MouseFocusReason);
-        if (event->button() == Qt::LeftButton && tabAt(event->pos()) >= 0)
-            strip_.SelectByHand(tabAt(event->pos()));
-        else if (event->button() == Qt::RightButton && strip_.OnRightClick)
-            strip_.OnRightClick();
-    }
-    void mouseReleaseEvent(QMouseEvent* /*event*/) override {}
-    void mouseMoveEvent(QMouseEvent* /*event*/) override {}
-    void wheelEvent(QWheelEvent* event) override {
-        const QPoint turn = event->angleDelta();
-        const int way = turn.y() != 0 ? turn.y() : turn.x();
-        if (way != 0)
-            strip_.SelectByHand(currentIndex() + (way < 0 ? 1 : -1));
-    }
-    /// Enter, the arrows and their neighbours end here; every other key is the dialog's.
-    void keyPressEvent(QKeyEvent* event) override {
-        switch (event->key()) {
-        case Qt::Key_Left:
-        case Qt::Key_Up:
-            return strip_.SelectByHand(strip_.selection_ - 1);
-        case Qt::Key_Right:
-        case Qt::Key_Down:
-            return strip_.SelectByHand(strip_.selection_ + 1);
-        case Qt::Key_Home:
-            return strip_.SelectByHand(0);
-        case Qt::Key_End:
-            return strip_.SelectByHand(strip_.Count() - 1);
-        case Qt::Key_PageUp:
-        case Qt::Key_PageDown:
-        case Qt::Key_Return:
-        case Qt::Key_Enter:
-            return;
-        default:
-            event->ignore();
-        }
-    }
-    void initStyleOption(QStyleOptionTab* option, int index) const override {
-        QTabBar::initStyleOption(option, index);
-        option->state.setFlag(QStyle::State_Selected, index == strip_.selection_);
-        option->state.setFlag(QStyle::State_HasFocus, hasFocus() && index == strip_.selection_);
-        if (!strip_.styles_.hotTrack)
-            option->state.setFlag(QStyle::State_MouseOver, false);
-    }
-    QSize tabSizeHint(int index) const override {
-        const QSize size = QTabBar::tabSizeHint(index) + strip_.padding_ * 2;
-        if (!strip_.styles_.ownerDraw || !strip_.OnMeasure)
-            return size;
-        const auto told = strip_.OnMeasure(index, {size.width(), size.height()});
-        return told ? QSize(told->width, told->height) : size;
-    }
-    void paintEvent(QPaintEvent* event) override {
-        QTabBar::paintEvent(event);
-        if (!strip_.styles_.ownerDraw || !strip_.OnDraw)
-            return;
-        QPainter painter(this);
-        QtTextMeasurer texts;
-        QtSurface surface(painter, texts);
-        for (int i = 0; i < count(); ++i)
-            strip_.OnDraw(i, surface, RectOf(tabRect(i)), i == strip_.selection_);
-    }
-
-private:
-    QtTabStrip& strip_;
-};
 
 QtTabStrip::QtTabStrip(QWidget* parent) : QWidget(parent) {
     QtTabStrip::Create({});
@@ -129,35 +45,63 @@ QtTabStrip::~QtTabStrip() = default;
 
 void QtTabStrip::Create(const TabStyles& styles) {
     styles_ = styles;
+    images_ = {};
     items_.clear();
     selection_ = -1;
-    const QString name = bar_ != nullptr ? bar_->accessibleName() : QString();
-    delete std::exchange(bar_, nullptr);
-    bar_ = new Bar(*this);
-    bar_->setAccessibleName(name);
-    bar_->setShape(ShapeOf(styles.align));
-    setFocusProxy(bar_);
-    bar_->show();
-    PlaceBar();
+    flatSeparators_ = false;
+    Refill();
+    Repaint();
 }
 
-void QtTabStrip::SetFlatSeparators(bool /*on*/) {
-    bar_->update(); // the toolkit's bar has no buttons to separate
+// --- Looks
+
+void QtTabStrip::SetFlatSeparators(bool on) {
+    flatSeparators_ = on;
+    Repaint();
 }
 
 void QtTabStrip::SetFont(const FontSpec& font) {
-    QFont used(ToQString(font.name));
-    used.setPointSizeF(static_cast<double>(font.points));
-    used.setBold(font.bold);
-    bar_->setFont(used);
-    PlaceBar();
+    font_ = QtTextMeasurer().FontOf(font);
+    font_.setPointSizeF(static_cast<double>(font.points)); // as the dialogs' own
+    Refill();
 }
 
 void QtTabStrip::SetPadding(int x, int y) {
     padding_ = {x, y};
-    bar_->setIconSize(bar_->iconSize()); // lays the tabs out anew
-    PlaceBar();
+    Refill();
 }
+
+void QtTabStrip::SetImages(const TabImages& images) {
+    images_ = images;
+    Refill();
+}
+
+void QtTabStrip::Repaint() {
+    update();
+    for (QtTabRow* row : rows_)
+        row->update();
+}
+
+Colour QtTabStrip::ColourOf(SystemColour name) const {
+    return QtSystemColours().Of(name);
+}
+
+QIcon QtTabStrip::IconOf(const TabItem& item) const {
+    if (item.image < 0 || !images_.draw)
+        return {};
+    const QSize size(images_.size.width, images_.size.height);
+    QPixmap pixels(size * devicePixelRatioF());
+    pixels.setDevicePixelRatio(devicePixelRatioF());
+    pixels.fill(Qt::transparent);
+    QPainter painter(&pixels);
+    const QtTextMeasurer texts;
+    QtSurface surface(painter, texts);
+    images_.draw(item.image, surface, {0, 0});
+    painter.end();
+    return {pixels};
+}
+
+// --- Tabs
 
 int QtTabStrip::Insert(int position, const TabItem& item) {
     if (position < 0 || position > Count())
@@ -165,9 +109,7 @@ int QtTabStrip::Insert(int position, const TabItem& item) {
     items_.insert(items_.begin() + position, item);
     if (selection_ >= position)
         ++selection_;
-    bar_->insertTab(position, ToQString(item.text));
-    bar_->setCurrentIndex(selection_);
-    PlaceBar();
+    Refill();
     return position;
 }
 
@@ -179,15 +121,14 @@ bool QtTabStrip::Remove(int position) {
         selection_ = -1;
     else if (selection_ > position)
         --selection_;
-    bar_->removeTab(position);
-    bar_->setCurrentIndex(selection_);
-    PlaceBar();
+    Refill();
     return true;
 }
 
 void QtTabStrip::RemoveAll() {
-    while (Remove(Count() - 1)) {
-    }
+    items_.clear();
+    selection_ = -1;
+    Refill();
 }
 
 std::optional<TabItem> QtTabStrip::Item(int position) const {
@@ -199,30 +140,155 @@ bool QtTabStrip::SetItem(int position, const TabItem& item) {
     if (position < 0 || position >= Count())
         return false;
     items_[static_cast<std::size_t>(position)] = item;
-    bar_->setTabText(position, ToQString(item.text));
+    Refill();
     return true;
+}
+
+Rect QtTabStrip::ItemPlace(int position) const {
+    const QtTabRow& row = RowOf(position);
+    return RectOf(row.tabRect(position - row.First()).translated(row.pos()));
 }
 
 int QtTabStrip::Select(int position) {
     const int before = selection_;
     if (position >= 0 && position < Count()) {
         selection_ = position;
-        bar_->setCurrentIndex(position);
-        bar_->update();
+        RowOf(position).setCurrentIndex(position - RowOf(position).First());
+        PlaceRows();
+        Repaint();
     }
     return before;
 }
 
 void QtTabStrip::SelectByHand(int position) {
-    if (position < 0 || position >= Count() || position == selection_ || (OnChanging && !OnChanging()))
+    if (position < 0 || position >= Count() || position == selection_ ||
+        (Notices.changing && !Notices.changing()))
         return;
     Select(position);
-    if (OnChanged)
-        OnChanged();
+    if (Notices.changed)
+        Notices.changed();
 }
 
-Rect QtTabStrip::Place() const {
-    return RectOf(geometry());
+// --- Places
+
+QtTabRow& QtTabStrip::RowOf(int position) const {
+    const auto behind = std::ranges::find_if(rows_.begin() + 1, rows_.end(),
+                                             [&](const QtTabRow* row) { return row->First() > position; });
+    return **(behind - 1);
+}
+
+/// How much of the strip's edge the tabs of a row take away from the page.
+int QtTabStrip::Lay(const QtTabRow& row) const {
+    const QSize hint = row.sizeHint();
+    return row.count() == 0 ? 0 : IsAtSide(styles_.align) ? hint.width() : hint.height();
+}
+
+void QtTabStrip::Refill() {
+    std::vector<int> firsts{0};
+    for (const QtTabRow* row : rows_)
+        if (row->First() > 0 && row->First() < Count())
+            firsts.push_back(row->First());
+    Fill(firsts);
+    Arrange();
+}
+
+// Makes a row from each of the positions on. One that goes may be the one whose event is being worked on.
+void QtTabStrip::Fill(const std::vector<int>& firsts) {
+    const bool hadFocus = std::ranges::any_of(rows_, &QWidget::hasFocus);
+    while (rows_.size() > firsts.size()) {
+        rows_.back()->hide();
+        rows_.back()->deleteLater();
+        rows_.pop_back();
+    }
+    while (rows_.size() < firsts.size()) {
+        rows_.push_back(new QtTabRow(*this));
+        rows_.back()->show();
+    }
+    for (std::size_t i = 0; i < firsts.size(); ++i)
+        FillRow(*rows_[i], firsts[i], i + 1 < firsts.size() ? firsts[i + 1] : Count());
+    if (hadFocus)
+        RowOf(selection_).setFocus();
+}
+
+void QtTabStrip::FillRow(QtTabRow& row, int first, int end) {
+    while (row.count() > 0)
+        row.removeTab(row.count() - 1);
+    row.setShape(ShapeOf(styles_.align));
+    row.setFont(font_);
+    row.setIconSize(images_.draw ? QSize(images_.size.width, images_.size.height) : QSize());
+    row.SetFirst(first);
+    for (int position = first; position < end; ++position) {
+        const TabItem& item = items_[static_cast<std::size_t>(position)];
+        row.addTab(IconOf(item), ToQString(item.text));
+    }
+    row.setCurrentIndex(selection_ - first);
+}
+
+// Where each row begins that has room for its tabs.
+std::vector<int> QtTabStrip::Firsts() const {
+    std::vector<int> firsts{0};
+    const int room = IsAtSide(styles_.align) ? height() : width();
+    int taken = 0;
+    for (int position = 0; position < Count() && styles_.multiLine; ++position) {
+        const QtTabRow& row = RowOf(position);
+        const QSize size = row.SizeOf(position - row.First());
+        const int needed = IsAtSide(styles_.align) ? size.height() : size.width();
+        if (position > firsts.back() && taken + needed > room) {
+            firsts.push_back(position);
+            taken = 0;
+        }
+        taken += needed;
+    }
+    return firsts;
+}
+
+void QtTabStrip::Arrange() {
+    const std::vector<int> firsts = Firsts();
+    if (!std::ranges::equal(firsts, rows_, {}, {}, &QtTabRow::First))
+        Fill(firsts);
+    PlaceRows();
+}
+
+// From the page outwards, the row of the selected tab first; that row alone is reached by keyboard.
+void QtTabStrip::PlaceRows() {
+    QtTabRow& chosen = RowOf(selection_);
+    const bool hadFocus = std::ranges::any_of(rows_, &QWidget::hasFocus);
+    setFocusProxy(&chosen);
+    std::vector<QtTabRow*> outwards = rows_;
+    std::ranges::reverse(outwards);
+    std::stable_partition(outwards.begin(), outwards.end(),
+                          [&](const QtTabRow* row) { return row == &chosen; });
+    int depth = 0;
+    for (const QtTabRow* row : rows_)
+        depth += Lay(*row);
+    int outer = depth;
+    for (QtTabRow* row : outwards) {
+        row->setFocusPolicy(row == &chosen ? Qt::StrongFocus : Qt::NoFocus);
+        const int lay = Lay(*row);
+        outer -= lay;
+        switch (styles_.align) {
+        case TabAlign::Top:
+            row->setGeometry(0, outer, width(), lay);
+            break;
+        case TabAlign::Left:
+            row->setGeometry(outer, 0, lay, height());
+            break;
+        case TabAlign::Bottom:
+            row->setGeometry(0, height() - outer - lay, width(), lay);
+            break;
+        case TabAlign::Right:
+            row->setGeometry(width() - outer - lay, 0, lay, height());
+            break;
+        }
+    }
+    if (hadFocus)
+        chosen.setFocus();
+    QMargins margins(kPageMargin, kPageMargin, kPageMargin, kPageMargin);
+    margins +=
+        QMargins(styles_.align == TabAlign::Left ? depth : 0, styles_.align == TabAlign::Top ? depth : 0,
+                 styles_.align == TabAlign::Right ? depth : 0, styles_.align == TabAlign::Bottom ? depth : 0);
+    setContentsMargins(margins);
+    updateGeometry();
 }
 
 Rect QtTabStrip::PageArea() const {
@@ -234,48 +300,30 @@ QSize QtTabStrip::sizeHint() const {
     const QSize page = layout() != nullptr
                            ? layout()->sizeHint()
                            : QSize(margins.left() + margins.right(), margins.top() + margins.bottom());
-    return page.expandedTo(bar_->sizeHint());
-}
-
-// The bar stands at its edge and overlaps the frame of the page area as the style has it.
-void QtTabStrip::PlaceBar() {
-    const QSize hint = bar_->sizeHint();
-    const int depth = Count() == 0 ? 0 : IsAtSide(styles_.align) ? hint.width() : hint.height();
-    QRect place(QPoint(), IsAtSide(styles_.align) ? QSize(depth, height()) : QSize(width(), depth));
-    QMargins margins(kPageMargin, kPageMargin, kPageMargin, kPageMargin);
-    switch (styles_.align) {
-    case TabAlign::Top:
-        margins += QMargins(0, depth, 0, 0);
-        break;
-    case TabAlign::Left:
-        margins += QMargins(depth, 0, 0, 0);
-        break;
-    case TabAlign::Bottom:
-        margins += QMargins(0, 0, 0, depth);
-        place.moveBottom(height() - 1);
-        break;
-    case TabAlign::Right:
-        margins += QMargins(0, 0, depth, 0);
-        place.moveRight(width() - 1);
-        break;
-    }
-    setContentsMargins(margins);
-    bar_->setGeometry(place);
-    updateGeometry();
+    return styles_.multiLine ? page : page.expandedTo(rows_.front()->sizeHint());
 }
 
 void QtTabStrip::resizeEvent(QResizeEvent* /*event*/) {
-    PlaceBar();
+    Arrange();
 }
 
+// The rows overlap the frame of the page area as the style has it. Buttons stand over a page without one.
 void QtTabStrip::paintEvent(QPaintEvent* /*event*/) {
-    QStyleOptionTabWidgetFrame frame;
-    frame.initFrom(this);
-    frame.shape = bar_->shape();
-    frame.tabBarSize = bar_->size();
-    frame.rect = contentsRect().adjusted(-kPageMargin, -kPageMargin, kPageMargin, kPageMargin);
     QPainter painter(this);
-    style()->drawPrimitive(QStyle::PE_FrameTabWidget, &frame, &painter, this);
+    const QRect page = contentsRect().adjusted(-kPageMargin, -kPageMargin, kPageMargin, kPageMargin);
+    if (!styles_.buttons) {
+        QStyleOptionTabWidgetFrame frame;
+        frame.initFrom(this);
+        frame.shape = rows_.front()->shape();
+        frame.tabBarSize = rows_.front()->size();
+        frame.rect = page;
+        style()->drawPrimitive(QStyle::PE_FrameTabWidget, &frame, &painter, this);
+    }
+    if (Notices.erasePage) {
+        const QtTextMeasurer texts;
+        QtSurface surface(painter, texts);
+        Notices.erasePage(surface, RectOf(page.adjusted(1, 1, -1, -1)));
+    }
 }
 
 } // namespace quillshift

@@ -22,6 +22,9 @@ QFont MakeFont(const FontSpec& spec, double dpi) {
     QFont font(ToQString(spec.name));
     font.setPixelSize(std::max(1, static_cast<int>(std::lround(spec.points * dpi / kPointsPerInch))));
     font.setWeight(spec.bold ? QFont::Bold : QFont::Normal);
+    font.setItalic(spec.italic);
+    font.setUnderline(spec.underline);
+    font.setStrikeOut(spec.strikeOut);
     return font;
 }
 
