@@ -17,8 +17,9 @@ enum class DialogKind {
     GoTo, ///< asks for a line's number
     InsertTimeAndDate,
     DocumentProperties,
-    Printing, ///< asks for paper before a document is printed
-    Settings, ///< argument: the page that is shown beside the main window; 0: all of them, modal
+    Printing,         ///< asks for paper before a document is printed
+    Settings,         ///< argument: the page that is shown beside the main window; 0: all of them, modal
+    ToolBarCustomize, ///< chooses what the toolbars show
     About,
     License,
 };

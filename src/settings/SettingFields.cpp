@@ -140,10 +140,23 @@ constexpr std::array kFields{
          kSound | kQuiet),
 };
 
+constexpr std::array kToolBarFields{
+    Check(ToolBars, u"Параметры панелей инструментов:", "chkUseLargeIcons", u"Использовать крупные значки",
+          UseLargeIcons),
+    Check(ToolBars, u"Параметры панелей инструментов:", "chkShowToolTips",
+          u"Отображать всплывающие подсказки", ShowToolTips),
+    Check(ToolBars, u"Параметры меню:", "chkHideInfrequently", u"Всегда показывать полное меню",
+          HideInfrequently),
+};
+
 } // namespace
 
 std::span<const SettingField> SettingFields() {
     return kFields;
+}
+
+std::span<const SettingField> ToolBarFields() {
+    return kToolBarFields;
 }
 
 } // namespace quillshift

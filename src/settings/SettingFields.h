@@ -8,8 +8,8 @@
 
 namespace quillshift {
 
-/// The pages of the settings dialog, in the order of their tabs.
-enum class SettingPage { General, Decode, View, Save, Font, Print, Locked, Sounds };
+/// The pages of the settings dialog, in the order of their tabs, and that of the toolbars' own dialog.
+enum class SettingPage { General, Decode, View, Save, Font, Print, Locked, Sounds, ToolBars };
 
 /// The control that shows a setting.
 enum class SettingKind {
@@ -51,5 +51,7 @@ struct SettingField {
 
 /// All fields of the settings dialog, as they are laid out.
 std::span<const SettingField> SettingFields();
+/// Those of the dialog for the toolbars.
+std::span<const SettingField> ToolBarFields();
 
 } // namespace quillshift

@@ -15,7 +15,7 @@ enum class Need { Nothing, Selection, Text, Undo, Redo, Clipboard, RecodeUndo, R
 struct CommandRow {
     Command command;
     Need need;
-    /// Gets the argument of the command, and the key of the place where it was chosen. Null: still to come.
+    /// Gets the argument of the command, and the key of the place where it was chosen.
     void (*run)(ProgramParts& parts, int argument, std::string_view key);
 };
 
@@ -100,7 +100,8 @@ constexpr std::array kCommands{
     CommandRow{Command::GoTo, Text, [](P& p, int, Key) { p.dialogs->Show(DialogKind::GoTo); }},
     CommandRow{Command::KeepOnTop, Nothing, KeepOnTop},
     CommandRow{Command::ShowBar, Nothing, ShowBar},
-    CommandRow{Command::CustomizeToolbars, Nothing, nullptr},
+    CommandRow{Command::CustomizeToolbars, Nothing,
+               [](P& p, int, Key) { p.dialogs->Show(DialogKind::ToolBarCustomize); }},
     CommandRow{Command::FullScreen, Nothing, [](P& p, int, Key) { p.fullScreen.Begin(); }},
     CommandRow{Command::InsertTimeAndDate, Nothing,
                [](P& p, int, Key) { p.dialogs->Show(DialogKind::InsertTimeAndDate); }},
@@ -167,8 +168,7 @@ bool IsMet(Need need, const CommandInputs& inputs) {
 } // namespace
 
 bool IsEnabled(Command command, const CommandInputs& inputs) {
-    const CommandRow& row = RowOf(command);
-    return row.run != nullptr && IsMet(row.need, inputs);
+    return IsMet(RowOf(command).need, inputs);
 }
 
 Commands::Commands(ProgramParts& parts)
@@ -180,8 +180,7 @@ void Commands::Run(std::string_view key) {
         return;
     if (entry->action.command != Command::FullScreen)
         parts_.fullScreen.End();
-    if (const auto run = RowOf(entry->action.command).run)
-        run(parts_, entry->action.argument, key);
+    RowOf(entry->action.command).run(parts_, entry->action.argument, key);
     InputsChanged();
 }
 

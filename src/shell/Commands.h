@@ -24,7 +24,7 @@ struct CommandInputs {
     bool operator==(const CommandInputs&) const = default;
 };
 
-/// Whether a command can be given. One that has nothing to run yet never can.
+/// Whether a command can be given.
 bool IsEnabled(Command command, const CommandInputs& inputs);
 
 /// Runs the commands and says which can be given.

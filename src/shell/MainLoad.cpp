@@ -3,20 +3,16 @@
 #include "base/Error.h"
 #include "base/Texts.h"
 #include "document/Caption.h"
-#include "shell/Catalogue.h"
 
 #include <exception>
 
 namespace quillshift {
 
-MainLoad::MainLoad(ProgramParts& parts, Commands& commands)
-    : parts_(parts),
-      commands_(commands),
-      timerCommandBars_(parts.platform.timers.Make([this] { ApplyBarOptions(); })) {}
+MainLoad::MainLoad(ProgramParts& parts, Commands& commands) : parts_(parts), commands_(commands) {}
 
 // A load that fails on the way is reported over the window, not in its stead.
 void MainLoad::ShowMainWindow() {
-    timerCommandBars_->StartOnce();
+    parts_.toolBars.ApplyOptionsSoon();
     const bool offers = parts_.recovered.Find();
     Attempt(&MainLoad::Load);
     if (!offers)
@@ -61,7 +57,8 @@ void MainLoad::Load() {
     parts_.bars.Build();
     parts_.bars.ApplyStyle(parts_.settings.Text(Setting::Style));
     parts_.bars.AttachMenu();
-    LoadToolBars();
+    parts_.toolBars.Attach();
+    parts_.toolBars.LoadToolBarButtons();
     parts_.sounds.PlaySoundEvent(sound_event::kFormLoad);
     parts_.recoding.Combo1 = 0;
     parts_.recoding.Combo2 = 1;
@@ -70,26 +67,6 @@ void MainLoad::Load() {
     LoadBars();
     LoadPlace();
     ShowCaption(parts_.window, parts_.settings, u"Документ", u"Документ не сохранен");
-}
-
-void MainLoad::LoadToolBars() {
-    AttachToolBars();
-    LoadItems("TOOLBAR", ItemBar::Standart);
-    LoadItems("TOOLBAR2", ItemBar::Decode);
-}
-
-void MainLoad::AttachToolBars() {
-    const ToolBarIcons icons =
-        parts_.settings.Is(Setting::UseLargeIcons) ? ToolBarIcons::Large : ToolBarIcons::Small;
-    for (const int bar : {1, 2})
-        parts_.bars.AttachToolBar(bar, icons);
-}
-
-void MainLoad::LoadItems(std::string_view root, ItemBar bar) {
-    int item = 0;
-    for (const CatalogueEntry& entry : Catalogue())
-        if (ParentKey(entry.Key) == root)
-            parts_.bars.Button(entry.Key).SetVisible(parts_.settings.IsItemShown(bar, item++));
 }
 
 // The ticks of the view menu, and what they stand for.
@@ -136,16 +113,6 @@ void MainLoad::LoadDocument() {
 void MainLoad::LoadFont() {
     parts_.window.RichTextBox().SetFont(
         {parts_.settings.Text(Setting::FontName), parts_.settings.Number(Setting::FontSize)});
-}
-
-// Tips that were taken away come back only at the next start.
-void MainLoad::ApplyBarOptions() {
-    if (parts_.settings.Is(Setting::ShowToolTips, u"0"))
-        for (const CatalogueEntry& entry : Catalogue())
-            if (ParentKey(entry.Key) == "TOOLBAR" || ParentKey(entry.Key) == "TOOLBAR2")
-                parts_.bars.Button(entry.Key).SetToolTip(u"");
-    parts_.bars.Bar(0).SetHideInfrequentlyUsed(!parts_.settings.Is(Setting::HideInfrequently));
-    AttachToolBars();
 }
 
 } // namespace quillshift

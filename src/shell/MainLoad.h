@@ -4,7 +4,6 @@
 #include "shell/ProgramParts.h"
 
 #include <exception>
-#include <memory>
 
 namespace quillshift {
 
@@ -19,20 +18,15 @@ public:
 private:
     void Attempt(void (MainLoad::*step)());
     void Load();
-    void LoadToolBars();
-    void AttachToolBars();
-    void LoadItems(std::string_view root, ItemBar bar);
     void LoadBars();
     void LoadPlace();
     void LoadDocument();
     void LoadFont();
     void OfferRecovered();
-    void ApplyBarOptions();
 
     ProgramParts& parts_;
     Commands& commands_;
-    std::exception_ptr failure_;              ///< the first of the load
-    std::unique_ptr<Timer> timerCommandBars_; ///< applies the bars' options over what the load has set
+    std::exception_ptr failure_; ///< the first of the load
 };
 
 } // namespace quillshift

@@ -16,6 +16,7 @@
 #include "settings/frmLockProgram.h"
 #include "settings/frmSettings.h"
 #include "settings/frmSplash.h"
+#include "settings/frmToolBarCustomize.h"
 #include "settings/frmWelcome.h"
 #include "settings/frmWorkBegin.h"
 
@@ -116,6 +117,10 @@ std::span<const ProgramDialogs::Row> ProgramDialogs::Rows() {
                 return std::make_unique<frmSettings>(context, parts.window.RichTextBox(),
                                                      context.platform.printers,
                                                      std::make_unique<QtFolderDialog>());
+            }},
+        Row{DialogKind::ToolBarCustomize, Stand::Modal,
+            [](Context context, ProgramParts& parts, int) -> std::unique_ptr<Dialog> {
+                return std::make_unique<frmToolBarCustomize>(context, parts.toolBars);
             }},
     };
     return kRows;

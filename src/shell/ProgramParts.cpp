@@ -10,6 +10,7 @@ ProgramParts::ProgramParts(Platform& thePlatform, MainView& mainWindow, mCommand
       sounds(settings, platform.sound),
       bars(toolkit, window, platform.files, platform.shell.ProgramFolder()),
       layout(window, bars, settings, platform.timers),
+      toolBars(bars, layout, settings, platform.timers),
       dialogs(makeDialogs(*this)),
       start({settings, *dialogs, platform.timers, platform.sound, platform.shell}),
       lock({settings, platform.messageBox, *dialogs, window, platform.shell,

@@ -21,6 +21,7 @@
 #include "shell/Layout.h"
 #include "shell/MainBars.h"
 #include "shell/MainView.h"
+#include "shell/StoredToolBars.h"
 
 #include <functional>
 #include <memory>
@@ -45,6 +46,7 @@ struct ProgramParts {
     UndoHistory history;
     MainBars bars;
     MainLayout layout;
+    StoredToolBars toolBars;
     std::unique_ptr<Dialogs> dialogs;
     StartChain start;
     ProgramLock lock;

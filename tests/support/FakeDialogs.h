@@ -108,8 +108,9 @@ public:
 
 private:
     static bool IsModal(DialogKind kind) {
-        constexpr DialogKind kModal[] = {DialogKind::Decode,   DialogKind::About, DialogKind::License,
-                                         DialogKind::Recovery, DialogKind::Lock,  DialogKind::Printing};
+        constexpr DialogKind kModal[] = {DialogKind::Decode,          DialogKind::About, DialogKind::License,
+                                         DialogKind::Recovery,        DialogKind::Lock,  DialogKind::Printing,
+                                         DialogKind::ToolBarCustomize};
         return std::ranges::find(kModal, kind) != std::end(kModal);
     }
 

@@ -45,7 +45,7 @@ struct AllDialogs : testing::TestWithParam<DialogKind> {
         namespace fs = std::filesystem;
         const auto load = [this](const fs::directory_entry& entry) {
             std::ifstream file(entry.path(), std::ios::binary);
-            if (entry.is_regular_file() && entry.path().extension() != ".ico")
+            if (entry.is_regular_file())
                 test.files.files[u"/program/" +
                                  fs::relative(entry.path(), TestsFolder().parent_path()).u16string()] =
                     std::string(std::istreambuf_iterator<char>(file), {});
