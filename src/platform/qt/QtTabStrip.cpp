@@ -298,7 +298,7 @@ Rect QtTabStrip::PageArea() const {
 QSize QtTabStrip::sizeHint() const {
     const QMargins margins = contentsMargins();
     const QSize page = layout() != nullptr
-                           ? layout()->sizeHint()
+                           ? layout()->totalSizeHint()
                            : QSize(margins.left() + margins.right(), margins.top() + margins.bottom());
     return styles_.multiLine ? page : page.expandedTo(rows_.front()->sizeHint());
 }
