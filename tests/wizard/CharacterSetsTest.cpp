@@ -55,6 +55,14 @@ TEST(Chain, UndoesWhatTheSystemsOwnTablesGarble) {
 TEST(Chain, CountsWhatIsLost) {
     const std::string garbled = Iconv("Привет", "CP1251", "UTF-8");
     EXPECT_EQ(Undo(*ChainFrom("utf-8>1251"), garbled + "\xE2\x98\xBA").lost, 1U);
+    // Half of a character is one lost, whichever half it is.
+    for (const std::size_t place : {4, 6}) {
+        std::string lossy = garbled;
+        lossy.replace(place, 2, "?");
+        const Undone undone = Undo(*ChainFrom("utf-8>1251"), lossy);
+        EXPECT_EQ(undone.text, "П\xEF\xBF\xBDивет");
+        EXPECT_EQ(undone.lost, 1U);
+    }
     // Written too long, and half of a pair.
     EXPECT_EQ(Undo(Chain{}, "a\xC0\x80\xED\xA0\x80z").lost, 3U);
     for (const char* half : {"\x1F\x04\x01\xD8", "\x1F\x04\x01\xDC"})

@@ -118,6 +118,28 @@ TEST(Detector, IsUnsureBetweenReadingsOfOneKind) {
     // One capital tells Mac from 1251.
     const std::string bytes = Iconv(Iconv("пословица\nС деньгами", "UTF-8", "KOI8-R"), "CP437", "UTF-8");
     EXPECT_EQ(Detect(bytes).answer, Answer::Unsure);
+    // Names are the same in Bulgarian.
+    EXPECT_EQ(Detect(Iconv("Гвинея-Бисау, Гренландия", "UTF-8", "CP1251")).answer, Answer::Unsure);
+}
+
+TEST(Detector, LooksAtSignsAndSentences) {
+    // Mac and 1251 differ in capitals and signs only.
+    for (const char* good : {"страницу\nС продолжением", "К ней будет присоединена",
+                             "Не знаю. Если спросят, скажу: да — и всё."}) {
+        EXPECT_EQ(Detect(Iconv(good, "UTF-8", "CP1251")).candidates.at(0).preview, good);
+        EXPECT_EQ(Detect(Iconv(good, "UTF-8", "MAC-CYRILLIC")).candidates.at(0).preview, good);
+    }
+}
+
+TEST(Detector, LooksAtWholeCharactersOfALongLine) {
+    std::string bytes;
+    for (int i = 0; i < 40; ++i)
+        bytes += text.substr(0, text.size() - 1) + " ";
+    for (int i = 0; i < 2; ++i)
+        bytes = Iconv(bytes, "ISO-8859-1", "UTF-8");
+    const Verdict verdict = Detect(bytes);
+    EXPECT_EQ(verdict.answer, Answer::Sure);
+    EXPECT_EQ(verdict.candidates.at(0).lost, 0U);
 }
 
 TEST(Repair, LeavesALineThatWouldLoseSomething) {

@@ -83,6 +83,17 @@ std::string EncodeLoosely(Set set, std::string_view text, char substitute, std::
     return bytes;
 }
 
+std::string DecodeLossyUtf8(std::string_view bytes, std::size_t& lost) {
+    std::string text;
+    text.reserve(bytes.size());
+    for (std::size_t at = 0; at < bytes.size();) {
+        const std::int32_t character = NextLossyUtf8(bytes, at);
+        lost += character < 0;
+        AppendUtf8(text, character < 0 ? lostMark : static_cast<std::uint32_t>(character));
+    }
+    return text;
+}
+
 } // namespace
 
 std::string ToString(const Chain& chain) {
@@ -171,7 +182,8 @@ Undone Undo(const Chain& chain, std::string_view bytes) {
         const std::string before = EncodeLoosely(layer.readAs, undone.text, substitute, inStep);
         if (layer.writtenIn != Set::Utf8)
             undone.lost += inStep;
-        undone.text = Decode(layer.writtenIn, before, undone.lost);
+        undone.text = layer.writtenIn == Set::Utf8 ? DecodeLossyUtf8(before, undone.lost)
+                                                   : Decode(layer.writtenIn, before, undone.lost);
     });
     return undone;
 }

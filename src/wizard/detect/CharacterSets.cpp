@@ -66,6 +66,24 @@ std::int32_t NextUtf8(std::string_view bytes, std::size_t& at) {
     return tooLong || half || character > 0x10FFFF ? -1 : character;
 }
 
+std::int32_t NextLossyUtf8(std::string_view bytes, std::size_t& at) {
+    const auto isLost = [&](std::size_t place) {
+        return place < bytes.size() && (bytes[place] == '?' || bytes[place] == '\xFF');
+    };
+    const auto isRest = [&](std::size_t place) {
+        return place < bytes.size() && (static_cast<std::uint8_t>(bytes[place]) & 0xC0) == 0x80;
+    };
+    const bool lost = isLost(at);
+    if (lost && isRest(at + 1)) {
+        at += 2;
+        return -1;
+    }
+    const std::int32_t character = NextUtf8(bytes, at);
+    if (character < 0 && !lost && isLost(at) && !isRest(at + 1))
+        ++at;
+    return character;
+}
+
 void AppendUtf8(std::string& text, std::uint32_t character) {
     const auto add = [&](std::uint32_t byte) { text += static_cast<char>(byte); };
     if (character < 0x80) {

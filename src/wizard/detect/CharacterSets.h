@@ -50,6 +50,9 @@ constexpr char16_t lostMark = 0xFFFD;
 /// Reads UTF-8 from `at` on, which moves behind what was read. Above U+10FFFF, too long, a half of a pair or
 /// broken: -1, and `at` moves by what could have been one character's beginning.
 std::int32_t NextUtf8(std::string_view bytes, std::size_t& at);
+/// The same in UTF-8 that lost bytes on its way: what is left of a character beside a lost byte ('?' or 0xFF)
+/// is one character lost, not two.
+std::int32_t NextLossyUtf8(std::string_view bytes, std::size_t& at);
 void AppendUtf8(std::string& text, std::uint32_t character);
 
 /// Whether all of the bytes are UTF-8.

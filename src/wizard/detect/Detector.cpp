@@ -8,14 +8,32 @@ namespace quillshift::wizard {
 
 namespace {
 
+constexpr std::size_t wholeBytes = 3200; // up to here all is looked at
 constexpr std::size_t sampleBytes = 1600;
 constexpr std::size_t longestLine = 400;
 constexpr std::size_t debrisBytes = 6000;
-constexpr double sureLead = 9;      // bits before the next text
-constexpr double sureOverAlone = 5; // bits before the same text as another language
+constexpr double sureLead = 9;       // bits before the next text
+constexpr double sureOverAlone = 16; // bits before the same text as another language
+
+/// The same for so many letters: names are much alike in all languages, so that a few prove little and a long
+/// list has to differ all over.
+double OverAloneFor(std::size_t letters) {
+    return std::max(letters < 40 ? 22.0 : sureOverAlone, 0.5 * static_cast<double>(letters));
+}
 
 bool IsHigh(char byte) {
     return static_cast<std::uint8_t>(byte) >= 0x80;
+}
+
+/// A blank that a piece can begin or end at without cutting a character, in any set; the place itself if none
+/// is near.
+std::size_t BlankBefore(std::string_view bytes, std::size_t at) {
+    const std::size_t blank = bytes.rfind(' ', at);
+    return blank == bytes.npos || at - blank > longestLine / 2 ? at : blank + 1;
+}
+std::size_t BlankBehind(std::string_view bytes, std::size_t at) {
+    const std::size_t blank = bytes.find(' ', at);
+    return blank == bytes.npos || blank - at > longestLine ? std::min(at, bytes.size()) : blank;
 }
 
 /// Adds lines with high bytes from `at` on, until the sample has `most` bytes.
@@ -32,8 +50,10 @@ void AddLines(std::string& sample, std::string_view bytes, std::size_t most) {
         const std::size_t before = bytes.rfind('\n', place);
         const std::size_t start = before == bytes.npos ? 0 : before + 1;
         const std::size_t end = std::min(bytes.find('\n', place), bytes.size());
-        const std::size_t from = place - start > longestLine / 2 ? place - 20 : start;
-        const std::size_t length = std::min({end + 1, bytes.size(), from + longestLine}) - from;
+        const std::size_t from = place - start > longestLine / 2 ? BlankBefore(bytes, place) : start;
+        const std::size_t length = (end - from < longestLine ? std::min(end + 1, bytes.size())
+                                                             : BlankBehind(bytes, from + longestLine)) -
+                                   from;
         sample.append(bytes.substr(from, length));
         looked += end + 1;
         bytes.remove_prefix(std::min(from + length, bytes.size()));
@@ -82,7 +102,8 @@ std::optional<Set> Utf16Of(std::string_view bytes) {
     }
     const std::size_t pairs = looked / 2;
     for (const int high : {0, 1})
-        if (side[high] * 10 >= pairs * 9 && side[1 - high] * 10 < pairs && zeros > 0 && bytes.size() % 2 == 0)
+        if (side[high] * 10 >= pairs * 9 && side[1 - high] * 10 < pairs &&
+            (zeros > 0 || side[high] == pairs) && bytes.size() % 2 == 0)
             return high == 0 ? Set::Utf16Be : Set::Utf16Le;
     return std::nullopt;
 }
@@ -115,7 +136,7 @@ std::optional<Verdict> DetectDebris(std::string_view bytes, const DetectOptions&
 
 std::string Sample(std::string_view bytes) {
     std::string sample;
-    if (bytes.size() <= sampleBytes)
+    if (bytes.size() <= wholeBytes)
         return std::string(bytes);
     AddLines(sample, bytes, sampleBytes / 2);
     AddLines(sample, bytes.substr(bytes.size() / 2), sampleBytes * 3 / 4);
@@ -159,7 +180,7 @@ Verdict Detect(std::string_view bytes, const DetectOptions& options) {
     const auto alone = std::find_if(verdict.candidates.begin(), verdict.candidates.end(),
                                     [](const Candidate& other) { return other.leaveAlone; });
     const double overAlone = alone == verdict.candidates.end() ? 100 : alone->bits - best.bits;
-    const bool isSure = lead >= sureLead && overAlone >= sureOverAlone && best.lost == 0;
+    const bool isSure = lead >= sureLead && overAlone >= OverAloneFor(best.letters) && best.lost == 0;
     // Neither binary nor UTF-8 as it should be: something is wrong with it, whatever it is.
     const bool undecided = best.leaveAlone && best.chain.stored == Set::Utf8 && !IsUtf8(bytes);
     verdict.answer = best.leaveAlone && !undecided ? Answer::Clean

@@ -14,10 +14,11 @@ constexpr std::size_t fullyScored = 40;
 
 /// What an explanation costs before a byte is seen, in bits.
 constexpr double nameBits[setCount] = {3, 2, 3, 5, 5, 5, 4, 5, 4, 0, 2, 2};
-constexpr double layerBits = 6;
+constexpr double layerBits = 6; ///< the first wrong reading
+constexpr double nextLayerBits = 9;
 constexpr double lossBits = 4;
 /// What it costs that a text is not Russian, as most of what is garbled here is.
-constexpr double otherLanguageBits[setCount] = {14, 4, 14, 5, 12, 14, 4, 8, 4, 3, 3, 3};
+constexpr double otherLanguageBits[setCount] = {14, 9, 14, 10, 14, 14, 4, 8, 4, 6, 3, 3};
 /// Under so many letters of the language there is next to nothing to be repaired.
 constexpr std::size_t fewestLetters = 3;
 constexpr double fewLettersBits = 20;
@@ -79,7 +80,7 @@ std::optional<Node> ReadUtf8(std::string_view bytes, const Chain& chain, double 
     Collector collector;
     std::size_t faults = 0, good = 0;
     for (std::size_t at = 0; at < bytes.size();) {
-        const std::int32_t character = NextUtf8(bytes, at);
+        const std::int32_t character = chain.layers.empty() ? NextUtf8(bytes, at) : NextLossyUtf8(bytes, at);
         faults += character < 0;
         good += character >= 0x80;
         if (!collector.Add(character))
@@ -119,7 +120,7 @@ std::optional<std::vector<std::uint16_t>> BytesOf(const Node& node, Set readAs) 
 std::optional<Node> UndoLayer(const Node& node, Layer layer, const std::vector<std::uint16_t>& bytes) {
     Chain chain = node.chain;
     chain.layers.insert(chain.layers.begin(), layer);
-    const double prior = node.prior + layerBits;
+    const double prior = node.prior + (node.chain.layers.empty() ? layerBits : nextLayerBits);
     if (layer.writtenIn == Set::Utf8) {
         std::string text;
         text.reserve(node.order->symbols.size());

@@ -47,6 +47,10 @@ bool IsClosing(char16_t c) {
     return c == 0xBB || c == 0x201D || c == 0x2026;
 }
 
+bool IsDash(char16_t c) {
+    return c == 0x2014 || c == 0x2013;
+}
+
 /// What a character that is no letter of the language costs, in bits.
 double SignBits(char16_t c) {
     if (c == u' ')
@@ -59,7 +63,9 @@ double SignBits(char16_t c) {
         return 5.5;
     if (c < 0x80)
         return 6;
-    if (IsOpening(c) || IsClosing(c) || c == 0x2014 || c == 0x2013 || c == 0x2116 || c == 0xA0)
+    if (IsDash(c))
+        return c == 0x2014 ? 4 : 6;
+    if (IsOpening(c) || IsClosing(c) || c == 0x2116 || c == 0xA0)
         return 8;
     if (c < 0xA0)
         return 22;
@@ -118,11 +124,59 @@ double Model::RoughBits(std::span<const std::uint32_t> counts, std::span<const c
     return bits;
 }
 
+namespace {
+
+/// What kind of sign a character is, as far as that says what may stand beside it.
+enum class Sign : std::uint8_t { Other, Blank, Stop, Opening, Closing, Dash, HardBlank, Number };
+
+Sign SignOf(char16_t c) {
+    return c == u' ' || c == u'\n' || c == u'\r' || c == u'\t' ? Sign::Blank
+           : c == u'.' || c == u'!' || c == u'?'               ? Sign::Stop
+           : IsOpening(c)                                      ? Sign::Opening
+           : IsClosing(c)                                      ? Sign::Closing
+           : IsDash(c)                                         ? Sign::Dash
+           : c == 0xA0                                         ? Sign::HardBlank
+           : c == 0x2116                                       ? Sign::Number
+                                                               : Sign::Other;
+}
+
+/// What it costs that a letter stands directly behind a sign: one that closes, a dash or a number sign that
+/// should be apart from it.
+double LetterAfter(Sign sign) {
+    return sign == Sign::Closing ? 8 : sign == Sign::Dash ? 9 : sign == Sign::Number ? 6 : 0;
+}
+
+/// What it costs that a sign stands behind a letter or not, and behind another sign.
+double SignAfter(Sign sign, bool afterLetter, Sign before) {
+    if (before == Sign::Opening)
+        return 5;
+    if (sign == Sign::HardBlank)
+        return before == Sign::Blank || before == Sign::HardBlank ? 6 : 0;
+    if (before == Sign::HardBlank)
+        return sign == Sign::Blank ? 6 : 0;
+    return sign == Sign::Opening && afterLetter    ? 7
+           : sign == Sign::Closing && !afterLetter ? 7
+           : sign == Sign::Dash && afterLetter     ? 6
+                                                   : 0;
+}
+
+/// What the case of a letter costs: after [nothing, a small letter, one capital, capitals, capitals and a
+/// gap, one capital after those, the end of a sentence][small, capital].
+constexpr double caseBits[7][2] = {{0.25, 2.7}, {0.01, 11}, {0.4, 2.0}, {6, 0.02},
+                                   {3, 0.2},    {3, 0.1},   {2.7, 0.3}};
+
+int CaseAfterGap(int letterCase) {
+    return letterCase == 3 || letterCase == 5 ? 4 : 0;
+}
+
+} // namespace
+
 double Model::Bits(const Reading& reading) const {
     struct Symbol {
         std::uint8_t letter;
-        bool large, box, ascii, strange, opening, closing;
-        double sign;
+        bool large, box, ascii, strange;
+        Sign sign;
+        double bits;
     };
     std::array<Symbol, 256> table{};
     for (std::size_t i = 0; i < reading.alphabet.size(); ++i) {
@@ -133,41 +187,37 @@ double Model::Bits(const Reading& reading) const {
                     IsBox(c),
                     IsLatinLetter(c),
                     c >= 0x80 && c != 0xAB && c != 0xBB && c != 0x2026 && (c < 0x2018 || c > 0x201E) &&
-                        c != 0xA0 && c != lostMark,
-                    IsOpening(c),
-                    IsClosing(c),
+                        c != 0xA0 && c != lostMark && !IsDash(c),
+                    SignOf(c),
                     SignBits(c)};
     }
-    // What the case of a letter costs: after [nothing, a small letter, one capital, capitals, capitals and a
-    // gap, one capital after those][small, capital].
-    constexpr double caseBits[6][2] = {{0.25, 2.7}, {0.01, 9}, {0.4, 2.0}, {6, 0.02}, {3, 0.2}, {3, 0.1}};
     double bits = 0;
     std::size_t before = 0, last = 0;
     int letterCase = 0;
     int previous = -1;
-    bool afterAscii = false, afterStrange = false, opened = false;
+    Sign sign = Sign::Blank;
+    bool afterAscii = false, afterStrange = false, sentenceEnded = false;
     for (const std::uint8_t s : reading.symbols) {
         const Symbol& symbol = table[s];
         if (symbol.letter != 0) {
-            bits += Cost(before, last, symbol.letter) + caseBits[letterCase][symbol.large ? 1 : 0];
+            bits += Cost(before, last, symbol.letter) + LetterAfter(sign) +
+                    caseBits[sentenceEnded && letterCase == 0 && sign == Sign::Blank ? 6 : letterCase]
+                            [symbol.large ? 1 : 0];
             if (last == 0)
                 bits += 1 + (afterAscii ? 5 : 0) + (afterStrange ? 4 : 0);
             letterCase = !symbol.large ? 1 : letterCase == 0 ? 2 : letterCase == 4 ? 5 : 3;
-            opened = false;
             before = last;
             last = symbol.letter;
+            sign = Sign::Other;
+            sentenceEnded = false;
         } else {
             if (last != 0) {
                 bits += Cost(before, last, 0) + (symbol.ascii ? 5 : 0) + (symbol.strange ? 4 : 0);
-                letterCase = letterCase == 3 || letterCase == 5 ? 4 : 0;
+                letterCase = CaseAfterGap(letterCase);
             }
-            bits += symbol.box && s == previous ? 2 : symbol.sign;
-            // A mark that opens stands before a word, one that closes behind it.
-            if ((symbol.opening && last != 0) || (symbol.closing && last == 0))
-                bits += 7;
-            if (opened)
-                bits += 5;
-            opened = symbol.opening;
+            bits += (symbol.box && s == previous ? 2 : symbol.bits) + SignAfter(symbol.sign, last != 0, sign);
+            sign = symbol.sign;
+            sentenceEnded = sign == Sign::Stop || (sentenceEnded && sign == Sign::Blank);
             before = last = 0;
         }
         previous = s;
