@@ -124,8 +124,8 @@ TEST(Detector, IsUnsureBetweenReadingsOfOneKind) {
 
 TEST(Detector, LooksAtSignsAndSentences) {
     // Mac and 1251 differ in capitals and signs only.
-    for (const char* good : {"страницу\nС продолжением", "К ней будет присоединена",
-                             "Не знаю. Если спросят, скажу: да — и всё."}) {
+    for (const char* good :
+         {"Вот и страница, с чем?\nС продолжением", "Не знаю. Если спросят, скажу: да — и всё."}) {
         EXPECT_EQ(Detect(Iconv(good, "UTF-8", "CP1251")).candidates.at(0).preview, good);
         EXPECT_EQ(Detect(Iconv(good, "UTF-8", "MAC-CYRILLIC")).candidates.at(0).preview, good);
     }

@@ -139,9 +139,9 @@ std::string Sample(std::string_view bytes) {
     if (bytes.size() <= wholeBytes)
         return std::string(bytes);
     AddLines(sample, bytes, sampleBytes / 2);
-    AddLines(sample, bytes.substr(bytes.size() / 2), sampleBytes * 3 / 4);
-    AddLines(sample, bytes.substr(bytes.size() - std::min<std::size_t>(bytes.size() / 3, 20000)),
-             sampleBytes);
+    const std::size_t end = bytes.size() - std::min<std::size_t>(bytes.size() / 3, 20000);
+    AddLines(sample, bytes.substr(BlankBehind(bytes, bytes.size() / 2)), sampleBytes * 3 / 4);
+    AddLines(sample, bytes.substr(BlankBehind(bytes, end)), sampleBytes);
     return sample;
 }
 
@@ -176,10 +176,10 @@ Verdict Detect(std::string_view bytes, const DetectOptions& options) {
     // A rival with the same text does no harm: 866 and Mac agree on capitals, KOI8-R and -U on Russian.
     const auto rival = std::find_if(verdict.candidates.begin(), verdict.candidates.end(),
                                     [&](const Candidate& other) { return other.preview != best.preview; });
-    const double lead = rival == verdict.candidates.end() ? 100 : rival->bits - best.bits;
+    const double lead = rival == verdict.candidates.end() ? 1e9 : rival->bits - best.bits;
     const auto alone = std::find_if(verdict.candidates.begin(), verdict.candidates.end(),
                                     [](const Candidate& other) { return other.leaveAlone; });
-    const double overAlone = alone == verdict.candidates.end() ? 100 : alone->bits - best.bits;
+    const double overAlone = alone == verdict.candidates.end() ? 1e9 : alone->bits - best.bits;
     const bool isSure = lead >= sureLead && overAlone >= OverAloneFor(best.letters) && best.lost == 0;
     // Neither binary nor UTF-8 as it should be: something is wrong with it, whatever it is.
     const bool undecided = best.leaveAlone && best.chain.stored == Set::Utf8 && !IsUtf8(bytes);

@@ -77,7 +77,7 @@ double SignBits(char16_t c) {
     if (IsBox(c))
         return 14;
     if (c >= 0x400 && c < 0x530)
-        return 17;
+        return 19;
     return IsForeignLetter(c) ? 14 : 16;
 }
 
