@@ -3,7 +3,6 @@
 #include "document/frmFScreenB.h"
 
 #include <QFrame>
-#include <QHideEvent>
 #include <QScreen>
 
 namespace quillshift {
@@ -39,17 +38,14 @@ bool frmFScreen::eventFilter(QObject* watched, QEvent* event) {
     return Dialog::eventFilter(watched, event);
 }
 
-void frmFScreen::showEvent(QShowEvent* event) {
-    Dialog::showEvent(event);
-    bar_->show();
-}
-
-void frmFScreen::hideEvent(QHideEvent* event) {
-    Dialog::hideEvent(event);
-    if (event->spontaneous())
-        return;
-    bar_->StorePlace();
-    bar_->hide();
+// The small window comes after this one, which would come up over it otherwise.
+void frmFScreen::setVisible(bool visible) {
+    if (!visible && isVisible()) {
+        bar_->StorePlace();
+        bar_->hide();
+    }
+    Dialog::setVisible(visible);
+    bar_->setVisible(visible);
 }
 
 void frmFScreen::resizeEvent(QResizeEvent* event) {

@@ -18,13 +18,12 @@ public:
     frmFScreen(const DialogContext& context, FullScreen& mode);
     ~frmFScreen() override;
 
+    void setVisible(bool visible) override;
     void reject() override {} // Escape is no way out
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 protected:
-    void showEvent(QShowEvent* event) override;
-    void hideEvent(QHideEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
@@ -32,7 +31,7 @@ private:
     FullScreen& mode_;
     QFrame* shapeRichTextBox_;
     QtTextSurface* surface_; ///< `FSRTB`
-    frmFScreenB* bar_;
+    frmFScreenB* bar_ = nullptr;
 };
 
 } // namespace quillshift

@@ -23,6 +23,8 @@ frmSplash::frmSplash(const DialogContext& context)
     all->setContentsMargins(0, 0, 0, 0);
     all->addWidget(picture);
     all->setSizeConstraint(QLayout::SetFixedSize);
+    adjustSize();
+    move(screen()->availableGeometry().center() - rect().center()); // it has no frame to reckon with
 }
 
 void frmSplash::setVisible(bool visible) {

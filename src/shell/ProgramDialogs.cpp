@@ -206,13 +206,19 @@ void ProgramDialogs::HideAll() {
     }
 }
 
+// The keyboard is for the text. The toolkit reads the attribute for that only when it makes a window, and
+// keeps it in this property.
 void ProgramDialogs::BringBack() {
+    constexpr const char* kKeepsKeyboard = "_q_showWithoutActivating";
     for (const auto& [window, place] : std::exchange(hidden_, {})) {
         if (window == nullptr)
             continue;
         window->move(place);
+        window->windowHandle()->setProperty(kKeepsKeyboard, true);
         window->show();
+        window->windowHandle()->setProperty(kKeepsKeyboard, false);
     }
+    owner_.activateWindow();
 }
 
 // The dialog may be in the middle of an event of its own, so it goes when that is over.

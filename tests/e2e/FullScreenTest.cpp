@@ -28,10 +28,15 @@ protected:
 
 TEST_F(FullScreenMode, HasItsOwnEditingKeysAndOneRoadOutForAll) {
     editor.Set(Setting::SaveChange, u"0")
+        .Set(Setting::TopMost, u"1")
         .Set(Setting::FullScreenLeft, u"9000")
         .Set(Setting::FullScreenTop, u"4500");
     editor.Start();
     desktop.Type(u"abc");
+    desktop.Press("Ctrl+f"); // leaves the screen with the mode, and comes back without the keyboard
+    editor.SettleIn(u"Найти");
+    desktop.Activate(editor.Window());
+    editor.Settle();
     const std::function<void(XWindow text, XWindow bar)> roads[] = {
         [&](XWindow, XWindow bar) {
             const Rect button = desktop.Place(bar);

@@ -11,6 +11,10 @@ TEST_F(Lock, StandsAloneOnTheScreenAndGivesAllBack) {
     editor.Set(Setting::Password, u"tajna").Set(Setting::SaveChange, u"1").Set(Setting::MessageOnExit, u"1");
     editor.Start();
     desktop.Type(u"secret");
+    desktop.Press("Ctrl+f");
+    editor.SettleIn(u"Найти");
+    desktop.Activate(editor.Window());
+    editor.Settle();
     desktop.Press("Ctrl+a");
     editor.Settle();
     const XWindow main = editor.Window();
