@@ -78,7 +78,7 @@ TEST(Run, SaysWhatItCannotDo) {
                                                {"--list", "0"},
                                                {"--exclude", "1251,x"},
                                                {"/no/such/file"},
-                                               {"/"},
+                                               {"--undo", "/no/such"},
                                                {"--files-from", "/no/such"}}) {
         const Outcome outcome = RunOn("", arguments);
         EXPECT_EQ(outcome.status, 2) << arguments[0];

@@ -192,10 +192,14 @@ std::string DefaultSafetyFolder() {
 } // namespace
 
 FileContents PosixFiles::Read(std::u16string_view path) {
-    const FileFailure tooLarge{75, u"Файл слишком велик: больше 256 МБ"};
     std::string native;
     if (const auto failure = ToNative(path, native))
         return {{}, failure};
+    return ReadNative(native);
+}
+
+FileContents PosixFiles::ReadNative(const std::string& native) {
+    const FileFailure tooLarge{75, u"Файл слишком велик: больше 256 МБ"};
     // Asked before it is opened: opening a pipe would already disturb whoever writes to it.
     struct stat info {};
     if (stat(native.c_str(), &info) != 0) {
@@ -249,6 +253,11 @@ Written PosixFiles::Replace(std::u16string_view path, std::string_view bytes, co
     std::string native;
     if (auto failure = ToNative(path, native))
         return {failure};
+    return ReplaceNative(native, bytes, expected);
+}
+
+Written PosixFiles::ReplaceNative(const std::string& native, std::string_view bytes,
+                                  const Expected& expected) const {
     Target target;
     if (auto failure = FindTarget(native, target))
         return {failure};

@@ -19,10 +19,13 @@ public:
     explicit PosixFiles(std::string safetyFolder = {}) : safetyFolder_(std::move(safetyFolder)) {}
 
     FileContents Read(std::u16string_view path) override;
+    /// By the bytes of the name, which on this system need be no text.
+    static FileContents ReadNative(const std::string& native);
     std::optional<FileMark> MarkOf(std::u16string_view path) override;
     /// Devices and pipes are written straight; one that accepts nothing for a few seconds is a failure. If
     /// the old contents could neither be replaced nor put back, the description names their safety copy.
     Written Replace(std::u16string_view path, std::string_view bytes, const Expected& expected) override;
+    Written ReplaceNative(const std::string& native, std::string_view bytes, const Expected& expected) const;
     Preparation PrepareBackup(std::u16string_view path, std::string_view bytes,
                               std::u16string_view document) override;
     std::optional<FileFacts> Facts(std::u16string_view path) override;

@@ -29,7 +29,8 @@ bool SetTarget(Target& target, std::string_view text) {
 }
 
 bool TakesValue(std::string_view name) {
-    for (const std::string_view known : {"--to", "--list", "--from", "--depth", "--exclude", "--files-from"})
+    for (const std::string_view known :
+         {"--to", "--list", "--from", "--depth", "--exclude", "--files-from", "--report", "--undo"})
         if (name == known)
             return true;
     return false;
@@ -46,6 +47,11 @@ bool SetValue(Options& options, std::string_view name, const std::string& value)
         options.filesFrom = value;
         return !value.empty();
     }
+    if (name == "--report" || name == "--undo") {
+        options.task = name == "--undo" ? Task::Undo : options.task;
+        options.report = value;
+        return !value.empty();
+    }
     if (name == "--from") {
         options.from = ChainFrom(value);
         return options.from.has_value();
@@ -60,6 +66,8 @@ bool SetValue(Options& options, std::string_view name, const std::string& value)
 bool SetFlag(Options& options, std::string_view name) {
     if (name == "--detect")
         options.task = Task::Detect;
+    else if (name == "--write")
+        options.task = Task::Write;
     else if (name == "--json")
         options.json = true;
     else if (name == "-0")

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "wizard/detect/Detector.h"
+#include "wizard/files/Output.h"
 
 #include <optional>
 #include <string>
@@ -8,8 +9,7 @@
 
 namespace quillshift::wizard {
 
-enum class Task { Filter, Detect, List, Help, Version };
-enum class Target { Utf8, Windows1251, Keep };
+enum class Task { Filter, Detect, List, Write, Undo, Help, Version };
 
 struct Options {
     Task task = Task::Filter;
@@ -20,6 +20,7 @@ struct Options {
     std::string filesFrom; ///< a file of file names; "-" for standard input
     char separator = '\n'; ///< between the names
     bool json = false;
+    std::string report; ///< of repairs: where to write it, or what to undo; empty for a place of its own
     std::vector<std::string> files;
 };
 

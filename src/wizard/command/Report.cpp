@@ -69,6 +69,16 @@ std::string Line(std::string_view name, const Verdict& verdict, Language languag
     return line + '\n';
 }
 
+std::string Line(const Finding& finding, Language language) {
+    std::string line = Line(finding.path, finding.verdict, language);
+    if (finding.isBorrowed)
+        line = finding.path + ": " + std::string(Say(Word::Sure, language)) + ", " +
+               ToString(*finding.chain) + ", " + std::string(Say(Word::Borrowed, language)) + '\n';
+    if (finding.hasOtherNames && finding.chain)
+        line.insert(line.size() - 1, ", " + std::string(Say(Word::OtherNames, language)));
+    return line;
+}
+
 std::string Listing(std::string_view name, const Verdict& verdict, Language language) {
     std::string lines = Line(name, verdict, language);
     for (const Candidate& candidate : verdict.candidates)

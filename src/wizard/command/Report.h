@@ -1,11 +1,12 @@
 #pragma once
 
 #include "wizard/command/Words.h"
-#include "wizard/detect/Detector.h"
+#include "wizard/files/Findings.h"
 
 namespace quillshift::wizard {
 
-/// One line on an input: its name, how sure, chain.
+/// One line on an input: its name, how sure, chain, and what else is to be said of it.
+std::string Line(const Finding& finding, Language language);
 std::string Line(std::string_view name, const Verdict& verdict, Language language);
 /// A line for each of the likeliest readings: score in bits, chain, beginning.
 std::string Listing(std::string_view name, const Verdict& verdict, Language language);

@@ -1,11 +1,11 @@
 #include "wizard/command/Run.h"
 
+#include "wizard/command/Folders.h"
 #include "wizard/command/Options.h"
 #include "wizard/command/Report.h"
 #include "wizard/detect/Repair.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
@@ -14,108 +14,75 @@ namespace quillshift::wizard {
 
 namespace {
 
-constexpr int fine = 0, unsure = 1, trouble = 2;
-
 std::optional<std::string> ReadAll(std::istream& in) {
     std::string bytes(std::istreambuf_iterator<char>(in), {});
     return in.bad() ? std::nullopt : std::optional(std::move(bytes));
 }
 
-/// The charset that HTML or XML declares in its head becomes the one the text is written in.
-std::string Redeclare(std::string text, std::string_view set) {
-    constexpr std::size_t headBytes = 1024;
-    for (const std::string_view key : {"charset=", "encoding="}) {
-        const std::size_t at = text.substr(0, headBytes).find(key);
-        const std::size_t tag = at == text.npos ? at : text.rfind('<', at);
-        if (tag == text.npos || text.find('>', tag) < at)
-            continue;
-        std::size_t start = at + key.size();
-        start += start < text.size() && (text[start] == '"' || text[start] == '\'');
-        const std::size_t end = text.find_first_of("\"' />?;", start);
-        if (end != text.npos)
-            text.replace(start, end - start, set);
-    }
-    return text;
-}
-
 class Command {
 public:
-    Command(const Options& options, std::istream& in, std::ostream& out, std::ostream& err, Language language)
-        : options_(options), in_(in), out_(out), err_(err), language_(language) {}
+    Command(const Options& options, std::istream& in, const Talk& talk)
+        : options_(options), in_(in), talk_(talk) {}
 
     int Filter() {
         const auto bytes = ReadAll(in_);
         if (!bytes)
-            return Fail("-", Word::CannotRead);
+            return talk_.Fail("-", Word::CannotRead);
         const Repaired repaired = options_.from
                                       ? UndoGiven(*bytes)
                                       : Repair(*bytes, Detect(*bytes, options_.detect), options_.detect);
         if (!repaired.changed) {
-            out_ << *bytes;
+            talk_.out << *bytes;
         } else if (!Write(repaired.text, *bytes)) {
-            out_ << *bytes;
-            return Fail("-", Word::NotRepresentable);
+            talk_.out << *bytes;
+            return talk_.Fail("-", Word::NotRepresentable);
         }
         if (repaired.unsure == 0)
             return fine;
-        err_ << "quillshift-wizard: " << Say(Word::LeftUnsure, language_) << '\n';
+        talk_.err << "quillshift-wizard: " << Say(Word::LeftUnsure, talk_.language) << '\n';
         return unsure;
     }
 
-    int Tell(const std::string& name) {
-        if (name == "-")
-            return TellBytes(name, ReadAll(in_));
-        std::error_code error;
-        if (std::filesystem::is_directory(name, error))
-            return Fail(name, Word::Folder);
-        std::ifstream file(name, std::ios::binary);
-        return TellBytes(name, file ? ReadAll(file) : std::nullopt);
-    }
-
-    int TellAll() {
-        std::vector<std::string> files = options_.files;
-        if (!options_.filesFrom.empty() && !AddNames(files))
-            return Fail(options_.filesFrom, Word::CannotRead);
-        if (files.empty() && options_.filesFrom.empty())
-            files.emplace_back("-");
-        int status = fine;
-        for (const std::string& file : files)
-            status = std::max(status, Tell(file));
-        return status;
+    int Tell() {
+        std::vector<std::string> names = options_.files;
+        if (!options_.filesFrom.empty() && !AddNames(names))
+            return talk_.Fail(options_.filesFrom, Word::CannotRead);
+        if (options_.task == Task::Write)
+            return WriteFiles(names, options_, talk_);
+        const bool takesInput =
+            std::ranges::find(names, "-") != names.end() || (names.empty() && options_.filesFrom.empty());
+        std::erase(names, "-");
+        const int status = takesInput ? TellBytes("-", ReadAll(in_)) : fine;
+        return std::max(status, TellFiles(names, options_, talk_));
     }
 
 private:
-    int Fail(std::string_view name, Word word) {
-        err_ << "quillshift-wizard: " << name << ": " << Say(word, language_) << '\n';
-        return trouble;
-    }
-
     Repaired UndoGiven(std::string_view bytes) {
         Undone undone = Undo(*options_.from, bytes);
         if (undone.lost > 0)
-            err_ << "quillshift-wizard: " << undone.lost << ' ' << Say(Word::Lost, language_) << '\n';
+            talk_.err << "quillshift-wizard: " << undone.lost << ' ' << Say(Word::Lost, talk_.language)
+                      << '\n';
         return {std::move(undone.text), true, undone.lost > 0 ? 1U : 0U};
     }
 
     bool Write(const std::string& text, const std::string& bytes) {
-        Set set = options_.target == Target::Windows1251 ? Set::Windows1251 : Set::Utf8;
-        if (options_.target == Target::Keep)
-            set = options_.from ? options_.from->stored
-                                : Detect(bytes, options_.detect).candidates.front().chain.stored;
-        const std::string_view declared = set == Set::Windows1251 ? "windows-1251" : "utf-8";
-        const auto written = Encode(set, options_.target == Target::Keep ? text : Redeclare(text, declared));
+        const Set stored = options_.from ? options_.from->stored
+                           : options_.target == Target::Keep
+                               ? Detect(bytes, options_.detect).candidates.front().chain.stored
+                               : Set::Utf8;
+        const auto written = Output(text, options_.target, stored);
         if (written)
-            out_ << *written;
+            talk_.out << *written;
         return written.has_value();
     }
 
     int TellBytes(const std::string& name, const std::optional<std::string>& bytes) {
         if (!bytes)
-            return Fail(name, Word::CannotRead);
+            return talk_.Fail(name, Word::CannotRead);
         const Verdict verdict = Detect(*bytes, options_.detect);
-        out_ << (options_.json                 ? Json(name, verdict)
-                 : options_.task == Task::List ? Listing(name, verdict, language_)
-                                               : Line(name, verdict, language_));
+        talk_.out << (options_.json                 ? Json(name, verdict)
+                      : options_.task == Task::List ? Listing(name, verdict, talk_.language)
+                                                    : Line(name, verdict, talk_.language));
         return verdict.answer == Answer::Unsure ? unsure : fine;
     }
 
@@ -134,15 +101,13 @@ private:
 
     const Options& options_;
     std::istream& in_;
-    std::ostream& out_;
-    std::ostream& err_;
-    Language language_;
+    const Talk& talk_;
 };
 
 } // namespace
 
 int Run(const std::vector<std::string>& arguments, std::istream& in, std::ostream& out, std::ostream& err,
-        Language language) {
+        Language language, bool errIsTerminal) {
     const Parsed parsed = ParseOptions(arguments);
     if (!parsed.fault.empty()) {
         err << "quillshift-wizard: " << Say(Word::BadArgument, language) << ": " << parsed.fault << '\n';
@@ -153,12 +118,15 @@ int Run(const std::vector<std::string>& arguments, std::istream& in, std::ostrea
         out << Say(Word::Help, language);
     if (options.task == Task::Version)
         out << "quillshift-wizard " << QUILLSHIFT_VERSION << '\n';
+    const Talk talk{out, err, language, errIsTerminal};
     int status = fine;
-    if (options.task != Task::Help && options.task != Task::Version) {
-        Command command(options, in, out, err, language);
+    if (options.task == Task::Undo) {
+        status = UndoRepairs(options.report, talk);
+    } else if (options.task != Task::Help && options.task != Task::Version) {
+        Command command(options, in, talk);
         const bool filter = options.task == Task::Filter && !options.json && options.files.empty() &&
                             options.filesFrom.empty();
-        status = filter ? command.Filter() : command.TellAll();
+        status = filter ? command.Filter() : command.Tell();
     }
     out.flush();
     return out ? status : trouble;

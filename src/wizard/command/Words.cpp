@@ -11,10 +11,14 @@ constexpr std::string_view englishHelp =
 Finds out what happened to garbled Russian text, and repairs it.
 
 Without a FILE it is a filter: bytes in, repaired UTF-8 out. What is clean or unsure passes as it is.
-With files it only tells what each of them is.
+With files and folders it tells what each of them is; with --write it repairs those that are sure, each beside
+a backup (.bak) of its own. In folders it passes over links, hidden files and version control.
 
   --detect            tell what the input is, one line a file
   --list N            the N likeliest readings, with their scores in bits and the beginning of each
+  --write             repair the files in their places, and keep a report of it
+  --undo REPORT       bring back what was repaired by that report; what has changed since stays
+  --report FILE       where to keep the report
   --from CHAIN        undo this chain, such as koi8-r, utf-8>1251 or koi8-r>866,utf-8>1251
   --to utf-8|1251|keep  write so; keep: in the set the text was stored in
   --depth N           at most N wrong readings, 0 to 3
@@ -33,10 +37,14 @@ constexpr std::string_view russianHelp =
 Узнаёт, что случилось с испорченным русским текстом, и исправляет его.
 
 Без ФАЙЛА это фильтр: на входе байты, на выходе исправленный UTF-8. Чистое и сомнительное проходит как есть.
-Если файлы названы, программа только сообщает, что в каждом из них.
+Если названы файлы и папки, программа сообщает, что в каждом из них; с --write исправляет надёжные, оставляя рядом
+с каждым копию (.bak). В папках пропускаются ссылки, скрытые файлы и служебные папки систем управления версиями.
 
   --detect            сообщить, что на входе, по строке на файл
   --list N            N вероятнейших прочтений с оценкой в битах и началом каждого
+  --write             исправить файлы на месте и вести об этом отчёт
+  --undo ОТЧЁТ        вернуть исправленное по этому отчёту; изменённое с тех пор остаётся
+  --report ФАЙЛ       где вести отчёт
   --from ЦЕПЬ         отменить эту цепь: koi8-r, utf-8>1251 или koi8-r>866,utf-8>1251
   --to utf-8|1251|keep  как записать; keep: в наборе, в котором текст хранился
   --depth N           не больше N неверных прочтений, от 0 до 3
@@ -65,7 +73,21 @@ constexpr struct {
     {Word::Unsure, "unsure", "сомнительно"},
     {Word::Binary, "binary", "двоичный"},
     {Word::Lost, "characters lost", "знаков потеряно"},
-    {Word::Folder, "is a folder", "это папка"},
+    {Word::Borrowed, "as its neighbours", "как соседние файлы"},
+    {Word::OtherNames, "has other names, which change with it",
+     "есть и под другими именами, они изменятся вместе с ним"},
+    {Word::ReportIs, "to undo this:", "чтобы отменить:"},
+    {Word::NoReport, "is no report of repairs", "не отчёт об исправлениях"},
+    {Word::CannotWrite, "cannot be written", "не записывается"},
+    {Word::Repaired, "repaired", "исправлен"},
+    {Word::LeftAlone, "nothing to do", "исправлять нечего"},
+    {Word::DoesNotFit, "does not fit into the set; left as it is",
+     "не помещается в набор; оставлен как есть"},
+    {Word::ChangedMeanwhile, "has changed meanwhile; left as it is",
+     "изменился тем временем; оставлен как есть"},
+    {Word::Restored, "brought back", "возвращён"},
+    {Word::AsBefore, "is as it was", "и так прежний"},
+    {Word::NoBackup, "its backup has gone or changed", "его копии нет, или она изменилась"},
 };
 
 } // namespace

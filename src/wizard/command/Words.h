@@ -18,7 +18,18 @@ enum class Word {
     Unsure,
     Binary,
     Lost,
-    Folder
+    Borrowed,
+    OtherNames,
+    ReportIs,
+    NoReport,
+    CannotWrite,
+    Repaired,
+    LeftAlone,
+    DoesNotFit,
+    ChangedMeanwhile,
+    Restored,
+    AsBefore,
+    NoBackup
 };
 
 std::string_view Say(Word word, Language language);

@@ -1,0 +1,100 @@
+#include "wizard/files/Findings.h"
+
+#include "platform/posix/PosixFiles.h"
+
+#include <algorithm>
+#include <atomic>
+#include <filesystem>
+#include <map>
+#include <mutex>
+#include <thread>
+
+namespace quillshift::wizard {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t kShort = 40; ///< letters below which a file may borrow
+
+Finding Look(const std::string& path, const DetectOptions& options) {
+    Finding finding{.path = path, .verdict = {}};
+    const FileContents contents = PosixFiles::ReadNative(path);
+    finding.mark = contents.mark;
+    finding.isReadable = !contents.failure;
+    if (!finding.isReadable)
+        return finding;
+    std::error_code error;
+    finding.hasOtherNames = fs::hard_link_count(path, error) > 1 && !error;
+    finding.verdict = Detect(contents.bytes, options);
+    if (finding.verdict.candidates.empty())
+        return finding;
+    const Candidate& best = finding.verdict.candidates.front();
+    finding.isBinary = best.language == "binary";
+    if (finding.verdict.answer == Answer::Sure && !best.leaveAlone)
+        finding.chain = best.chain;
+    return finding;
+}
+
+/// The chain that all sure files of a folder went through; none where they differ or there is but one.
+std::optional<Chain> SharedChain(const std::vector<const Finding*>& sure) {
+    if (sure.size() < 2)
+        return std::nullopt;
+    const bool agree =
+        std::ranges::all_of(sure, [&](const Finding* one) { return one->chain == sure.front()->chain; });
+    return agree ? sure.front()->chain : std::nullopt;
+}
+
+void Borrow(Finding& finding, const Chain& chain) {
+    const auto found = std::ranges::find(finding.verdict.candidates, chain, &Candidate::chain);
+    if (finding.verdict.answer != Answer::Unsure || found == finding.verdict.candidates.end() ||
+        found->letters >= kShort || found->lost > 0 || found->leaveAlone)
+        return;
+    finding.chain = chain;
+    finding.isBorrowed = true;
+}
+
+void BorrowFromNeighbours(std::vector<Finding>& findings) {
+    std::map<std::string, std::vector<const Finding*>> sure;
+    for (const Finding& one : findings)
+        if (one.chain)
+            sure[fs::path(one.path).parent_path()].push_back(&one);
+    std::map<std::string, std::optional<Chain>> shared;
+    for (const auto& [folder, ones] : sure)
+        shared[folder] = SharedChain(ones);
+    for (Finding& one : findings)
+        if (const auto chain = shared.find(fs::path(one.path).parent_path());
+            chain != shared.end() && chain->second)
+            Borrow(one, *chain->second);
+}
+
+} // namespace
+
+void InTwoThreads(std::size_t count, const std::function<void(std::size_t)>& work, const OnDone& onDone) {
+    std::atomic<std::size_t> next = 0;
+    std::atomic<bool> goesOn = true;
+    std::size_t done = 0;
+    std::mutex telling;
+    const auto run = [&] {
+        for (std::size_t i = next++; i < count && goesOn; i = next++) {
+            work(i);
+            const std::lock_guard lock(telling);
+            if (!onDone(++done))
+                goesOn = false;
+        }
+    };
+    const std::jthread other(run);
+    run();
+}
+
+std::vector<Finding> LookAt(const std::vector<std::string>& files, const DetectOptions& options,
+                            const OnDone& onDone) {
+    std::vector<Finding> findings(files.size());
+    InTwoThreads(
+        files.size(), [&](std::size_t i) { findings[i] = Look(files[i], options); }, onDone);
+    std::erase_if(findings, [](const Finding& one) { return one.path.empty(); }); // stopped before them
+    BorrowFromNeighbours(findings);
+    return findings;
+}
+
+} // namespace quillshift::wizard

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/FileSystem.h"
+#include "wizard/detect/Detector.h"
+#include "wizard/files/Output.h"
+
+#include <functional>
+
+namespace quillshift::wizard {
+
+/// What was found out about a file.
+struct Finding {
+    std::string path;
+    Verdict verdict;
+    FileMark mark{}; ///< of the contents that were looked at
+    bool isReadable = true;
+    bool isBinary = false;
+    bool hasOtherNames = false;   ///< hard links: they change with it
+    bool isBorrowed = false;      ///< short and unsure by itself; the chain is its sure neighbours'
+    std::optional<Chain> chain{}; ///< what would be undone; none where the file is left as it is
+
+    Answer How() const { return isBorrowed ? Answer::Sure : verdict.answer; }
+};
+
+/// Told after each file, from any thread but one at a time: how many are done. False stops the work.
+using OnDone = std::function<bool(std::size_t done)>;
+
+/// Looks at the files, two at a time, and gives a finding for each of them, in their order. A short file that
+/// is unsure borrows the chain of the sure ones in its folder, where these agree and it could have gone the
+/// same way.
+std::vector<Finding> LookAt(const std::vector<std::string>& files, const DetectOptions& options,
+                            const OnDone& onDone);
+
+/// Does `work` for the numbers below `count`, in two threads; stops where it or `onDone` says so.
+void InTwoThreads(std::size_t count, const std::function<void(std::size_t)>& work, const OnDone& onDone);
+
+} // namespace quillshift::wizard
