@@ -148,6 +148,10 @@ TEST_F(Folders, WhatDoesNotFitOrIsUnsureStays) {
     fs::remove(folder_ / "koi.txt");
     EXPECT_EQ(Write(), 1);
     EXPECT_EQ(Contents(folder_ / "few.txt"), "\xF7\xCF\xD4 \xF7");
+    Make("clean.txt", text);
+    Call({"--write", "--from", "koi8-r", folder_});
+    EXPECT_EQ(Contents(folder_ / "few.txt"), "Вот В");
+    EXPECT_EQ(Contents(folder_ / "clean.txt"), text);
 }
 
 // The oracle of the hash is the system's own program.

@@ -23,9 +23,10 @@ std::vector<Finding> LookThrough(const std::vector<std::string>& names, const Op
         progress.Show(done);
         return true;
     });
-    if (options.from) // told from outside, and so nothing to find out
+    if (options.from) // decides where nothing else is sure: what is clean would be garbled by it
         for (Finding& one : findings)
-            one.chain = one.isBinary ? std::nullopt : options.from;
+            if (one.verdict.answer == Answer::Unsure)
+                one.chain = options.from;
     return findings;
 }
 

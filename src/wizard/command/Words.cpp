@@ -19,7 +19,7 @@ a backup (.bak) of its own. In folders it passes over links, hidden files and ve
   --write             repair the files in their places, and keep a report of it
   --undo REPORT       bring back what was repaired by that report; what has changed since stays
   --report FILE       where to keep the report
-  --from CHAIN        undo this chain, such as koi8-r, utf-8>1251 or koi8-r>866,utf-8>1251
+  --from CHAIN        undo this chain (of files: of the unsure ones), such as koi8-r, utf-8>1251 or koi8-r>866,utf-8>1251
   --to utf-8|1251|keep  write so; keep: in the set the text was stored in
   --depth N           at most N wrong readings, 0 to 3
   --exclude SET,...   sets that have no part in it
@@ -45,7 +45,7 @@ constexpr std::string_view russianHelp =
   --write             исправить файлы на месте и вести об этом отчёт
   --undo ОТЧЁТ        вернуть исправленное по этому отчёту; изменённое с тех пор остаётся
   --report ФАЙЛ       где вести отчёт
-  --from ЦЕПЬ         отменить эту цепь: koi8-r, utf-8>1251 или koi8-r>866,utf-8>1251
+  --from ЦЕПЬ         отменить эту цепь (у файлов: у сомнительных): koi8-r, utf-8>1251 или koi8-r>866,utf-8>1251
   --to utf-8|1251|keep  как записать; keep: в наборе, в котором текст хранился
   --depth N           не больше N неверных прочтений, от 0 до 3
   --exclude НАБОР,... эти наборы ни при чём
