@@ -2,7 +2,7 @@
 #include "harness/Iconv.h"
 #include "harness/TemporaryFolder.h"
 #include "wizard/command/Run.h"
-#include "wizard/files/RepairReport.h"
+#include "wizard/files/Repairs.h"
 #include "wizard/files/Walk.h"
 
 #include <gmock/gmock.h>
@@ -132,6 +132,16 @@ TEST_F(Folders, WhatHasChangedSinceStays) {
     EXPECT_EQ(Call({"--undo", root_ / "none"}), 2);
     EXPECT_EQ(Call({"--write", "--report", report_, folder_}), 2) << "the report is there already";
     EXPECT_EQ(Contents(fine), koi);
+}
+
+TEST_F(Folders, WhatChangesBetweenTheLookAndTheRepairStays) {
+    const std::string letter = Make("letter.txt", koi);
+    const auto findings = LookAt({letter}, {}, [](std::size_t /*done*/) { return true; });
+    Put(letter, koi + koi);
+    RepairReport report(report_);
+    EXPECT_EQ(Repairs(report, Target::Utf8, {}).Repair(findings.front()), Outcome::ChangedMeanwhile);
+    EXPECT_EQ(Contents(letter), koi + koi);
+    EXPECT_EQ(Everything().size(), 1U);
 }
 
 TEST_F(Folders, WhatDoesNotFitOrIsUnsureStays) {
