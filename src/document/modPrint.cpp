@@ -61,34 +61,24 @@ int CopiesIn(std::u16string_view text) {
 
 } // namespace
 
-std::size_t MakeStoredPrinterCurrent(Settings& settings, Printers& printers) {
-    const auto names = printers.Names();
-    auto found = std::find(names.begin(), names.end(), settings.Text(Setting::PrinterName));
-    if (found == names.end()) {
-        const float place = settings.Number(Setting::Printers);
-        const bool isThere = place >= 0 && place < static_cast<float>(names.size());
-        found = isThere ? names.begin() + static_cast<std::ptrdiff_t>(place) : names.end() - 1;
-    }
-    printers.MakeCurrent(*found);
-    return static_cast<std::size_t>(found - names.begin());
-}
-
-PrintBoxTexts StoredPrintBoxes(Settings& settings, Printers& printers) {
-    MakeStoredPrinterCurrent(settings, printers);
-    return {.left = settings.Text(Setting::PositionLeft),
-            .top = settings.Text(Setting::PositionTop),
-            .right = settings.Text(Setting::PositionWidth),
-            .bottom = settings.Text(Setting::PositionHeight),
-            .copies = settings.Text(Setting::Copies)};
+int StoredPrinter(Settings& settings, const std::vector<std::u16string>& names) {
+    const auto count = static_cast<int>(names.size());
+    const auto found = std::find(names.begin(), names.end(), settings.Text(Setting::PrinterName));
+    if (found != names.end())
+        return static_cast<int>(found - names.begin());
+    const float place = settings.Number(Setting::Printers);
+    return place >= 0 && place < static_cast<float>(count) ? static_cast<int>(place) : count - 1;
 }
 
 // --- The command
 
-// The boxes come first: reading them may make another printer current.
+// The boxes come first: loading them makes a printer current.
 void modPrint::Print() {
     if (services_.isPrinting)
         return;
-    const PrintBoxTexts boxes = services_.boxes();
+    if (boxes_ == nullptr)
+        services_.loadBoxes();
+    const PrintBoxTexts boxes = boxes_->Boxes();
     if (!SetUp(services_.platform.printers.Current(), CopiesIn(boxes.copies)))
         return;
     confirmed_ = services_.settings.Whole(Setting::Printing) == 0;

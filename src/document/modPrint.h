@@ -8,6 +8,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quillshift {
 
@@ -25,12 +26,17 @@ struct PrintMargins {
     Twips left, top, right, bottom;
 };
 
-/// The boxes as the store has them, and the stored printer made current.
-PrintBoxTexts StoredPrintBoxes(Settings& settings, Printers& printers);
+/// Where a person fills in margins and copies.
+class PrintBoxes {
+public:
+    virtual ~PrintBoxes() = default;
+    /// As they are now, applied or not. The printer chosen beside them is current then.
+    virtual PrintBoxTexts Boxes() const = 0;
+};
 
-/// Makes the printer current that the store names; where the list has none of that name, the one at the
-/// stored position, and else the last. Answers its place in the list.
-std::size_t MakeStoredPrinterCurrent(Settings& settings, Printers& printers);
+/// The place of the stored printer among these: by its name, else by its stored position, and else the last;
+/// -1 where there is none.
+int StoredPrinter(Settings& settings, const std::vector<std::u16string>& names);
 
 /// The way of the document to a printer.
 class modPrint {
@@ -39,14 +45,22 @@ public:
         Settings& settings;
         Platform& platform;
         TextSurface& document;
-        /// The boxes as they are filled in. Asking makes the stored printer current.
-        std::function<PrintBoxTexts()> boxes;
+        /// Loads what attaches its boxes, and makes the stored printer current.
+        std::function<void()> loadBoxes;
         std::function<void()> showPrinting;           ///< the dialog `Printing`, modal
         std::function<std::u16string()> documentName; ///< without its folder; empty for one that has no file
         bool& isPrinting;                             ///< the text must stay as it is
     };
 
     explicit modPrint(Services services) : services_(std::move(services)) {}
+
+    /// The boxes that count from now on.
+    void Attach(const PrintBoxes& boxes) { boxes_ = &boxes; }
+    /// Must be called before the boxes go.
+    void Detach(const PrintBoxes& boxes) {
+        if (boxes_ == &boxes)
+            boxes_ = nullptr;
+    }
 
     /// The command: sets the printer up, and prints or asks first, as `Printing` says.
     void Print();
@@ -65,6 +79,7 @@ private:
     bool DrawPages(TextSurface& surface, const PrintMargins& margins, Printer& printer);
 
     Services services_;
+    const PrintBoxes* boxes_ = nullptr;
     bool confirmed_ = false;
 };
 

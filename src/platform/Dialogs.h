@@ -29,6 +29,8 @@ class Dialogs {
 public:
     virtual ~Dialogs() = default;
 
+    /// Makes the dialog if it is not loaded, and leaves it hidden. For one that stays loaded.
+    virtual void Load(DialogKind kind) = 0;
     /// Makes the dialog if it is not loaded, and shows it. A modal one is gone again when this returns.
     virtual void Show(DialogKind kind, int argument = 0) = 0;
     /// Closes and unloads it; nothing happens to one that is not loaded.

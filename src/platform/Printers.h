@@ -78,7 +78,7 @@ public:
     virtual bool MakeCurrent(std::u16string_view name) = 0;
     virtual Printer& Current() = 0;
 
-    std::function<void()> OnNames;
+    std::function<void(const std::vector<std::u16string>& names)> OnNames;
 };
 
 } // namespace quillshift

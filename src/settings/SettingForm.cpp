@@ -11,6 +11,7 @@
 #include <QGroupBox>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPointer>
 #include <QRadioButton>
 #include <QStyle>
 #include <QToolButton>
@@ -152,7 +153,7 @@ QWidget* SettingForm::MakeWithButtons(const SettingField& field, QLineEdit* line
     parts->addWidget(browse);
     connect(browse, &QPushButton::clicked, this, [this, &field] { emit Browse(field); });
     const bool folder = field.Has(setting_flag::kFolder);
-    connect(line, &QLineEdit::textChanged, this, [this, line, folder] { MarkMissing(*line, folder); });
+    connect(line, &QLineEdit::textChanged, this, [this, line, folder] { CheckPath(*line, folder); });
     if (folder)
         return row;
     auto* play = new QToolButton;
@@ -167,10 +168,27 @@ QWidget* SettingForm::MakeWithButtons(const SettingField& field, QLineEdit* line
     return row;
 }
 
+// Elsewhere: a path may lead to a machine that doesn't answer. One look at a time for each field.
+void SettingForm::CheckPath(QLineEdit& line, bool folder) {
+    if (!checked_.insert(&line).second)
+        return;
+    context_.platform.background.Run([form = QPointer(this), &line, folder, path = line.text()] {
+        const QFileInfo file(path);
+        const bool missing = !path.isEmpty() && !(folder ? file.isDir() : file.isFile());
+        return [form, &line, folder, path, missing] {
+            if (form == nullptr)
+                return;
+            form->checked_.erase(&line);
+            if (line.text() == path)
+                Mark(line, folder, missing);
+            else
+                form->CheckPath(line, folder);
+        };
+    });
+}
+
 // The mark says so and refuses nothing: the folder may be on a disk that comes later.
-void SettingForm::MarkMissing(QLineEdit& line, bool folder) {
-    const QFileInfo file(line.text());
-    const bool missing = !line.text().isEmpty() && !(folder ? file.isDir() : file.isFile());
+void SettingForm::Mark(QLineEdit& line, bool folder, bool missing) {
     auto* mark = line.findChild<QAction*>(QStringLiteral("missing"));
     if (mark == nullptr) {
         mark = line.addAction(line.style()->standardIcon(QStyle::SP_MessageBoxWarning),

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -52,11 +53,13 @@ private:
     void Remember(const char* name, QWidget* control);
     void Connect(const SettingField& field, QWidget* control);
     void Show(const SettingField& field, const std::optional<std::u16string>& stored);
-    void MarkMissing(QLineEdit& line, bool folder);
+    void CheckPath(QLineEdit& line, bool folder);
+    static void Mark(QLineEdit& line, bool folder, bool missing);
 
     const DialogContext& context_;
     std::span<const SettingField> fields_;
     std::map<std::string_view, QWidget*> controls_;
+    std::set<const QLineEdit*> checked_; ///< whose paths are being looked for
 };
 
 } // namespace quillshift

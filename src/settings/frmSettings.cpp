@@ -1,44 +1,32 @@
 #include "settings/frmSettings.h"
 
 #include "base/Texts.h"
-#include "platform/qt/QtTabStrip.h"
 #include "platform/qt/QtText.h"
 #include "recoding/modDecode.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QFontDatabase>
 #include <QGridLayout>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QRadioButton>
 #include <QSignalBlocker>
-#include <QStackedWidget>
 
-#include <algorithm>
 #include <array>
 
 namespace quillshift {
 namespace {
 
-struct PageRow {
-    std::u16string_view caption;
-    std::u16string_view key;
-    int data;
-    const char* panel;
-};
-constexpr std::array kPages{PageRow{u"Общие", u"GENERAL", 1000, "picGeneral"},
-                            PageRow{u"Перекодирование", u"DECODE", 2000, "picDecode"},
-                            PageRow{u"Вид", u"VIEW", 3000, "picView"},
-                            PageRow{u"Сохранение", u"SAVING", 4000, "picSave"},
-                            PageRow{u"Шрифт", u"FONT", 5000, "picFont"},
-                            PageRow{u"Печать", u"PRINT", 6000, "picPrint"},
-                            PageRow{u"Блокировка", u"LOCKED", 7000, "picLocked"},
-                            PageRow{u"Звуки", u"SOUNDS", 8000, "picSounds"}};
+constexpr std::array kPages{DialogPage{u"Общие", u"GENERAL", 1000, "picGeneral"},
+                            DialogPage{u"Перекодирование", u"DECODE", 2000, "picDecode"},
+                            DialogPage{u"Вид", u"VIEW", 3000, "picView"},
+                            DialogPage{u"Сохранение", u"SAVING", 4000, "picSave"},
+                            DialogPage{u"Шрифт", u"FONT", 5000, "picFont"},
+                            DialogPage{u"Печать", u"PRINT", 6000, "picPrint"},
+                            DialogPage{u"Блокировка", u"LOCKED", 7000, "picLocked"},
+                            DialogPage{u"Звуки", u"SOUNDS", 8000, "picSounds"}};
 
 constexpr std::array kPapers{u"A3 297 x 420 мм", u"A4 210 x 297 мм", u"A5 148 x 210 мм", u"B4 250 x 354 мм",
                              u"B5 182 x 257 мм"};
-constexpr std::array kFontSizes{8, 10, 12, 14, 16, 18, 20, 22, 24, 26, 28, 36};
 
 /// The controls of a sound: its box, its path and the button behind that.
 struct SoundRow {
@@ -55,9 +43,6 @@ constexpr std::array kSoundRows{
 static_assert(kSoundRows.size() == kSoundEvents.size());
 
 constexpr unsigned kFoldersWithFiles = 1 | FolderDialog::kListFiles;
-constexpr std::chrono::milliseconds kFontsAfter(10);
-constexpr int kSampleHeight = 60;
-constexpr int kPrinterListHeight = 84;
 
 QLabel* Note(const QString& text) {
     auto* note = new QLabel(text);
@@ -75,103 +60,51 @@ void SwitchOff(QAbstractButton& button) {
 
 } // namespace
 
-frmSettings::frmSettings(const DialogContext& context, TextSurface& document, Printers& printers,
+frmSettings::frmSettings(const DialogContext& context, TextSurface& document, modPrint& print,
                          std::unique_ptr<FolderDialog> folders)
-    : Dialog(context, QStringLiteral("Параметры программы")),
-      form_(Context(), SettingFields()),
+    : PagedDialog(context, QStringLiteral("Параметры программы"), "tabSettings", kPages),
       document_(document),
-      printers_(printers),
+      print_(print),
       folders_(std::move(folders)),
-      strip_(Add<QtTabStrip>("tabSettings")),
-      tabSettings_(*strip_),
-      pages_(new QStackedWidget),
-      cmdApply(AddButton("cmdApply", QStringLiteral("Применить"))),
+      form_(Context(), SettingFields()),
+      printers_(Context(), form_, Context().platform.printers),
+      fonts_(Context(), form_, *this),
       timerClipboard_(Dependency(&frmSettings::FollowClipboard)),
       timerBackup_(Dependency(&frmSettings::FollowBackup)),
       timerSounds_(Dependency(&frmSettings::FollowSounds)),
-      timerLocked_(Dependency(&frmSettings::FollowPassword)),
-      timerFonts_(Context().platform.timers.Make([this] { FillFonts(); })) {
+      timerLocked_(Dependency(&frmSettings::FollowPassword)) {
     StayAtEscape();
-    AddPages(*pages_);
-    auto* inside = new QVBoxLayout(strip_);
-    inside->setContentsMargins(0, 0, 0, 0);
-    inside->addWidget(pages_);
-    auto* cmdReset = AddButton("cmdReset", QStringLiteral("Сбросить все"));
-    auto* cmdOK = AddButton("cmdOK", QStringLiteral("OK"));
+    for (std::size_t page = 0; page < kPages.size(); ++page)
+        AddPage(form_.MakePage(static_cast<SettingPage>(page),
+                               [this](auto frame, QGridLayout& rows) { AddToFrame(frame, rows); }));
     auto* cmdCancel = AddButton("cmdCancel", QStringLiteral("Отмена"));
-    cmdOK->setDefault(true);
-    auto* buttons = new QHBoxLayout;
-    buttons->addWidget(cmdReset);
-    buttons->addStretch();
-    for (auto* button : {cmdOK, cmdCancel, cmdApply})
-        buttons->addWidget(button);
-    auto* all = new QVBoxLayout(this);
-    all->addWidget(strip_);
-    all->addLayout(buttons);
-    all->setSizeConstraint(QLayout::SetFixedSize);
-
-    tabSettings_.SelectTab(1);
-    ShowTab(1);
-    FillLists();
-    FillPrinters();
-    form_.Load();
-    FollowPassword();
-    ChoosePrinter();
-    ConnectFields();
-    connect(cmdOK, &QPushButton::clicked, this, [this] {
-        if (cmdApply->isEnabled())
-            Apply();
-        accept();
-    });
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-    connect(cmdApply, &QPushButton::clicked, this, &frmSettings::Apply);
-    connect(cmdReset, &QPushButton::clicked, this, &frmSettings::Reset);
+    AddButtons(QStringLiteral("Сбросить все"), cmdCancel);
+    FillLists();
+    form_.Load();
+    printers_.Load();
+    fonts_.Load();
+    FollowPassword();
+    ConnectFields();
     StartDependencies();
-    timerFonts_->StartOnce(kFontsAfter);
-    cmdApply->setEnabled(false);
+    print_.Attach(*this);
 }
 
 frmSettings::~frmSettings() {
-    printers_.OnNames = nullptr;
+    print_.Detach(*this);
 }
 
 // --- What it shows
-
-void frmSettings::AddPages(QStackedWidget& pages) {
-    for (std::size_t i = 0; i < kPages.size(); ++i) {
-        const PageRow& row = kPages[i];
-        QWidget* page = form_.MakePage(static_cast<SettingPage>(i),
-                                       [this](auto frame, QGridLayout& rows) { AddToFrame(frame, rows); });
-        page->setObjectName(QLatin1String(row.panel));
-        pages.addWidget(page);
-        tabSettings_.AddTab(row.caption, -1, -1, row.key, row.data);
-    }
-    tabSettings_.TabClick = [this](int tab) { ShowTab(tab); };
-}
 
 // What stands on the pages besides fields.
 void frmSettings::AddToFrame(std::u16string_view frame, QGridLayout& rows) {
     const int row = rows.rowCount();
     if (frame == u"Установленные принтеры:") {
-        form_.At("lstPrinters").setFixedHeight(kPrinterListHeight);
-        lblDefaultPrinter = Add<QLabel>("lblDefaultPrinter");
-        auto* folder = AddButton("cmdPrintersAndFaxs", QStringLiteral("Принтеры и факсы"));
-        auto* setup = AddButton("cmdPrinterSetup", QStringLiteral("Установка принтера"));
-        auto* buttons = new QHBoxLayout;
-        buttons->addWidget(folder);
-        buttons->addWidget(setup);
-        buttons->addStretch();
-        rows.addWidget(lblDefaultPrinter, row, 0, 1, 3);
-        rows.addLayout(buttons, row + 1, 0, 1, 3);
-        connect(folder, &QPushButton::clicked, this, [this] { OpenPrinterTool(u"printers"); });
-        connect(setup, &QPushButton::clicked, this, [this] { OpenPrinterTool(u"admin"); });
+        printers_.AddTo(rows, Add<QLabel>("lblDefaultPrinter"),
+                        AddButton("cmdPrintersAndFaxs", QStringLiteral("Принтеры и факсы")),
+                        AddButton("cmdPrinterSetup", QStringLiteral("Установка принтера")));
     } else if (frame == u"Образец:") {
-        lblExample = Add<QLabel>("lblExample", QStringLiteral("Образец текста"));
-        lblExample->setTextFormat(Qt::PlainText);
-        lblExample->setAlignment(Qt::AlignCenter);
-        lblExample->setFixedHeight(kSampleHeight);
-        lblExample->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-        rows.addWidget(lblExample, row, 0, 1, 3);
+        fonts_.AddTo(rows, Add<QLabel>("lblExample", QStringLiteral("Образец текста")));
     } else if (frame == u"Блокировка:") {
         rows.addWidget(
             Note(QStringLiteral(
@@ -196,26 +129,10 @@ void frmSettings::FillLists() {
         form_.At<QComboBox>("cmbCode").addItem(ToQString(DirectionName(DirectionOf(number))));
     for (const auto* paper : kPapers)
         form_.At<QComboBox>("cmbPaperSize").addItem(ToQString(paper));
-    for (const int size : kFontSizes)
-        form_.At<QComboBox>("cboFontSize").addItem(QString::number(size));
-}
-
-// The tab is told by its caption, as a person reads it.
-void frmSettings::ShowTab(int tab) {
-    const auto page = std::ranges::find(kPages, tabSettings_.TabText(tab), &PageRow::caption);
-    if (page != kPages.end())
-        pages_->setCurrentIndex(static_cast<int>(page - kPages.begin()));
-}
-
-void frmSettings::TurnTo(int tab) {
-    if (tab == 0)
-        return;
-    tabSettings_.SelectTab(tab);
-    ShowTab(tab);
 }
 
 void frmSettings::ConnectFields() {
-    connect(&form_, &SettingForm::Edited, this, [this] { cmdApply->setEnabled(true); });
+    connect(&form_, &SettingForm::Edited, this, [this] { NoteEdit(); });
     connect(&form_, &SettingForm::Browse, this, [this](const SettingField& field) {
         if (field.Has(setting_flag::kFolder))
             BrowseFolder(field);
@@ -237,87 +154,6 @@ void frmSettings::ConnectFields() {
     auto& inFolder = form_.At<QRadioButton>("optCreateBackupInCustomFolder");
     connect(&inFolder, &QRadioButton::toggled, this, allowFolder);
     allowFolder(inFolder.isChecked());
-    connect(&form_.At<QListWidget>("lstPrinters"), &QListWidget::currentRowChanged, this,
-            &frmSettings::ChoosePrinter);
-    connect(&form_.At<QComboBox>("cboFontName"), &QComboBox::textActivated, this,
-            [this](const QString& name) {
-                QFont font = lblExample->font();
-                font.setFamily(name);
-                lblExample->setFont(font);
-            });
-    connect(&form_.At<QComboBox>("cboFontSize"), &QComboBox::textActivated, this,
-            [this](const QString& size) {
-                QFont font = lblExample->font();
-                font.setPointSizeF(size.toDouble());
-                lblExample->setFont(font);
-            });
-    auto& txtExample = form_.At<QLineEdit>("txtExample");
-    connect(&txtExample, &QLineEdit::textChanged, this, [this, &txtExample](const QString& text) {
-        lblExample->setText(text);
-        lblExample->setFont(txtExample.font());
-    });
-    lblExample->setText(txtExample.text());
-    QFont font(form_.At<QComboBox>("cboFontName").currentText());
-    if (const float size = Context().settings.Number(Setting::FontSize); size > 0)
-        font.setPointSizeF(static_cast<double>(size));
-    lblExample->setFont(font);
-}
-
-// --- Printers
-
-// The stored name finds its printer also where the list has grown; then the stored position counts.
-void frmSettings::FillPrinters() {
-    const auto fill = [this] {
-        auto& list = form_.At<QListWidget>("lstPrinters");
-        const QSignalBlocker quiet(list);
-        list.clear();
-        for (const std::u16string& name : printers_.Names())
-            list.addItem(ToQString(name));
-        for (const SettingField& field : SettingFields())
-            if (field.Has(setting_flag::kNeedsPrinter))
-                form_.At(field.name).setEnabled(list.count() > 0);
-    };
-    fill();
-    printers_.OnNames = [this, fill] {
-        fill();
-        ChoosePrinter();
-    };
-}
-
-void frmSettings::ChoosePrinter() {
-    auto& list = form_.At<QListWidget>("lstPrinters");
-    const QSignalBlocker quiet(list);
-    if (sender() != &list) {
-        const auto named =
-            list.findItems(ToQString(Context().settings.Text(Setting::PrinterName)), Qt::MatchExactly);
-        const int stored = static_cast<int>(Context().settings.Number(Setting::Printers));
-        if (!named.isEmpty())
-            list.setCurrentItem(named.front());
-        else
-            list.setCurrentRow(stored >= 0 && stored < list.count() ? stored : std::min(0, list.count() - 1));
-    }
-    const QString name = list.currentItem() == nullptr ? QString() : list.currentItem()->text();
-    if (!name.isEmpty())
-        printers_.MakeCurrent(ViewOf(name));
-    lblDefaultPrinter->setText(QStringLiteral("Принтер по умолчанию: ") + name);
-}
-
-void frmSettings::ApplyPrinter() {
-    if (!printers_.AreKnown())
-        return;
-    const auto& list = form_.At<QListWidget>("lstPrinters");
-    const QString name = list.currentItem() == nullptr ? QString() : list.currentItem()->text();
-    Context().settings.Set(Setting::Printers, WholeNumberText(list.currentRow()));
-    Context().settings.Set(Setting::PrinterName, ViewOf(name));
-    lblDefaultPrinter->setText(QStringLiteral("Принтер по умолчанию: ") + name);
-}
-
-void frmSettings::OpenPrinterTool(std::u16string_view page) {
-    Shell& shell = Context().platform.shell;
-    if (shell.StartProcess(u"system-config-printer") ||
-        shell.OpenWithDefault(u"http://localhost:631/" + std::u16string(page)))
-        return;
-    Context().platform.messageBox.Inform(u"Не найдена программа для управления принтерами.");
 }
 
 // --- What follows from other fields
@@ -332,15 +168,6 @@ std::unique_ptr<Timer> frmSettings::Dependency(void (frmSettings::*follow)()) {
 void frmSettings::StartDependencies() {
     for (Timer* timer : {timerSounds_.get(), timerBackup_.get(), timerClipboard_.get()})
         timer->StartOnce();
-}
-
-void frmSettings::FillFonts() {
-    setCursor(Qt::WaitCursor);
-    auto& cboFontName = form_.At<QComboBox>("cboFontName");
-    cboFontName.clear();
-    cboFontName.addItems(QFontDatabase::families());
-    unsetCursor();
-    cboFontName.setEditText(ToQString(Context().settings.Text(Setting::FontName)));
 }
 
 void frmSettings::FollowClipboard() {
@@ -386,9 +213,19 @@ void frmSettings::FollowPassword() {
 
 // --- What it writes and asks for
 
-void frmSettings::Apply() {
+PrintBoxTexts frmSettings::Boxes() const {
+    printers_.MakeCurrent();
+    const auto text = [this](const char* name) { return FromQString(form_.At<QLineEdit>(name).text()); };
+    return {.left = text("txtLeft"),
+            .top = text("txtTop"),
+            .right = text("txtWidth"),
+            .bottom = text("txtHeight"),
+            .copies = text("txtCopies")};
+}
+
+void frmSettings::WriteFields() {
     form_.ApplyChoices();
-    ApplyPrinter();
+    printers_.Apply();
     form_.ApplyTexts();
     SurfaceFont font = document_.Font();
     if (const QString name = form_.At<QComboBox>("cboFontName").currentText(); !name.isEmpty())
@@ -398,15 +235,10 @@ void frmSettings::Apply() {
     document_.SetFont(font);
     timerLocked_->StartOnce();
     timerSounds_->StartOnce();
-    cmdApply->setEnabled(false);
 }
 
 // The questions run events, but what depends on the fields follows when all is applied.
-void frmSettings::Reset() {
-    MessageBox& box = Context().platform.messageBox;
-    if (box.Ask(u"Вы действительно хотите сбросить текущие параметры и установить параметры по умолчанию?") !=
-        BoxAnswer::Yes)
-        return;
+void frmSettings::ApplyDefaults() {
     isResetting_ = true;
     form_.Reset();
     ResetSounds();
@@ -414,7 +246,6 @@ void frmSettings::Reset() {
     isResetting_ = false;
     StartDependencies();
     timerLocked_->StartOnce();
-    box.Inform(u"Установлены параметры по умолчанию.");
 }
 
 void frmSettings::ResetSounds() {

@@ -1,47 +1,31 @@
 #pragma once
 
-#include "controls/Dialog.h"
-#include "controls/TabControl.h"
+#include "controls/PagedDialog.h"
+#include "document/modPrint.h"
 #include "platform/FileDialog.h"
-#include "platform/Printers.h"
-#include "platform/TextSurface.h"
-#include "settings/SettingForm.h"
-
-class QGridLayout;
-class QStackedWidget;
+#include "settings/FontPage.h"
+#include "settings/PrinterPage.h"
 
 namespace quillshift {
 
-class QtTabStrip;
-
-/// Edits what the program keeps, on eight pages. Nothing is written before it is applied.
-class frmSettings final : public Dialog {
+/// Edits what the program keeps, on eight pages. What stands in its boxes for margins and copies, applied or
+/// not, is what a document is printed with.
+class frmSettings final : public PagedDialog, public PrintBoxes {
     Q_OBJECT
 
 public:
     /// `document` gets a new font at once.
-    frmSettings(const DialogContext& context, TextSurface& document, Printers& printers,
+    frmSettings(const DialogContext& context, TextSurface& document, modPrint& print,
                 std::unique_ptr<FolderDialog> folders);
     ~frmSettings() override;
 
-    /// Shows one page, from 1; 0: the one that was shown last.
-    void TurnTo(int tab) override;
-    /// Writes what the fields hold.
-    void Apply();
+    PrintBoxTexts Boxes() const override;
 
 private:
-    void AddPages(QStackedWidget& pages);
     void AddToFrame(std::u16string_view frame, QGridLayout& rows);
     void FillLists();
     void ConnectFields();
-    void ShowTab(int tab);
 
-    void FillPrinters();
-    void ChoosePrinter();
-    void ApplyPrinter();
-    void OpenPrinterTool(std::u16string_view page);
-
-    void FillFonts();
     void FollowClipboard();
     void FollowBackup();
     void FollowSounds();
@@ -52,22 +36,18 @@ private:
 
     void BrowseFolder(const SettingField& field);
     void BrowseSound(const SettingField& field);
-    void Reset();
+    void WriteFields() override;
+    void ApplyDefaults() override;
     void ResetSounds();
 
-    SettingForm form_;
     TextSurface& document_;
-    Printers& printers_;
+    modPrint& print_;
     std::unique_ptr<FolderDialog> folders_;
-    QtTabStrip* strip_;
-    TabControl tabSettings_;
-    QStackedWidget* pages_;
-    DialogButton* cmdApply;
-    QLabel* lblExample = nullptr;
-    QLabel* lblDefaultPrinter = nullptr;
+    SettingForm form_;
+    PrinterPage printers_;
+    FontPage fonts_;
     bool isResetting_ = false;
-    bool fillsPrinters_ = false;
-    std::unique_ptr<Timer> timerClipboard_, timerBackup_, timerSounds_, timerLocked_, timerFonts_;
+    std::unique_ptr<Timer> timerClipboard_, timerBackup_, timerSounds_, timerLocked_;
 };
 
 } // namespace quillshift

@@ -114,8 +114,7 @@ std::span<const ProgramDialogs::Row> ProgramDialogs::Rows() {
             }},
         Row{DialogKind::Settings, Stand::Kept,
             [](Context context, ProgramParts& parts, int) -> std::unique_ptr<Dialog> {
-                return std::make_unique<frmSettings>(context, parts.window.RichTextBox(),
-                                                     context.platform.printers,
+                return std::make_unique<frmSettings>(context, parts.window.RichTextBox(), parts.print,
                                                      std::make_unique<QtFolderDialog>());
             }},
         Row{DialogKind::ToolBarCustomize, Stand::Modal,
@@ -146,31 +145,37 @@ std::unique_ptr<Dialog> ProgramDialogs::Make(DialogKind kind, int argument) cons
     return row.make({parts_.platform, parts_.settings, parts_.sounds, owner}, parts_, argument);
 }
 
-void ProgramDialogs::Show(DialogKind kind, int argument) {
-    const Row& row = RowOf(kind);
+Dialog& ProgramDialogs::Loaded(DialogKind kind, int argument) {
     std::unique_ptr<Dialog>& dialog = loaded_[kind];
-    const bool isNew = !dialog;
-    if (isNew)
-        dialog = Make(kind, argument);
-    switch (row.stand) {
+    if (dialog)
+        return *dialog;
+    dialog = Make(kind, argument);
+    const Stand stand = RowOf(kind).stand;
+    if (stand == Stand::Beside)
+        QObject::connect(dialog.get(), &QDialog::finished, [this, kind] { Close(kind); });
+    else if (stand == Stand::Kept)
+        QObject::connect(dialog.get(), &QDialog::rejected, [this, kind] { Close(kind); });
+    return *dialog;
+}
+
+void ProgramDialogs::Show(DialogKind kind, int argument) {
+    const bool isNew = !IsLoaded(kind);
+    Dialog& dialog = Loaded(kind, argument);
+    switch (RowOf(kind).stand) {
     case Stand::Modal:
-        dialog->exec();
+        dialog.exec();
         loaded_.erase(kind);
         break;
     case Stand::Beside:
-        if (isNew)
-            QObject::connect(dialog.get(), &QDialog::finished, [this, kind] { Close(kind); });
-        ShowBeside(*dialog);
+        ShowBeside(dialog);
         if (!isNew)
-            dialog->BringUp();
+            dialog.BringUp();
         break;
     case Stand::Kept:
-        if (isNew)
-            QObject::connect(dialog.get(), &QDialog::rejected, [this, kind] { Close(kind); });
-        ShowKept(*dialog, argument);
+        ShowKept(dialog, argument);
         break;
     case Stand::Alone:
-        dialog->show();
+        dialog.show();
         break;
     }
 }

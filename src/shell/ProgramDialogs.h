@@ -21,6 +21,7 @@ public:
     ProgramDialogs(ProgramParts& parts, QWidget& owner);
     ~ProgramDialogs() override;
 
+    void Load(DialogKind kind) override { Loaded(kind); }
     void Show(DialogKind kind, int argument = 0) override;
     void Close(DialogKind kind) override;
     bool IsLoaded(DialogKind kind) const override { return loaded_.contains(kind); }
@@ -37,6 +38,7 @@ private:
 
     static std::span<const Row> Rows();
     static const Row& RowOf(DialogKind kind);
+    Dialog& Loaded(DialogKind kind, int argument = 0);
     void ShowBeside(Dialog& dialog);
     void ShowKept(Dialog& dialog, int argument);
 

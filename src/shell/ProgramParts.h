@@ -36,6 +36,10 @@ using MakeDialogs = std::function<std::unique_ptr<Dialogs>(ProgramParts&)>;
 struct ProgramParts {
     ProgramParts(Platform& thePlatform, MainView& mainWindow, mCommandBars& toolkit,
                  const MakeDialogs& makeDialogs);
+    /// Dialogs that are still loaded go first: they take their leave of the other parts.
+    ~ProgramParts() { dialogs.reset(); }
+    ProgramParts(const ProgramParts&) = delete;
+    ProgramParts& operator=(const ProgramParts&) = delete;
 
     Platform& platform;
     MainView& window;

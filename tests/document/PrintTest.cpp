@@ -154,12 +154,12 @@ TEST_F(Print, AsksForTheNameOfAFileAndLeavesTheDocumentsOwn) {
 
 TEST_F(Print, FindsTheStoredPrinterByItsNameThenByItsPlace) {
     test.printers.names = {u"New", u"Laser", u"Ink", std::u16string(Printers::kIntoFile)};
-    const std::tuple<const char16_t*, const char16_t*, std::size_t> cases[] = {
+    const std::tuple<const char16_t*, const char16_t*, int> cases[] = {
         {u"Ink", u"0", 2}, {u"Gone", u"1", 1}, {u"Gone", u"7", 3}, {u"", u"-1", 3}, {u"Gone", u"", 0}};
+    EXPECT_EQ(StoredPrinter(test.settings, {}), -1);
     for (const auto& [name, place, expected] : cases) {
         test.Set(Setting::PrinterName, name).Set(Setting::Printers, place);
-        EXPECT_EQ(MakeStoredPrinterCurrent(test.settings, test.printers), expected) << ToUtf8(name);
-        EXPECT_EQ(test.printers.current, test.printers.names[expected]);
+        EXPECT_EQ(StoredPrinter(test.settings, test.printers.names), expected) << ToUtf8(name);
     }
 }
 

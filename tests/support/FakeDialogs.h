@@ -1,8 +1,7 @@
 #pragma once
 
-#include "document/FullScreen.h"
 #include "platform/Dialogs.h"
-#include "recoding/RecodingJob.h"
+#include "shell/ProgramParts.h"
 #include "support/FakeSurface.h"
 
 #include <algorithm>
@@ -11,6 +10,7 @@
 #include <memory>
 #include <optional>
 #include <set>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -59,10 +59,46 @@ private:
     FullScreen& mode_;
 };
 
+/// The boxes of the settings dialog, without a window: what was stored when it was loaded.
+struct FakeSettingsDialog final : PrintBoxes {
+    explicit FakeSettingsDialog(ProgramParts& parts)
+        : print_(parts.print), printers_(parts.platform.printers) {
+        Settings& settings = parts.settings;
+        boxes = {.left = settings.Text(Setting::PositionLeft),
+                 .top = settings.Text(Setting::PositionTop),
+                 .right = settings.Text(Setting::PositionWidth),
+                 .bottom = settings.Text(Setting::PositionHeight),
+                 .copies = settings.Text(Setting::Copies)};
+        const auto names = printers_.Names();
+        printer_ = names.at(std::size_t(StoredPrinter(settings, names)));
+        print_.Attach(*this);
+    }
+    ~FakeSettingsDialog() override { print_.Detach(*this); }
+    FakeSettingsDialog(const FakeSettingsDialog&) = delete;
+    FakeSettingsDialog& operator=(const FakeSettingsDialog&) = delete;
+    PrintBoxTexts Boxes() const override {
+        printers_.MakeCurrent(printer_);
+        return boxes;
+    }
+    PrintBoxTexts boxes;
+
+private:
+    modPrint& print_;
+    Printers& printers_;
+    std::u16string printer_;
+};
+
 /// Makes no windows. Modal dialogs run what the test gives them for the time they are up.
 class FakeDialogs final : public Dialogs {
 public:
-    FakeDialogs(RecodingJob& job, FullScreen& mode) : job_(job), mode_(mode) {}
+    explicit FakeDialogs(ProgramParts& parts) : parts_(parts) {}
+
+    void Load(DialogKind kind) override {
+        if (kind != DialogKind::Settings)
+            throw std::logic_error("does not stay loaded");
+        if (!settings)
+            settings = std::make_unique<FakeSettingsDialog>(parts_);
+    }
 
     void Show(DialogKind kind, int argument = 0) override {
         shown.emplace_back(kind, argument);
@@ -73,7 +109,7 @@ public:
         }
         if (kind == DialogKind::FullScreen) {
             if (!fullScreen)
-                fullScreen = std::make_unique<FakeFullScreen>(mode_);
+                fullScreen = std::make_unique<FakeFullScreen>(parts_.fullScreen);
             return;
         }
         if (kind != DialogKind::Decoding) {
@@ -81,7 +117,7 @@ public:
             return;
         }
         if (!decoding)
-            decoding = std::make_unique<FakeDecoding>(job_, atStep);
+            decoding = std::make_unique<FakeDecoding>(parts_.job, atStep);
         decoding->visible = true;
     }
     /// As the real one, which is in the middle of its own event: it goes later.
@@ -102,6 +138,7 @@ public:
     std::vector<std::pair<DialogKind, int>> shown;
     std::unique_ptr<FakeDecoding> decoding;
     std::unique_ptr<FakeFullScreen> fullScreen;
+    std::unique_ptr<FakeSettingsDialog> settings; ///< loaded, and hidden
     std::function<void()> atStep;
     std::function<void()> whileModal;
     int hidings = 0; ///< 1: all windows but the main one are off the screen
@@ -114,8 +151,7 @@ private:
         return std::ranges::find(kModal, kind) != std::end(kModal);
     }
 
-    RecodingJob& job_;
-    FullScreen& mode_;
+    ProgramParts& parts_;
     std::set<DialogKind> loaded_; // of those that stand beside others, and are up
     std::vector<std::unique_ptr<FakeDecoding>> closed_;
 };

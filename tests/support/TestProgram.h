@@ -22,7 +22,7 @@ struct TestProgram : FakePlatform {
     FakeMainView window{messages};
     FakeDialogs* dialogs = nullptr;
     Program program{platform, window, toolkit, [this](ProgramParts& parts) {
-                        auto made = std::make_unique<FakeDialogs>(parts.job, parts.fullScreen);
+                        auto made = std::make_unique<FakeDialogs>(parts);
                         dialogs = made.get();
                         return made;
                     }};

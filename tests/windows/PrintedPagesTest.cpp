@@ -27,7 +27,7 @@ QString WithoutBlanks(QString text) {
 }
 
 /// Prints the real surface into a real file, which is read back by programs for such files.
-struct PrintedPages : testing::Test {
+struct PrintedPages : testing::Test, PrintBoxes {
     TemporaryFolder folder;
     QString pdf = QString::fromStdString((folder.Path() / "out.pdf").string());
     FakePlatform fake;
@@ -40,10 +40,13 @@ struct PrintedPages : testing::Test {
     QtTextSurface surface;
     PrintBoxTexts boxes{u"20", u"15", u"10", u"25", u"1"};
     bool printing = false;
-    modPrint print{{settings, platform, surface, [this] { return boxes; }, [] {},
-                    [] { return std::u16string(u"letter.txt"); }, printing}};
+    modPrint print{
+        {settings, platform, surface, [] {}, [] {}, [] { return std::u16string(u"letter.txt"); }, printing}};
+
+    PrintBoxTexts Boxes() const override { return boxes; }
 
     PrintedPages() {
+        print.Attach(*this);
         surface.SetFont({u"Liberation Sans", 12});
         settings.Set(Setting::PaperSize, u"A4 210 x 297 мм");
     }

@@ -3,11 +3,13 @@
 #include "shell/ProgramDialogs.h"
 #include "support/TestProgram.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFontDatabase>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QRadioButton>
@@ -20,20 +22,6 @@
 
 namespace quillshift {
 namespace {
-
-class FakePrinters final : public Printers {
-public:
-    std::vector<std::u16string> Names() override { return names; }
-    bool AreKnown() const override { return known; }
-    bool MakeCurrent(std::u16string_view name) override {
-        current = name;
-        return true;
-    }
-    Printer& Current() override { throw std::logic_error("nothing is printed here"); }
-    std::vector<std::u16string> names;
-    bool known = true;
-    std::u16string current;
-};
 
 /// Chooses `next`, or cancels where that is empty.
 class FakeFolders final : public FolderDialog {
@@ -50,7 +38,7 @@ public:
 struct SettingsDialog : testing::Test {
     TestProgram test;
     ProgramParts& parts = (test.Start(), test.program.Parts());
-    FakePrinters printers;
+    FakePrinters& printers = test.printers;
     FakeFolders* folders = nullptr;
     std::unique_ptr<frmSettings> dialog;
 
@@ -60,8 +48,9 @@ struct SettingsDialog : testing::Test {
         dialog.reset();
         dialog = std::make_unique<frmSettings>(
             DialogContext{parts.platform, parts.settings, parts.sounds, nullptr}, test.window.document,
-            printers, std::move(made));
+            parts.print, std::move(made));
         test.timers.Tick();
+        test.background.DoAll();
     }
     template <typename Control>
     Control& At(const char* name) {
@@ -156,6 +145,7 @@ TEST_F(SettingsDialog, WritesNothingThatWasNotToldAndNoNonsense) {
     test.Set(Setting::Style, u"Odd").Set(Setting::DefaultCode, u"99").Set(Setting::FontSize, u"12");
     test.Set(Setting::PositionLeft, u"20").Set(Setting::BackupFolder, u"/b").Set(Setting::Copies, u"");
     test.Set(Setting::ShowInCaption, u"2").Set(Setting::CreateBackup, u"1");
+    printers.names.clear();
     Load();
     EXPECT_FALSE(At<QRadioButton>("optStyleSystem").isChecked() ||
                  At<QRadioButton>("optStyleOfficeXP").isChecked());
@@ -188,16 +178,69 @@ TEST_F(SettingsDialog, FindsTheStoredPrinterAndWaitsForALateList) {
     EXPECT_EQ(test.settings.Text(Setting::PrinterName), u"Второй");
     printers.names = {u"Новый", u"Первый", u"Второй"};
     printers.known = true;
-    printers.OnNames();
+    printers.OnNames(printers.names);
     EXPECT_FALSE(CanApply());
+    dialog->Boxes();
     EXPECT_EQ(printers.current, u"Второй");
     EXPECT_EQ(At<QListWidget>("lstPrinters").currentRow(), 2);
     EXPECT_TRUE(At<QWidget>("txtCopies").isEnabled());
     At<QListWidget>("lstPrinters").setCurrentRow(1);
-    EXPECT_EQ(printers.current, u"Первый");
+    printers.OnNames({u"Первый", u"Второй"});
+    EXPECT_EQ(printers.current, u"Первый") << "was chosen by hand";
     Press("cmdApply");
-    EXPECT_EQ(test.settings.Text(Setting::Printers), u"1");
+    EXPECT_EQ(test.settings.Text(Setting::Printers), u"0");
     EXPECT_EQ(test.settings.Text(Setting::PrinterName), u"Первый");
+}
+
+TEST_F(SettingsDialog, GivesThePrintCommandWhatStandsInItsBoxes) {
+    test.Set(Setting::PrinterName, u"Laser").Set(Setting::Copies, u"1");
+    test.window.document.SetText(u"Жук");
+    Load();
+    for (const auto& [name, text] : {std::pair("txtLeft", "10"),
+                                     {"txtTop", "20"},
+                                     {"txtWidth", "30"},
+                                     {"txtHeight", "40"},
+                                     {"txtCopies", "3"}})
+        At<QLineEdit>(name).setText(QLatin1String(text));
+    test.program.Run("MENU:FILE:PRINT");
+    EXPECT_THAT(printers.printer.done, testing::IsSupersetOf({"copies 3", "end"}));
+    const TwipsRect& area = test.window.document.printed.back().rectangle;
+    EXPECT_EQ(area.left, 467_twips);
+    EXPECT_EQ(area.top, 934_twips);
+    EXPECT_EQ(area.width, 11907_twips - 2268_twips);
+    EXPECT_EQ(area.height, 16839_twips - 3402_twips);
+    dialog.reset();
+    test.program.Run("MENU:FILE:PRINT");
+    EXPECT_EQ(printers.printer.done.back(), "end");
+    EXPECT_THAT(printers.printer.done, testing::Contains("copies 1")) << "as stored, in the next dialog";
+}
+
+TEST_F(SettingsDialog, FillsTheListOfFontsBehindTheLoadAndKeepsWhatWasTyped) {
+    test.Set(Setting::FontName, u"Arial");
+    Load();
+    auto& fonts = At<QComboBox>("cboFontName");
+    fonts.setEditText(QStringLiteral("Жук"));
+    for (int tick = 0; tick < 100; ++tick)
+        test.timers.Tick();
+    EXPECT_EQ(fonts.count(), QFontDatabase::families().size());
+    EXPECT_EQ(fonts.currentText(), QStringLiteral("Жук"));
+    EXPECT_FALSE(CanApply());
+}
+
+TEST_F(SettingsDialog, ShowsASampleThatForgetsTheFontWhenItsTextIsEdited) {
+    test.Set(Setting::FontName, u"Arial").Set(Setting::FontSize, u"14").Set(Setting::TextExample, u"Жук");
+    Load();
+    const auto& sample = At<QLabel>("lblExample");
+    EXPECT_EQ(sample.text() + sample.font().family(), QStringLiteral("ЖукArial"));
+    EXPECT_EQ(sample.font().pointSizeF(), 14);
+    for (const auto* list : {"cboFontName", "cboFontSize"})
+        emit At<QComboBox>(list).textActivated(QStringLiteral("36"));
+    EXPECT_EQ(sample.font().family(), QStringLiteral("36"));
+    EXPECT_EQ(sample.font().pointSizeF(), 36);
+    auto& line = At<QLineEdit>("txtExample");
+    QTest::keyClicks(&line, QStringLiteral("7"));
+    EXPECT_EQ(sample.text(), QStringLiteral("Жук7"));
+    EXPECT_EQ(sample.font(), line.font());
 }
 
 TEST_F(SettingsDialog, FollowsOtherFieldsBehindTheClick) {
@@ -247,13 +290,16 @@ TEST_F(SettingsDialog, ResetsWhatIsToldAfterItsQuestionsAndLeavesTheRest) {
     EXPECT_EQ(texts, (std::vector<std::u16string>{
                          u"Вы действительно хотите сбросить", u"Вы действительно хотите установи",
                          u"Установлены звуки по умолчанию.", u"Установлены параметры по умолчан"}));
-    for (const SettingField& field : SettingFields())
-        if (field.reset && field.kind != SettingKind::Printers) {
-            const bool isSwitch = field.kind == SettingKind::Check;
-            EXPECT_TRUE(isSwitch ? test.settings.Is(field.setting) == (*field.reset == u"1")
-                                 : test.settings.Is(field.setting, *field.reset))
-                << field.name;
-        }
+    int reset = 0;
+    for (const SettingField& field : SettingFields()) {
+        const SettingRow& row = SettingRows()[static_cast<std::size_t>(field.setting)];
+        if (!field.reset || ++reset == 0 || row.setting == Setting::Recovery)
+            continue; // what a reset gives is what the first start gave
+        EXPECT_EQ(test.settings.Text(field.setting), row.firstText.value_or(u"")) << field.name;
+        EXPECT_EQ(test.settings.Whole(field.setting), row.firstNumber) << field.name;
+    }
+    EXPECT_EQ(reset, 33);
+    EXPECT_TRUE(test.settings.Is(Setting::Recovery));
     EXPECT_EQ(test.settings.Text(Setting::DecodeClipboard), u"1");
     EXPECT_EQ(test.settings.Text(Setting::FormLoadPath), u"/program/Sounds/FormLoad.wav");
     EXPECT_EQ(test.settings.Text(Setting::KeyDownPath), u"/k.wav");
@@ -271,11 +317,13 @@ TEST_F(SettingsDialog, BrowsesForFoldersAndSoundsWithoutTouchingTheDocument) {
     EXPECT_TRUE(CanApply()) << "what is chosen is an edit, though typing there is none";
     folders->next.clear();
     Press("cmdBrowse");
+    test.background.DoAll();
     EXPECT_EQ(At<QLineEdit>("txtFolderDoc").text(), QStringLiteral("/tmp"));
     EXPECT_FALSE(At<QLineEdit>("txtFolderDoc").findChild<QAction*>(QStringLiteral("missing"))->isVisible());
     test.fileDialog.FileName = u"/docs/letter.txt";
     test.fileDialog.chosen = {u"/sounds/none.wav"};
     Press("cmdBrowseKeyDown");
+    test.background.DoAll();
     EXPECT_EQ(test.fileDialog.InitDir, u"/docs");
     EXPECT_EQ(test.fileDialog.FileName, u"/docs/letter.txt");
     EXPECT_EQ(At<QLineEdit>("txtKeyDown").text(), QStringLiteral("/sounds/none.wav"));
@@ -341,7 +389,10 @@ TEST_F(SettingsDialog, StayLoadedWhenAcceptedAndBeginAnewWhenCancelled) {
     });
     dialogs.Show(DialogKind::Settings);
     EXPECT_FALSE(dialogs.IsLoaded(DialogKind::Settings));
-    dialogs.Show(DialogKind::Settings, kViewTab);
+    dialogs.Load(DialogKind::Settings);
+    EXPECT_TRUE(dialogs.IsLoaded(DialogKind::Settings));
+    for (const QWidget* window : QApplication::topLevelWidgets())
+        EXPECT_FALSE(window->isVisible()) << window->metaObject()->className();
     dialogs.Close(DialogKind::Settings);
     EXPECT_FALSE(dialogs.IsLoaded(DialogKind::Settings));
 }

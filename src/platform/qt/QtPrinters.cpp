@@ -19,7 +19,7 @@ QtPrinters::~QtPrinters() {
 void QtPrinters::TakeAnswer() {
     queues_ = QString::fromLocal8Bit(asked_.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
     if (OnNames && !waits_)
-        OnNames();
+        OnNames(List());
 }
 
 // The print system's own program: a server that doesn't answer holds up nobody else.
@@ -30,6 +30,10 @@ std::vector<std::u16string> QtPrinters::Names() {
         asked_.start(QStringLiteral("lpstat"), {QStringLiteral("-e")}, QIODevice::ReadOnly);
         asked_.waitForFinished(kPatience);
     }
+    return List();
+}
+
+std::vector<std::u16string> QtPrinters::List() const {
     std::vector<std::u16string> names;
     for (const QString& queue : queues_)
         names.push_back(FromQString(queue));

@@ -23,6 +23,7 @@ public:
 
 private:
     void TakeAnswer();
+    std::vector<std::u16string> List() const;
 
     QProcess asked_;
     bool waits_ = false; ///< `Names` does, and gives the answer itself

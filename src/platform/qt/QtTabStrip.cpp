@@ -16,6 +16,8 @@ namespace quillshift {
 namespace {
 
 constexpr int kPageMargin = 3;
+// Where the density is no whole number a window gets less than it asked for, and its tabs would scroll.
+constexpr QSize kSpare(4, 0);
 
 QTabBar::Shape ShapeOf(TabAlign align) {
     switch (align) {
@@ -300,7 +302,7 @@ QSize QtTabStrip::sizeHint() const {
     const QSize page = layout() != nullptr
                            ? layout()->totalSizeHint()
                            : QSize(margins.left() + margins.right(), margins.top() + margins.bottom());
-    return styles_.multiLine ? page : page.expandedTo(rows_.front()->sizeHint());
+    return styles_.multiLine ? page : page.expandedTo(rows_.front()->sizeHint() + kSpare);
 }
 
 void QtTabStrip::resizeEvent(QResizeEvent* /*event*/) {
