@@ -157,4 +157,27 @@ TEST(Repair, TellsLinesApart) {
     EXPECT_EQ(repaired.unsure, 0U);
 }
 
+TEST(Repair, HoldsEveryLineAgainstTheVerdict) {
+    const std::string garbled = Iconv(Iconv(text, "UTF-8", "KOI8-R"), "CP437", "UTF-8");
+    const std::string clean = text + text + text + text;
+    Repaired repaired = Repair(clean + garbled + text, Detect(clean));
+    EXPECT_EQ(repaired.text, clean + text + text);
+    EXPECT_EQ(repaired.apart, 1U);
+    std::string koi;
+    for (int i = 0; i < 60; ++i)
+        koi += Iconv(text, "UTF-8", "KOI8-R");
+    const std::string late = koi + Iconv(text, "UTF-8", "CP866") + koi;
+    repaired = Repair(late, Detect(late));
+    EXPECT_EQ(repaired.apart, 1U);
+    EXPECT_EQ(repaired.text.size(), 121 * text.size());
+    // A word that says nothing goes the way of the whole, and another language is left alone line by line.
+    const std::string odd = koi + Iconv("ЙЦУКЕН ъъы\n", "UTF-8", "KOI8-R");
+    EXPECT_TRUE(Repair(odd, Detect(odd)).text.ends_with("ЙЦУКЕН ъъы\n"));
+    const std::string foreign =
+        Iconv("Ми зібралися біля річки, щоб побачити схід.\nЄвропа\nЛісабон\nРим\nНаполі\n"
+              "Їхня хата стоїть край села, і вітер гуде.\n",
+              "UTF-8", "CP1251");
+    EXPECT_EQ(Repair(foreign, Detect(foreign)).text, foreign);
+}
+
 } // namespace quillshift::wizard

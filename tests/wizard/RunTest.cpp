@@ -54,6 +54,16 @@ TEST(Run, PassesOnWhatIsUnsure) {
     EXPECT_EQ(outcome.err, "quillshift-wizard: left as unsure\n");
 }
 
+TEST(Run, TellsOfALineThatWentAnotherWay) {
+    std::string many;
+    for (int i = 0; i < 40; ++i)
+        many += koi;
+    const Outcome outcome = RunOn(many + Iconv(text, "UTF-8", "CP866"));
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err, "quillshift-wizard: some lines went another way than the rest\n");
+    EXPECT_EQ(outcome.out.size(), 41 * text.size());
+}
+
 TEST(Run, TellsWhatItFound) {
     EXPECT_EQ(RunOn(koi, {"--detect"}).out, "-: sure, koi8-r\n");
     EXPECT_EQ(RunOn("plain", {"--detect"}).out, "-: clean\n");

@@ -37,10 +37,11 @@ public:
             talk_.out << *bytes;
             return talk_.Fail("-", Word::NotRepresentable);
         }
-        if (repaired.unsure == 0)
-            return fine;
-        talk_.err << "quillshift-wizard: " << Say(Word::LeftUnsure, talk_.language) << '\n';
-        return unsure;
+        if (repaired.apart > 0)
+            Tell(Word::LinesApart);
+        if (repaired.unsure > 0)
+            Tell(Word::LeftUnsure);
+        return repaired.apart + repaired.unsure > 0 ? unsure : fine;
     }
 
     int Tell() {
@@ -57,6 +58,8 @@ public:
     }
 
 private:
+    void Tell(Word word) const { talk_.err << "quillshift-wizard: " << Say(word, talk_.language) << '\n'; }
+
     Repaired UndoGiven(std::string_view bytes) {
         Undone undone = Undo(*options_.from, bytes);
         if (undone.lost > 0)

@@ -67,6 +67,8 @@ constexpr struct {
     {Word::CannotRead, "cannot be read", "не читается"},
     {Word::NotRepresentable, "the text does not fit into the set; left as it is",
      "текст не помещается в набор; оставлен как есть"},
+    {Word::LinesApart, "some lines went another way than the rest",
+     "некоторые строки испорчены иначе, чем остальные"},
     {Word::LeftUnsure, "left as unsure", "оставлено как сомнительное"},
     {Word::Clean, "clean", "чисто"},
     {Word::Sure, "sure", "надёжно"},

@@ -13,6 +13,7 @@ enum class Word {
     CannotRead,
     NotRepresentable,
     LeftUnsure,
+    LinesApart,
     Clean,
     Sure,
     Unsure,

@@ -252,6 +252,31 @@ private:
 
 } // namespace
 
+Fit RussianFit(std::string_view text) {
+    constexpr double letterBits = 4.8, blankBits = 3, signBits = 6, startBits = 8, strangeBits = 1e9;
+    const auto node = ReadUtf8(text, {}, 0);
+    if (!node)
+        return {strangeBits, false};
+    const double bits = Models()[0].Bits({node->order->symbols, node->alphabet});
+    const std::size_t letters = Models()[0].Letters(node->order->counts, node->alphabet);
+    std::size_t others = 0;
+    double expected = startBits + letterBits * static_cast<double>(letters);
+    for (std::size_t i = 0; i < node->alphabet.size(); ++i) {
+        const std::size_t count = node->order->counts[i];
+        others += node->alphabet[i] >= 0x80 ? count : 0;
+        if (node->alphabet[i] < 0x80)
+            expected += static_cast<double>(count) * (node->alphabet[i] <= u' ' ? blankBits : signBits);
+    }
+    others -= letters;
+    expected += signBits * static_cast<double>(others);
+    // A letter of a related language or a low quotation mark is what the nearest wrong set shows.
+    const bool strange = std::any_of(node->alphabet.begin(), node->alphabet.end(), [](char16_t c) {
+        return (c >= 0x400 && c < 0x530 && (c < 0x410 || c > 0x44F) && c != u'Ё' && c != u'ё') || c == u'‚' ||
+               c == u'€';
+    });
+    return {bits, bits <= expected && others * 4 <= letters && !strange};
+}
+
 std::vector<Hypothesis> Hypotheses(std::string_view sample, std::size_t depth,
                                    const std::vector<Set>& exclude) {
     return Search(sample, depth, exclude).Take();

@@ -11,6 +11,13 @@ struct Hypothesis {
     double bits = 0;
 };
 
+/// How well UTF-8 text does as Russian.
+struct Fit {
+    double bits = 0;
+    bool plausible = false; ///< nearly all that is not ASCII is Russian letters, in an order as in words
+};
+Fit RussianFit(std::string_view text);
+
 /// Every explanation of the sample that is worth a look, the likeliest first.
 std::vector<Hypothesis> Hypotheses(std::string_view sample, std::size_t depth,
                                    const std::vector<Set>& exclude);

@@ -78,7 +78,7 @@ std::optional<Repairs::Rewritten> Repairs::Rewrite(const Finding& finding, const
                           finding.verdict.candidates.front().chain == *finding.chain;
     const Repaired repaired =
         isItsOwn ? wizard::Repair(bytes, finding.verdict, options_) : UndoOne(*finding.chain, bytes);
-    if (!repaired.changed || repaired.unsure > 0)
+    if (!repaired.changed || repaired.unsure > 0 || repaired.apart > 0)
         return std::nullopt;
     auto output = Output(repaired.text, target_, finding.chain->stored);
     if (!output)
