@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::array kFontSizes{8, 10, 12, 14, 16, 18, 20, 22, 24, 26, 28, 36};
 constexpr std::chrono::milliseconds kFontsAfter(10);
-constexpr qsizetype kFontsAtOnce = 100;
+constexpr qsizetype kFontsAtOnce = 10;
 constexpr int kSampleHeight = 60;
 
 // Each font's name in its own face, where that has letters. Only rows in sight are drawn.

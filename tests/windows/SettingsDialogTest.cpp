@@ -152,6 +152,7 @@ TEST_F(SettingsDialog, WritesNothingThatWasNotToldAndNoNonsense) {
     EXPECT_EQ(At<QComboBox>("cmbCode").currentIndex(), 0);
     EXPECT_TRUE(At<QRadioButton>("optCreateBackupInCustomFolder").isChecked()) << "nothing is stored";
     At<QLineEdit>("txtPathBackupFolder").clear();
+    At<QLineEdit>("txtKeyDown").setText(QStringLiteral("/typed"));
     At<QComboBox>("cboFontSize").setEditText(QStringLiteral("много"));
     EXPECT_FALSE(CanApply());
     Press("cmdOK");
