@@ -1,4 +1,5 @@
 #include "base/Utf8.h"
+#include "document/RecoveryFormat.h"
 #include "support/TestProgram.h"
 
 #include <gtest/gtest.h>
@@ -6,7 +7,9 @@
 namespace quillshift {
 namespace {
 
-/// A program whose document is on the whole screen.
+using namespace std::string_literals;
+
+/// A program whose document stands somewhere, to be seen on the whole screen.
 struct FullScreenTest : testing::Test, TestProgram {
     FullScreenTest() {
         Set(Setting::ClipboardDetect, u"1")
@@ -14,40 +17,50 @@ struct FullScreenTest : testing::Test, TestProgram {
             .Set(Setting::Accumulate, u"1");
         Start();
         timers.Tick();
-        window.document.SetText(u"one\r\ntwo\r\nthree");
+    }
+    void Begin() {
+        window.document.SetText(kText);
         window.document.SetSelStart(5);
         window.document.SetTopPosition(5);
         program.Run("MENU:VIEW:FULLSCREEN");
     }
+    std::u16string Recovered() {
+        program.SaveWhatIsNew();
+        return ReadRecoveryFile(recovery.file.value_or(""))->text;
+    }
+    static constexpr const char16_t* kText = u"one\r\ntwo\r\nthree";
     FullScreen& mode = program.Parts().fullScreen;
     FakeSurface& Screen() { return dialogs->fullScreen->surface; }
 };
 
 TEST_F(FullScreenTest, BringsTextCaretAndScrollBackAsOneStep) {
-    EXPECT_EQ(Screen().Text(), u"one\r\ntwo\r\nthree");
-    EXPECT_EQ(Screen().SelStart(), 0U);
-    EXPECT_TRUE(window.document.readOnly);
-    EXPECT_EQ(dialogs->hidings, 1) << "no dialog stands over the text, or works on what is stale";
-    program.Parts().document.DocumentModified = false;
-    mode.End();
-    EXPECT_TRUE(program.Parts().document.DocumentModified);
-    EXPECT_EQ(window.document.SelStart() + window.document.TopPosition(), 10U) << "nobody went anywhere";
-    EXPECT_FALSE(window.document.readOnly);
-    EXPECT_EQ(dialogs->hidings, 0);
-
-    program.Run("TOOLBAR:FULLSCREEN");
-    Screen().SetSelText(u"zero\r\n");
-    Screen().SetSelText(u"half ");
-    Screen().SetSelStart(6);
-    Screen().SetSelLength(4);
-    Screen().SetTopPosition(6);
-    mode.End();
-    EXPECT_EQ(window.document.Text(), u"zero\r\nhalf one\r\ntwo\r\nthree");
-    EXPECT_EQ(window.document.SelText(), u"half");
-    EXPECT_EQ(window.document.TopPosition(), 6U);
-    EXPECT_FALSE(dialogs->fullScreen);
-    program.Run("MENU:EDIT:UNDO");
-    EXPECT_EQ(window.document.Text(), u"one\r\ntwo\r\nthree");
+    using Place = std::array<std::size_t, 3>; // caret, length of the selection, scroll
+    for (const auto& [written, left, after] : {std::tuple(u""s, Place{0, 0, 0}, Place{5, 0, 5}),
+                                               {u""s, {0, 0, 10}, {0, 0, 10}},
+                                               {u"x"s, {0, 0, 0}, {0, 0, 0}},
+                                               {u"zero\r\nhalf "s, {6, 4, 6}, {6, 4, 6}}}) {
+        Begin();
+        EXPECT_EQ(Screen().SelStart(), 0U);
+        EXPECT_TRUE(window.document.readOnly && !program.Parts().MayInterrupt());
+        Screen().SetSelText(written);
+        Screen().SetSelStart(left[0]);
+        Screen().SetSelLength(left[1]);
+        Screen().SetTopPosition(left[2]);
+        program.Parts().document.DocumentModified = false;
+        program.Run("TOOLBAR:FULLSCREEN"); // leads back to it
+        EXPECT_EQ(dialogs->hidings, 1) << "no dialog stands over the text, or works on what is stale";
+        EXPECT_EQ(Recovered(), written + kText);
+        mode.End();
+        const FakeSurface& document = window.document;
+        EXPECT_EQ(document.Text(), written + kText);
+        EXPECT_EQ((Place{document.SelStart(), document.SelLength(), document.TopPosition()}), after);
+        EXPECT_TRUE(program.Parts().document.DocumentModified && !document.readOnly);
+        EXPECT_TRUE(dialogs->hidings == 0 && !dialogs->fullScreen);
+        if (!written.empty())
+            program.Run("MENU:EDIT:UNDO");
+        EXPECT_EQ(document.Text(), kText);
+        EXPECT_EQ(Recovered(), kText);
+    }
 }
 
 TEST_F(FullScreenTest, EndsBeforeAnybodyUsesTheDocument) {
@@ -59,35 +72,26 @@ TEST_F(FullScreenTest, EndsBeforeAnybodyUsesTheDocument) {
         {"new", [this] { window.OnClose(); }}};
     files.files[u"/d/file"] = "dropped";
     for (const auto& [after, road] : roads) {
-        program.Run("MENU:VIEW:FULLSCREEN");
+        Begin();
         Screen().SetText(u"new");
         messageBox.answers = {BoxAnswer::No};
         road();
         EXPECT_EQ(ToUtf8(window.document.Text()), after) << &road - &roads->second;
-        EXPECT_FALSE(mode.IsOn());
-        EXPECT_FALSE(dialogs->fullScreen);
+        EXPECT_TRUE(!mode.IsOn() && !dialogs->fullScreen);
     }
 }
 
 // A walk that was begun before lets commands through.
 TEST_F(FullScreenTest, AJobRecodesWhatWasWrittenMeanwhile) {
-    mode.End();
+    window.document.SetText(u"before");
     dialogs->atStep = [this] {
-        if (mode.IsOn())
-            return;
-        program.Run("MENU:VIEW:FULLSCREEN");
-        Screen().SetText(u"\u040F");
+        if (!mode.IsOn()) {
+            program.Run("MENU:VIEW:FULLSCREEN");
+            Screen().SetText(u"\u040F");
+        }
     };
     program.Run("MENU:DECODE:DOS:DW");
     EXPECT_EQ(window.document.Text(), u"П");
-}
-
-TEST_F(FullScreenTest, ItsOwnCommandGoesBackToTheText) {
-    Screen().SetText(u"new");
-    const auto shown = dialogs->shown.size();
-    program.Run("MENU:VIEW:FULLSCREEN");
-    EXPECT_EQ(Screen().Text(), u"new");
-    EXPECT_EQ(dialogs->shown.size(), shown + 1);
 }
 
 } // namespace

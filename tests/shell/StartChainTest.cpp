@@ -50,24 +50,5 @@ TEST(StartChainTest, ShowsWhatIsSwitchedOnOneAfterAnother) {
     }
 }
 
-TEST(StartChainTest, TheCloseBoxEndsTheProgramAndTheBoxInADialogKeepsItAway) {
-    for (const DialogKind last : {DialogKind::Welcome, DialogKind::WorkBegin})
-        for (const bool notAgain : {false, true}) {
-            Start test({false, true, true});
-            if (last == DialogKind::WorkBegin) {
-                test.Chain().GoOn(DialogKind::Welcome, notAgain);
-                EXPECT_EQ(test.Up(), "") << "the one before is gone first";
-                test.timers.Tick();
-            }
-            test.Chain().Leave(last);
-            EXPECT_FALSE(test.shell.ended) << "the dialog is in the middle of its event";
-            test.timers.Tick();
-            EXPECT_TRUE(test.shell.ended);
-            EXPECT_EQ(test.Up(), "");
-            EXPECT_EQ(test.settings.Is(Setting::Welcome), last == DialogKind::Welcome || !notAgain);
-            EXPECT_TRUE(test.settings.Is(Setting::WorkBegin));
-        }
-}
-
 } // namespace
 } // namespace quillshift

@@ -1,7 +1,7 @@
 #include "platform/qt/QtShell.h"
 #include "platform/qt/ScreenReaders.h"
-#include "settings/frmLockProgram.h"
 #include "shell/ProgramDialogs.h"
+#include "support/FindControl.h"
 #include "support/TestProgram.h"
 
 #include <gtest/gtest.h>
@@ -19,63 +19,61 @@
 namespace quillshift {
 namespace {
 
-/// The lock's real dialog.
-struct LockTest : testing::Test {
-    LockTest() {
-        test.Set(Setting::User, u"Анна").Set(Setting::Password, u"Тайна").Set(Setting::Tip, u"что-то");
-        test.settings.Switch(Setting::DoNotShowPassword, true);
+TEST(LockTest, TakesThePasswordByTheKeyboardAloneAndNoOtherWayOut) {
+    for (const bool masked : {true, false}) {
+        TestProgram test;
+        test.Set(Setting::User, u"Анна")
+            .Set(Setting::Password, u"Тайна")
+            .Set(Setting::Tip, masked ? u"" : u"*");
+        test.settings.Switch(Setting::DoNotShowPassword, masked);
         test.Start();
-    }
-    // Runs `what` on the dialog while the lock stands.
-    void WhileLocked(const std::function<void(frmLockProgram&)>& what) {
-        test.dialogs->whileModal = [this, what] {
-            frmLockProgram dialog({test.platform, parts.settings, parts.sounds, nullptr}, parts.lock);
+        ProgramParts& parts = test.program.Parts();
+        test.dialogs->whileModal = [&] {
+            QWidget owner;
+            const auto made = ProgramDialogs(parts, owner).Make(DialogKind::Lock);
+            Dialog& dialog = *made;
             dialog.show();
-            what(dialog);
-            if (parts.lock.IsLocked())
-                parts.lock.Enter(u"Тайна");
+            auto& password = Find<QLineEdit>(dialog, "txtPassword");
+            EXPECT_EQ(dialog.focusWidget(), &password);
+            EXPECT_EQ(dialog.parentWidget(), nullptr) << "what is hidden is not above it, for nobody";
+            EXPECT_EQ(Find<QLabel>(dialog, "lblShowPasswordTip").isEnabled(), !masked);
+            QTest::keyClick(&dialog, Qt::Key_Escape);
+            dialog.close();
+            QTest::keyClicks(&password, QStringLiteral("abc"));
+            EXPECT_EQ(password.displayText(), masked ? QStringLiteral("***") : QStringLiteral("abc"));
+            password.clear();
+            QTest::keyClick(&password, Qt::Key_Z, Qt::ControlModifier);
+            EXPECT_EQ(password.text(), QString()) << "nothing is brought back";
+            password.setText(QStringLiteral("тайна"));
+            auto& user = Find<QLineEdit>(dialog, "txtUser");
+            EXPECT_EQ(user.text(), QStringLiteral("Анна"));
+            user.setFocus();
+            QTest::keyClick(&user, Qt::Key_Return);
+            EXPECT_EQ(test.messageBox.shown.size(), 1U);
+            EXPECT_EQ(password.text(), QString());
+            EXPECT_EQ(dialog.focusWidget(), &password);
+            Find<QLabel>(dialog, "lblShowPasswordTip").linkActivated({});
+            EXPECT_EQ(test.LastBox(), test.settings.Text(Setting::Tip));
+            EXPECT_TRUE(dialog.isVisible() && parts.lock.IsLocked());
+            for (const auto* each : dialog.findChildren<QLineEdit*>())
+                EXPECT_NE(each->text(), QStringLiteral("Тайна")) << "it is in no control";
+            password.setText(QStringLiteral("Тайна"));
+            QTest::keyClick(&password, Qt::Key_Return);
+            EXPECT_FALSE(dialog.isVisible());
         };
         test.program.Run("MENU:SERVICE:LOCKED");
+        EXPECT_FALSE(test.shell.ended);
     }
-    TestProgram test;
-    ProgramParts& parts = test.program.Parts();
-};
-
-TEST_F(LockTest, TakesThePasswordByTheKeyboardAloneAndNoOtherWayOut) {
-    WhileLocked([this](frmLockProgram& dialog) {
-        auto& password = *dialog.findChild<QLineEdit*>("txtPassword");
-        EXPECT_EQ(dialog.focusWidget(), &password);
-        EXPECT_EQ(dialog.findChild<QLineEdit*>("txtUser")->text(), QStringLiteral("Анна"));
-        EXPECT_EQ(dialog.parentWidget(), nullptr) << "what is hidden is not above it, for nobody";
-        QTest::keyClick(&dialog, Qt::Key_Escape);
-        dialog.close();
-        password.insert(QStringLiteral("тайна"));
-        QTest::keyClicks(&password, QStringLiteral("x"));
-        EXPECT_EQ(password.displayText(), QStringLiteral("******"));
-        password.clear();
-        QTest::keyClick(&password, Qt::Key_Z, Qt::ControlModifier);
-        EXPECT_EQ(password.text(), QString()) << "nothing is brought back";
-        QTest::keyClick(&password, Qt::Key_Return);
-        EXPECT_EQ(test.messageBox.shown.size(), 1U);
-        EXPECT_EQ(password.text(), QString());
-        dialog.findChild<QLabel*>("lblShowPasswordTip")->linkActivated({});
-        EXPECT_EQ(test.LastBox(), u"что-то");
-        EXPECT_TRUE(dialog.isVisible());
-        for (const auto* each : dialog.findChildren<QLineEdit*>())
-            EXPECT_NE(each->text(), QStringLiteral("Тайна")) << "it is in no control";
-        password.setText(QStringLiteral("Тайна"));
-        QTest::keyClick(dialog.findChild<QLineEdit*>("txtUser"), Qt::Key_Return);
-        EXPECT_FALSE(dialog.isVisible());
-    });
 }
 
-TEST_F(LockTest, AllOtherWindowsGoAndTheNonModalOnesComeBack) {
+TEST(LockTest, AllOtherWindowsGoAndTheNonModalOnesComeBack) {
+    TestProgram test;
     QWidget owner;
     owner.show();
     QDialog left(&owner);
     left.move(40, 50);
     left.show();
-    ProgramDialogs dialogs(parts, owner);
+    ProgramDialogs dialogs(test.program.Parts(), owner);
     QTimer::singleShot(0, [&] {
         dialogs.HideAll();
         EXPECT_FALSE(left.isVisible());
@@ -89,7 +87,7 @@ TEST_F(LockTest, AllOtherWindowsGoAndTheNonModalOnesComeBack) {
     EXPECT_FALSE(box.isVisible());
 }
 
-TEST_F(LockTest, AssistiveProgramsMeetWhatIsOnTheScreenAlone) {
+TEST(LockTest, AssistiveProgramsMeetWhatIsOnTheScreenAlone) {
     ShowScreenReadersTheScreenAlone();
     QAccessible::setActive(true);
     QWidget shown;

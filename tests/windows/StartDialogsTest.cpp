@@ -2,8 +2,6 @@
 #include "settings/frmAbout.h"
 #include "settings/frmLicense.h"
 #include "settings/frmSplash.h"
-#include "settings/frmWelcome.h"
-#include "settings/frmWorkBegin.h"
 #include "shell/ProgramDialogs.h"
 #include "support/FindControl.h"
 #include "support/TestProgram.h"
@@ -12,104 +10,86 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QCheckBox>
+#include <QBuffer>
 #include <QClipboard>
+#include <QImage>
 #include <QLabel>
 #include <QPushButton>
-#include <QRadioButton>
+#include <QScreen>
 #include <QTest>
 #include <QTextEdit>
 
 namespace quillshift {
 namespace {
 
-/// A program that is at the first of its dialogs, or before.
-struct AtStart {
+/// A program at its start, with all sounds on.
+struct StartDialogs : testing::Test {
     TestProgram test;
     ProgramParts& parts = test.program.Parts();
     DialogContext context{parts.platform, parts.settings, parts.sounds, nullptr};
 
-    AtStart() {
+    StartDialogs() {
         for (const SoundEvent& event : kSoundEvents) {
             test.settings.Switch(event.on, true);
             test.settings.Set(event.path, event.defaultFile);
         }
     }
-    static void Press(const QWidget& dialog, const char* button) {
-        QTest::mouseClick(&Find<QPushButton>(dialog, button), Qt::LeftButton);
-    }
-    /// How the chain goes on: "main", "end" or not at all.
-    std::string Next() {
-        test.timers.Tick();
-        return std::string(test.window.shown ? "main" : "") + (test.shell.ended ? "end" : "");
-    }
 };
-struct StartDialogs : testing::Test, AtStart {};
 
 enum class Way { FirstButton, LastButton, Escape, CloseBox };
 
 void Leave(Dialog& dialog, Way way) {
     const QList<DialogButton*> buttons = dialog.findChildren<DialogButton*>();
-    dialog.show();
-    switch (way) {
-    case Way::FirstButton:
-        QTest::mouseClick(buttons.front(), Qt::LeftButton);
-        break;
-    case Way::LastButton:
-        QTest::mouseClick(buttons.back(), Qt::LeftButton);
-        break;
-    case Way::Escape:
+    if (way == Way::Escape)
         QTest::keyClick(&dialog, Qt::Key_Escape);
-        break;
-    case Way::CloseBox:
+    else if (way == Way::CloseBox)
         dialog.close();
-        break;
-    }
+    else
+        QTest::mouseClick(way == Way::FirstButton ? buttons.front() : buttons.back(), Qt::LeftButton);
 }
 
-TEST(StartDialog, EachWayOutOfTheWelcomeDoesWhatItSays) {
-    for (const auto& [way, next] :
-         {std::pair{Way::FirstButton, "main"}, {Way::Escape, "main"}, {Way::CloseBox, "end"}})
-        for (const bool notAgain : {false, true}) {
-            AtStart start;
-            start.test.settings.Switch(Setting::Welcome, true);
-            frmWelcome dialog(start.context, start.parts.start);
-            Find<QCheckBox>(dialog, "chkDoNotShowThisDialog").setChecked(notAgain);
-            Leave(dialog, way);
-            EXPECT_EQ(start.Next(), next);
-            EXPECT_EQ(start.test.settings.Is(Setting::Welcome), way == Way::CloseBox || !notAgain);
-        }
-}
-
-TEST(StartDialog, GettingStartedOpensADocumentOnlyWhereThatIsChosenAndConfirmed) {
+TEST(StartDialog, EachWayOutDoesWhatItSays) {
+    using enum Way;
+    constexpr const char* kNotAgain = "chkDoNotShowThisDialog";
+    constexpr const char* kOpen = "optOpenDocument";
+    constexpr const char* kNew = "optCreateNewDocument";
     struct Case {
+        DialogKind kind;
         std::vector<const char*> chosen;
         Way way;
-        bool opens;
-        const char* next;
+        bool goesOn = true;
+        bool opens = false;
     };
-    const Case cases[] = {{{}, Way::FirstButton, false, "main"},
-                          {{"optOpenDocument"}, Way::FirstButton, true, "main"},
-                          {{"optOpenDocument", "optCreateNewDocument"}, Way::FirstButton, false, "main"},
-                          {{"optOpenDocument"}, Way::LastButton, false, "main"},
-                          {{"optOpenDocument"}, Way::Escape, false, "main"},
-                          {{"optOpenDocument"}, Way::CloseBox, true, "end"}};
-    for (const auto& [chosen, way, opens, next] : cases) {
-        AtStart start;
-        start.test.settings.Switch(Setting::WorkBegin, true);
-        bool& openAtStart = start.parts.start.OpenAtStart;
-        openAtStart = true;
-        frmWorkBegin dialog(start.context, start.parts.start);
-        EXPECT_FALSE(openAtStart);
-        EXPECT_TRUE(Find<QRadioButton>(dialog, "optCreateNewDocument").isChecked());
-        for (const char* option : chosen)
-            Find<QRadioButton>(dialog, option).setChecked(true);
-        Find<QCheckBox>(dialog, "chkDoNotShowThisDialog").setChecked(true);
-        Leave(dialog, way);
-        EXPECT_EQ(openAtStart, opens);
-        EXPECT_EQ(start.Next(), next);
-        EXPECT_EQ(start.test.fileDialog.namesAtOpening.size(), opens && way != Way::CloseBox ? 1U : 0U);
-        EXPECT_EQ(start.test.settings.Is(Setting::WorkBegin), way == Way::CloseBox);
+    const Case cases[] = {{DialogKind::Welcome, {}, FirstButton},
+                          {DialogKind::Welcome, {kNotAgain}, FirstButton},
+                          {DialogKind::Welcome, {kNotAgain}, Escape},
+                          {DialogKind::Welcome, {kNotAgain}, CloseBox, false},
+                          {DialogKind::WorkBegin, {}, FirstButton},
+                          {DialogKind::WorkBegin, {kOpen, kNotAgain}, FirstButton, true, true},
+                          {DialogKind::WorkBegin, {kOpen, kNew}, FirstButton},
+                          {DialogKind::WorkBegin, {kOpen, kNotAgain}, LastButton},
+                          {DialogKind::WorkBegin, {kOpen}, Escape},
+                          {DialogKind::WorkBegin, {kOpen, kNotAgain}, CloseBox, false}};
+    for (const Case& one : cases) {
+        const auto& [kind, chosen, way, goesOn, opens] = one;
+        SCOPED_TRACE(&one - cases);
+        TestProgram test;
+        const Setting isShown = kind == DialogKind::Welcome ? Setting::Welcome : Setting::WorkBegin;
+        test.settings.Switch(isShown, true);
+        test.program.Parts().start.OpenAtStart = kind == DialogKind::WorkBegin; // which clears it
+        QWidget owner;
+        const auto dialog = ProgramDialogs(test.program.Parts(), owner).Make(kind);
+        dialog->show();
+        for (const char* button : chosen)
+            Find<QAbstractButton>(*dialog, button).setChecked(true);
+        Leave(*dialog, way);
+        EXPECT_FALSE(test.window.shown || test.shell.ended) << "in the middle of its event";
+        test.timers.Tick();
+        EXPECT_EQ(test.window.shown, goesOn);
+        EXPECT_EQ(test.shell.ended, !goesOn);
+        EXPECT_EQ(test.fileDialog.namesAtOpening.size(), opens ? 1U : 0U);
+        const bool ticked = std::ranges::find(chosen, kNotAgain) != chosen.end();
+        EXPECT_EQ(test.settings.Is(isShown), !ticked || way == CloseBox);
     }
 }
 
@@ -125,22 +105,28 @@ TEST_F(StartDialogs, UnloadBeforeTheNextOneIsHeard) {
 
 TEST_F(StartDialogs, TheSplashShowsItsPictureClicksAndStays) {
     const std::string picture = Contents(TestsFolder().parent_path() / "Splash.spl");
-    const std::pair<std::string, bool> cases[] = {
-        {picture, true}, {"", false}, {picture.substr(0, 100), false}, {"no picture", false}};
-    for (const auto& [bytes, shows] : cases) {
+    QByteArray large;
+    QBuffer file(&large);
+    QImage(2000, 1000, QImage::Format_RGB32).save(&file, "PNG");
+    const QSize screen = QGuiApplication::primaryScreen()->availableSize();
+    const std::pair<std::string, QSize> cases[] = {
+        {picture, {480, 270}}, // two pixels of the file to the unit
+        {large.toStdString(), {screen.width(), screen.width() / 2}},
+        {"", {}},
+        {picture.substr(0, 100), {}},
+        {"no picture", {}}};
+    for (const auto& [bytes, size] : cases) {
         test.files.files[u"/program/Splash.spl"] = bytes;
         for (const bool above : {false, true}) {
             test.settings.Switch(Setting::TopMost, above);
             frmSplash splash(context);
             splash.show();
-            EXPECT_EQ(splash.isVisible(), shows);
             EXPECT_EQ(splash.windowFlags().testFlag(Qt::WindowStaysOnTopHint), above);
             test.sound.played.clear();
             QTest::mouseClick(&splash, Qt::RightButton);
             QTest::keyClick(&splash, Qt::Key_Escape);
             splash.close();
-            EXPECT_EQ(splash.isVisible(), shows);
-            EXPECT_TRUE(!shows || splash.size() == QSize(480, 270)) << "two pixels of the file to the unit";
+            EXPECT_EQ(splash.isVisible() ? splash.size() : QSize(), size);
         }
         EXPECT_EQ(test.sound.played, std::vector<std::u16string>{u"ButtonClick.wav"});
     }
@@ -154,7 +140,7 @@ TEST_F(StartDialogs, TheAboutBoxTellsTheVersionAndItsButtonIsSilent) {
                   QStringLiteral("Version 3.0.0 Preview build 241 for Microsoft Windows."));
         for (const char* link : {"Hyperlink1", "Hyperlink2"})
             QTest::mouseClick(&Find<QWidget>(about, link), Qt::LeftButton);
-        Press(about, "cmdOK");
+        QTest::mouseClick(&Find<QPushButton>(about, "cmdOK"), Qt::LeftButton);
         EXPECT_FALSE(about.isVisible());
     }
     EXPECT_EQ(test.shell.opened, (std::vector<std::u16string>{u"mailto:author@quillshift.example",

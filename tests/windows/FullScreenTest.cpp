@@ -1,0 +1,42 @@
+#include "document/frmFScreen.h"
+#include "document/frmFScreenB.h"
+#include "support/FindControl.h"
+#include "support/TestProgram.h"
+
+#include <gtest/gtest.h>
+
+#include <QFrame>
+
+namespace quillshift {
+namespace {
+
+TEST(FullScreenWindows, StandWhereTheyAreToldAndKeepThePlaceOfTheSmallOneUnlessItIsMinimised) {
+    TestProgram test;
+    test.Set(Setting::FullScreenLeft, u"3000").Set(Setting::FullScreenTop, u"1500").Start();
+    ProgramParts& parts = test.program.Parts();
+    for (const bool minimised : {true, false}) {
+        frmFScreen screen({parts.platform, parts.settings, parts.sounds, nullptr}, parts.fullScreen);
+        screen.setWindowState(Qt::WindowNoState);
+        screen.resize(1000, 600);
+        screen.show();
+        const auto& surface = Find<QtTextSurface>(screen, "FSRTB");
+        EXPECT_EQ(Find<QFrame>(screen, "ShapeRichTextBox").geometry(), QRect(8, 8, 981, 581));
+        EXPECT_EQ(surface.geometry(), QRect(10, 10, 978, 578));
+        EXPECT_EQ(surface.lineWrapColumnOrWidth(), 951);
+        EXPECT_EQ(surface.Font(), (SurfaceFont{u"Tahoma", 8.25F}));
+        auto& bar = *screen.findChild<frmFScreenB*>();
+        EXPECT_EQ(bar.pos(), QPoint(200, 100));
+        EXPECT_TRUE(bar.isVisible() && bar.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+        EXPECT_FALSE(bar.windowFlags().testFlag(Qt::WindowCloseButtonHint));
+        bar.move(210, 120);
+        if (minimised)
+            bar.showMinimized();
+        screen.hide();
+        EXPECT_FALSE(bar.isVisible());
+        EXPECT_EQ(parts.settings.Text(Setting::FullScreenLeft), minimised ? u"3000" : u"3150");
+        EXPECT_EQ(parts.settings.Text(Setting::FullScreenTop), minimised ? u"1500" : u"1800");
+    }
+}
+
+} // namespace
+} // namespace quillshift
