@@ -89,7 +89,7 @@ void frmLockProgram::Enter() {
         accept();
         return;
     }
-    txtPassword_->clear();
+    txtPassword_->setText({}); // clearing could be undone
     txtPassword_->setFocus();
 }
 

@@ -26,8 +26,7 @@ frmWorkBegin::frmWorkBegin(const DialogContext& context, StartChain& chain)
               QStringLiteral("Запустить программу и открыть существующий документ на диске."), true);
     auto* createNew = AddOption(*rows, "optCreateNewDocument", QStringLiteral("Создать новый документ"),
                                 QStringLiteral("Запустить программу и создать новый документ."), false);
-    createNew->setChecked(true);
-    Chain().OpenAtStart = false;
+    createNew->setChecked(true); // and with it the chain's `OpenAtStart` is off
 
     auto* instruction = Add<QLabel>(
         "Label1", QStringLiteral("Пожалуйста выберите действие, которое выполнит программа сразу же после "

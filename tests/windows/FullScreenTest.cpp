@@ -6,6 +6,9 @@
 #include <gtest/gtest.h>
 
 #include <QFrame>
+#include <QTest>
+
+#include <functional>
 
 namespace quillshift {
 namespace {
@@ -35,6 +38,27 @@ TEST(FullScreenWindows, StandWhereTheyAreToldAndKeepThePlaceOfTheSmallOneUnlessI
         EXPECT_FALSE(bar.isVisible());
         EXPECT_EQ(parts.settings.Text(Setting::FullScreenLeft), minimised ? u"3000" : u"3150");
         EXPECT_EQ(parts.settings.Text(Setting::FullScreenTop), minimised ? u"1500" : u"1800");
+    }
+}
+
+TEST(FullScreenWindows, HaveOneRoadOut) {
+    const std::function<void(frmFScreen&, frmFScreenB&)> roads[] = {
+        [](frmFScreen& screen, frmFScreenB&) { screen.close(); },
+        [](frmFScreen&, frmFScreenB& bar) { bar.close(); },
+        [](frmFScreen&, frmFScreenB& bar) { QTest::keyClick(&bar, Qt::Key_Escape); },
+        [](frmFScreen&, frmFScreenB& bar) { QTest::keyClick(&bar, Qt::Key_Return); }};
+    for (const auto& road : roads) {
+        TestProgram test;
+        test.Set(Setting::FullScreenLeft, u"99000").Start();
+        ProgramParts& parts = test.program.Parts();
+        frmFScreen screen({parts.platform, parts.settings, parts.sounds, nullptr}, parts.fullScreen);
+        screen.show();
+        auto& bar = *screen.findChild<frmFScreenB*>();
+        EXPECT_LT(bar.x(), 1280) << "within reach";
+        QTest::keyClick(&screen, Qt::Key_Escape);
+        EXPECT_TRUE(parts.fullScreen.IsOn());
+        road(screen, bar);
+        EXPECT_FALSE(parts.fullScreen.IsOn()) << &road - roads;
     }
 }
 

@@ -84,7 +84,9 @@ TEST(StartDialog, EachWayOutDoesWhatItSays) {
             Find<QAbstractButton>(*dialog, button).setChecked(true);
         Leave(*dialog, way);
         EXPECT_FALSE(test.window.shown || test.shell.ended) << "in the middle of its event";
+        test.sound.played = {u"of the dialog"};
         test.timers.Tick();
+        EXPECT_EQ(test.sound.ended.empty(), goesOn) << "the end would cut it";
         EXPECT_EQ(test.window.shown, goesOn);
         EXPECT_EQ(test.shell.ended, !goesOn);
         EXPECT_EQ(test.fileDialog.namesAtOpening.size(), opens ? 1U : 0U);
