@@ -118,6 +118,12 @@ TEST(Detector, IsUnsureBetweenReadingsOfOneKind) {
     // One capital tells Mac from 1251.
     const std::string bytes = Iconv(Iconv("пословица\nС деньгами", "UTF-8", "KOI8-R"), "CP437", "UTF-8");
     EXPECT_EQ(Detect(bytes).answer, Answer::Unsure);
+    // Another set on the way turns capitals into small letters.
+    const std::string once =
+        Iconv(Iconv("СПРОСИЛ ОДИН МОЙ ЗНАКОМЫЙ", "UTF-8", "CP1251"), "ISO-8859-5", "UTF-8");
+    const std::string thrice =
+        Iconv(Iconv(Iconv(once, "UTF-8", "CP1251"), "MAC-CYRILLIC", "UTF-8"), "CP866", "UTF-8");
+    EXPECT_EQ(Detect(thrice).answer, Answer::Unsure);
     // Names are the same in Bulgarian.
     EXPECT_EQ(Detect(Iconv("Гвинея-Бисау, Гренландия", "UTF-8", "CP1251")).answer, Answer::Unsure);
 }

@@ -12,8 +12,9 @@ constexpr std::size_t wholeBytes = 3200; // up to here all is looked at
 constexpr std::size_t sampleBytes = 1600;
 constexpr std::size_t longestLine = 400;
 constexpr std::size_t debrisBytes = 6000;
-constexpr double sureLead = 9;       // bits before the next text
-constexpr double sureOverAlone = 16; // bits before the same text as another language
+constexpr double sureLead = 9;          // bits before the next text
+constexpr double sureLeadOverCase = 18; // bits before the same text in capitals or small letters
+constexpr double sureOverAlone = 16;    // bits before the same text as another language
 
 /// The same for so many letters: names are much alike in all languages, so that a few prove little and a long
 /// list has to differ all over.
@@ -67,6 +68,25 @@ bool IsBinary(std::string_view bytes) {
                c != 0x1B && c != 0x1A;
     });
     return static_cast<std::size_t>(control) * 50 > bytes.size();
+}
+
+std::string WithoutCase(std::string_view text) {
+    std::string folded;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::int32_t c = NextUtf8(text, at);
+        AppendUtf8(folded, static_cast<std::uint32_t>(c < 0                      ? lostMark
+                                                      : c >= 0x410 && c <= 0x42F ? c + 0x20
+                                                      : c == 0x401               ? 0x451
+                                                                                 : c));
+    }
+    return folded;
+}
+
+/// The lead that makes a reading sure. Twice or more garbled, a text in capitals and one in small letters are
+/// a single set apart, and the shorter chain says little.
+double LeadOver(const Candidate& best, const Candidate& rival) {
+    const bool deep = best.chain.layers.size() >= 2;
+    return deep && WithoutCase(best.preview) == WithoutCase(rival.preview) ? sureLeadOverCase : sureLead;
 }
 
 Candidate Finish(const Hypothesis& hypothesis, std::string_view sample) {
@@ -177,10 +197,11 @@ Verdict Detect(std::string_view bytes, const DetectOptions& options) {
     const auto rival = std::find_if(verdict.candidates.begin(), verdict.candidates.end(),
                                     [&](const Candidate& other) { return other.preview != best.preview; });
     const double lead = rival == verdict.candidates.end() ? 1e9 : rival->bits - best.bits;
+    const double wanted = rival == verdict.candidates.end() ? sureLead : LeadOver(best, *rival);
     const auto alone = std::find_if(verdict.candidates.begin(), verdict.candidates.end(),
                                     [](const Candidate& other) { return other.leaveAlone; });
     const double overAlone = alone == verdict.candidates.end() ? 1e9 : alone->bits - best.bits;
-    const bool isSure = lead >= sureLead && overAlone >= OverAloneFor(best.letters) && best.lost == 0;
+    const bool isSure = lead >= wanted && overAlone >= OverAloneFor(best.letters) && best.lost == 0;
     // Neither binary nor UTF-8 as it should be: something is wrong with it, whatever it is.
     const bool undecided = best.leaveAlone && best.chain.stored == Set::Utf8 && !IsUtf8(bytes);
     verdict.answer = best.leaveAlone && !undecided ? Answer::Clean
