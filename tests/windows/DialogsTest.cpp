@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QKeySequence>
 #include <QLabel>
+#include <QLayout>
 #include <QSet>
 
 #include <filesystem>
@@ -28,12 +29,8 @@ struct AllDialogs : testing::TestWithParam<DialogKind> {
     std::unique_ptr<Dialog> dialog;
 
     void SetUp() override {
-        if (qEnvironmentVariableIsSet("DARK")) {
-            QPalette dark(QColor(45, 45, 48), QColor(45, 45, 48));
-            for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-                dark.setColor(QPalette::Disabled, role, QColor(128, 128, 128));
-            QApplication::setPalette(dark);
-        }
+        if (qEnvironmentVariableIsSet("DARK"))
+            QApplication::setPalette(Readable({QColor(45, 45, 48), QColor(45, 45, 48)}));
         test.window.document.SetText(u"Жук");
         LoadDataFiles();
         dialog = ProgramDialogs(parts, owner).Make(GetParam());
@@ -52,6 +49,19 @@ struct AllDialogs : testing::TestWithParam<DialogKind> {
         };
         std::ranges::for_each(fs::directory_iterator(TestsFolder().parent_path()), load);
         std::ranges::for_each(fs::recursive_directory_iterator(TestsFolder().parent_path() / "Data"), load);
+    }
+    /// Of each page, where there are several.
+    void LeavePictures() {
+        const QString folder = qEnvironmentVariable("GALLERY");
+        if (folder.isEmpty() || !dialog->isVisible())
+            return;
+        const QString name = QString::fromLatin1(dialog->metaObject()->className()).section(u':', -1);
+        const int pages = dialog->findChild<QWidget*>(QStringLiteral("tabSettings")) != nullptr ? 8 : 1;
+        for (int page = 1; page <= pages; ++page) {
+            dialog->TurnTo(page);
+            const QString number = pages > 1 ? QString::number(page) : QString();
+            EXPECT_TRUE(dialog->grab().save(folder + u'/' + name + number + QStringLiteral(".png")));
+        }
     }
     template <typename Control>
     std::vector<Control*> Visible() const {
@@ -91,6 +101,11 @@ TEST_P(AllDialogs, AreLaidOutAsByOneHand) {
         EXPECT_TRUE(label->wordWrap() || label->width() >= label->sizeHint().width())
             << label->text().toStdString();
     }
+    for (const QWidget* part : dialog->findChildren<QWidget*>())
+        if (part->layout() != nullptr && part->isVisible()) {
+            const QSize needed = part->layout()->totalMinimumSize();
+            EXPECT_EQ(part->size().expandedTo(needed), part->size()) << part->objectName().toStdString();
+        }
     QSet<QString> mnemonics;
     for (const QAbstractButton* button : Visible<QAbstractButton>()) {
         EXPECT_GE(button->width(), button->minimumSizeHint().width()) << button->text().toStdString();
@@ -100,10 +115,7 @@ TEST_P(AllDialogs, AreLaidOutAsByOneHand) {
         EXPECT_FALSE(hasText && mnemonics.contains(letter)) << button->text().toStdString();
         mnemonics.insert(letter);
     }
-    const QString folder = qEnvironmentVariable("GALLERY");
-    const QString name = QString::fromLatin1(dialog->metaObject()->className()).section(u':', -1);
-    EXPECT_TRUE(folder.isEmpty() || !dialog->isVisible() ||
-                dialog->grab().save(folder + u'/' + name + QStringLiteral(".png")));
+    LeavePictures();
 }
 
 TEST_P(AllDialogs, AreWalkedByTabAsTheyAreRead) {

@@ -25,20 +25,24 @@ void ShowFontRelatives() {
         QFont::insertSubstitutions(QLatin1String(name), relatives);
 }
 
-// The toolkit's grey for what is disabled falls below 2:1; a middle one has over 3:1 on light and dark alike.
-void KeepGreyedTextReadable() {
-    QPalette palette;
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        palette.setColor(QPalette::Disabled, role, QColor(128, 128, 128));
-    QApplication::setPalette(palette);
-}
-
 } // namespace
 
 void DressUp(QApplication& application) {
     SpeakRussian(application);
     ShowFontRelatives();
-    KeepGreyedTextReadable();
+    QApplication::setPalette(Readable({}));
+}
+
+// The toolkit's grey for what is disabled falls below 2:1; a middle one has over 3:1 on light and dark alike.
+// Its blue of links is for light ground.
+QPalette Readable(QPalette palette) {
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, QColor(128, 128, 128));
+    const int ground = palette.color(QPalette::Window).lightness();
+    constexpr int kMiddle = 128;
+    if (ground < kMiddle && palette.color(QPalette::Link).lightness() <= kMiddle)
+        palette.setColor(QPalette::Link, QColor(110, 170, 255));
+    return palette;
 }
 
 } // namespace quillshift
