@@ -5,6 +5,7 @@
 #include "platform/qt/QtText.h"
 
 #include <QCheckBox>
+#include <QFocusEvent>
 #include <QFormLayout>
 #include <QFrame>
 #include <QGridLayout>
@@ -32,6 +33,22 @@ protected:
 
 private:
     QIcon icon_;
+};
+
+// It shows, and takes neither a tick nor the keyboard, which goes on to another control.
+class AttributeBox final : public QCheckBox {
+public:
+    AttributeBox(const QString& text, bool ticked, QWidget& next) : QCheckBox(text), next_(next) {
+        setFocusPolicy(Qt::ClickFocus);
+        setChecked(ticked);
+        connect(this, &QCheckBox::toggled, this, [this, ticked] { setChecked(ticked); });
+    }
+
+protected:
+    void focusInEvent(QFocusEvent* event) override { next_.setFocus(event->reason()); }
+
+private:
+    QWidget& next_;
 };
 
 QFrame* Line() {
@@ -116,12 +133,8 @@ void frmDocumentProperties::AddFact(QFormLayout& facts, const char* name, const 
     facts.addRow(label, fact);
 }
 
-// It shows, and takes neither a tick nor the keyboard.
 void frmDocumentProperties::AddAttribute(QGridLayout& boxes, int number, const QString& label, bool ticked) {
-    auto* box = Add<QCheckBox>(("chkAttrib" + std::to_string(number)).c_str(), label);
-    box->setChecked(ticked);
-    box->setFocusProxy(cmdClose);
-    connect(box, &QCheckBox::toggled, box, [box, ticked] { box->setChecked(ticked); });
+    auto* box = Add<AttributeBox>(("chkAttrib" + std::to_string(number)).c_str(), label, ticked, *cmdClose);
     boxes.addWidget(box, (number - 1) / 2, (number - 1) % 2);
 }
 

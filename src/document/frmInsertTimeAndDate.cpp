@@ -36,8 +36,8 @@ frmInsertTimeAndDate::frmInsertTimeAndDate(const DialogContext& context, TextSur
     all->setSizeConstraint(QLayout::SetFixedSize);
 
     FillDates();
-    // All rows at once, and the longest of them.
-    lstDates->setFixedSize(lstDates->sizeHintForColumn(0) + fontMetrics().averageCharWidth() * 6,
+    // All rows at once, the longest of them, and the title above.
+    lstDates->setFixedSize(lstDates->sizeHintForColumn(0) + fontMetrics().averageCharWidth() * 18,
                            lstDates->sizeHintForRow(0) * lstDates->count() + 2 * lstDates->frameWidth());
     cmdInsert->setDefault(true);
     connect(cmdInsert, &QPushButton::clicked, this, &frmInsertTimeAndDate::Insert);

@@ -200,50 +200,29 @@ TEST(GoToLine, ReadsNumbersAsPeopleWriteThem) {
     GoToLine lines(document, box);
     document.SetText(u"a\r\nb\r\nc\r\nd\r\ne"); // each line begins at three times its number
     EXPECT_EQ(lines.Range(), u"1–5");
-    constexpr int kOwn = 9, kNone = -1, kNoNumber = -2;
-    const std::pair<std::u16string_view, int> cases[] = {{u"1", 0},
-                                                         {u"5", 12},
-                                                         {u"6", kNone},
-                                                         {u"0", kOwn},
-                                                         {u"-0", kOwn},
-                                                         {u"-3", kNone},
-                                                         {u"-0,4", kNone},
-                                                         {u"2,5", 6},
-                                                         {u"3,5", 6},
-                                                         {u"0.5", 0},
-                                                         {u"0,4", kOwn},
-                                                         {u" +2\t", 3},
-                                                         {u"\u00A03 ", 6},
-                                                         {u"3e0", 6},
-                                                         {u"0.04E2", 9},
-                                                         {u"1e3", kNone},
-                                                         {u"100000000000000000000", kNone},
-                                                         {u"1e999", kNone},
-                                                         {u"4294967297", kNone},
-                                                         {u" ", kNoNumber},
-                                                         {u"x", kNoNumber},
-                                                         {u"2x", kNoNumber},
-                                                         {u"inf", kNoNumber},
-                                                         {u"nan", kNoNumber},
-                                                         {u"+-2", kNoNumber},
-                                                         {u"1 2", kNoNumber},
-                                                         {u"0x2", kNoNumber},
-                                                         {u"2.5.1", kNoNumber},
-                                                         {u"\u0662", kNoNumber},
-                                                         {u",", kNoNumber}};
-    for (const auto& [text, place] : cases) {
-        document.SetSelStart(9);
-        document.SetSelLength(1);
-        box.shown.clear();
-        EXPECT_EQ(lines.Go(text), place >= 0) << ToUtf8(text);
-        EXPECT_EQ(document.SelStart(), place >= 0 ? static_cast<std::size_t>(place) : 9U) << ToUtf8(text);
-        EXPECT_EQ(document.SelLength(), place >= 0 ? 0U : 1U) << ToUtf8(text);
-        const std::u16string told = box.shown.empty() ? u"" : box.shown.back().text;
-        EXPECT_EQ(told, place >= 0 ? u""
-                        : place == kNone
-                            ? u"Неверный номер строки!\nСтрока №" + std::u16string(text) + u" не существует."
-                            : u"Это не номер строки: " + std::u16string(text));
-    }
+    enum { kOwn = 9, kNone = -1, kNoNumber = -2 };
+    const auto expect = [&](std::initializer_list<std::u16string> texts, int place) {
+        for (const std::u16string& text : texts) {
+            document.SetSelStart(9);
+            document.SetSelLength(1);
+            box.shown.clear();
+            EXPECT_EQ(lines.Go(text), place >= 0) << ToUtf8(text);
+            EXPECT_EQ(document.SelStart(), place >= 0 ? static_cast<std::size_t>(place) : 9U) << ToUtf8(text);
+            EXPECT_EQ(document.SelLength(), place >= 0 ? 0U : 1U) << ToUtf8(text);
+            const std::u16string told = box.shown.empty() ? u"" : box.shown.back().text;
+            EXPECT_EQ(told, place >= 0 ? u""
+                            : place == kNone ? u"Неверный номер строки!\nСтрока №" + text + u" не существует."
+                                             : u"Это не номер строки: " + text);
+            EXPECT_TRUE(box.shown.empty() || box.shown.back().icon == BoxIcon::Exclamation);
+        }
+    };
+    expect({u"1", u"0.5"}, 0);
+    expect({u"5"}, 12);
+    expect({u"2,5", u"3,5", u"\u00A03 ", u"3e0"}, 6);
+    expect({u" +2\t"}, 3);
+    expect({u"0.04E2", u"0", u"-0", u"0,4"}, kOwn);
+    expect({u"6", u"-3", u"-0,4", u"1e3", u"100000000000000000000", u"1e999", u"4294967297"}, kNone);
+    expect({u" ", u"2x", u"inf", u"+-2", u"1 2", u"0x2", u"2.5.1", u"\u0662", u","}, kNoNumber);
     document.SetSelStart(10);
     EXPECT_TRUE(lines.Go(u""));
     EXPECT_EQ(box.shown.back().text, u"Введите номер строки!");

@@ -50,23 +50,20 @@ TEST_F(HyperLinkTest, IsLitWhileThePointerIsOverItAndLooksAboutOnlyThen) {
     link.SetMOUnderline(true);
     link.SetMOPointer(true);
     link.SetAddress(u"  mailto:a@b.example \t");
-    EXPECT_EQ(link.Address(), u"mailto:a@b.example");
-    for (const bool autoTip : {true, false}) {
+    link.setToolTip(QStringLiteral("свой текст"));
+    for (const auto* tip : {"mailto:a@b.example", "свой текст"}) {
         raised.clear();
-        link.SetAutoToolTip(autoTip);
-        link.setToolTip(QStringLiteral("свой текст"));
         timers.Tick();
         QTest::mouseMove(&link, {4, 2});
         QTest::mouseMove(&link, {6, 3});
         timers.Tick();
-        EXPECT_EQ(Look(),
-                  std::string("#ff0000 underlined hand ") + (autoTip ? "mailto:a@b.example" : "свой текст"));
-        EXPECT_EQ(raised, "over00@60,30 ");
+        EXPECT_EQ(Look(), std::string("#ff0000 underlined hand ") + tip);
         QTest::mouseMove(&window, {390, 90});
         timers.Tick();
         timers.Tick();
         EXPECT_EQ(Look().substr(0, 13), "#880000 hand ") << "the hand stays on the caption";
         EXPECT_EQ(raised, "over00@60,30 left ");
+        link.SetAutoToolTip(false);
     }
     QFont underlined = link.font();
     underlined.setUnderline(true);
@@ -83,14 +80,13 @@ TEST_F(HyperLinkTest, AClickOpensTheAddressAndIsToldInAnyCase) {
     ASSERT_TRUE(resource.open(QIODevice::ReadOnly));
     const std::string bytes = resource.readAll().toStdString();
     EXPECT_TRUE(bytes.starts_with("RIFF"));
-    using Memory = std::vector<std::string>;
-    using Opened = std::vector<std::u16string>;
-    const std::tuple<const char16_t*, int, bool, Opened, Memory> cases[] = {
-        {u"https://a.example/", 1, true, {u"https://a.example/"}, {bytes}},
-        {u"https://a.example/", 77, true, {u"https://a.example/"}, {}},
-        {u"https://a.example/", 1, false, {u"https://a.example/"}, {bytes}},
-        {u"  ", 1, true, {}, {}}};
-    for (const auto& [address, id, opens, opened, memory] : cases) {
+    // What is set, whether anybody opens it, and what is opened and heard.
+    const std::tuple<std::u16string, int, bool, bool, bool> cases[] = {
+        {u"https://a.example/", 1, true, true, true},
+        {u"https://a.example/", 77, true, true, false},
+        {u"https://a.example/", 1, false, true, true},
+        {u"  ", 1, true, false, false}};
+    for (const auto& [address, id, opens, opened, heard] : cases) {
         link.SetAddress(address);
         link.SetSoundID(id);
         shell.opensLinks = opens;
@@ -99,11 +95,11 @@ TEST_F(HyperLinkTest, AClickOpensTheAddressAndIsToldInAnyCase) {
         raised.clear();
         QTest::mouseClick(&Label(), Qt::LeftButton, Qt::ShiftModifier | Qt::AltModifier, {4, 2});
         EXPECT_EQ(raised, "down15@60,30 up15@60,30 click ");
-        EXPECT_EQ(shell.opened, opened);
-        EXPECT_EQ(sound.playedFromMemory, memory);
+        EXPECT_EQ(shell.opened, std::vector<std::u16string>(opened ? 1 : 0, address));
+        EXPECT_EQ(sound.playedFromMemory, std::vector<std::string>(heard ? 1 : 0, bytes));
         EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-        EXPECT_TRUE(messageBox.shown.empty());
     }
+    EXPECT_TRUE(messageBox.shown.empty());
     raised.clear();
     QTest::mouseClick(&Label(), Qt::RightButton, {}, {4, 2});
     QTest::mousePress(&Label(), Qt::LeftButton, {}, {4, 2});
