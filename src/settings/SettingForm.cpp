@@ -157,7 +157,7 @@ QWidget* SettingForm::MakeWithButtons(const SettingField& field, QLineEdit* line
     if (folder)
         return row;
     auto* play = new QToolButton;
-    play->setIcon(play->style()->standardIcon(QStyle::SP_MediaPlay));
+    play->setArrowType(Qt::RightArrow); // in the desktop's colour, which the toolkit's picture has not
     play->setToolTip(QStringLiteral("Прослушать"));
     play->setAccessibleName(play->toolTip());
     play->setObjectName(line->objectName() + QStringLiteral("Play"));

@@ -162,6 +162,13 @@ TEST_F(SearchTest, ReplacingAllAsksCountsAndEnds) {
     EXPECT_EQ(After('A'), "6+0 --" + question) << "nothing found is not told";
     program.Run("MENU:EDIT:UNDO");
     EXPECT_EQ(document.Text(), u"ayybxc") << "each is a step of its own";
+
+    document.SetText(u"1\r\n2");
+    search.ReplaceState() = {.wanted = u"1\n2", .replacement = u"\n", .options = {}, .goesOn = false};
+    EXPECT_EQ(After('f'), "0+4 -g") << "a line break is one, however it was written";
+    messageBox.answers = {BoxAnswer::Yes};
+    After('A');
+    EXPECT_EQ(document.Text(), u"\r\n");
 }
 
 TEST_F(SearchTest, ALongRunCanBeStoppedAndEndsWhereTheTextIsAnother) {
@@ -206,7 +213,9 @@ TEST(GoToLine, ReadsNumbersAsPeopleWriteThem) {
             document.SetSelStart(9);
             document.SetSelLength(1);
             box.shown.clear();
+            document.focused = 0;
             EXPECT_EQ(lines.Go(text), place >= 0) << ToUtf8(text);
+            EXPECT_EQ(document.focused > 0, place >= 0);
             EXPECT_EQ(document.SelStart(), place >= 0 ? static_cast<std::size_t>(place) : 9U) << ToUtf8(text);
             EXPECT_EQ(document.SelLength(), place >= 0 ? 0U : 1U) << ToUtf8(text);
             const std::u16string told = box.shown.empty() ? u"" : box.shown.back().text;
