@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Leaves a picture of every dialog, and of the tabs in each style, in build/gallery: in plain, one and a half and double
-# size, light and dark. A dialog is found by its row in the table of dialogs.
+# Leaves a picture of every dialog, of the tabs in each style and of the progress window in build/gallery: in plain, one
+# and a half and double size, light and dark. A dialog is found by its row in the table of dialogs.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/build.sh release test_windows
@@ -11,7 +11,7 @@ for percent in 100 150 200; do
         dark=(-u DARK)
         [ "$look" = light ] || dark=(DARK=1)
         env "${dark[@]}" QT_SCALE_FACTOR="${percent::1}.${percent:1}" GALLERY="$folder" \
-            build/release/tests/windows/test_windows --gtest_filter='*AllDialogs*:TabStrip*' --gtest_brief=1
+            build/release/tests/windows/test_windows --gtest_filter='*AllDialogs*:TabStrip*:JobProgress*' --gtest_brief=1
     done
 done
 echo "The dialogs: build/gallery"

@@ -1,5 +1,6 @@
 #include "base/Error.h"
 #include "base/Texts.h"
+#include "controls/JobProgress.h"
 #include "platform/posix/FileBytes.h"
 #include "platform/posix/PosixClock.h"
 #include "platform/posix/PosixFiles.h"
@@ -17,7 +18,7 @@
 #include "platform/qt/QtFileDialog.h"
 #include "platform/qt/QtMessageBox.h"
 #include "platform/qt/QtPrinters.h"
-#include "platform/qt/QtProgress.h"
+
 #include "platform/qt/QtScreens.h"
 #include "platform/qt/QtShell.h"
 #include "platform/qt/QtText.h"
@@ -132,7 +133,7 @@ int Run(int argc, char** argv) {
     QtShell shell(data.empty() ? data : data / "running.lock");
     QtBackground background;
     const PosixClock wallClock;
-    QtProgress progress;
+    JobProgress progress;
     QtPrinters printers(files);
     PosixRecoveryStore recovery(RecoveryFolder());
     Platform platform{store,  sound, files,      fileDialog, messageBox, clipboard, timers,

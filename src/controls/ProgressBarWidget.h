@@ -17,7 +17,7 @@ public:
     template <class With>
     void Change(With change) {
         change(bar_);
-        update();
+        Changed();
     }
     QSize sizeHint() const override { return {300, 21}; }
 
@@ -25,6 +25,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void Changed();
+
     qsProgressBar bar_;
     QtTextMeasurer texts_;
     QtMemorySurface memory_{texts_};

@@ -21,7 +21,7 @@ namespace quillshift {
 namespace {
 
 /// All dialogs of the program, by what every one of them has to be. With a name in GALLERY each leaves a
-/// picture under it, with DARK as a dark desktop shows it.
+/// picture under it.
 struct AllDialogs : testing::TestWithParam<DialogKind> {
     TestProgram test;
     ProgramParts& parts = (test.Start(), test.program.Parts());
@@ -29,8 +29,6 @@ struct AllDialogs : testing::TestWithParam<DialogKind> {
     std::unique_ptr<Dialog> dialog;
 
     void SetUp() override {
-        if (qEnvironmentVariableIsSet("DARK"))
-            QApplication::setPalette(Readable({QColor(45, 45, 48), QColor(45, 45, 48)}));
         test.window.document.SetText(u"Жук");
         LoadDataFiles();
         dialog = ProgramDialogs(parts, owner).Make(GetParam());

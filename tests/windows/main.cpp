@@ -3,12 +3,19 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QPalette>
 
-// Real widgets and real events, without a display.
+// Real widgets and real events, without a display; with DARK as a dark desktop shows them.
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     quillshift::DressUp(application);
+    if (qEnvironmentVariableIsSet("DARK")) {
+        QPalette dark(QColor(45, 45, 48), QColor(45, 45, 48));
+        for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+            dark.setColor(QPalette::Disabled, role, QColor(128, 128, 128));
+        QApplication::setPalette(dark);
+    }
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

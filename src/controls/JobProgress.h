@@ -4,7 +4,8 @@
 
 namespace quillshift {
 
-class QtProgress final : public Progress {
+/// The windows of running jobs, each with the segmented bar.
+class JobProgress final : public Progress {
 public:
     std::unique_ptr<ProgressWindow> Begin(std::u16string_view what) override;
 };

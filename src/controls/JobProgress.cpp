@@ -1,6 +1,8 @@
-#include "platform/qt/QtProgress.h"
+#include "controls/JobProgress.h"
 
 #include "base/Texts.h"
+#include "controls/ProgressBarWidget.h"
+#include "platform/qt/Appearance.h"
 #include "platform/qt/DialogOwner.h"
 #include "platform/qt/QtText.h"
 
@@ -8,7 +10,6 @@
 #include <QDialog>
 #include <QElapsedTimer>
 #include <QLabel>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -19,19 +20,21 @@ namespace {
 
 constexpr qint64 kBeforeShown = 500; // milliseconds
 constexpr qint64 kBetweenSteps = 100;
-constexpr int kBarSteps = 1000;
 
-class QtProgressWindow final : public QDialog, public ProgressWindow {
+class JobWindow final : public QDialog, public ProgressWindow {
 public:
-    explicit QtProgressWindow(std::u16string_view what)
-        : QDialog(DialogOwner()), bar_(new QProgressBar), sinceStep_(kBeforeShown) {
+    explicit JobWindow(std::u16string_view what)
+        : QDialog(DialogOwner()), bar_(new ProgressBarWidget), sinceStep_(kBeforeShown) {
         setWindowTitle(ToQString(kProgramTitle));
-        setFont(QFont(QStringLiteral("MS Sans Serif"), 8)); // as every dialog
+        setFont(DialogFont());
         setModal(true);
-        bar_->setRange(0, kBarSteps);
-        bar_->setTextVisible(false);
-        bar_->setMinimumWidth(300);
-        auto* const stop = new QPushButton(QStringLiteral("Остановить"));
+        bar_->setAccessibleName(ToQString(what));
+        bar_->Change([](qsProgressBar& bar) {
+            bar.Segments = bar.ShowText = true;
+            bar.BarColor = SystemColour::Highlight; // ones that show on dark desktops, too
+            bar.BarForeColor = SystemColour::HighlightText;
+        });
+        auto* const stop = new QPushButton(QStringLiteral("&Остановить"));
         auto* const rows = new QVBoxLayout(this);
         rows->addWidget(new QLabel(ToQString(what)));
         rows->addWidget(bar_);
@@ -44,7 +47,10 @@ public:
 
     bool IsDue() const override { return clock_.elapsed() >= sinceStep_; }
     bool Step(double done) override {
-        bar_->setValue(static_cast<int>(done * kBarSteps));
+        bar_->Change([done](qsProgressBar& bar) {
+            bar.Value = static_cast<std::int32_t>(done * bar.Max);
+            bar.Text = WholeNumberText(bar.Value) + u"%";
+        });
         if (!std::exchange(shown_, true))
             show();
         QCoreApplication::processEvents();
@@ -54,7 +60,7 @@ public:
     }
 
 private:
-    QProgressBar* bar_;
+    ProgressBarWidget* bar_;
     QElapsedTimer clock_;
     qint64 sinceStep_;
     bool shown_ = false;
@@ -63,8 +69,8 @@ private:
 
 } // namespace
 
-std::unique_ptr<ProgressWindow> QtProgress::Begin(std::u16string_view what) {
-    return std::make_unique<QtProgressWindow>(what);
+std::unique_ptr<ProgressWindow> JobProgress::Begin(std::u16string_view what) {
+    return std::make_unique<JobWindow>(what);
 }
 
 } // namespace quillshift
