@@ -51,8 +51,9 @@ void Editor::DeleteStore() {
 }
 
 void Editor::Launch() {
-    program_ = std::make_unique<Process>(file_, std::vector<std::string>{},
-                                         desktop_.ProgramEnvironment(home.Path()));
+    Environment all = environment;
+    all.merge(desktop_.ProgramEnvironment(home.Path()));
+    program_ = std::make_unique<Process>(file_, std::vector<std::string>{}, all);
 }
 
 Editor& Editor::Start() {

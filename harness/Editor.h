@@ -19,6 +19,7 @@ public:
     explicit Editor(Desktop& desktop, std::filesystem::path program = QUILLSHIFT_PROGRAM);
 
     TemporaryFolder home;
+    Environment environment; ///< what the program is to find there besides the usual
     Settings& Store() { return settings_; }
     Editor& Set(Setting setting, std::u16string_view text) {
         settings_.Set(setting, text);

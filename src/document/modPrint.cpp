@@ -79,7 +79,7 @@ void modPrint::Print() {
     if (boxes_ == nullptr)
         services_.loadBoxes();
     const PrintBoxTexts boxes = boxes_->Boxes();
-    if (!SetUp(services_.platform.printers.Current(), CopiesIn(boxes.copies)))
+    if (!IsStillThere() || !SetUp(services_.platform.printers.Current(), CopiesIn(boxes.copies)))
         return;
     confirmed_ = services_.settings.Whole(Setting::Printing) == 0;
     if (!confirmed_)
@@ -87,6 +87,16 @@ void modPrint::Print() {
     if (std::exchange(confirmed_, false))
         PrintDocument(services_.document, {FromMillimetres(boxes.left), FromMillimetres(boxes.top),
                                            FromMillimetres(boxes.right), FromMillimetres(boxes.bottom)});
+}
+
+// Where the stored printer has gone another one is current, which may stand in another house.
+bool modPrint::IsStillThere() {
+    Printers& printers = services_.platform.printers;
+    const std::u16string stored = services_.settings.Text(Setting::PrinterName);
+    const auto names = printers.Names();
+    return stored.empty() || std::find(names.begin(), names.end(), stored) != names.end() ||
+           services_.platform.messageBox.Ask(u"Принтер «" + stored + u"» не найден.\r\nПечатать на «" +
+                                             printers.CurrentName() + u"»?") == BoxAnswer::Yes;
 }
 
 // A value that the store has no word for leaves the printer as it was. What the printer refuses is told, and
@@ -168,20 +178,27 @@ void modPrint::PrintDocument(TextSurface& surface, const PrintMargins& margins) 
         const std::u16string name = services_.documentName();
         check(printer.Start(name.empty() ? kNoName : name));
         services_.isPrinting = true;
-        const bool whole = DrawPages(surface, margins, printer);
-        const auto failure = whole ? printer.End() : std::nullopt;
-        if (!whole)
+        Job job{printer, services_.platform.progress.Begin(u"Печать документа...")};
+        DrawPages(surface, margins, job);
+        const auto failure = job.isStopped ? std::nullopt : printer.End([&job] { return job.GoesOn(1); });
+        if (job.isStopped)
             printer.Cancel();
+        job.window.reset();
         surface.ForgetPrintLayout();
         services_.isPrinting = false;
         check(failure);
-        if (whole && !file.empty())
+        if (!job.isStopped && !file.empty())
             services_.platform.messageBox.Inform(u"Документ напечатан в файл\r\n" + file);
     });
 }
 
-// False when the user has stopped it.
-bool modPrint::DrawPages(TextSurface& surface, const PrintMargins& margins, Printer& printer) {
+bool modPrint::Job::GoesOn(double done) {
+    isStopped = isStopped || (window->IsDue() && !window->Step(done));
+    return !isStopped;
+}
+
+void modPrint::DrawPages(TextSurface& surface, const PrintMargins& margins, Job& job) {
+    Printer& printer = job.printer;
     const PrintSheet sheet = printer.Sheet();
     const Twips left = margins.left - sheet.left;
     const Twips top = margins.top - sheet.top;
@@ -189,15 +206,13 @@ bool modPrint::DrawPages(TextSurface& surface, const PrintMargins& margins, Prin
                          sheet.height - margins.bottom - sheet.top - top};
     const TwipsRect page{0_twips, 0_twips, sheet.scaleWidth, sheet.scaleHeight};
     const std::size_t length = surface.Text().size();
-    const auto window = services_.platform.progress.Begin(u"Печать документа...");
     const double all = std::max(1.0, static_cast<double>(length)) * printer.Passes();
     for (int pass = 0; pass < printer.Passes(); ++pass) {
         std::size_t from = 0;
         for (;;) {
             from = surface.PrintRange(printer, area, page, from);
-            if (window->IsDue() &&
-                !window->Step((static_cast<double>(length) * pass + static_cast<double>(from)) / all))
-                return false;
+            if (!job.GoesOn((static_cast<double>(length) * pass + static_cast<double>(from)) / all))
+                return;
             if (from >= length)
                 break;
             printer.NewPage();
@@ -205,7 +220,6 @@ bool modPrint::DrawPages(TextSurface& surface, const PrintMargins& margins, Prin
         if (pass + 1 < printer.Passes())
             printer.NewPage();
     }
-    return true;
 }
 
 } // namespace quillshift

@@ -74,9 +74,17 @@ public:
     void PrintDocument(TextSurface& surface, const PrintMargins& margins);
 
 private:
+    struct Job {
+        Printer& printer;
+        std::unique_ptr<ProgressWindow> window;
+        bool isStopped = false; ///< by the user
+
+        bool GoesOn(double done);
+    };
+    bool IsStillThere();
     bool SetUp(Printer& printer, int copies);
     std::u16string AskForFile();
-    bool DrawPages(TextSurface& surface, const PrintMargins& margins, Printer& printer);
+    static void DrawPages(TextSurface& surface, const PrintMargins& margins, Job& job);
 
     Services services_;
     const PrintBoxes* boxes_ = nullptr;

@@ -55,8 +55,9 @@ public:
     /// How often all pages are to be drawn: once where the printer makes the copies itself.
     virtual int Passes() const = 0;
     virtual void NewPage() = 0;
-    /// Hands the document over.
-    virtual std::optional<PrintFailure> End() = 0;
+    /// Hands the document over. While a queue is slow to take it `goesOn` is asked; once it answers false the
+    /// document is dropped, and nothing failed.
+    virtual std::optional<PrintFailure> End(const std::function<bool()>& goesOn) = 0;
     /// Drops the document. Nothing happens where none was begun.
     virtual void Cancel() = 0;
 };
@@ -77,6 +78,7 @@ public:
     /// False for a name that is not in the list; the current printer stays.
     virtual bool MakeCurrent(std::u16string_view name) = 0;
     virtual Printer& Current() = 0;
+    virtual std::u16string CurrentName() const = 0;
 
     std::function<void(const std::vector<std::u16string>& names)> OnNames;
 };

@@ -132,6 +132,27 @@ TEST_F(Print, IsCancelledWithoutATraceAndKeepsTheTextAsItIs) {
     EXPECT_EQ(window.document.Text(), u"new");
 }
 
+TEST_F(Print, CanBeLeftWhileAQueueTakesNothing) {
+    printer.isSlow = true;
+    test.progress.dueEach = 3; // the pages are drawn at two
+    test.progress.atStep = [] { return false; };
+    Run();
+    EXPECT_EQ(printer.done.back(), "cancel");
+    EXPECT_EQ(test.progress.steps, std::vector{1.0});
+    EXPECT_TRUE(test.messageBox.shown.empty());
+    EXPECT_EQ(window.document.layoutsForgotten, 1);
+}
+
+TEST_F(Print, AsksBeforeItTakesAnotherPrinterThanTheStoredOne) {
+    test.Set(Setting::PrinterName, u"Gone");
+    Run();
+    EXPECT_EQ(test.LastBox(), u"Принтер «Gone» не найден.\r\nПечатать на «Laser»?");
+    EXPECT_FALSE(HasPrinted());
+    test.messageBox.answers = {BoxAnswer::Yes};
+    Run();
+    EXPECT_TRUE(HasPrinted());
+}
+
 TEST_F(Print, AsksForTheNameOfAFileAndLeavesTheDocumentsOwn) {
     printer.isFile = true;
     test.fileDialog.FileName = u"/d/letter.txt";

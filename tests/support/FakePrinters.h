@@ -33,8 +33,11 @@ public:
     }
     int Passes() const override { return passes; }
     void NewPage() override { done.emplace_back("page"); }
-    std::optional<PrintFailure> End() override {
+    std::optional<PrintFailure> End(const std::function<bool()>& goesOn) override {
         done.emplace_back("end");
+        while (isSlow)
+            if (!goesOn())
+                return std::nullopt;
         return atEnd;
     }
     void Cancel() override { done.emplace_back("cancel"); }
@@ -44,6 +47,7 @@ public:
     bool isFile = false;
     std::u16string file, documentName;
     int passes = 1;
+    bool isSlow = false; ///< takes no document at its end
     std::optional<PrintFailure> atStart, atEnd;
 
 private:
@@ -66,6 +70,7 @@ public:
         return isThere;
     }
     Printer& Current() override { return printer; }
+    std::u16string CurrentName() const override { return current; }
 
     std::vector<std::u16string> names{u"Laser", std::u16string(kIntoFile)};
     bool known = true;

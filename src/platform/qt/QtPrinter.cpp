@@ -2,10 +2,7 @@
 
 #include "platform/qt/QtText.h"
 
-#include <QCoreApplication>
-#include <QEventLoop>
 #include <QProcess>
-#include <QTimer>
 
 #include <algorithm>
 #include <array>
@@ -13,8 +10,7 @@
 namespace quillshift {
 namespace {
 
-constexpr int kResolution = 600;       // dots to the inch
-constexpr int kQueuesPatience = 20000; // milliseconds
+constexpr int kResolution = 600; // dots to the inch
 constexpr qreal kTwipsPerPoint = 20;
 
 struct PaperRow {
@@ -54,6 +50,17 @@ int QualityStep(PrintQuality quality) {
 
 } // namespace
 
+void QtPrinter::SetQueue(const QString& queue) {
+    queue_ = queue;
+    facts_.reset();
+}
+
+const PrintQueueFacts& QtPrinter::Facts() const {
+    if (!facts_)
+        facts_ = IsFile() ? PrintQueueFacts{} : AskPrintQueue(queue_.toStdString());
+    return *facts_;
+}
+
 bool QtPrinter::SetPrintQuality(PrintQuality quality) {
     quality_ = quality;
     return true;
@@ -70,6 +77,9 @@ bool QtPrinter::SetOrientation(PrintOrientation orientation) {
 }
 
 bool QtPrinter::SetPaperSize(PrintPaper paper) {
+    const QSize size = (RowOf(paper).millimetres * 100).toSize();
+    if (!Facts().Takes(size.width(), size.height()))
+        return false;
     paper_ = paper;
     return true;
 }
@@ -110,16 +120,27 @@ std::optional<PrintFailure> QtPrinter::Start(std::u16string_view name) {
     return std::nullopt;
 }
 
-// The private PDF knows no edge that can't be printed on.
+// A sheet on its side is turned against the clock for the printer.
 PrintSheet QtPrinter::Sheet() const {
     const QSizeF points = job_->writer.pageLayout().fullRect(QPageLayout::Point).size();
     const Twips width{static_cast<float>(points.width() * kTwipsPerPoint)};
     const Twips height{static_cast<float>(points.height() * kTwipsPerPoint)};
-    return {
-        .width = width, .height = height, .left = {}, .top = {}, .scaleWidth = width, .scaleHeight = height};
+    const bool isLandscape = orientation_ == PrintOrientation::Landscape;
+    const auto& edges = Facts().edges;
+    const auto edge = [&](int upright, int turned) {
+        return Twips{static_cast<float>(isLandscape ? turned : upright) * 0.567F};
+    };
+    const Twips left = edge(edges.left, edges.bottom);
+    const Twips top = edge(edges.top, edges.left);
+    return {.width = width,
+            .height = height,
+            .left = left,
+            .top = top,
+            .scaleWidth = width - left - edge(edges.right, edges.top),
+            .scaleHeight = height - top - edge(edges.bottom, edges.right)};
 }
 
-std::optional<PrintFailure> QtPrinter::End() {
+std::optional<PrintFailure> QtPrinter::End(const std::function<bool()>& goesOn) {
     const std::unique_ptr<Job> job = std::move(job_);
     job->painter.end();
     // The writer doesn't tell of a disk that is full.
@@ -127,7 +148,7 @@ std::optional<PrintFailure> QtPrinter::End() {
     job->pdf.flush();
     if (!job->pdf.seek(std::max<qint64>(job->pdf.size() - kTail, 0)) || !job->pdf.readAll().contains("%%EOF"))
         return Failure(QStringLiteral("Не хватило места для временного файла печати"));
-    return IsFile() ? WriteFile(*job) : HandToQueue(*job);
+    return IsFile() ? WriteFile(*job) : HandToQueue(*job, goesOn);
 }
 
 std::optional<PrintFailure> QtPrinter::WriteFile(Job& job) {
@@ -154,22 +175,19 @@ QStringList QtPrinter::QueueArguments(const Job& job) const {
 }
 
 // The print system's own program, so that a server that doesn't answer can be left.
-std::optional<PrintFailure> QtPrinter::HandToQueue(const Job& job) const {
+std::optional<PrintFailure> QtPrinter::HandToQueue(const Job& job,
+                                                   const std::function<bool()>& goesOn) const {
+    constexpr int kBetweenQuestions = 20; // milliseconds
     QProcess lp;
-    QEventLoop waiting;
-    QObject::connect(&lp, &QProcess::finished, &waiting, &QEventLoop::quit);
-    QObject::connect(&lp, &QProcess::errorOccurred, &waiting, &QEventLoop::quit);
-    QTimer::singleShot(kQueuesPatience, &waiting, &QEventLoop::quit);
     lp.start(QStringLiteral("lp"), QueueArguments(job));
-    if (lp.state() != QProcess::NotRunning)
-        waiting.exec(QEventLoop::ExcludeUserInputEvents);
+    while (!lp.waitForFinished(kBetweenQuestions) && lp.state() != QProcess::NotRunning)
+        if (!goesOn()) {
+            lp.kill();
+            lp.waitForFinished();
+            return std::nullopt;
+        }
     if (lp.error() == QProcess::FailedToStart)
         return Failure(QStringLiteral("Система печати не установлена"));
-    if (lp.state() != QProcess::NotRunning) {
-        lp.kill();
-        lp.waitForFinished();
-        return Failure(QStringLiteral("Система печати не отвечает"));
-    }
     if (lp.exitStatus() == QProcess::NormalExit && lp.exitCode() == 0)
         return std::nullopt;
     return Failure(QStringLiteral("Принтер «%1» не принял документ\r\n%2")

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Printers.h"
+#include "platform/qt/PrintQueue.h"
 
 #include <QPainter>
 #include <QPdfWriter>
@@ -20,7 +21,8 @@ public:
     explicit QtPrinter(FileSystem& files) : files_(files) {}
 
     /// The queue that is printed to; empty: into a file.
-    void SetQueue(const QString& queue) { queue_ = queue; }
+    void SetQueue(const QString& queue);
+    const QString& Queue() const { return queue_; }
 
     bool SetPrintQuality(PrintQuality quality) override;
     bool SetColorMode(PrintColour colours) override;
@@ -36,7 +38,7 @@ public:
     PrintSheet Sheet() const override;
     int Passes() const override { return IsFile() ? copies_ : 1; }
     void NewPage() override { job_->writer.newPage(); }
-    std::optional<PrintFailure> End() override;
+    std::optional<PrintFailure> End(const std::function<bool()>& goesOn) override;
     void Cancel() override { job_.reset(); }
 
     // For the surface that draws; only between `Start` and `End`.
@@ -54,11 +56,13 @@ private:
         QPainter painter;
     };
     QStringList QueueArguments(const Job& job) const;
-    std::optional<PrintFailure> HandToQueue(const Job& job) const;
+    std::optional<PrintFailure> HandToQueue(const Job& job, const std::function<bool()>& goesOn) const;
     std::optional<PrintFailure> WriteFile(Job& job);
+    const PrintQueueFacts& Facts() const;
 
     FileSystem& files_;
     QString queue_;
+    mutable std::optional<PrintQueueFacts> facts_; ///< asked for at their first use
     std::u16string file_;
     std::optional<PrintQuality> quality_;
     PrintColour colours_ = PrintColour::Colour;

@@ -49,4 +49,8 @@ bool QtPrinters::MakeCurrent(std::u16string_view name) {
     return true;
 }
 
+std::u16string QtPrinters::CurrentName() const {
+    return printer_.IsFile() ? std::u16string(kIntoFile) : FromQString(printer_.Queue());
+}
+
 } // namespace quillshift

@@ -20,6 +20,7 @@ public:
     bool AreKnown() const override { return asked_.state() == QProcess::NotRunning; }
     bool MakeCurrent(std::u16string_view name) override;
     Printer& Current() override { return printer_; }
+    std::u16string CurrentName() const override;
 
 private:
     void TakeAnswer();

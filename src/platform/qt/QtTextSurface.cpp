@@ -327,15 +327,22 @@ void QtTextSurface::SetTopPosition(std::size_t position) {
 std::size_t QtTextSurface::PrintRange(Printer& printer, const TwipsRect& rectangle, const TwipsRect& page,
                                       std::size_t from) {
     auto& pages = dynamic_cast<QtPrinter&>(printer);
+    const PrintSheet sheet = printer.Sheet();
     const auto onDevice = [&](const TwipsRect& twips) {
         const qreal scale = pages.Device().logicalDpiX() / 1440.0;
         const auto px = [scale](Twips length) { return static_cast<qreal>(length.value) * scale; };
-        return QRectF(px(twips.left), px(twips.top), px(twips.width), px(twips.height));
+        return QRectF(px(twips.left + sheet.left), px(twips.top + sheet.top), px(twips.width),
+                      px(twips.height));
     };
     if (!printLayout_)
         printLayout_ = std::make_unique<PrintLayout>(*document(), pages.Device(), pages.IsGrey());
-    pages.Painter().setClipRect(onDevice(page));
-    return SurfacePosition(printLayout_->Paint(pages.Painter(), onDevice(rectangle), DocumentPosition(from)));
+    // What would lie where the printer can't reach is moved in instead of being lost.
+    const QRectF reach = onDevice(page);
+    QRectF area = onDevice(rectangle);
+    area.setCoords(std::max(area.left(), reach.left()), std::max(area.top(), reach.top()),
+                   std::min(area.right(), reach.right()), std::min(area.bottom(), reach.bottom()));
+    pages.Painter().setClipRect(reach);
+    return SurfacePosition(printLayout_->Paint(pages.Painter(), area, DocumentPosition(from)));
 }
 
 void QtTextSurface::ForgetPrintLayout() {
