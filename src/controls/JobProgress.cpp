@@ -30,9 +30,8 @@ public:
         setModal(true);
         bar_->setAccessibleName(ToQString(what));
         bar_->Change([](qsProgressBar& bar) {
-            bar.Segments = bar.ShowText = true;
-            bar.BarColor = SystemColour::Highlight; // ones that show on dark desktops, too
-            bar.BarForeColor = SystemColour::HighlightText;
+            bar.Segments = true;
+            bar.BarColor = SystemColour::Highlight; // one that shows on dark desktops, too
         });
         auto* const stop = new QPushButton(QStringLiteral("&Остановить"));
         auto* const rows = new QVBoxLayout(this);
@@ -47,10 +46,7 @@ public:
 
     bool IsDue() const override { return clock_.elapsed() >= sinceStep_; }
     bool Step(double done) override {
-        bar_->Change([done](qsProgressBar& bar) {
-            bar.Value = static_cast<std::int32_t>(done * bar.Max);
-            bar.Text = WholeNumberText(bar.Value) + u"%";
-        });
+        bar_->Change([done](qsProgressBar& bar) { bar.Value = static_cast<std::int32_t>(done * bar.Max); });
         if (!std::exchange(shown_, true))
             show();
         QCoreApplication::processEvents();

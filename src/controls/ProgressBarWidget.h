@@ -19,7 +19,7 @@ public:
         change(bar_);
         Changed();
     }
-    QSize sizeHint() const override { return {300, 21}; }
+    QSize sizeHint() const override { return {302, 21}; } // whole segments within its border
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -61,7 +61,7 @@ void frmPrinting::AddInformation(QFormLayout& rows, const char* name, const QStr
                                  const std::u16string& text) {
     auto* shown = Add<QLabel>(name, ToQString(text));
     shown->setTextFormat(Qt::PlainText);
-    rows.addRow(label, shown);
+    rows.addRow(new QLabel(label), shown); // there is nothing to go to by a letter
 }
 
 void frmPrinting::Print() {

@@ -159,6 +159,7 @@ TEST_F(PrintedPages, OfACancelledOrFailedDocumentDoNotComeToTheFile) {
     Print();
     ASSERT_EQ(fake.messageBox.shown.size(), 1U);
     EXPECT_EQ(fake.messageBox.shown[0].icon, BoxIcon::Critical);
+    EXPECT_NE(fake.messageBox.shown[0].text.find(u"«/none/out.pdf»"), std::u16string::npos);
     EXPECT_FALSE(printing);
 }
 

@@ -154,7 +154,10 @@ std::optional<PrintFailure> QtPrinter::End(const std::function<bool()>& goesOn) 
 std::optional<PrintFailure> QtPrinter::WriteFile(Job& job) {
     job.pdf.seek(0);
     const QByteArray bytes = job.pdf.readAll();
-    return files_.Write(file_, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    auto failure = files_.Write(file_, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    if (failure)
+        failure->description = u"«" + file_ + u"»\r\n" + failure->description;
+    return failure;
 }
 
 QStringList QtPrinter::QueueArguments(const Job& job) const {
