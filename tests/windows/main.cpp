@@ -14,7 +14,7 @@ int main(int argc, char** argv) {
         QPalette dark(QColor(45, 45, 48), QColor(45, 45, 48));
         for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
             dark.setColor(QPalette::Disabled, role, QColor(128, 128, 128));
-        QApplication::setPalette(dark);
+        QApplication::setPalette(quillshift::Readable(dark));
     }
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
