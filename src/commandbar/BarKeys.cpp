@@ -135,6 +135,7 @@ void qsCommandBar::MakeHot(ItemIndex index) {
     tmrLostMouse_->Stop();
     for (const std::size_t changed : TrackTo(items_, index).changed)
         RepaintItem(changed);
+    AnnounceHot(index);
 }
 
 void qsCommandBar::MakeFirstItemHot() {

@@ -131,6 +131,11 @@ private:
     void OnMouseLeave() override;
     void OnMousePress(Point at, MouseButton button) override;
     void OnMouseRelease(Point at, MouseButton button) override;
+    BarRole Role() const override;
+    std::u16string Title() const override;
+    bool IsBelowItem() const override { return OpenerItem().has_value(); }
+    std::vector<BarItem> ItemsBelow(const BarPath& path) override;
+    void PressItem(const BarPath& path) override;
 
     // ISubclass
     MessageResponse MsgResponse() const override { return MessageResponse::After; }
@@ -178,6 +183,15 @@ private:
     void OnMnemonic(int key);
     void LeaveToStrip(Step step);
     void WalkAndOpen(Step step);
+
+    // Assistive programs
+    ItemIndex OpenerItem() const;
+    const qsCommandBar* ControlThatShows(const BarPath& path) const;
+    cButtonInt* ButtonAt(const BarPath& path) const;
+    static BarItem Described(const cButtonInt& button);
+    BarItem Placed(const cButtonInt& button) const;
+    void AnnounceHot(ItemIndex index) const;
+    void OpenMenusAlong(const BarPath& path);
 
     // Popups
     void OpenItem(std::size_t index, bool selectFirst);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Geometry.h"
+#include "platform/BarItem.h"
 #include "platform/Monitor.h"
 #include "platform/Surface.h"
 #include "platform/WindowId.h"
@@ -25,6 +26,18 @@ public:
     virtual void OnMouseLeave() = 0;
     virtual void OnMousePress(Point at, MouseButton button) = 0;
     virtual void OnMouseRelease(Point at, MouseButton button) = 0;
+
+    // For assistive programs
+
+    virtual BarRole Role() const = 0;
+    virtual std::u16string Title() const = 0;
+    /// Whether an item of another bar has opened this one, through which it is told of.
+    virtual bool IsBelowItem() const = 0;
+    /// The items of the bar, or of the menu that the item at the end of the path opens, whether it is open or
+    /// not. Separators are no items, nor are panels, whose controls speak for themselves.
+    virtual std::vector<BarItem> ItemsBelow(const BarPath& path) = 0;
+    /// Does what a click does, wherever the item stands. Nothing if it is disabled or not there.
+    virtual void PressItem(const BarPath& path) = 0;
 };
 
 /// A strip of shadow: where it stands on the screen, its pixels, and an alpha on top of theirs.
@@ -59,6 +72,9 @@ public:
     virtual void SetPainted(bool on) = 0;
     /// The tip shown while the pointer rests on the window; empty for none.
     virtual void SetToolTip(std::u16string_view text) = 0;
+    /// Assistive programs are to follow the keyboard to an item of this bar or of a menu opened from it; with
+    /// an empty path back to where the keys go otherwise.
+    virtual void AnnounceItem(const BarPath& path) = 0;
 
     /// Shows the window as a borderless one above all others that never takes the keyboard.
     virtual void ShowPopup(const Rect& screen) = 0;

@@ -307,6 +307,7 @@ void AddCatalogue(const cButtons& buttons, PanelControl& cmbDecode) {
         const cButton button =
             buttons.Add(std::string(entry.Key), icon, std::u16string(entry.Caption), entry.Style,
                         std::u16string(entry.ToolTip), entry.ShortcutKey, entry.ShortcutModifiers);
+        button.SetTag(std::u16string(entry.ToolTip)); // which stays when the tips are switched off
         if (entry.Style == ButtonStyle::Panel) {
             button.SetPanelWidth(kDirectionsWidth);
             button.SetPanelControl(&cmbDecode);

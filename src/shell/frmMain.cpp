@@ -65,6 +65,8 @@ frmMain::frmMain(QtWindowMessages& windowIds, const QtTextMeasurer& texts)
         shapeRichTextBox_->setForegroundRole(QPalette::Mid);
     shapeRichTextBox_->move(ToPixels(60_twips), ToPixels(60_twips));
     richTextBox_->move(ToPixels(90_twips), ToPixels(90_twips));
+    richTextBox_->setAccessibleName(QStringLiteral("Текст"));
+    cmbDecode_->setAccessibleName(QStringLiteral("Направление перекодировки"));
     richTextBox_->setFocus();
     richTextBox_->TakeFilesDroppedOn(*this);
     for (int number = 0; number < kDirections; ++number)

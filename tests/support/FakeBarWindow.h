@@ -34,6 +34,7 @@ public:
     }
     void SetPainted(bool on) override { painted = on; }
     void SetToolTip(std::u16string_view text) override { toolTip = text; }
+    void AnnounceItem(const BarPath& path) override { announced.push_back(path); }
     void ShowPopup(const Rect& screen) override {
         visible = true;
         MoveTo(screen);
@@ -64,6 +65,7 @@ public:
     int shadows = 0;   ///< strips that are shown
     std::vector<Rect> repainted;
     std::u16string toolTip;
+    std::vector<BarPath> announced;
 
 private:
     WindowId id_;

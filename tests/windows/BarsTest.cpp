@@ -1,13 +1,19 @@
+#include "platform/qt/QtText.h"
+#include "platform/qt/ScreenReaders.h"
+#include "shell/Catalogue.h"
 #include "support/WidgetBars.h"
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
+#include <QDialog>
 #include <QTest>
 #include <QTextEdit>
 #include <QWindow>
 
+#include <map>
 #include <random>
 
 namespace quillshift {
@@ -86,6 +92,121 @@ TEST_F(BarsTest, TenThousandRandomEventsLeaveNothingOpenDisabledOrWithoutTheKeyb
     text->clear();
     QTest::keyClick(window.windowHandle(), Qt::Key_Y);
     EXPECT_EQ(text->toPlainText(), QStringLiteral("y"));
+}
+
+/// What a screen reader meets: all nodes below a bar, each checked to stand where its parent says.
+void Walk(QAccessibleInterface* node, std::vector<QAccessibleInterface*>& met) {
+    for (int i = 0; i < node->childCount(); ++i) {
+        QAccessibleInterface* const child = node->child(i);
+        ASSERT_NE(child, nullptr);
+        EXPECT_TRUE(child->isValid());
+        EXPECT_EQ(child->parent(), node);
+        EXPECT_EQ(node->indexOfChild(child), i);
+        met.push_back(child);
+        Walk(child, met);
+    }
+}
+
+class SpokenBarsTest : public BarsTest {
+protected:
+    SpokenBarsTest() {
+        ShowScreenReadersTheScreenAlone();
+        QAccessible::setActive(true);
+        QAccessible::installUpdateHandler([](QAccessibleEvent* event) {
+            if (event->type() == QAccessible::Focus && event->accessibleInterface() != nullptr)
+                heard.push_back(event->accessibleInterface()->text(QAccessible::Name));
+        });
+        heard.clear();
+    }
+    ~SpokenBarsTest() override {
+        QAccessible::installUpdateHandler(nullptr);
+        QAccessible::setActive(false);
+    }
+    std::vector<QAccessibleInterface*> Met(int bar) {
+        std::vector<QAccessibleInterface*> met;
+        Walk(QAccessible::queryAccessibleInterface(Windows()[std::size_t(bar)]), met);
+        return met;
+    }
+    QAccessibleInterface* Item(const char* key, int bar = 0) {
+        const QString name = ToQString(FindEntry(key)->Caption);
+        for (QAccessibleInterface* each : Met(bar))
+            if (each->text(QAccessible::Name) == name && each->role() != QAccessible::PopupMenu)
+                return each;
+        return nullptr;
+    }
+    static void Act(QAccessibleInterface* item, const QString& action) {
+        item->actionInterface()->doAction(action);
+        QCoreApplication::processEvents();
+    }
+
+    static inline std::vector<QString> heard;
+};
+
+TEST_F(SpokenBarsTest, NameEveryEntryOfTheCatalogueWithItsShortcut) {
+    std::map<std::pair<QString, QString>, int> difference;
+    for (const CatalogueEntry& entry : Catalogue())
+        if (entry.Style != ButtonStyle::Separator && entry.Style != ButtonStyle::Panel) {
+            cButtonInt button{std::string(entry.Key)};
+            button.ShortcutKey = entry.ShortcutKey;
+            button.ShortcutModifiers = entry.ShortcutModifiers;
+            const auto name = entry.Caption.empty() ? entry.ToolTip : entry.Caption;
+            ++difference[{ToQString(name), ToQString(button.ShortcutText())}];
+        }
+    for (int bar = 0; bar < 3; ++bar)
+        for (QAccessibleInterface* each : Met(bar))
+            if (each->object() == nullptr && each->role() != QAccessible::PopupMenu)
+                --difference[{each->text(QAccessible::Name), each->text(QAccessible::Accelerator)}];
+    for (const auto& [entry, count] : difference)
+        EXPECT_EQ(count, 0) << entry.first.toStdString() << " " << entry.second.toStdString();
+}
+
+TEST_F(SpokenBarsTest, FollowTheKeyboardAndComeBackToTheText) {
+    QTest::keyClick(window.windowHandle(), Qt::Key_Alt);
+    QTest::keyClick(window.windowHandle(), Qt::Key_Right);
+    QTest::keyClick(window.windowHandle(), Qt::Key_Down);
+    QAccessibleInterface* const heading = Item("MENU:EDIT");
+    ASSERT_NE(heading, nullptr);
+    EXPECT_TRUE(heading->state().expanded);
+    QAccessibleInterface* const first = heading->child(0)->child(0);
+    EXPECT_TRUE(first->state().focused);
+    EXPECT_FALSE(first->state().invisible);
+    EXPECT_EQ(OpenPopups().at(0)->geometry().contains(first->rect()), true);
+    const QString name = first->text(QAccessible::Name);
+    EXPECT_EQ(heard, (std::vector<QString>{ToQString(FindEntry("MENU:FILE")->Caption),
+                                           heading->text(QAccessible::Name), heading->text(QAccessible::Name),
+                                           name}));
+    QAccessibleInterface* const root = QAccessible::queryAccessibleInterface(qApp);
+    for (int i = 0; i < root->childCount(); ++i)
+        EXPECT_EQ(root->child(i)->object(), &window) << "its menus are no windows of their own";
+    QTest::keyClick(window.windowHandle(), Qt::Key_Escape);
+    EXPECT_TRUE(first->state().invisible);
+    EXPECT_EQ(heard.back(), heading->text(QAccessible::Name));
+    QTest::keyClick(window.windowHandle(), Qt::Key_Escape);
+    EXPECT_EQ(heard.back(), QAccessible::queryAccessibleInterface(text)->text(QAccessible::Name));
+}
+
+TEST_F(SpokenBarsTest, DoWhatIsPressedUnlessItIsDisabledOrBlocked) {
+    QAccessibleInterface* const about = Item("MENU:HELP:ABOUT");
+    ASSERT_NE(about, nullptr);
+    EXPECT_EQ(about->actionInterface()->actionNames(),
+              QStringList{QAccessibleActionInterface::pressAction()});
+    Act(about, QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(commands, 1);
+    QDialog dialog(&window);
+    dialog.setModal(true);
+    dialog.show();
+    Act(about, QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(commands, 1);
+    dialog.close();
+    Act(Item("MENU:HELP"), QAccessibleActionInterface::showMenuAction());
+    EXPECT_EQ(OpenPopups().size(), 1U);
+    Act(about, QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(commands, 2);
+    EXPECT_TRUE(OpenPopups().empty());
+    bars.Button("MENU:HELP:ABOUT").SetEnabled(false);
+    EXPECT_TRUE(about->state().disabled);
+    Act(about, QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(commands, 2);
 }
 
 } // namespace

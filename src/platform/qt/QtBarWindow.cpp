@@ -1,5 +1,6 @@
 #include "platform/qt/QtBarWindow.h"
 
+#include "platform/qt/BarAccess.h"
 #include "platform/qt/QtText.h"
 
 #include <QContextMenuEvent>
@@ -86,6 +87,7 @@ QtBarWindow::QtBarWindow(QtWindowMessages& ids, const QtTextMeasurer& texts, QWi
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(true);
     setFocusPolicy(Qt::NoFocus);
+    AnnounceBars();
 }
 
 QtBarWindow::~QtBarWindow() = default;
@@ -120,6 +122,10 @@ void QtBarWindow::Repaint(const Rect& part) {
 
 void QtBarWindow::SetToolTip(std::u16string_view text) {
     setToolTip(ToQString(text));
+}
+
+void QtBarWindow::AnnounceItem(const BarPath& path) {
+    AnnounceBarItem(*this, path);
 }
 
 void QtBarWindow::ShowPopup(const Rect& screen) {

@@ -22,6 +22,7 @@ public:
     ~QtBarWindow() override;
 
     void SetListener(BarWindowListener* listener) override { listener_ = listener; }
+    BarWindowListener* Listener() const { return listener_; }
     WindowId Id() const override { return id_; }
     WindowId TopWindow() const override { return ids_.Add(*window()); }
     Size ClientSize() const override { return {width(), height()}; }
@@ -34,6 +35,7 @@ public:
     void Repaint(const Rect& part) override;
     void SetPainted(bool on) override { setUpdatesEnabled(on); }
     void SetToolTip(std::u16string_view text) override;
+    void AnnounceItem(const BarPath& path) override;
     void ShowPopup(const Rect& screen) override;
     void HidePopup() override;
     void ShowShadows(const std::array<ShadowStrip, 2>& strips) override;

@@ -1,5 +1,7 @@
 #include "platform/qt/ScreenReaders.h"
 
+#include "platform/qt/QtBarWindow.h"
+
 #include <QAccessible>
 #include <QAccessibleObject>
 #include <QApplication>
@@ -11,6 +13,16 @@ namespace {
 bool IsOnScreen(const QObject* object) {
     const auto* const widget = qobject_cast<const QWidget*>(object);
     return widget == nullptr || widget->window()->isVisible();
+}
+
+// A menu that an item has opened is told of through the item, and a shadow is nothing but paint.
+bool IsWindowOfItsOwn(const QObject* object) {
+    const auto* const widget = qobject_cast<const QWidget*>(object);
+    if (widget == nullptr)
+        return true;
+    const auto* const bar = qobject_cast<const QtBarWindow*>(widget);
+    const bool below = bar != nullptr && bar->Listener() != nullptr && bar->Listener()->IsBelowItem();
+    return !below && !widget->windowFlags().testFlag(Qt::WindowTransparentForInput);
 }
 
 /// The root of what assistive programs walk. The toolkit's own lists hidden windows, too.
@@ -26,7 +38,8 @@ private:
     QList<QAccessibleInterface*> Shown() const {
         QList<QAccessibleInterface*> shown;
         for (int i = 0; i < QAccessibleApplication::childCount(); ++i)
-            if (auto* const window = QAccessibleApplication::child(i); window && IsOnScreen(window->object()))
+            if (auto* const window = QAccessibleApplication::child(i);
+                window && IsOnScreen(window->object()) && IsWindowOfItsOwn(window->object()))
                 shown.append(window);
         return shown;
     }
