@@ -66,7 +66,11 @@ frmMain::frmMain(QtWindowMessages& windowIds, const QtTextMeasurer& texts)
     shapeRichTextBox_->move(ToPixels(60_twips), ToPixels(60_twips));
     richTextBox_->move(ToPixels(90_twips), ToPixels(90_twips));
     richTextBox_->setAccessibleName(QStringLiteral("Текст"));
-    cmbDecode_->setAccessibleName(QStringLiteral("Направление перекодировки"));
+    // What a list has as its name is the row that is chosen.
+    cmbDecode_->setAccessibleDescription(QStringLiteral("Направление перекодировки"));
+    const char16_t* const barNames[] = {u"Меню", u"Стандартная", u"Перекодирование"};
+    for (std::size_t i = 0; i < cmdBar_.size(); ++i)
+        cmdBar_[i]->setAccessibleName(QString::fromUtf16(barNames[i]));
     richTextBox_->setFocus();
     richTextBox_->TakeFilesDroppedOn(*this);
     for (int number = 0; number < kDirections; ++number)

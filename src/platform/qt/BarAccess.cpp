@@ -79,9 +79,10 @@ public:
         return listener->Role() == BarRole::MenuBar ? QAccessible::MenuBar : QAccessible::PopupMenu;
     }
     QString text(QAccessible::Text which) const override {
+        const QString own = QAccessibleWidget::text(which);
         const BarWindowListener* const listener = Bar()->Listener();
-        return which == QAccessible::Name && listener != nullptr ? ToQString(listener->Title())
-                                                                 : QAccessibleWidget::text(which);
+        const bool isUnnamed = which == QAccessible::Name && own.isEmpty() && listener != nullptr;
+        return isUnnamed ? ToQString(listener->Title()) : own;
     }
     // The controls on the bar follow its items.
     int childCount() const override {
@@ -269,7 +270,7 @@ void AnnounceBars() {
 }
 
 void AnnounceBarItem(QtBarWindow& bar, const BarPath& path) {
-    if (!QAccessible::isActive() || !bar.isVisible())
+    if (!bar.isVisible())
         return;
     if (path.empty()) {
         if (QWidget* const focus = QApplication::focusWidget()) {
