@@ -125,6 +125,7 @@ void qsCommandBar::ForgetMenu(WindowId menu) {
             items_[i].ShowingMenu = false;
             items_[i].MenuWindow = 0;
             RepaintItem(i);
+            AnnounceHot(HotItem(items_));
         }
 }
 

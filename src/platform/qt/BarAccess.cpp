@@ -270,7 +270,7 @@ void AnnounceBars() {
 }
 
 void AnnounceBarItem(QtBarWindow& bar, const BarPath& path) {
-    if (!bar.isVisible())
+    if (!QAccessible::isActive() || !bar.isVisible())
         return;
     if (path.empty()) {
         if (QWidget* const focus = QApplication::focusWidget()) {
