@@ -7,6 +7,7 @@
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
+#include <QKeyEvent>
 
 namespace quillshift {
 namespace {
@@ -128,6 +129,110 @@ void TypeInTheBareWidget(benchmark::State& state) {
         widget.insertPlainText(QStringLiteral("я"));
 }
 BENCHMARK(TypeInTheBareWidget)->Arg(10 << 10)->Arg(1 << 20)->Arg(10 << 20)->Unit(benchmark::kMicrosecond);
+
+// --- Keys in long texts
+
+// Letters typed at the start (0), the middle (1) or the end (2) of so many megabytes, each from the event to
+// the paint. The first and the longest one count: the first may have something to catch up on.
+template <typename Edit>
+void TypeLetters(benchmark::State& state, Edit& edit) {
+    QTextCursor cursor = edit.textCursor();
+    cursor.setPosition((edit.document()->characterCount() - 1) / 2 * static_cast<int>(state.range(1)));
+    edit.setTextCursor(cursor);
+    edit.ensureCursorVisible();
+    QApplication::processEvents();
+    double first = 0;
+    double longest = 0;
+    while (state.KeepRunning()) {
+        const double took = MillisecondsOf([&] {
+            QKeyEvent press(QEvent::KeyPress, Qt::Key_Z, Qt::NoModifier, QStringLiteral("я"));
+            QApplication::sendEvent(&edit, &press);
+            QApplication::processEvents();
+            edit.viewport()->repaint();
+        });
+        first = first > 0 ? first : took;
+        longest = std::max(longest, took);
+    }
+    state.counters["first_ms"] = first;
+    state.counters["longest_ms"] = longest;
+}
+
+void KeysInTheSurface(benchmark::State& state) {
+    QtTextSurface surface;
+    surface.resize(760, 490);
+    surface.show();
+    surface.LoadPlain(windows1251::Decode(Letter(state.range(0) << 20)));
+    QApplication::processEvents();
+    TypeLetters(state, surface);
+}
+
+void KeysInTheBareWidget(benchmark::State& state) {
+    QTextEdit widget;
+    widget.document()->setUndoRedoEnabled(false);
+    widget.resize(760, 490);
+    widget.show();
+    widget.setPlainText(ToQString(windows1251::Decode(Letter(state.range(0) << 20))));
+    QApplication::processEvents();
+    TypeLetters(state, widget);
+}
+BENCHMARK(KeysInTheSurface)
+    ->ArgsProduct({{1, 10, 50}, {0, 1, 2}})
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(50);
+BENCHMARK(KeysInTheBareWidget)
+    ->ArgsProduct({{1, 10}, {0, 1, 2}})
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(20);
+
+// The lines of a text are counted once.
+void CountLines(benchmark::State& state) {
+    QtTextSurface surface;
+    surface.resize(760, 490);
+    surface.show();
+    while (state.KeepRunning()) {
+        state.PauseTiming();
+        surface.LoadPlain(windows1251::Decode(Letter(state.range(0) << 20)));
+        state.ResumeTiming();
+        benchmark::DoNotOptimize(surface.LineCount());
+    }
+}
+void LayOutInTheBareWidget(benchmark::State& state) {
+    QTextEdit widget;
+    widget.resize(760, 490);
+    widget.show();
+    while (state.KeepRunning()) {
+        state.PauseTiming();
+        widget.setPlainText(ToQString(windows1251::Decode(Letter(state.range(0) << 20))));
+        state.ResumeTiming();
+        benchmark::DoNotOptimize(widget.document()->size());
+    }
+}
+BENCHMARK(LayOutInTheBareWidget)->Arg(1)->Arg(10)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(CountLines)->Arg(1)->Arg(10)->Unit(benchmark::kMillisecond)->Iterations(3);
+
+// A window drawn wider step by step.
+template <typename Edit>
+void Resize(benchmark::State& state, Edit& edit) {
+    edit.resize(500, 490);
+    edit.show();
+    edit.setPlainText(ToQString(windows1251::Decode(Letter(state.range(0) << 20))));
+    QApplication::processEvents();
+    while (state.KeepRunning()) {
+        edit.resize(edit.width() + 7, 490);
+        QApplication::processEvents();
+        edit.viewport()->repaint();
+    }
+}
+void ResizeTheSurface(benchmark::State& state) {
+    QtTextSurface surface;
+    Resize(state, surface);
+}
+void ResizeTheBareWidget(benchmark::State& state) {
+    QTextEdit widget;
+    Resize(state, widget);
+}
+BENCHMARK(ResizeTheSurface)->Arg(1)->Arg(10)->Unit(benchmark::kMillisecond)->Iterations(30);
+BENCHMARK(ResizeTheBareWidget)->Arg(1)->Arg(10)->Unit(benchmark::kMillisecond)->Iterations(30);
 
 } // namespace
 } // namespace quillshift

@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QAbstractTextDocumentLayout>
 #include <QApplication>
 #include <QMimeData>
 #include <QTest>
@@ -78,15 +77,6 @@ TEST_F(QtTextSurfaceTest, ALongWordIsLaidOutAsAnyOther) {
                         << at << ": " << x << ", " << y;
         }
     }
-    const auto hasModelsLayout = [&] {
-        return surface.document()->documentLayout()->metaObject() ==
-               model.document()->documentLayout()->metaObject();
-    };
-    EXPECT_FALSE(hasModelsLayout());
-    surface.SetText(u"short");
-    EXPECT_TRUE(hasModelsLayout());
-    surface.SetSelText(std::u16string(5000, u'w'));
-    EXPECT_FALSE(hasModelsLayout());
 }
 
 TEST_F(QtTextSurfaceTest, HandsDroppedFilesOnAndTakesDroppedText) {

@@ -1,6 +1,6 @@
 #include "platform/qt/PrintLayout.h"
 
-#include "platform/qt/LongWordLayout.h"
+#include "platform/qt/ParagraphLines.h"
 
 #include <QPainter>
 #include <QTextBlock>

@@ -1,19 +1,17 @@
 #include "platform/qt/QtTextSurface.h"
 
 #include "base/TextChange.h"
-#include "platform/qt/LongWordLayout.h"
 #include "platform/qt/PrintLayout.h"
 #include "platform/qt/QtPrinter.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/QtTextFormats.h"
+#include "platform/qt/ViewLayout.h"
 
-#include <QAbstractTextDocumentLayout>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
-#include <QScrollBar>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextDocumentFragment>
@@ -26,6 +24,9 @@ namespace quillshift {
 namespace {
 
 constexpr std::u16string_view kBreak = u"\r\n";
+
+// For what is typed, before the mirror of a long text has to be copied.
+constexpr std::size_t kSlack = 1 << 16;
 
 // The separators of lines and paragraphs are breaks like any other here; left alone, the widget would keep
 // the first of them inside a line.
@@ -59,7 +60,13 @@ QString FileIn(const QMimeData& data) {
 
 } // namespace
 
-QtTextSurface::QtTextSurface(QWidget* parent, EditingKeys keys) : QTextEdit(parent), keys_(keys) {
+QtTextSurface::QtTextSurface(QWidget* parent, EditingKeys keys)
+    : QTextEdit(parent), keys_(keys), layout_(new ViewLayout(document())) {
+    const int caretWidth = cursorWidth();
+    layout_->setPaintDevice(viewport());
+    document()->setDocumentLayout(layout_);
+    setCursorWidth(caretWidth); // which is the layout's
+    connect(layout_, &ViewLayout::viewMoved, this, &QtTextSurface::FollowView);
     setFrameShape(QFrame::NoFrame);
     setAcceptRichText(false);
     document()->setUndoRedoEnabled(keys == EditingKeys::OfSurface);
@@ -97,9 +104,10 @@ int QtTextSurface::PositionInDocument(std::size_t surfacePosition) const {
     return std::min(wanted - low, block.position() + block.length() - 1);
 }
 
-std::u16string QtTextSurface::TextBetween(int from, int to) const {
+std::u16string QtTextSurface::TextBetween(int from, int to, std::size_t slack) const {
     std::u16string text;
-    text.reserve(static_cast<std::size_t>(to - from));
+    const int breaks = document()->findBlock(to).blockNumber() - document()->findBlock(from).blockNumber();
+    text.reserve(static_cast<std::size_t>(to - from + breaks) + slack);
     for (QTextBlock block = document()->findBlock(from); block.isValid() && block.position() <= to;
          block = block.next()) {
         const QString line = block.text();
@@ -143,9 +151,6 @@ void QtTextSurface::MirrorChange(int from, int /*removed*/, int added) {
     place_ = change.place - before;
     came_ = before + change.added + after;
     textMoved_ = true;
-    if (!hasLongWords_)
-        LayOutFor(
-            std::u16string_view(mirror_).substr(place_ - std::min(place_, kLongWord), came_ + 2 * kLongWord));
 }
 
 void QtTextSurface::RaiseChange() {
@@ -166,25 +171,20 @@ void QtTextSurface::NoteSelection() {
         OnSelChange();
 }
 
-void QtTextSurface::LayOutFor(std::u16string_view text) {
-    if (std::exchange(hasLongWords_, HasLongWord(text)) != hasLongWords_)
-        document()->setDocumentLayout(hasLongWords_ ? new LongWordLayout(document()) : nullptr);
-}
-
 // --- Replacing everything
 
-void QtTextSurface::ReplaceAll(std::u16string_view text, const std::function<void()>& fill) {
+void QtTextSurface::ReplaceAll(const std::function<void()>& fill) {
     replacing_ = true;
     // The widget would follow its caret to the end of the new text, and lay all of it out for that.
     setTextCursor(QTextCursor());
     document()->clear();
-    LayOutFor(text);
     fill();
     setTextCursor(QTextCursor(document()));
     setCurrentCharFormat({});
     replacing_ = false;
     noted_ = {};
-    const std::u16string old = std::exchange(mirror_, TextBetween(0, document()->characterCount() - 1));
+    const std::u16string old =
+        std::exchange(mirror_, TextBetween(0, document()->characterCount() - 1, kSlack));
     const TextChange change = ChangeBetween(old, mirror_, 0);
     went_ = std::u16string_view(old).substr(change.place, change.removed);
     place_ = change.place;
@@ -200,11 +200,11 @@ void QtTextSurface::SetText(std::u16string_view text) {
 }
 
 void QtTextSurface::LoadPlain(std::u16string_view text) {
-    ReplaceAll(text, [&, plain = WithPlainBreaks(text)] { document()->setPlainText(plain); });
+    ReplaceAll([&, plain = WithPlainBreaks(text)] { document()->setPlainText(plain); });
 }
 
 void QtTextSurface::LoadRich(const RichText& rich) {
-    ReplaceAll(rich.text, [&] {
+    ReplaceAll([&] {
         QTextCursor cursor(document());
         cursor.beginEditBlock();
         const std::u16string_view text = rich.text;
@@ -294,11 +294,6 @@ void QtTextSurface::SetSelIndent(Twips indent) {
     textCursor().mergeBlockFormat(format);
 }
 
-void QtTextSurface::SetRightMargin(Twips margin) {
-    setLineWrapMode(margin.value > 0 ? QTextEdit::FixedPixelWidth : QTextEdit::WidgetWidth);
-    setLineWrapColumnOrWidth(ToPixels(margin));
-}
-
 void QtTextSurface::SetFont(const SurfaceFont& font) {
     font_ = font;
     QFont shown = document()->defaultFont();
@@ -307,19 +302,6 @@ void QtTextSurface::SetFont(const SurfaceFont& font) {
     if (font.points > 0)
         shown.setPointSizeF(static_cast<qreal>(font.points));
     setFont(shown);
-}
-
-// --- What is in sight
-
-std::size_t QtTextSurface::TopPosition() const {
-    return SurfacePosition(cursorForPosition({0, 0}).position());
-}
-
-void QtTextSurface::SetTopPosition(std::size_t position) {
-    QTextCursor cursor(document());
-    cursor.setPosition(DocumentPosition(position));
-    QScrollBar& bar = *verticalScrollBar();
-    bar.setValue(bar.value() + cursorRect(cursor).top());
 }
 
 // --- Printing

@@ -9,6 +9,7 @@
 namespace quillshift {
 
 class PrintLayout;
+class ViewLayout;
 
 /// Who serves the keys of clipboard, undo and select-all in a surface.
 enum class EditingKeys {
@@ -70,6 +71,10 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
@@ -91,18 +96,22 @@ private:
     std::size_t SurfacePosition(int documentPosition) const;
     int DocumentPosition(std::size_t surfacePosition) const;
     int PositionInDocument(std::size_t surfacePosition) const; // of a place between whole characters
-    std::u16string TextBetween(int from, int to) const;
+    std::u16string TextBetween(int from, int to, std::size_t slack = 0) const;
     Selection CurrentSelection() const { return {SelStart(), SelLength()}; }
 
-    void ReplaceAll(std::u16string_view text, const std::function<void()>& fill);
-    void LayOutFor(std::u16string_view text);
+    void ReplaceAll(const std::function<void()>& fill);
     void MirrorChange(int from, int removed, int added);
     void NoteSelection();
     void OfferSelection() const;
     bool TakeFile(QDropEvent& event);
     void RaiseChange();
 
+    bool BringIntoView(bool toEnd);
+    void FollowView(int top);
+    void KeepPlace(const std::function<void()>& work);
+
     EditingKeys keys_;
+    ViewLayout* layout_;                       ///< the document's
     std::unique_ptr<PrintLayout> printLayout_; ///< of the document that is being printed
     std::u16string mirror_;
     SurfaceFont font_;
@@ -112,7 +121,7 @@ private:
     std::size_t came_ = 0;   // ... and how much of the mirror came there
     bool textMoved_ = false; // there is such an edit
     bool composing_ = false; // an input method's event is at work
-    bool hasLongWords_ = false;
+    bool following_ = false; // the view's place gets another number, and shows the same
     bool replacing_ = false; // a call here replaces much, and raises the notices itself
 };
 

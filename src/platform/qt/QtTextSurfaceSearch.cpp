@@ -3,12 +3,13 @@
 #include "platform/qt/QtText.h"
 #include "platform/qt/QtTextSurface.h"
 #include "platform/qt/TextFind.h"
+#include "platform/qt/ViewLayout.h"
 
-#include <QAbstractTextDocumentLayout>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextLayout>
 
+#include <limits>
 #include <utility>
 #include <vector>
 
@@ -61,7 +62,6 @@ void QtTextSurface::ReplaceEach(const std::function<const Replacement*()>& next,
         cursor.insertText(ToQString(whole));
     }
     mirror_ = TextBetween(0, document()->characterCount() - 1);
-    LayOutFor(mirror_);
     cursor.endEditBlock();
     if (!edits.empty())
         setTextCursor(cursor);
@@ -76,41 +76,24 @@ void QtTextSurface::ReplaceEach(const std::function<const Replacement*()>& next,
 
 // --- Lines
 
-namespace {
-
-// Asking for a block's rectangle lays the document out up to it.
-int LinesOf(const QTextBlock& block) {
-    block.document()->documentLayout()->blockBoundingRect(block);
-    return block.layout()->lineCount();
-}
-
-} // namespace
-
 std::optional<std::size_t> QtTextSurface::LineIndex(int line) const {
     const auto lineStart = [this](const QTextBlock& block, int number) {
+        layout_->blockBoundingRect(block); // makes its lines
         return SurfacePosition(block.position() + block.layout()->lineAt(number).textStart());
     };
     if (line == -1) {
         const QTextCursor cursor = textCursor();
         const QTextBlock block = cursor.block();
-        LinesOf(block);
+        layout_->blockBoundingRect(block);
         return lineStart(block, block.layout()->lineForTextPosition(cursor.positionInBlock()).lineNumber());
     }
-    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
-        const int lines = LinesOf(block);
-        if (line >= 0 && line < lines)
-            return lineStart(block, line);
-        line -= lines;
-    }
-    return std::nullopt;
+    const auto [block, number] = layout_->FindLine(line);
+    return block.isValid() && line >= 0 ? std::optional(lineStart(block, number)) : std::nullopt;
 }
 
 int QtTextSurface::LineCount() const {
-    LinesOf(document()->lastBlock());
-    int lines = 0;
-    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
-        lines += block.layout()->lineCount();
-    return lines;
+    constexpr int kMore = std::numeric_limits<int>::max();
+    return kMore - layout_->FindLine(kMore).second;
 }
 
 Rect QtTextSurface::SelectionOnScreen() const {

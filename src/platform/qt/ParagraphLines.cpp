@@ -1,0 +1,107 @@
+#include "platform/qt/ParagraphLines.h"
+
+#include <QStyle>
+#include <QTextBlock>
+#include <QTextBoundaryFinder>
+#include <QTextDocument>
+#include <QTextLayout>
+
+#include <algorithm>
+#include <cmath>
+
+namespace quillshift {
+namespace {
+
+// In 16-bit units: a word that is longer counts as long. For each line that a word fills, the toolkit
+// measures the word to its end.
+constexpr qsizetype kLongWord = 4096;
+
+constexpr int kUnits = 64; // in a pixel, of the toolkit's own layout
+
+struct Word {
+    int begin;
+    int end; // the blanks behind it left out
+};
+
+// In order. A word is what must not be broken where it fits a line.
+std::vector<Word> LongWords(const QString& text) {
+    std::vector<Word> words;
+    if (text.size() <= kLongWord)
+        return words;
+    QTextBoundaryFinder breaks(QTextBoundaryFinder::Line, text);
+    for (int begin = 0, next = 0; (next = static_cast<int>(breaks.toNextBoundary())) >= 0; begin = next) {
+        int end = next;
+        while (end > begin && text[end - 1].isSpace())
+            --end;
+        if (end - begin > kLongWord)
+            words.push_back({begin, end});
+    }
+    return words;
+}
+
+QTextOption OptionOf(const QTextBlock& block, qreal scale) {
+    const QTextBlockFormat format = block.blockFormat();
+    QTextOption option = block.document()->defaultTextOption();
+    option.setTextDirection(block.textDirection());
+    option.setTabStopDistance(option.tabStopDistance() * scale);
+    QList<QTextOption::Tab> tabs = format.tabPositions();
+    for (QTextOption::Tab& tab : tabs)
+        tab.position *= scale;
+    option.setTabs(tabs);
+    const bool hasOwn = format.hasProperty(QTextFormat::BlockAlignment);
+    option.setAlignment(
+        QStyle::visualAlignment(option.textDirection(), hasOwn ? format.alignment() : option.alignment()));
+    return option;
+}
+
+} // namespace
+
+// A line that begins in a long word can be broken anywhere, which needs no look at the rest of the word;
+// unless it reaches the word's end, where the rule for words is in force again.
+void LayOutParagraph(QTextLayout& layout, const QTextBlock& block, qreal room, qreal scale) {
+    const QTextBlockFormat format = block.blockFormat();
+    const QTextOption byWords = OptionOf(block, scale);
+    QTextOption anywhere = byWords;
+    anywhere.setWrapMode(QTextOption::WrapAnywhere);
+    const std::vector<Word> words = LongWords(block.text());
+    // Or each stroke of the caret would itemise it again.
+    layout.setCacheEnabled(layout.cacheEnabled() || !words.empty());
+    auto word = words.begin();
+    const auto measure = [scale](qreal pixels) { return std::trunc(pixels * scale * kUnits) / kUnits; };
+    const qreal left = measure(format.leftMargin());
+    const qreal width = room - left - measure(format.rightMargin());
+    qreal indent = measure(format.textIndent());
+    qreal y = 0;
+    const bool isLeftToRight = byWords.textDirection() != Qt::RightToLeft;
+
+    layout.setTextOption(byWords);
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        word = std::find_if(word, words.end(), [&](const Word& w) { return w.end > line.textStart(); });
+        const auto fill = [&](const QTextOption& option) {
+            layout.setTextOption(option);
+            line.setLeadingIncluded(true);
+            line.setLineWidth(std::max(width - indent, qreal(0)));
+        };
+        const bool isInWord = word != words.end() && word->begin <= line.textStart();
+        if (isInWord)
+            fill(anywhere);
+        if (!isInWord || line.textStart() + line.textLength() >= word->end)
+            fill(byWords);
+        line.setPosition({left + (isLeftToRight ? indent : 0), y});
+        y += LineAdvance(line);
+        indent = 0;
+    }
+    layout.endLayout();
+}
+
+qreal LineAdvance(const QTextLine& line) {
+    return std::ceil(line.ascent() + line.descent() + line.leading());
+}
+
+qreal ParagraphHeight(const QTextLayout& layout) {
+    const QTextLine last = layout.lineAt(layout.lineCount() - 1);
+    return last.y() + LineAdvance(last);
+}
+
+} // namespace quillshift

@@ -1,0 +1,83 @@
+// What a surface shows: scrolling, and the place that is kept while the text is laid out anew.
+
+#include "platform/qt/QtTextSurface.h"
+#include "platform/qt/ViewLayout.h"
+
+#include <QScopedValueRollback>
+#include <QScrollBar>
+
+namespace quillshift {
+
+// Whether other lines than those asked for came into sight, or at another place.
+bool QtTextSurface::BringIntoView(bool toEnd) {
+    QScrollBar& bar = *verticalScrollBar();
+    const int asked = bar.value();
+    const QSizeF size = layout_->documentSize();
+    const QScopedValueRollback following(following_, true); // the bar's range may change
+    constexpr int kTries = 3;                               // or end before the place
+    for (int tries = 0, top = -1; top != bar.value() && tries<kTries; ++tries, toEnd = tries> 0) {
+        top = layout_->BringIntoView(bar.value(), viewport()->height(), toEnd);
+        bar.setValue(top);
+    }
+    return bar.value() != asked || layout_->documentSize() != size;
+}
+
+void QtTextSurface::FollowView(int top) {
+    const QScopedValueRollback following(following_, true);
+    QScrollBar& bar = *verticalScrollBar();
+    bar.setMaximum(std::max(bar.maximum(), top));
+    bar.setValue(top);
+    viewport()->update();
+}
+
+void QtTextSurface::scrollContentsBy(int dx, int dy) {
+    if (following_)
+        return;
+    const QScrollBar& bar = *verticalScrollBar();
+    if (dy != 0 && BringIntoView(bar.value() > 0 && bar.value() == bar.maximum()))
+        viewport()->update();
+    else
+        QTextEdit::scrollContentsBy(dx, dy);
+}
+
+void QtTextSurface::paintEvent(QPaintEvent* event) {
+    if (BringIntoView(false))
+        viewport()->update(); // the event may be for a part
+    QTextEdit::paintEvent(event);
+}
+
+void QtTextSurface::KeepPlace(const std::function<void()>& work) {
+    const QTextCursor first = cursorForPosition({0, 0});
+    const int top = cursorRect(first).top();
+    work();
+    const int by = cursorRect(first).top() - top;
+    verticalScrollBar()->setValue(verticalScrollBar()->value() + by);
+}
+
+void QtTextSurface::resizeEvent(QResizeEvent* event) {
+    KeepPlace([&] { QTextEdit::resizeEvent(event); });
+}
+
+void QtTextSurface::changeEvent(QEvent* event) {
+    KeepPlace([&] { QTextEdit::changeEvent(event); });
+}
+
+void QtTextSurface::SetRightMargin(Twips margin) {
+    KeepPlace([&] {
+        setLineWrapMode(margin.value > 0 ? QTextEdit::FixedPixelWidth : QTextEdit::WidgetWidth);
+        setLineWrapColumnOrWidth(ToPixels(margin));
+    });
+}
+
+std::size_t QtTextSurface::TopPosition() const {
+    return SurfacePosition(cursorForPosition({0, 0}).position());
+}
+
+void QtTextSurface::SetTopPosition(std::size_t position) {
+    QTextCursor cursor(document());
+    cursor.setPosition(DocumentPosition(position));
+    const int by = cursorRect(cursor).top();
+    verticalScrollBar()->setValue(verticalScrollBar()->value() + by);
+}
+
+} // namespace quillshift

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "base/BlockHeights.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QTextBlock>
+
+#include <utility>
+#include <vector>
+
+namespace quillshift {
+
+/// A layout of paragraphs that makes the lines of what is seen or asked for alone, so that a key costs as
+/// much in a book as in a letter. The lines are those of the toolkit's own layout; it knows no tables, lists
+/// or pictures.
+///
+/// A paragraph without lines has a height by estimate. When it gets its lines what is below moves: what the
+/// view shows stays where it is seen, and gets other coordinates, which `viewMoved` tells.
+class ViewLayout final : public QAbstractTextDocumentLayout {
+    Q_OBJECT
+
+public:
+    explicit ViewLayout(QTextDocument* document) : QAbstractTextDocumentLayout(document) {}
+
+    /// Makes the lines of what is in sight and of as much around it. `top` is where the view begins, `height`
+    /// its height, `toEnd` whether the view is to show the end. Answers where the view has to begin for that:
+    /// what was in sight and still is stays where it is.
+    int BringIntoView(int top, int height, bool toEnd);
+    /// The paragraph with that line of the text, the first being 0, and the number of the line in it. Behind
+    /// the last line: none, and how many lines are missing.
+    std::pair<QTextBlock, int> FindLine(int line);
+
+    void draw(QPainter* painter, const PaintContext& context) override;
+    int hitTest(const QPointF& point, Qt::HitTestAccuracy accuracy) const override;
+    int pageCount() const override { return 1; }
+    QSizeF documentSize() const override;
+    QRectF frameBoundingRect(QTextFrame* frame) const override;
+    QRectF blockBoundingRect(const QTextBlock& block) const override;
+
+signals:
+    void viewMoved(int top);
+
+protected:
+    void documentChanged(int from, int removed, int added) override;
+
+private:
+    using Block = BlockHeights::Block;
+
+    qreal LineWidth() const;
+    void MeasureFont();
+    bool HasLines(const QTextBlock& block) const { return block.layout()->lineCount() > 0; }
+    Block Measured(const QTextBlock& block, const QTextLayout& layout) const;
+    std::vector<Block> Estimated(QTextBlock block, std::size_t count) const;
+    QTextBlock BlockAt(qreal y) const;
+    qreal TopOf(std::size_t number, const QTextBlock& block) const;
+
+    void MakeLines(const QTextBlock& block, std::size_t number);
+    void MakeLinesAround(std::size_t number, std::int64_t above, std::int64_t below);
+    template <typename Work>
+    void Correct(Work work);
+
+    BlockHeights heights_; ///< each with the margin above it
+    qreal lineHeight_ = 1; ///< of the default font
+    qreal letterWidth_ = 1;
+    int viewTop_ = 0;
+    int viewHeight_ = 0;
+};
+
+} // namespace quillshift
