@@ -14,14 +14,15 @@ using Clock = std::chrono::steady_clock;
 using std::chrono::microseconds;
 constexpr auto kNap = std::chrono::milliseconds(1);
 constexpr auto kPatience = std::chrono::seconds(30);
+constexpr auto kAskAgain = std::chrono::seconds(1); // as a question is lost with a window that is made anew
 
-// False when the measuring ends first.
-bool WaitForSign(::Display* display, long number, const std::atomic<bool>& ends) {
-    while (!ends) {
+// Whether a sign that answers this question or a later one comes within the time.
+bool WaitForSign(::Display* display, long number, Clock::time_point end, const std::atomic<bool>& ends) {
+    while (!ends && Clock::now() < end) {
         while (XPending(display) > 0) {
             XEvent event;
             XNextEvent(display, &event);
-            if (event.type == ClientMessage && event.xclient.data.l[1] == number)
+            if (event.type == ClientMessage && event.xclient.data.l[1] >= number)
                 return true;
         }
         pollfd arrival{ConnectionNumber(display), POLLIN, 0};
@@ -64,18 +65,26 @@ void Turns::Run(const std::string& displayName, unsigned long window) {
     question.xclient.format = 32;
     question.xclient.data.l[0] = static_cast<long>(XInternAtom(display, "_NET_WM_PING", False));
     question.xclient.data.l[2] = static_cast<long>(window);
-    for (long number = 1; !ends_; ++number) {
-        question.xclient.data.l[1] = number;
-        const auto start = Clock::now();
-        const auto idle = WithoutProcessor();
+    long number = 0;
+    const auto ask = [&] {
+        question.xclient.data.l[1] = ++number;
         XSendEvent(display, window, False, NoEventMask, &question);
         XFlush(display);
-        if (!WaitForSign(display, number, ends_))
+    };
+    for (; !ends_; std::this_thread::sleep_for(kNap)) {
+        if (pauses_)
+            continue;
+        const auto start = Clock::now();
+        const auto idle = WithoutProcessor();
+        ask();
+        const long first = number;
+        while (!ends_ && !WaitForSign(display, first, Clock::now() + kAskAgain, ends_))
+            ask();
+        if (ends_)
             break;
         const auto took = std::chrono::duration_cast<microseconds>(Clock::now() - start);
         longest_ = std::max<long>(longest_, (took - (WithoutProcessor() - idle)).count());
         ++answers_;
-        std::this_thread::sleep_for(kNap);
     }
     XCloseDisplay(display);
 }

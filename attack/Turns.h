@@ -23,6 +23,18 @@ public:
     /// The longest turn since this was asked last, once the one under way has ended, within half a minute.
     std::chrono::microseconds TakeLongest();
 
+    /// As long as one is there, nothing is asked: a window that is asked without pause is never quiet.
+    class Pause {
+    public:
+        explicit Pause(Turns& turns) : turns_(turns) { turns_.pauses_ = true; }
+        ~Pause() { turns_.pauses_ = false; }
+        Pause(const Pause&) = delete;
+        Pause& operator=(const Pause&) = delete;
+
+    private:
+        Turns& turns_;
+    };
+
 private:
     void Run(const std::string& display, unsigned long window);
     std::chrono::microseconds WithoutProcessor() const;
@@ -31,6 +43,7 @@ private:
     std::atomic<long> longest_ = 0; // microseconds
     std::atomic<long> answers_ = 0;
     std::atomic<bool> ends_ = false;
+    std::atomic<bool> pauses_ = false;
     std::thread thread_;
 };
 

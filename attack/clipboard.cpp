@@ -46,6 +46,7 @@ private:
     bool IsPutIn(const std::string& text);
     void ClickRow(const char* name, Manner manner, const std::string& text);
     void DropRow(const char* name, Manner manner, const std::string& text);
+    void Settle();
     void CopyOwn();
     void WaitAndDismiss();
 
@@ -87,12 +88,17 @@ bool ClipboardAttack::Comes() {
     return IsSeen(text, 5s);
 }
 
+void ClipboardAttack::Settle() {
+    const Turns::Pause pause(*turns_);
+    editor_->Settle();
+}
+
 void ClipboardAttack::CopyOwn() {
     desktop_.Press("Ctrl+a");
     desktop_.Type(u"own");
     desktop_.Press("Ctrl+a");
     desktop_.Press("Ctrl+c");
-    editor_->Settle();
+    Settle();
 }
 
 // Longer than the program waits, and until it has told so and that is read.
@@ -116,7 +122,7 @@ std::string ClipboardAttack::GivenOut() const {
 bool ClipboardAttack::IsPutIn(const std::string& text) {
     desktop_.Press("Ctrl+a");
     desktop_.Press("Ctrl+c");
-    editor_->Settle();
+    Settle();
     return GivenOut().find(text) != std::string::npos;
 }
 

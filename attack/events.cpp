@@ -33,6 +33,7 @@ public:
 
 private:
     void Begin(bool opensText);
+    void Tell() const;
 
     Desktop desktop_;
     RandomUser user_;
@@ -58,6 +59,16 @@ void EventsAttack::Begin(bool opensText) {
                                      std::vector<pid_t>{editor_->Program().Pid(), desktop_.Server().Pid()});
 }
 
+// How the program is found, and what was done to it last.
+void EventsAttack::Tell() const {
+    const std::string process = "/proc/" + std::to_string(editor_->Program().Pid());
+    std::fprintf(stderr, "state %s, waits in %s, the keyboard has \"%s\"; done last:\n",
+                 Contents(process + "/stat").substr(0, 40).c_str(), Contents(process + "/wchan").c_str(),
+                 ToUtf8(desktop_.Title(desktop_.Active())).c_str());
+    for (const std::string& doing : user_.Last())
+        std::fprintf(stderr, "  %s\n", doing.c_str());
+}
+
 Count EventsAttack::Try(bool opensText) {
     desktop_.KeepWindowManager(); // not all of them bear everything
     if (!editor_ || !editor_->Runs() || hasText_ != opensText)
@@ -77,6 +88,8 @@ Count EventsAttack::Try(bool opensText) {
     count.lost = ended && editor_->WaitForEnd() != 0 ? 1 : 0;
     if (count.lost != 0)
         std::fprintf(stderr, "the program ended with %d\n", editor_->WaitForEnd());
+    if (count.lost != 0 || count.held != 0)
+        Tell();
     turns_.reset();
     editor_.reset();
     return count;

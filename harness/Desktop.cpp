@@ -103,6 +103,11 @@ void Desktop::StartServer(Size size) {
 }
 
 void Desktop::StartWindowManager() {
+    // Its own menu of the desktop starts other programs, and ends it.
+    const std::filesystem::path menu = home_ / "config/openbox/menu.xml";
+    std::filesystem::create_directories(menu.parent_path());
+    Put(menu, "<openbox_menu xmlns=\"http://openbox.org/3.4/menu\"><menu id=\"root-menu\" "
+              "label=\"\"/></openbox_menu>");
     windowManager_ = std::make_unique<Process>("openbox", std::vector<std::string>{"--sm-disable"},
                                                ProgramEnvironment(home_.Path()));
     WaitUntil("the window manager runs",
