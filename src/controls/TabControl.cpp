@@ -143,6 +143,8 @@ void TabControl::HandImages() {
 void TabControl::AddTab(std::u16string_view text, int image, const TabRef& before, std::u16string_view key,
                         std::int32_t itemData) {
     const std::optional<int> number = NumberOf(before);
+    if (number == 0)
+        FailToFind(1, before); // no tab to stand before
     const int position = !number ? IndexForTab(before) - 1 : *number > -1 ? *number - 1 : strip_.Count();
     const std::u16string shown(text.substr(0, text.find(u'\0')));
     if (strip_.Insert(position, {.text = shown, .image = image, .data = itemData}) == position)

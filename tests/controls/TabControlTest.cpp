@@ -123,6 +123,11 @@ TEST_F(Tabs, AreAddedBeforeOthersAndFoundByNumberKeyAndTextOfANumber) {
     EXPECT_EQ(Number(FailureOf([&] { tabs.SetTabItemData(0, 1); })), 6);
     EXPECT_EQ(Number(FailureOf([&] { tabs.SetTabImage(0, 1); })), 7);
     EXPECT_EQ(Number(FailureOf([&] { tabs.TabHot(0); })), 5);
+    for (const TabRef& missing : {TabRef(0), TabRef(u"0"), TabRef(u"no key")})
+        EXPECT_EQ(Number(FailureOf([&] { tabs.AddTab(u"Два", 0, missing, u"2"); })), 1);
+    tabs.AddTab(u"Три", 0, 9); // the strip refuses
+    EXPECT_EQ(tabs.TabCount(), 4);
+    EXPECT_EQ(tabs.TabKey(4), u"VIEW");
     tabs.SelectTab(0); // does nothing
     EXPECT_THAT(Events(), ElementsAre());
 }
