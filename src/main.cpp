@@ -107,6 +107,23 @@ void SetUpStore(SqliteSettings& store, const Platform& platform) {
         fill(store);
 }
 
+/// Behind the lock nobody can answer whether the program may end, and a window that refuses to close would
+/// hold up the end of the desktop's session.
+class LockedEnd final : public QObject {
+public:
+    LockedEnd(QObject& application, Program& program) : program_(program) {
+        application.installEventFilter(this);
+    }
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() == QEvent::Quit && program_.Parts().lock.IsLocked())
+            program_.EndAtOnce();
+        return false;
+    }
+
+private:
+    Program& program_;
+};
+
 int Run(int argc, char** argv) {
     SurviveFailedWrites();
     WriteDatesInRussian();
@@ -153,6 +170,7 @@ int Run(int argc, char** argv) {
         return std::make_unique<ProgramDialogs>(parts, window);
     });
     const EndSignals endSignals([&program] { program.EndAtOnce(); });
+    const LockedEnd lockedEnd(application, program);
     QObject::connect(
         &application, &QGuiApplication::commitDataRequest, &application,
         [&program] { program.SaveWhatIsNew(); }, Qt::DirectConnection);

@@ -43,11 +43,16 @@ void RecoveredTexts::TellOfDamaged() {
 
 RecoveredTexts::Entry RecoveredTexts::At(std::size_t index) const {
     const auto& [file, left] = left_[index];
+    if (left.place.isLocked)
+        return {.name = u"(скрыт)",
+                .path = {},
+                .time = file.time,
+                .firstLine = u"(программа была заблокирована)"};
     const std::u16string& path = left.place.path;
     return {.name = path.empty() ? u"Без имени" : path.substr(path.rfind(u'/') + 1),
             .path = path,
             .time = file.time,
-            .firstLine = left.place.isLocked ? u"(программа была заблокирована)" : FirstLine(left.text)};
+            .firstLine = FirstLine(left.text)};
 }
 
 bool RecoveredTexts::Restore(std::size_t index) {

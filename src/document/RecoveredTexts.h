@@ -24,10 +24,10 @@ public:
         modDocument& documents;
     };
     struct Entry {
-        std::u16string name; ///< of the document
+        std::u16string name; ///< of the document, or that nobody is to see it
         std::u16string path; ///< empty for one without a file
         std::int64_t time = 0;
-        std::u16string firstLine; ///< the first that isn't blank, or that nobody is to see it
+        std::u16string firstLine; ///< the first that isn't blank
     };
 
     explicit RecoveredTexts(const Services& services) : services_(services) {}

@@ -8,6 +8,9 @@ namespace {
 constexpr std::u16string_view kNoAnswer =
     u"Текст не получен: программа, из которой он скопирован, не ответила вовремя или текст слишком велик.";
 
+// What was pressed in the meantime goes where it was meant for, before a box takes the keyboard.
+constexpr std::chrono::milliseconds kUntilKeysAreTaken(50);
+
 } // namespace
 
 Program::Program(Platform& platform, MainView& window, mCommandBars& toolkit, const MakeDialogs& makeDialogs)
@@ -15,7 +18,7 @@ Program::Program(Platform& platform, MainView& window, mCommandBars& toolkit, co
       commands_(parts_),
       load_(parts_, commands_),
       main_(parts_, load_),
-      timerNoAnswer_(platform.timers.Make([&platform] { platform.messageBox.Inform(kNoAnswer); })) {
+      timerNoAnswer_(platform.timers.Make([this] { TellNoAnswer(); })) {
     ConnectWindow();
     ConnectSurface();
     parts_.recovered.MaySeeLocked = [this] { return parts_.lock.MaySeeLocked(); };
@@ -26,11 +29,20 @@ Program::Program(Platform& platform, MainView& window, mCommandBars& toolkit, co
         commands_.InputsChanged();
         parts_.watcher.OnClipboardChange();
     };
-    platform.clipboard.OnNoAnswer = [this] { timerNoAnswer_->StartOnce(); };
+    platform.clipboard.OnNoAnswer = [this] {
+        wantedWhileLocked_ = parts_.lock.IsLocked();
+        timerNoAnswer_->StartOnce(kUntilKeysAreTaken);
+    };
     parts_.job.OnEnded = [this] {
         commands_.InputsChanged();
         main_.OnJobEnded();
     };
+}
+
+// What was wanted before the lock came is not told over it.
+void Program::TellNoAnswer() {
+    if (wantedWhileLocked_ == parts_.lock.IsLocked())
+        parts_.platform.messageBox.Inform(kNoAnswer);
 }
 
 void Program::EndAtOnce() {

@@ -27,12 +27,14 @@ private:
     void ConnectWindow();
     void ConnectSurface();
     void OnDirectionChange();
+    void TellNoAnswer();
 
     ProgramParts parts_;
     Commands commands_;
     MainLoad load_;
     modMain main_;
     std::unique_ptr<Timer> timerNoAnswer_; ///< tells so behind the event that wanted a text
+    bool wantedWhileLocked_ = false;
 };
 
 } // namespace quillshift

@@ -67,7 +67,9 @@ struct ProgramParts {
     ClipboardWatcher watcher;
 
     /// Whether a question may come up that answers no command: nothing else has the user's attention.
-    bool MayInterrupt() const { return window.IsFree() && !recoding.walking && !fullScreen.IsOn(); }
+    bool MayInterrupt() const {
+        return window.IsFree() && !recoding.walking && !fullScreen.IsOn() && !lock.IsLocked();
+    }
 };
 
 } // namespace quillshift

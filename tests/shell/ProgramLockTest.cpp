@@ -82,13 +82,35 @@ TEST_F(ProgramLockTest, HasNoWayRoundIt) {
     EXPECT_FALSE(shell.ended);
 }
 
+// The notice waits for the keys that were pressed before it.
+TEST_F(ProgramLockTest, IsNotCoveredByTheNoticeOfAPasteBefore) {
+    clipboard.Hold(std::nullopt);
+    program.Run("MENU:EDIT:PASTE");
+    WhileLocked([this] {
+        timers.Tick();
+        EXPECT_TRUE(messageBox.shown.empty());
+        clipboard.Text(); // pasted as the password
+        timers.Tick();
+        EXPECT_EQ(messageBox.shown.size(), 1U);
+    });
+}
+
 TEST_F(ProgramLockTest, StandsBeforeATextThatWasLeftLocked) {
+    RecoveredTexts& recovered = program.Parts().recovered;
+    RecoveryPlace place;
+    place.isLocked = true;
+    place.path = u"/d/name";
+    recovery.left = {{.name = "1", .bytes = RecoveryFile(u"secret", place), .time = 0}};
+    recovered.Find();
+    EXPECT_EQ(recovered.At(0).name, u"(скрыт)");
+    EXPECT_EQ(recovered.At(0).path + recovered.At(0).firstLine, u"(программа была заблокирована)");
     int stood = 0;
     dialogs->whileModal = [&] { stood += lock.Enter(u"Тайна 1") ? 1 : 0; };
-    EXPECT_TRUE(program.Parts().recovered.MaySeeLocked());
+    EXPECT_TRUE(recovered.Restore(0));
+    EXPECT_EQ(window.document.Text(), u"secret");
     EXPECT_EQ(stood, 1);
     Set(Setting::User, u"").Set(Setting::Password, u"");
-    EXPECT_TRUE(program.Parts().recovered.MaySeeLocked());
+    EXPECT_TRUE(recovered.MaySeeLocked());
     EXPECT_EQ(stood, 1);
     EXPECT_TRUE(messageBox.shown.empty());
 }
