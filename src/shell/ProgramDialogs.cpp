@@ -135,9 +135,27 @@ std::vector<DialogKind> ProgramDialogs::Kinds() {
     return kinds;
 }
 
-ProgramDialogs::ProgramDialogs(ProgramParts& parts, QWidget& owner) : parts_(parts), owner_(owner) {}
+ProgramDialogs::ProgramDialogs(ProgramParts& parts, QWidget& owner)
+    : parts_(parts),
+      owner_(owner),
+      focusNotices_(QObject::connect(qApp, &QGuiApplication::focusWindowChanged,
+                                     [this](QWindow* window) { NoteFocus(window); })) {}
 
-ProgramDialogs::~ProgramDialogs() = default;
+ProgramDialogs::~ProgramDialogs() {
+    QObject::disconnect(focusNotices_);
+}
+
+void ProgramDialogs::NoteFocus(QWindow* window) {
+    if (window == nullptr)
+        return;
+    std::erase_if(focused_, [&](const auto& other) { return other == nullptr || other == window; });
+    focused_.emplace_back(window);
+}
+
+std::ptrdiff_t ProgramDialogs::RankOf(const QWidget& window) const {
+    const auto found = std::find(focused_.begin(), focused_.end(), window.windowHandle());
+    return found == focused_.end() ? -1 : found - focused_.begin();
+}
 
 std::unique_ptr<Dialog> ProgramDialogs::Make(DialogKind kind, int argument) const {
     const Row& row = RowOf(kind);
@@ -200,10 +218,14 @@ void ProgramDialogs::ShowKept(Dialog& dialog, int argument) {
     }
 }
 
-// A modal dialog that is hidden ends with that, cancelled; a menu has no place to come back to.
+// A modal dialog that is hidden ends with that, cancelled; a menu has no place to come back to. The one that
+// had the keyboard last comes back last, above the others; hiding one gives it to another.
 void ProgramDialogs::HideAll() {
-    for (QWidget* const window : QApplication::topLevelWidgets()) {
-        if (window == &owner_ || !window->isVisible())
+    QWidgetList windows = QApplication::topLevelWidgets();
+    windows.removeIf([this](const QWidget* window) { return window == &owner_ || !window->isVisible(); });
+    std::ranges::stable_sort(windows, {}, [this](const QWidget* window) { return RankOf(*window); });
+    for (QWidget* const window : windows) {
+        if (!window->isVisible()) // it went with another one
             continue;
         if (qobject_cast<QDialog*>(window) != nullptr && !window->isModal())
             hidden_.emplace_back(window, window->pos());

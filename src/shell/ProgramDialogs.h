@@ -5,6 +5,7 @@
 #include "shell/ProgramParts.h"
 
 #include <QPointer>
+#include <QWindow>
 
 #include <map>
 #include <memory>
@@ -41,11 +42,16 @@ private:
     Dialog& Loaded(DialogKind kind, int argument = 0);
     void ShowBeside(Dialog& dialog);
     void ShowKept(Dialog& dialog, int argument);
+    void NoteFocus(QWindow* window);
+    /// The greater, the later it had the keyboard.
+    std::ptrdiff_t RankOf(const QWidget& window) const;
 
     ProgramParts& parts_;
     QWidget& owner_;
     std::map<DialogKind, std::unique_ptr<Dialog>> loaded_;
     std::vector<std::pair<QPointer<QWidget>, QPoint>> hidden_; ///< to be brought back, and where
+    std::vector<QPointer<QWindow>> focused_;                   ///< that had the keyboard, the last one last
+    QMetaObject::Connection focusNotices_;
 };
 
 } // namespace quillshift

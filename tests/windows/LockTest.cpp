@@ -67,24 +67,50 @@ TEST(LockTest, TakesThePasswordByTheKeyboardAloneAndNoOtherWayOut) {
     }
 }
 
+/// The dialogs in the order in which they are shown from now on.
+struct CameUp final : QObject {
+    explicit CameUp(std::vector<const QWidget*>& theOrder) : order(theOrder) {
+        qApp->installEventFilter(this);
+    }
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Show && qobject_cast<QDialog*>(watched) != nullptr)
+            order.push_back(static_cast<QWidget*>(watched));
+        return false;
+    }
+    std::vector<const QWidget*>& order;
+};
+
 TEST(LockTest, AllOtherWindowsGoAndTheNonModalOnesComeBack) {
     TestProgram test;
     QWidget owner;
     owner.show();
-    QDialog left(&owner);
-    left.move(40, 50);
-    left.show();
     ProgramDialogs dialogs(test.program.Parts(), owner);
+    std::array<QDialog, 4> beside;
+    for (QDialog& each : beside)
+        each.setParent(&owner, Qt::Dialog);
+    QDialog& left = beside[2];
+    left.move(40, 50);
+    for (const int shown : {1, 0, 3, 2, 0}) {
+        QDialog& dialog = beside[std::size_t(shown)];
+        dialog.show();
+        dialog.activateWindow();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::focusWindow() == dialog.windowHandle(); }));
+    }
+    std::vector<const QWidget*> back;
+    CameUp cameUp(back);
     QTimer::singleShot(0, [&] {
         dialogs.HideAll();
         EXPECT_FALSE(left.isVisible());
     });
     QMessageBox box(&owner);
     EXPECT_EQ(box.exec(), QDialog::Rejected) << "a box is cancelled";
+    back.clear();
     EXPECT_TRUE(owner.isVisible());
     dialogs.BringBack();
     EXPECT_TRUE(left.isVisible());
     EXPECT_EQ(left.pos(), QPoint(40, 50));
+    EXPECT_EQ(back, (std::vector<const QWidget*>{&beside[1], &beside[3], &left, beside.data()}))
+        << "the one on top last";
     EXPECT_FALSE(box.isVisible());
 }
 
