@@ -2,6 +2,7 @@
 
 #include "document/frmFScreenB.h"
 
+#include <QEvent>
 #include <QFrame>
 #include <QScreen>
 

@@ -69,7 +69,7 @@ frmMain::frmMain(QtWindowMessages& windowIds, const QtTextMeasurer& texts)
     // What a list has as its name is the row that is chosen.
     cmbDecode_->setAccessibleDescription(QStringLiteral("Направление перекодировки"));
     const char16_t* const barNames[] = {u"Меню", u"Стандартная", u"Перекодирование"};
-    for (std::size_t i = 0; i < cmdBar_.size(); ++i)
+    for (std::size_t i = 0; i < std::size(barNames); ++i)
         cmdBar_[i]->setAccessibleName(QString::fromUtf16(barNames[i]));
     richTextBox_->setFocus();
     richTextBox_->TakeFilesDroppedOn(*this);
