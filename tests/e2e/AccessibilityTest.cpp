@@ -1,0 +1,187 @@
+#include "e2e/EditorTest.h"
+
+#include "base/Utf8.h"
+#include "harness/Iconv.h"
+#include "shell/Catalogue.h"
+
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillshift::e2e {
+namespace {
+
+/// A command that a screen reader presses, and what comes of it: "window" with its title and the button that
+/// closes it, "text" with that of the document, "tick" for another one, or nothing that could be seen.
+struct Press {
+    std::string_view key;
+    std::string_view outcome;
+    std::string_view wanted = {};
+    std::string_view button = "Отмена";
+};
+
+class Accessibility : public EditorTest {
+protected:
+    void SetUp() override {
+        const std::string bus = "unix:path=" + Path("bus").string();
+        environment_ = desktop.ProgramEnvironment(editor.home.Path());
+        environment_["DBUS_SESSION_BUS_ADDRESS"] = bus;
+        bus_ = std::make_unique<Process>(
+            "dbus-daemon", std::vector<std::string>{"--session", "--nofork", "--address=" + bus},
+            environment_);
+        desktop.WaitUntil("the bus is there", [&] { return std::filesystem::exists(Path("bus")); });
+        editor.environment["DBUS_SESSION_BUS_ADDRESS"] = bus;
+        editor.environment["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1";
+        editor.Set(Setting::SaveChange, u"0").Start();
+    }
+
+    // What the script prints; the test fails with what it tells if it fails.
+    std::string Ask(const std::string& what) {
+        const std::string script = (TestsFolder() / "e2e/accessible.py").string();
+        Process reader("sh",
+                       {"-c", "/usr/bin/python3 " + script + " " + what + " >" + Path("answer").string() +
+                                  " 2>" + Path("failure").string()},
+                       environment_);
+        EXPECT_EQ(reader.WaitForEnd(), 0) << Contents(Path("failure"));
+        return Contents(Path("answer"));
+    }
+
+    void PressAll(const std::vector<Press>& presses) {
+        std::string lines;
+        for (const Press& press : presses)
+            lines += Way(press.key) + "\t" + std::string(press.outcome) + "\t" + std::string(press.wanted) +
+                     "\t" + std::string(press.button) + "\n";
+        Put(Path("presses"), lines);
+        Ask("press " + Path("presses").string());
+    }
+
+    // The names from the menu bar down to a command.
+    static std::string Way(std::string_view key) {
+        const CatalogueEntry* const entry = FindEntry(key);
+        const std::string_view parent = ParentKey(key);
+        return (ParentKey(parent).empty() ? "" : Way(parent) + " > ") + ToUtf8(entry->Caption);
+    }
+
+private:
+    Environment environment_;
+    std::unique_ptr<Process> bus_;
+};
+
+TEST_F(Accessibility, EveryCommandIsFoundInItsMenu) {
+    std::vector<std::string> expected;
+    for (const CatalogueEntry& entry : Catalogue())
+        if (RootOf(entry.Key) == "MENU" && entry.Key != "MENU" && entry.Style != ButtonStyle::Separator)
+            expected.push_back(Way(entry.Key));
+    std::istringstream lines(Ask("list"));
+    std::vector<std::string> found;
+    for (std::string line; std::getline(lines, line);)
+        found.push_back(line.substr(0, line.find('\t')));
+    std::ranges::sort(expected);
+    std::ranges::sort(found);
+    EXPECT_EQ(found, expected);
+}
+
+TEST_F(Accessibility, EveryCommandIsPressed) {
+    Put(Path("text.txt"), Iconv("мир", "UTF-8", "CP1251"));
+    editor.Open(Path("text.txt"));
+    editor.SaveAs(Path("text.txt")); // from then on it can be saved without a dialog
+    constexpr std::string_view kBox = "Morvane Quillshift 3.0 Preview";
+    constexpr std::string_view kSettings = "Параметры программы";
+    PressAll({{"MENU:FILE:OPEN", "window", "Открытие документа"},
+              {"MENU:FILE:SAVEAS", "window", "Сохранение документа"},
+              {"MENU:FILE:PRINTSETTINGS", "window", kSettings},
+              {"MENU:FILE:IMPORT:RTF", "window", "Импорт текста из *.rtf файла"},
+              {"MENU:FILE:PRINT", "window", "Печать документа", "Закрыть"},
+              {"MENU:FILE:PROPERTIES", "window", "Свойства документа", "Закрыть"},
+              {"MENU:FORMAT:ALLTEXTCASE:CASEU", "text", "МИР"},
+              {"MENU:FORMAT:ALLTEXTCASE:CASEL", "text", "мир"},
+              {"MENU:EDIT:SELECTALL", ""},
+              {"MENU:FORMAT:SELTEXTCASE:CASEU", "text", "МИР"},
+              {"MENU:FILE:SAVE", ""},
+              {"MENU:EDIT:CLEAR", "text", ""},
+              {"MENU:FILE:REOPEN", "text", "МИР"},
+              {"MENU:EDIT:SELECTALL", ""},
+              {"MENU:FORMAT:SELTEXTCASE:CASEL", "text", "мир"},
+              {"MENU:EDIT:SELECTALL", ""},
+              {"MENU:EDIT:CUT", "text", ""},
+              {"MENU:EDIT:PASTE", "text", "мир"},
+              {"MENU:EDIT:SELECTALL", ""},
+              {"MENU:EDIT:COPY", ""},
+              {"MENU:EDIT:DELETE", "text", ""},
+              {"MENU:EDIT:UNDO", "text", "мир"},
+              {"MENU:EDIT:REDO", "text", ""},
+              {"MENU:EDIT:PASTE", "text", "мир"},
+              {"MENU:EDIT:CLEAR", "text", ""},
+              {"MENU:EDIT:UNDO", "text", "мир"},
+              {"MENU:FIND:FIND", "window", "Найти"},
+              {"MENU:FIND:FINDNEXT", "window", kBox, "ОК"},
+              {"MENU:FIND:REPLACE", "window", "Найти и заменить"},
+              {"MENU:FIND:GOTO", "window", "Перейти...", "Escape"},
+              {"MENU:VIEW:ONTOP", "tick"},
+              {"MENU:VIEW:TOOLBARS:TBSTANDART", "tick"},
+              {"MENU:VIEW:TOOLBARS:TBDECODE", "tick"},
+              {"MENU:VIEW:TOOLBARS:TBCUSTOMIZE", "window", "Настройка панелей инструментов...", "OK"},
+              {"MENU:VIEW:CUSTOMIZE", "window", kSettings},
+              {"MENU:INSERT:TIMEANDDATE", "window", "Время и дата", "Закрыть"},
+              {"MENU:INSERT:TEXTFILE", "window", "Выберите файл для вставки..."},
+              {"MENU:FORMAT:FONT", "window", kSettings},
+              {"MENU:FORMAT:INDENT", ""},
+              {"MENU:FORMAT:OUTDENT", ""},
+              {"MENU:SERVICE:SETTINGS", "window", kSettings},
+              {"MENU:SERVICE:LOCKED", "window", kBox, "ОК"},
+              {"MENU:DECODE:DECODE", "window", "Перекодирование"},
+              {"MENU:HELP:LICENSE", "window", "Лицензионное соглашение", "OK"},
+              {"MENU:HELP:AUTHORMAIL", "window", kBox, "ОК"},
+              {"MENU:HELP:VISITHOMEPAGE", "window", kBox, "ОК"},
+              {"MENU:HELP:ABOUT", "window", "О программе", "Ok"},
+              {"MENU:VIEW:FULLSCREEN", "window", "     Полноэкранный режим", "Вернуть обычный режим"},
+              {"MENU:FILE:NEW", "text", ""}});
+    EXPECT_EQ(Contents(Path("text.txt")), Iconv("МИР\r\n", "UTF-8", "CP1251"));
+    PressAll({{"MENU:FILE:EXIT", ""}});
+    EXPECT_EQ(editor.WaitForEnd(), 0);
+}
+
+TEST_F(Accessibility, NothingButTheLockIsFoundWhileItIsThere) {
+    editor.Set(Setting::Password, u"tajna");
+    desktop.Type(u"secret");
+    editor.Settle();
+    PressAll({{"MENU:FIND:FIND", ""}, {"MENU:SERVICE:LOCKED", ""}});
+    editor.SettleIn(u"Morvane Quillshift 3.0");
+    const std::string names = Ask("names");
+    EXPECT_NE(names.find("dialog\tMorvane Quillshift 3.0\n"), std::string::npos) << names;
+    EXPECT_NE(names.find("push button\tВойти\n"), std::string::npos);
+    for (const char* hidden : {"frame\t", "menu", "tool bar", "Найти", "secret", "Текст"})
+        EXPECT_EQ(names.find(hidden), std::string::npos) << hidden << " is in\n" << names;
+}
+
+TEST_F(Accessibility, EveryDirectionIsPressed) {
+    constexpr std::pair<std::string_view, const char*> kSets[] = {{"DOS", "CP866"},
+                                                                  {"WIN", "CP1251"},
+                                                                  {"KOI", "KOI8-R"},
+                                                                  {"ISO", "ISO-8859-5"},
+                                                                  {"MAC", "MAC-CYRILLIC"}};
+    for (const auto& [source, sourceSet] : kSets) {
+        const std::string bytes = Iconv("мост", "UTF-8", sourceSet);
+        const std::string text = Iconv(bytes, "CP1251", "UTF-8");
+        Put(Path("text.txt"), bytes);
+        editor.Open(Path("text.txt"));
+        std::vector<std::string> texts;
+        std::vector<std::string> keys;
+        std::vector<Press> presses;
+        texts.reserve(5);
+        keys.reserve(5);
+        for (const auto& [target, targetSet] : kSets) {
+            if (target == source)
+                continue;
+            keys.push_back("MENU:DECODE:" + std::string(source) + ":" + source[0] + target[0]);
+            texts.push_back(Iconv(Iconv(bytes, sourceSet, targetSet), "CP1251", "UTF-8"));
+            presses.push_back({keys.back(), "text", texts.back()});
+            presses.push_back({"MENU:DECODE:UNDO", "text", text});
+        }
+        PressAll(presses);
+    }
+}
+
+} // namespace
+} // namespace quillshift::e2e

@@ -1,0 +1,148 @@
+"""Goes through the editor as a screen reader does, and presses what it finds there.
+
+    accessible.py list                prints each command below the menu bar: its way there, and how it is
+    accessible.py names               prints the role and the name of everything that has one
+    accessible.py press FILE          presses the commands of the file's lines, and waits for what each does
+
+A line of the file: the way to a command, what comes of it (a window, a text of the document, a change of its
+tick, or nothing), and that window's title and the button, or Escape, that closes it, or that text; parted by tabs.
+Ends with 1, and tells why, at what is not there or does not come.
+"""
+
+import sys
+import time
+
+import gi
+import pyatspi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi
+
+PATIENCE = 20
+NAP = 0.02
+MENUS = (pyatspi.ROLE_MENU, pyatspi.ROLE_POPUP_MENU)
+
+
+def wait(what, look):
+    end = time.monotonic() + PATIENCE
+    while time.monotonic() < end:
+        try:
+            found = look()
+        except Exception:  # an object that has just gone answers by one of many errors
+            found = None
+        if found:
+            return found
+        time.sleep(NAP)
+    sys.exit("waited in vain for " + what)
+
+
+def below(thing):
+    return [child for child in thing if child is not None]
+
+
+def find(thing, isWanted):
+    if isWanted(thing):
+        return thing
+    for child in below(thing):
+        found = find(child, isWanted)
+        if found:
+            return found
+    return None
+
+
+def has(thing, state):
+    return thing.getState().contains(state)
+
+
+class Editor:
+    def __init__(self):
+        desktop = pyatspi.Registry.getDesktop(0)
+        isEditor = lambda application: application.name == "quillshift" and len(below(application)) > 0
+        self.application = wait("the editor", lambda: next(filter(isEditor, below(desktop)), None))
+        self.application.set_cache_mask(Atspi.Cache.NONE)  # nobody here listens to what changes
+
+    def first(self, role):
+        return wait("a " + str(role), lambda: find(self.application, lambda thing: thing.getRole() == role))
+
+    def commands(self, thing=None, way=()):
+        for item in below(thing or self.first(pyatspi.ROLE_MENU_BAR)):
+            if item.getRole() in MENUS:
+                yield from self.commands(item, way)
+            else:
+                yield way + (item.name,), item
+                yield from self.commands(item, way + (item.name,))
+
+    def command(self, way):
+        thing = self.first(pyatspi.ROLE_MENU_BAR)
+        for name in way.split(" > "):
+            menus = [menu for menu in below(thing) if menu.getRole() in MENUS]
+            thing = next((item for item in below(menus[0] if menus else thing) if item.name == name), None)
+            if thing is None:
+                sys.exit("there is no " + way)
+        return thing
+
+    def contents(self):
+        return self.first(pyatspi.ROLE_TEXT).queryText().getText(0, -1).rstrip("\n")
+
+    def window(self, title):
+        others = below(self.application)[1:]  # the first is the main window
+        return next((window for window in others if window.name == title), None)
+
+
+def press(thing):
+    action = thing.queryAction()
+    for index in range(action.nActions):
+        if action.getName(index) == "Press":
+            action.doAction(index)
+            return
+    sys.exit("nothing can be pressed at " + thing.name)
+
+
+def list_commands(editor):
+    for way, item in editor.commands():
+        states = [name for name, state in
+                  (("enabled", pyatspi.STATE_ENABLED), ("checkable", pyatspi.STATE_CHECKABLE),
+                   ("checked", pyatspi.STATE_CHECKED)) if has(item, state)]
+        print("\t".join([" > ".join(way), item.getRoleName(), " ".join(states)]))
+
+
+def list_names(thing):
+    if thing.name:
+        print(thing.getRoleName() + "\t" + thing.name)
+    for child in below(thing):
+        list_names(child)
+
+
+def close(name, window, button):
+    isButton = lambda thing: thing.name == button and thing.getRole() == pyatspi.ROLE_PUSH_BUTTON
+    press(wait(name + button, lambda: find(window, isButton)))
+
+
+def press_commands(editor, lines):
+    for line in lines:
+        way, outcome, wanted, button = (line.rstrip("\n") + "\t\t\t").split("\t")[:4]
+        item = editor.command(way)
+        was = has(item, pyatspi.STATE_CHECKED)
+        press(item)
+        name = way + ": "
+        if outcome == "window":
+            window = wait(name + wanted, lambda: editor.window(wanted))
+            if button == "Escape":
+                wait(name + "the keyboard", lambda: has(window, pyatspi.STATE_ACTIVE))
+                Atspi.generate_keyboard_event(0xFF1B, "", Atspi.KeySynthType.SYM)
+            else:
+                close(name, window, button)
+            wait(name + "the end of " + wanted, lambda: editor.window(wanted) is None)
+        elif outcome == "text":
+            wait(name + wanted, lambda: editor.contents() == wanted)
+        elif outcome == "tick":
+            wait(name + "another tick", lambda: has(item, pyatspi.STATE_CHECKED) != was)
+
+
+if sys.argv[1] == "list":
+    list_commands(Editor())
+elif sys.argv[1] == "names":
+    list_names(Editor().application)
+else:
+    with open(sys.argv[2], encoding="utf-8", newline="\n") as file:
+        press_commands(Editor(), file.readlines())
