@@ -63,7 +63,7 @@ void TypeWithUndo(benchmark::State& state) {
 void TypeWithRecovery(benchmark::State& state) {
     constexpr int kCharacters = 10; // in a second
     const TemporaryFolder folder;
-    PosixRecoveryStore store(folder.Path());
+    PosixRecoveryStore store(folder.Path(), [](const std::function<void()>&) {});
     FakeSettings values;
     Settings settings(values);
     QtTimers timers;

@@ -24,6 +24,7 @@
 #include "platform/qt/QtText.h"
 #include "platform/qt/QtTimers.h"
 #include "platform/qt/ScreenReaders.h"
+#include "platform/qt/SessionEnd.h"
 #include "settings/FirstValues.h"
 #include "shell/Layout.h"
 #include "shell/Program.h"
@@ -107,23 +108,6 @@ void SetUpStore(SqliteSettings& store, const Platform& platform) {
         fill(store);
 }
 
-/// Behind the lock nobody can answer whether the program may end, and a window that refuses to close would
-/// hold up the end of the desktop's session.
-class LockedEnd final : public QObject {
-public:
-    LockedEnd(QObject& application, Program& program) : program_(program) {
-        application.installEventFilter(this);
-    }
-    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-        if (event->type() == QEvent::Quit && program_.Parts().lock.IsLocked())
-            program_.EndAtOnce();
-        return false;
-    }
-
-private:
-    Program& program_;
-};
-
 int Run(int argc, char** argv) {
     SurviveFailedWrites();
     WriteDatesInRussian();
@@ -152,7 +136,9 @@ int Run(int argc, char** argv) {
     const PosixClock wallClock;
     JobProgress progress;
     QtPrinters printers(files);
-    PosixRecoveryStore recovery(RecoveryFolder());
+    PosixRecoveryStore recovery(RecoveryFolder(), [&application](std::function<void()> work) {
+        QMetaObject::invokeMethod(&application, std::move(work), Qt::QueuedConnection);
+    });
     Platform platform{store,  sound, files,      fileDialog, messageBox, clipboard, timers,
                       screen, shell, background, progress,   recovery,   wallClock, printers};
     SetUpStore(store, platform);
@@ -170,10 +156,7 @@ int Run(int argc, char** argv) {
         return std::make_unique<ProgramDialogs>(parts, window);
     });
     const EndSignals endSignals([&program] { program.EndAtOnce(); });
-    const LockedEnd lockedEnd(application, program);
-    QObject::connect(
-        &application, &QGuiApplication::commitDataRequest, &application,
-        [&program] { program.SaveWhatIsNew(); }, Qt::DirectConnection);
+    const SessionEnd sessionEnd([&program] { program.SaveWhatIsNew(); }, [&program] { program.EndAtOnce(); });
     QTimer::singleShot(0, &application, [&] { program.Main(); });
     return QApplication::exec();
 }

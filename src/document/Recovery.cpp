@@ -22,7 +22,12 @@ std::optional<std::string> Shorten(std::string_view bytes) {
 } // namespace
 
 Recovery::Recovery(const Services& services)
-    : services_(services), text_(&services.document), timer_(services.timers.Make([this] { Flush(); })) {}
+    : services_(services), text_(&services.document), timer_(services.timers.Make([this] { Flush(); })) {
+    services_.store.OnFailure = [this] {
+        if (LacksText() && !timer_->IsRunning())
+            timer_->StartOnce(kAfterFailure);
+    };
+}
 
 // --- What is new
 
@@ -87,11 +92,11 @@ void Recovery::SetLocked(bool isLocked) {
 
 // --- Writing
 
-// A failed write is tried again with what comes next, or when the user turns away.
+// What a failed write left out is in none of the edits to come.
 void Recovery::Flush() {
     timer_->Stop();
-    const bool hasFailed = hasWritten_ && isUnsaved_ && services_.store.HasFailed();
-    if (!std::exchange(isUnwritten_, false) && !hasFailed)
+    const bool lacksText = LacksText();
+    if (!std::exchange(isUnwritten_, false) && !lacksText)
         return;
     if (!IsOn()) {
         ForgetEdits();
@@ -100,7 +105,7 @@ void Recovery::Flush() {
         ForgetEdits();
         if (std::exchange(hasWritten_, false))
             services_.store.Remove();
-    } else if (needsWhole_ || hasFailed) {
+    } else if (needsWhole_ || lacksText) {
         WriteWhole();
     } else {
         WriteEdits();

@@ -59,6 +59,7 @@ private:
 
     bool IsOn() const { return services_.settings.Text(Setting::Recovery) != u"0"; }
     void NoteChange();
+    bool LacksText() const { return hasWritten_ && isUnsaved_ && services_.store.HasFailed(); }
     void Gather(const TextEdit& edit);
     void ForgetEdits();
     void WriteWhole();

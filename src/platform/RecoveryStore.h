@@ -42,6 +42,8 @@ public:
     /// Something could not be done since the contents were last replaced. `Append` and `Rewrite` do nothing
     /// then.
     virtual bool HasFailed() const = 0;
+    /// Told in a later event each time that something could not be done.
+    std::function<void()> OnFailure;
     /// Waits until all is done, two seconds at most.
     virtual void Finish() = 0;
 

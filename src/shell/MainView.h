@@ -50,7 +50,7 @@ public:
     std::function<void()> OnResize;
     std::function<void()> OnDirectionChange;
     std::function<void()> OnActivate;   ///< the keyboard has come, and no button is held any more
-    std::function<void()> OnDeactivate; ///< the keyboard goes to another window
+    std::function<void()> OnDeactivate; ///< the keyboard goes from any window of the program to another
     std::function<bool()> OnClose;      ///< answers whether the window may close
 };
 

@@ -93,6 +93,11 @@ frmMain::frmMain(QtWindowMessages& windowIds, const QtTextMeasurer& texts)
     activated_.setSingleShot(true);
     activated_.setInterval(kPress);
     connect(&activated_, &QTimer::timeout, this, &frmMain::TellActivation);
+    // Also from the full screen or a dialog; and not while this window is being destroyed.
+    connect(qApp, &QGuiApplication::focusWindowChanged, &placed_, [this] {
+        if (OnDeactivate)
+            OnDeactivate();
+    });
 }
 
 frmMain::~frmMain() = default;
@@ -226,13 +231,10 @@ void frmMain::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     if (event->type() != QEvent::ActivationChange)
         return;
-    if (isActiveWindow()) {
+    if (isActiveWindow())
         activated_.start();
-        return;
-    }
-    activated_.stop();
-    if (OnDeactivate)
-        OnDeactivate();
+    else
+        activated_.stop();
 }
 
 // A click on the window gives it the keyboard before its press arrives, which may begin a drag.

@@ -107,6 +107,17 @@ TEST_F(RecoveryTest, AFailedWriteIsMadeUpForByTheWholeText) {
     Type(u" four");
     EXPECT_EQ(Written(), u"one two three four");
     EXPECT_EQ(store.wholes, 3);
+    store.fails = true;
+    Type(u" five");
+    for (int failures = 0; failures < 3; ++failures) {
+        EXPECT_EQ(Written(), u"one two three four");
+        store.PassEvent();
+    }
+    store.fails = false;
+    EXPECT_EQ(Written(), u"one two three four five") << "without another key";
+    store.PassEvent();
+    test.timers.Tick();
+    EXPECT_EQ(store.wholes, 6) << "and then it rests";
 }
 
 // What becomes of the text that was typed, by what replaces or saves it.

@@ -21,14 +21,21 @@ using testing::UnorderedElementsAre;
 struct RecoveryStoreTest : testing::Test {
     TemporaryFolder home;
     const fs::path folder = home / "state/recovery";
-    std::unique_ptr<PosixRecoveryStore> copy = std::make_unique<PosixRecoveryStore>(folder);
+    std::unique_ptr<PosixRecoveryStore> copy = Start();
+    int failures = 0;
 
+    std::unique_ptr<PosixRecoveryStore> Start() {
+        auto started =
+            std::make_unique<PosixRecoveryStore>(folder, [](const std::function<void()>& run) { run(); });
+        started->OnFailure = [this] { ++failures; };
+        return started;
+    }
     void Replace(const std::string& text) {
         copy->Replace([text] { return text; });
         copy->Finish();
     }
     // As the end of its process, which leaves what is there.
-    void Kill() { copy = std::make_unique<PosixRecoveryStore>(folder); }
+    void Kill() { copy = Start(); }
     std::vector<std::string> Found() { return FoundBy(*copy); }
     static std::vector<std::string> FoundBy(PosixRecoveryStore& store) {
         std::vector<std::string> texts;
@@ -62,13 +69,13 @@ TEST_F(RecoveryStoreTest, KeepsWhatIsWrittenForTheNextCopyAlone) {
     EXPECT_EQ(fs::status(folder).permissions(), fs::perms::owner_all);
     EXPECT_EQ(fs::status(FileWith(".text")).permissions(), fs::perms::owner_read | fs::perms::owner_write);
 
-    PosixRecoveryStore other(folder);
-    EXPECT_THAT(FoundBy(other), IsEmpty()) << "the copy lives";
+    const auto other = Start();
+    EXPECT_THAT(FoundBy(*other), IsEmpty()) << "the copy lives";
     Kill();
     EXPECT_THAT(Found(), UnorderedElementsAre("one two three four", "five"));
-    EXPECT_THAT(FoundBy(other), IsEmpty()) << "another copy has them already";
+    EXPECT_THAT(FoundBy(*other), IsEmpty()) << "another copy has them already";
     copy->Release();
-    EXPECT_THAT(FoundBy(other), UnorderedElementsAre("one two three four", "five"));
+    EXPECT_THAT(FoundBy(*other), UnorderedElementsAre("one two three four", "five"));
 }
 
 TEST_F(RecoveryStoreTest, NothingRemainsOfACopyThatEndsInOrderOrSavedItsText) {
@@ -131,10 +138,12 @@ TEST_F(RecoveryStoreTest, AFailureHoldsUntilTheWholeIsWrittenAgain) {
     copy->Append("."); // behind half a record it would be damage
     copy->Finish();
     EXPECT_TRUE(copy->HasFailed());
+    EXPECT_EQ(failures, 1) << "the other one wasn't tried";
     limitFiles(5);
     Replace("much longer");
     limitFiles(RLIM_INFINITY);
     EXPECT_TRUE(copy->HasFailed());
+    EXPECT_EQ(failures, 2);
     EXPECT_EQ(Contents(FileWith(".text")), "one t") << "the old one stands";
     EXPECT_THAT(Endings(), UnorderedElementsAre(".lock", ".text"));
     Replace("two");

@@ -16,19 +16,17 @@ class FakeRecoveryStore final : public RecoveryStore {
 public:
     void Replace(std::function<std::string()> contents) override {
         ++wholes;
-        hasFailed_ = fails;
-        if (!fails)
+        hasFailed_ = false;
+        if (Can(true))
             file = contents();
     }
     void Append(std::string bytes) override {
-        hasFailed_ = hasFailed_ || fails || !file;
-        if (!hasFailed_)
+        if (Can(file.has_value()))
             *file += bytes;
     }
     void Rewrite(std::function<std::optional<std::string>(std::string_view)> shorten) override {
         const auto shorter = file ? shorten(*file) : std::nullopt;
-        hasFailed_ = hasFailed_ || fails || !shorter;
-        if (!hasFailed_)
+        if (Can(shorter.has_value()))
             file = shorter;
         ++rewrites;
     }
@@ -63,6 +61,12 @@ public:
     }
     void Release() override { ++releases; }
 
+    /// The event in which failures are told of.
+    void PassEvent() {
+        if (std::exchange(isUntold_, false))
+            OnFailure();
+    }
+
     std::optional<std::string> file, kept;
     std::vector<LeftFile> left;
     std::vector<std::string> trash;
@@ -73,7 +77,14 @@ public:
     int releases = 0;
 
 private:
+    bool Can(bool possible) {
+        if (!hasFailed_ && (fails || !possible))
+            hasFailed_ = isUntold_ = true;
+        return !hasFailed_;
+    }
+
     bool hasFailed_ = false;
+    bool isUntold_ = false;
 };
 
 } // namespace quillshift

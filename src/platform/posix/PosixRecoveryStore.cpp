@@ -6,8 +6,8 @@
 
 namespace quillshift {
 
-PosixRecoveryStore::PosixRecoveryStore(const std::filesystem::path& folder)
-    : keeps_(!folder.empty()), own_(folder), left_(folder) {}
+PosixRecoveryStore::PosixRecoveryStore(const std::filesystem::path& folder, Post post)
+    : keeps_(!folder.empty()), own_(folder), left_(folder), post_(std::move(post)) {}
 
 PosixRecoveryStore::~PosixRecoveryStore() {
     {
@@ -33,7 +33,7 @@ void PosixRecoveryStore::Push(Kind kind, std::function<int()> run) {
         hasWork_.notify_one();
     } catch (const std::system_error&) { // no thread to be had now
         jobs_.clear();
-        hasFailed_ = true;
+        NoteFailure();
     }
 }
 
@@ -48,7 +48,7 @@ void PosixRecoveryStore::Work() {
         if (job.kind != Kind::Adds || !hasFailed_) {
             const int error = job.run();
             if (error != 0)
-                hasFailed_ = true;
+                NoteFailure();
             else if (job.kind == Kind::Replaces)
                 hasFailed_ = false;
         }
@@ -57,6 +57,14 @@ void PosixRecoveryStore::Work() {
         if (jobs_.empty())
             isIdle_.notify_all();
     }
+}
+
+void PosixRecoveryStore::NoteFailure() {
+    hasFailed_ = true;
+    post_([this] {
+        if (OnFailure)
+            OnFailure();
+    });
 }
 
 void PosixRecoveryStore::Finish() {

@@ -17,8 +17,11 @@ namespace quillshift {
 /// first job, and sleeps when it has none.
 class PosixRecoveryStore final : public RecoveryStore {
 public:
-    /// Empty: a user without a home; nothing is kept.
-    explicit PosixRecoveryStore(const std::filesystem::path& folder);
+    using Post = std::function<void(std::function<void()>)>;
+
+    /// No folder: a user without a home; nothing is kept. `post` runs something in a later event of the
+    /// program's, and is called from any thread.
+    PosixRecoveryStore(const std::filesystem::path& folder, Post post);
     /// Does first what was asked for. Removes nothing by itself.
     ~PosixRecoveryStore() override;
 
@@ -49,10 +52,12 @@ private:
 
     void Push(Kind kind, std::function<int()> run);
     void Work();
+    void NoteFailure();
 
     bool keeps_;
     OwnRecoveryFile own_; // the thread's alone
     LeftRecoveryFiles left_;
+    Post post_;
     std::atomic<bool> hasFailed_ = false;
     std::mutex mutex_; // of what stands below
     std::condition_variable hasWork_;
