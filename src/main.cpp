@@ -156,7 +156,8 @@ int Run(int argc, char** argv) {
         return std::make_unique<ProgramDialogs>(parts, window);
     });
     const EndSignals endSignals([&program] { program.EndAtOnce(); });
-    const SessionEnd sessionEnd([&program] { program.SaveWhatIsNew(); }, [&program] { program.EndAtOnce(); });
+    const SessionEnd sessionEnd(
+        {.save = [&program] { program.SaveWhatIsNew(); }, .end = [&program] { program.EndAtOnce(); }});
     QTimer::singleShot(0, &application, [&] { program.Main(); });
     return QApplication::exec();
 }

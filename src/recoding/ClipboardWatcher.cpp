@@ -33,9 +33,16 @@ void ClipboardWatcher::Start() {
     OnClipboardChange();
 }
 
+// Whether it is short enough to be taken in.
+bool ClipboardWatcher::Fits(const CopiedText& copied) const {
+    return copied.whole &&
+           (!services_.settings.Is(Setting::DecodeClipboard) || copied.text.size() <= kRecodingLimit);
+}
+
 // Whether it is another text than the one seen last.
-bool ClipboardWatcher::Remember(std::u16string_view text) {
+bool ClipboardWatcher::Remember(const CopiedText& copied) {
     Settings& settings = services_.settings;
+    const std::u16string text = Fits(copied) ? copied.text : MarkOf(copied.text);
     if (settings.Is(Setting::ClipboardText, StoredForm(text)))
         return false;
     settings.Set(Setting::ClipboardText, text);
@@ -48,11 +55,9 @@ void ClipboardWatcher::OnClipboardChange() {
     auto arrived = services_.clipboard.Arrived();
     if (!arrived)
         return;
-    const bool recodes = services_.settings.Is(Setting::DecodeClipboard);
-    const bool fits = arrived->whole && (!recodes || arrived->text.size() <= kRecodingLimit);
-    if (!Remember(fits ? arrived->text : MarkOf(arrived->text)) || !fits)
+    if (!Remember(*arrived) || !Fits(*arrived))
         return;
-    copied_.push_back({std::move(arrived->text), recodes});
+    copied_.push_back({std::move(arrived->text), services_.settings.Is(Setting::DecodeClipboard)});
     timerClipboard_->StartOnce();
 }
 
@@ -61,7 +66,7 @@ void ClipboardWatcher::Overlook(const std::function<void()>& copy) {
     copy();
     watches_ = watched;
     if (const auto own = watched ? services_.clipboard.Arrived() : std::nullopt)
-        Remember(own->text);
+        Remember(*own);
 }
 
 void ClipboardWatcher::TakeInAll() {

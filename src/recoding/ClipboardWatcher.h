@@ -46,7 +46,8 @@ private:
     };
     void TakeInAll();
     void TakeIn(Copy copy);
-    bool Remember(std::u16string_view text);
+    bool Fits(const CopiedText& copied) const;
+    bool Remember(const CopiedText& copied);
 
     Services services_;
     bool watches_ = false;

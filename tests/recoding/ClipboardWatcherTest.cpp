@@ -86,6 +86,9 @@ TEST_F(ClipboardWatcherTest, KeepsTheDocumentWhereATextIsTooLong) {
             EXPECT_NE(std::exchange(last, memory()), memory());
         }
     }
+    settings.Set(Setting::DecodeClipboard, u"1");
+    watcher.Overlook([&] { clipboard.Hold(std::u16string(32767, u'z')); });
+    EXPECT_LT(memory().size(), 80U);
 }
 
 } // namespace

@@ -6,17 +6,23 @@
 
 namespace quillshift {
 
-/// Hears from the session manager of the desktop's end: first that it may come, when it can still be called
-/// off, then that it is there. The toolkit would close the windows one by one then, as if the user had. There
-/// is one of these.
+/// Hears of the desktop's end. There is one of these.
 class SessionEnd final : public QObject {
 public:
-    SessionEnd(std::function<void()> mayCome, std::function<void()> isThere);
+    struct Notices {
+        std::function<void()> save; ///< the end may come, or the display is gone and the process with it
+        std::function<void()> end;  ///< the session is over
+    };
+
+    explicit SessionEnd(Notices notices);
+    ~SessionEnd() override;
+    SessionEnd(const SessionEnd&) = delete;
+    SessionEnd& operator=(const SessionEnd&) = delete;
 
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
-    std::function<void()> isThere_;
+    Notices notices_;
 };
 
 } // namespace quillshift
