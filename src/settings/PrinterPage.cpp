@@ -2,6 +2,7 @@
 
 #include "base/Texts.h"
 #include "document/modPrint.h"
+#include "platform/qt/PrinterTools.h"
 #include "platform/qt/QtText.h"
 
 #include <QGridLayout>
@@ -34,8 +35,8 @@ void PrinterPage::AddTo(QGridLayout& rows, QLabel* defaultPrinter, DialogButton*
     const int row = rows.rowCount();
     rows.addWidget(lblDefaultPrinter, row, 0, 1, 3);
     rows.addLayout(buttons, row + 1, 0, 1, 3);
-    connect(folder, &QPushButton::clicked, this, [this] { OpenTool(u"printers"); });
-    connect(setup, &QPushButton::clicked, this, [this] { OpenTool(u"admin"); });
+    connect(folder, &QPushButton::clicked, this, [this] { OpenTool(false); });
+    connect(setup, &QPushButton::clicked, this, [this] { OpenTool(true); });
 }
 
 QListWidget& PrinterPage::List() const {
@@ -46,11 +47,14 @@ void PrinterPage::Load() {
     Fill(printers_.Names());
     MakeCurrent();
     printers_.OnNames = [this](const std::vector<std::u16string>& names) { Fill(names); };
-    connect(&List(), &QListWidget::currentRowChanged, this, [this] {
-        isChosen_ = true;
-        MakeCurrent();
-        ShowDefault();
-    });
+    connect(&List(), &QListWidget::currentRowChanged, this, &PrinterPage::Choose);
+    connect(&List(), &QListWidget::itemClicked, this, &PrinterPage::Choose);
+}
+
+void PrinterPage::Choose() {
+    isChosen_ = true;
+    MakeCurrent();
+    ShowDefault();
 }
 
 // No edit, whenever it comes; and what was chosen before a late answer stays. That one changes no printer
@@ -86,20 +90,22 @@ void PrinterPage::ShowDefault() {
     lblDefaultPrinter->setText(QStringLiteral("Принтер по умолчанию: ") + ChosenName());
 }
 
+// A server that is down tells of no printers: then the list shows another one than the stored, which stays.
 void PrinterPage::Apply() {
-    if (!printers_.AreKnown())
+    const std::u16string stored = context_.settings.Text(Setting::PrinterName);
+    const bool isMissing = List().count() > 0 && !stored.empty() && stored != ViewOf(ChosenName());
+    if (!printers_.AreKnown() || (isMissing && !isChosen_))
         return;
     context_.settings.Set(Setting::Printers, WholeNumberText(List().currentRow()));
     context_.settings.Set(Setting::PrinterName, ViewOf(ChosenName()));
     ShowDefault();
 }
 
-void PrinterPage::OpenTool(std::u16string_view page) {
-    Shell& shell = context_.platform.shell;
-    if (shell.StartProcess(u"system-config-printer") ||
-        shell.OpenWithDefault(u"http://localhost:631/" + std::u16string(page)))
-        return;
-    context_.platform.messageBox.Inform(u"Не найдена программа для управления принтерами.");
+// The print system's own page comes last: it asks for a password that few people know.
+void PrinterPage::OpenTool(bool toAdd) {
+    const auto* const page = toAdd ? u"http://localhost:631/admin" : u"http://localhost:631/printers";
+    if (!StartPrinterTool(toAdd) && !context_.platform.shell.OpenWithDefault(page))
+        context_.platform.messageBox.Inform(u"Не найдена программа для управления принтерами.");
 }
 
 } // namespace quillshift

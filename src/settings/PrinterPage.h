@@ -21,16 +21,20 @@ public:
     void AddTo(QGridLayout& rows, QLabel* defaultPrinter, DialogButton* folder, DialogButton* setup);
     /// Fills the list, also when the print system answers late, and makes the stored printer current.
     void Load();
+    /// Takes the printer that the list shows for the user's own choice, and makes it current.
+    void Choose();
     /// Makes the printer that the list shows current.
     void MakeCurrent() const;
-    /// Writes the printer, where the print system has told which there are.
+    /// Writes the printer, unless the print system has not told which there are, or the stored one is missing
+    /// and no other was chosen.
     void Apply();
 
 private:
     void Fill(const std::vector<std::u16string>& names);
     QString ChosenName() const;
     void ShowDefault();
-    void OpenTool(std::u16string_view page);
+    /// Opens the desktop's administration of printers, or what adds one.
+    void OpenTool(bool toAdd);
     QListWidget& List() const;
 
     const DialogContext& context_;

@@ -220,6 +220,7 @@ void SettingForm::Connect(const SettingField& field, QWidget* control) {
     case SettingKind::Printers:
         connect(static_cast<QListWidget*>(control), &QListWidget::currentRowChanged, this,
                 &SettingForm::Edited);
+        connect(static_cast<QListWidget*>(control), &QListWidget::itemClicked, this, &SettingForm::Edited);
         break;
     }
 }

@@ -241,6 +241,7 @@ void frmSettings::WriteFields() {
 void frmSettings::ApplyDefaults() {
     isResetting_ = true;
     form_.Reset();
+    printers_.Choose();
     ResetSounds();
     Apply();
     isResetting_ = false;

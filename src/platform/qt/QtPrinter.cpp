@@ -1,8 +1,7 @@
 #include "platform/qt/QtPrinter.h"
 
+#include "platform/qt/ChildProcess.h"
 #include "platform/qt/QtText.h"
-
-#include <QProcess>
 
 #include <algorithm>
 #include <array>
@@ -181,20 +180,17 @@ QStringList QtPrinter::QueueArguments(const Job& job) const {
 std::optional<PrintFailure> QtPrinter::HandToQueue(const Job& job,
                                                    const std::function<bool()>& goesOn) const {
     constexpr int kBetweenQuestions = 20; // milliseconds
-    QProcess lp;
-    lp.start(QStringLiteral("lp"), QueueArguments(job));
-    while (!lp.waitForFinished(kBetweenQuestions) && lp.state() != QProcess::NotRunning)
-        if (!goesOn()) {
-            lp.kill();
-            lp.waitForFinished();
+    const ChildProcess lp(new QProcess);
+    lp->start(QStringLiteral("lp"), QueueArguments(job));
+    while (!lp->waitForFinished(kBetweenQuestions) && lp->state() != QProcess::NotRunning)
+        if (!goesOn())
             return std::nullopt;
-        }
-    if (lp.error() == QProcess::FailedToStart)
+    if (lp->error() == QProcess::FailedToStart)
         return Failure(QStringLiteral("Система печати не установлена"));
-    if (lp.exitStatus() == QProcess::NormalExit && lp.exitCode() == 0)
+    if (lp->exitStatus() == QProcess::NormalExit && lp->exitCode() == 0)
         return std::nullopt;
     return Failure(QStringLiteral("Принтер «%1» не принял документ\r\n%2")
-                       .arg(queue_, QString::fromLocal8Bit(lp.readAllStandardError()).trimmed()));
+                       .arg(queue_, QString::fromLocal8Bit(lp->readAllStandardError()).trimmed()));
 }
 
 } // namespace quillshift

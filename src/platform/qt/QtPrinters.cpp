@@ -4,20 +4,19 @@
 
 #include <QScopedValueRollback>
 
+#include <csignal>
+#include <sys/prctl.h>
+
 namespace quillshift {
 
 QtPrinters::QtPrinters(FileSystem& files) : printer_(files) {
-    connect(&asked_, &QProcess::finished, this, &QtPrinters::TakeAnswer);
-}
-
-QtPrinters::~QtPrinters() {
-    disconnect(&asked_, nullptr, this, nullptr);
-    asked_.kill();
-    asked_.waitForFinished();
+    // The program ends at once, and a question that nobody answers would outlive it.
+    asked_->setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
+    connect(asked_.get(), &QProcess::finished, this, &QtPrinters::TakeAnswer);
 }
 
 void QtPrinters::TakeAnswer() {
-    queues_ = QString::fromLocal8Bit(asked_.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
+    queues_ = QString::fromLocal8Bit(asked_->readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
     if (OnNames && !waits_)
         OnNames(List());
 }
@@ -27,8 +26,8 @@ std::vector<std::u16string> QtPrinters::Names() {
     constexpr int kPatience = 1000; // milliseconds
     if (AreKnown()) {
         const QScopedValueRollback waiting(waits_, true);
-        asked_.start(QStringLiteral("lpstat"), {QStringLiteral("-e")}, QIODevice::ReadOnly);
-        asked_.waitForFinished(kPatience);
+        asked_->start(QStringLiteral("lpstat"), {QStringLiteral("-e")}, QIODevice::ReadOnly);
+        asked_->waitForFinished(kPatience);
     }
     return List();
 }

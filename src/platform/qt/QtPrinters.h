@@ -1,9 +1,9 @@
 #pragma once
 
+#include "platform/qt/ChildProcess.h"
 #include "platform/qt/QtPrinter.h"
 
 #include <QObject>
-#include <QProcess>
 #include <QStringList>
 
 namespace quillshift {
@@ -14,10 +14,9 @@ class QtPrinters final : public QObject, public Printers {
 
 public:
     explicit QtPrinters(FileSystem& files);
-    ~QtPrinters() override;
 
     std::vector<std::u16string> Names() override;
-    bool AreKnown() const override { return asked_.state() == QProcess::NotRunning; }
+    bool AreKnown() const override { return asked_->state() == QProcess::NotRunning; }
     bool MakeCurrent(std::u16string_view name) override;
     Printer& Current() override { return printer_; }
     std::u16string CurrentName() const override;
@@ -26,7 +25,7 @@ private:
     void TakeAnswer();
     std::vector<std::u16string> List() const;
 
-    QProcess asked_;
+    ChildProcess asked_{new QProcess};
     bool waits_ = false; ///< `Names` does, and gives the answer itself
     QStringList queues_; ///< as they were told last
     QtPrinter printer_;
