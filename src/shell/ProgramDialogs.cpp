@@ -209,8 +209,12 @@ void ProgramDialogs::ShowBeside(Dialog& dialog) {
 // A window takes up its modality when it comes up.
 void ProgramDialogs::ShowKept(Dialog& dialog, int argument) {
     dialog.TurnTo(argument);
-    if (argument == 0) {
+    const QPoint place = dialog.pos();
+    if (argument == 0)
         dialog.hide();
+    if (dialog.windowHandle() != nullptr)
+        dialog.move(place); // or it would come back lower by its frame
+    if (argument == 0) {
         dialog.exec();
     } else {
         ShowBeside(dialog);
