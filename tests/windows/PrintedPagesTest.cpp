@@ -12,6 +12,9 @@
 #include <QProcess>
 #include <QRegularExpression>
 
+#include <csignal>
+#include <sys/resource.h>
+
 namespace quillshift {
 namespace {
 
@@ -155,20 +158,40 @@ TEST_F(PrintedPages, OfACancelledOrFailedDocumentDoNotComeToTheFile) {
     fake.progress.atStep = [] { return false; };
     EXPECT_EQ(Print(), 0);
     fake.progress.atStep = nullptr;
+    rlimit limit{};
+    getrlimit(RLIMIT_FSIZE, &limit);
+    const rlimit full{2000, limit.rlim_max};
+    std::signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &full);
+    EXPECT_EQ(Print(), 0);
+    setrlimit(RLIMIT_FSIZE, &limit);
     pdf = QStringLiteral("/none/out.pdf");
     Print();
-    ASSERT_EQ(fake.messageBox.shown.size(), 1U);
-    EXPECT_EQ(fake.messageBox.shown[0].icon, BoxIcon::Critical);
-    EXPECT_NE(fake.messageBox.shown[0].text.find(u"«/none/out.pdf»"), std::u16string::npos);
+    ASSERT_EQ(fake.messageBox.shown.size(), 2U);
+    EXPECT_NE(fake.messageBox.shown[0].text.find(u"Не хватило места"), std::u16string::npos);
+    EXPECT_NE(fake.messageBox.shown[1].text.find(u"«/none/out.pdf»"), std::u16string::npos);
     EXPECT_FALSE(printing);
 }
 
+// What the print system lists comes at once, late, or not at all.
 TEST(QtPrintersTest, ListTheFileLastAndRefuseUnknownNames) {
-    PosixFiles files;
-    QtPrinters printers(files);
-    EXPECT_EQ(printers.Names().back(), Printers::kIntoFile);
-    EXPECT_FALSE(printers.MakeCurrent(u"none"));
-    EXPECT_TRUE(printers.Current().IsFile());
+    const TemporaryFolder folder;
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", folder.Path().string().c_str() + (':' + path));
+    for (const bool answers : {true, false}) {
+        Put(folder / "lpstat", std::string("#!/bin/sh\n") + (answers ? "echo Laser" : "exec sleep 100"));
+        std::filesystem::permissions(folder / "lpstat", std::filesystem::perms(0700));
+        PosixFiles files;
+        QtPrinters printers(files);
+        const std::u16string file(Printers::kIntoFile);
+        EXPECT_EQ(printers.Names(),
+                  answers ? (std::vector<std::u16string>{u"Laser", file}) : std::vector{file});
+        EXPECT_EQ(printers.AreKnown(), answers);
+        EXPECT_FALSE(printers.MakeCurrent(u"none"));
+        EXPECT_TRUE(printers.Current().IsFile());
+        EXPECT_EQ(printers.MakeCurrent(u"Laser"), answers);
+    }
+    qputenv("PATH", path);
 }
 
 } // namespace

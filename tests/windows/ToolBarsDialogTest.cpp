@@ -1,5 +1,6 @@
 #include "settings/frmToolBarCustomize.h"
 #include "shell/ProgramDialogs.h"
+#include "support/IconFiles.h"
 #include "support/TestProgram.h"
 
 #include <gtest/gtest.h>
@@ -37,10 +38,10 @@ struct ToolBarsDialog : testing::Test {
         return test.store.values.at(
             {R"(software\morvane tolric\quillshift 3.0\preferences\toolbars\)" + std::string(bar), name});
     }
-    int Shown(const QListWidget& list) {
+    static int Shown(const QListWidget& list) {
         int shown = 0;
-        for (int i = 0; i < list.count(); ++i)
-            shown += list.item(i)->checkState() == Qt::Checked ? 1 : 0;
+        for (int row = 0; row < list.count(); ++row)
+            shown += list.item(row)->checkState() == Qt::Checked ? 1 : 0;
         return shown;
     }
 };
@@ -48,7 +49,12 @@ struct ToolBarsDialog : testing::Test {
 TEST_F(ToolBarsDialog, HidesItemsByTheKeyboardAndTheBarsFollowBehindIt) {
     Item("decode", "02").data = std::string("\1\0\0\0", 4);
     test.settings.ShowItem(ItemBar::Standart, 39, false);
+    test.files.files[u"/program/Data/icons/toolbars/small/New.ico"] =
+        IconFile({SolidImage(16, {0, 0, 255, 255})});
     Load();
+    const QListWidgetItem& first = *Standart().item(1);
+    EXPECT_EQ(first.text(), QStringLiteral("Создать документ"));
+    EXPECT_EQ(first.icon().pixmap(16).toImage().pixelColor(8, 8), QColor(Qt::red));
     EXPECT_EQ(Shown(Standart()), 39);
     EXPECT_EQ(Shown(Decode()), 8) << "1 is shown, too";
     EXPECT_FALSE(CanApply());
@@ -110,6 +116,7 @@ TEST_F(ToolBarsDialog, ResetsTheItemsAloneAndOnlyWhenAsked) {
     EXPECT_FALSE(CanApply());
     EXPECT_TRUE(test.settings.IsItemShown(ItemBar::Standart, 39) && test.settings.Is(Setting::UseLargeIcons));
     Decode().item(3)->setCheckState(Qt::Unchecked);
+    EXPECT_TRUE(CanApply());
     dialog->close();
     EXPECT_TRUE(test.settings.IsItemShown(ItemBar::Decode, 3));
 }
