@@ -32,10 +32,6 @@
 #include "shell/frmMain.h"
 
 #include <QApplication>
-#include <QBuffer>
-#include <QIcon>
-#include <QImageReader>
-#include <QLocale>
 #include <QTimer>
 
 #include <dlfcn.h>
@@ -43,29 +39,6 @@
 
 namespace quillshift {
 namespace {
-
-// The file dialog writes dates and sizes as the system's locale has them, which is read from the environment
-// at its first use. Programs that are started from here keep the user's.
-void WriteDatesInRussian() {
-    const bool wasSet = qEnvironmentVariableIsSet("LC_ALL");
-    const QByteArray before = qgetenv("LC_ALL");
-    qputenv("LC_ALL", "ru_RU.UTF-8");
-    QLocale::system().name();
-    if (wasSet)
-        qputenv("LC_ALL", before);
-    else
-        qunsetenv("LC_ALL");
-}
-
-QIcon ReadIcon(FileSystem& files, const QString& path) {
-    QByteArray bytes = QByteArray::fromStdString(files.Read(FromQString(path)).bytes);
-    QBuffer device(&bytes);
-    QImageReader reader(&device, "ico");
-    QIcon icon;
-    for (int number = 0; reader.jumpToImage(number); ++number)
-        icon.addPixmap(QPixmap::fromImage(reader.read()));
-    return icon;
-}
 
 // Reading the machine's list of fonts takes a good part of a start, and nobody needs it before the first text
 // is measured. The list is the process's own: the toolkit finds it read.
@@ -77,16 +50,6 @@ void ReadFontList() {
     const auto init = reinterpret_cast<int (*)()>(dlsym(library, "FcInit")); // NOLINT(*-reinterpret-cast)
     if (init != nullptr)
         init();
-}
-
-std::filesystem::path DataFolder() {
-    const std::filesystem::path data = XdgDataFolder();
-    if (data.empty())
-        return {}; // a user without a home: nothing is kept, and nothing litters the current folder
-    std::filesystem::path folder = data / "quillshift";
-    MakeFolders(folder);
-    CloseToOthers(folder); // a password and the clipboard's text are in it
-    return folder;
 }
 
 std::filesystem::path RecoveryFolder() {
@@ -120,12 +83,12 @@ int Run(int argc, char** argv) {
     const CaretRest caretRest;
     ShowScreenReadersTheScreenAlone();
 
-    const std::filesystem::path data = DataFolder();
+    const std::filesystem::path data = ProgramDataFolder();
     SqliteSettings store(data / "settings.db");
     SdlSound sound;
     PosixFiles files;
-    QApplication::setWindowIcon(ReadIcon(files, QCoreApplication::applicationDirPath() +
-                                                    QStringLiteral("/Data/icons/menu/Decoding.ico")));
+    QApplication::setWindowIcon(
+        ReadIcon(QCoreApplication::applicationDirPath() + QStringLiteral("/Data/icons/menu/Decoding.ico")));
     QtFileDialog fileDialog;
     QtMessageBox messageBox;
     QtClipboard clipboard;

@@ -1,5 +1,7 @@
 #include "platform/posix/PrivateFolder.h"
 
+#include "platform/posix/XdgFolders.h"
+
 #include <cerrno>
 #include <sys/stat.h>
 
@@ -27,6 +29,16 @@ void CloseToOthers(const fs::path& folder) {
         if (entry->symlink_status(ignored).type() == fs::file_type::regular)
             fs::permissions(entry->path(), kOthers, fs::perm_options::remove, ignored);
     }
+}
+
+std::filesystem::path ProgramDataFolder() {
+    const std::filesystem::path data = XdgDataFolder();
+    if (data.empty())
+        return {}; // a user without a home: nothing is kept, and nothing litters the current folder
+    std::filesystem::path folder = data / "quillshift";
+    MakeFolders(folder);
+    CloseToOthers(folder); // a password and the clipboard's text are in it
+    return folder;
 }
 
 } // namespace quillshift

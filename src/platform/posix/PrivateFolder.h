@@ -9,5 +9,7 @@ namespace quillshift {
 int MakeFolders(const std::filesystem::path& folder);
 /// Takes away what rights others have to a folder and to the files in it.
 void CloseToOthers(const std::filesystem::path& folder);
+/// The folder of the user's settings, which is made, for its owner alone. Empty where there is no home.
+std::filesystem::path ProgramDataFolder();
 
 } // namespace quillshift

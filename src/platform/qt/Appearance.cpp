@@ -1,6 +1,7 @@
 #include "platform/qt/Appearance.h"
 
 #include <QApplication>
+#include <QImageReader>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QPalette>
@@ -26,6 +27,27 @@ void ShowFontRelatives() {
 }
 
 } // namespace
+
+// The file dialog writes dates and sizes as the system's locale has them, which is read from the environment
+// at its first use. Programs that are started from here keep the user's.
+void WriteDatesInRussian() {
+    const bool wasSet = qEnvironmentVariableIsSet("LC_ALL");
+    const QByteArray before = qgetenv("LC_ALL");
+    qputenv("LC_ALL", "ru_RU.UTF-8");
+    QLocale::system().name();
+    if (wasSet)
+        qputenv("LC_ALL", before);
+    else
+        qunsetenv("LC_ALL");
+}
+
+QIcon ReadIcon(const QString& path) {
+    QImageReader reader(path, "ico");
+    QIcon icon;
+    for (int number = 0; reader.jumpToImage(number); ++number)
+        icon.addPixmap(QPixmap::fromImage(reader.read()));
+    return icon;
+}
 
 void DressUp(QApplication& application) {
     SpeakRussian(application);

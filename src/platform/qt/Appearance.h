@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFont>
+#include <QIcon>
 #include <QPalette>
 
 class QApplication;
@@ -10,6 +11,12 @@ namespace quillshift {
 /// How the program's windows look and speak, whatever the desktop is set to: Russian texts of the toolkit,
 /// near relatives of the fonts that are asked for, greyed text that can be read. To be called once.
 void DressUp(QApplication& application);
+
+/// Dates and sizes in the file dialog, too. To be called before the application is made.
+void WriteDatesInRussian();
+
+/// An icon of the program's own files, in all its sizes.
+QIcon ReadIcon(const QString& path);
 
 /// A desktop's colours with greyed text and links that can be read.
 QPalette Readable(QPalette palette);

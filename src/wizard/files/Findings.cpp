@@ -15,26 +15,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t kShort = 40; ///< letters below which a file may borrow
-
-Finding Look(const std::string& path, const DetectOptions& options) {
-    Finding finding{.path = path, .verdict = {}};
-    const FileContents contents = PosixFiles::ReadNative(path);
-    finding.mark = contents.mark;
-    finding.isReadable = !contents.failure;
-    if (!finding.isReadable)
-        return finding;
-    std::error_code error;
-    finding.hasOtherNames = fs::hard_link_count(path, error) > 1 && !error;
-    finding.verdict = Detect(contents.bytes, options);
-    if (finding.verdict.candidates.empty())
-        return finding;
-    const Candidate& best = finding.verdict.candidates.front();
-    finding.isBinary = best.language == "binary";
-    if (finding.verdict.answer == Answer::Sure && !best.leaveAlone)
-        finding.chain = best.chain;
-    return finding;
-}
+constexpr std::size_t kShort = 40;      ///< letters below which a file may borrow
+constexpr std::size_t kBeginning = 800; ///< bytes
 
 /// The chain that all sure files of a folder went through; none where they differ or there is but one.
 std::optional<Chain> SharedChain(const std::vector<const Finding*>& sure) {
@@ -54,21 +36,48 @@ void Borrow(Finding& finding, const Chain& chain) {
     finding.isBorrowed = true;
 }
 
-void BorrowFromNeighbours(std::vector<Finding>& findings) {
+} // namespace
+
+std::string BeginningOf(const std::string& text, std::size_t most) {
+    const std::size_t blank = text.size() > most ? text.find_last_of(" \n", most) : text.npos;
+    return text.substr(0, blank == text.npos ? most : blank);
+}
+
+Finding Look(const std::string& path, const DetectOptions& options) {
+    Finding finding{.path = path, .verdict = {}};
+    const FileContents contents = PosixFiles::ReadNative(path);
+    finding.mark = contents.mark;
+    finding.isReadable = !contents.failure;
+    if (!finding.isReadable)
+        return finding;
+    std::error_code error;
+    finding.hasOtherNames = fs::hard_link_count(path, error) > 1 && !error;
+    finding.verdict = Detect(contents.bytes, options);
+    if (finding.verdict.candidates.empty())
+        return finding;
+    const Candidate& best = finding.verdict.candidates.front();
+    const bool isWritten = best.chain.debris.has_value() || best.chain.stored == Set::Utf16Le ||
+                           best.chain.stored == Set::Utf16Be; // in another way than by lines of high bytes
+    finding.beginning = BeginningOf(isWritten ? contents.bytes : Sample(contents.bytes), kBeginning);
+    finding.isBinary = best.language == "binary";
+    if (finding.verdict.answer == Answer::Sure && !best.leaveAlone)
+        finding.chain = best.chain;
+    return finding;
+}
+
+void BorrowFromNeighbours(const std::vector<Finding*>& findings) {
     std::map<std::string, std::vector<const Finding*>> sure;
-    for (const Finding& one : findings)
-        if (one.chain)
-            sure[fs::path(one.path).parent_path()].push_back(&one);
+    for (const Finding* one : findings)
+        if (one->chain && !one->isBorrowed)
+            sure[fs::path(one->path).parent_path()].push_back(one);
     std::map<std::string, std::optional<Chain>> shared;
     for (const auto& [folder, ones] : sure)
         shared[folder] = SharedChain(ones);
-    for (Finding& one : findings)
-        if (const auto chain = shared.find(fs::path(one.path).parent_path());
+    for (Finding* one : findings)
+        if (const auto chain = shared.find(fs::path(one->path).parent_path());
             chain != shared.end() && chain->second)
-            Borrow(one, *chain->second);
+            Borrow(*one, *chain->second);
 }
-
-} // namespace
 
 void InTwoThreads(std::size_t count, const std::function<void(std::size_t)>& work, const OnDone& onDone) {
     std::atomic<std::size_t> next = 0;
@@ -93,7 +102,10 @@ std::vector<Finding> LookAt(const std::vector<std::string>& files, const DetectO
     InTwoThreads(
         files.size(), [&](std::size_t i) { findings[i] = Look(files[i], options); }, onDone);
     std::erase_if(findings, [](const Finding& one) { return one.path.empty(); }); // stopped before them
-    BorrowFromNeighbours(findings);
+    std::vector<Finding*> all;
+    for (Finding& one : findings)
+        all.push_back(&one);
+    BorrowFromNeighbours(all);
     return findings;
 }
 

@@ -12,7 +12,8 @@ namespace quillshift::wizard {
 struct Finding {
     std::string path;
     Verdict verdict;
-    FileMark mark{}; ///< of the contents that were looked at
+    FileMark mark{};         ///< of the contents that were looked at
+    std::string beginning{}; ///< bytes of what was looked at, where there is something to read
     bool isReadable = true;
     bool isBinary = false;
     bool hasOtherNames = false;   ///< hard links: they change with it
@@ -24,6 +25,14 @@ struct Finding {
 
 /// Told after each file, from any thread but one at a time: how many are done. False stops the work.
 using OnDone = std::function<bool(std::size_t done)>;
+
+/// So much of a text that no word is cut, if there are blanks.
+std::string BeginningOf(const std::string& text, std::size_t most);
+
+/// Looks at one file by itself.
+Finding Look(const std::string& path, const DetectOptions& options);
+/// Each short file that is unsure borrows as in `LookAt`.
+void BorrowFromNeighbours(const std::vector<Finding*>& findings);
 
 /// Looks at the files, two at a time, and gives a finding for each of them, in their order. A short file that
 /// is unsure borrows the chain of the sure ones in its folder, where these agree and it could have gone the

@@ -86,8 +86,12 @@ bool RepairReport::Add(const RepairEntry& entry) {
     return error_ == 0;
 }
 
+std::string ReportFolder() {
+    return XdgStateFolder() / "quillshift" / "wizard";
+}
+
 std::string NewReportPath() {
-    const std::string folder = XdgStateFolder() / "quillshift" / "wizard";
+    const std::string folder = ReportFolder();
     MakeFolders(folder);
     const std::time_t now = std::time(nullptr);
     std::tm parts{};

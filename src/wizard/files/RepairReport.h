@@ -38,7 +38,9 @@ private:
     int error_ = 0;
 };
 
-/// A path for a new report in the user's state folder, which is made; named after the time.
+/// Where reports lie that were given no place: in the user's state folder.
+std::string ReportFolder();
+/// A path for a new report there, named after the time. The folder is made.
 std::string NewReportPath();
 
 /// The entries of a report; what a kill left of a last line does not count. None where it is no report.

@@ -33,7 +33,9 @@ bool IsPassedOver(const fs::directory_entry& entry) {
     return !entry.is_regular_file(error) || IsBackup(entry.path());
 }
 
-void GoInto(const std::string& folder, Walked& walked) {
+void GoInto(const std::string& folder, Walked& walked, const std::function<bool()>& goesOn) {
+    if (!goesOn())
+        return;
     std::error_code error;
     std::vector<std::string> folders;
     fs::directory_iterator at(folder, error);
@@ -46,18 +48,18 @@ void GoInto(const std::string& folder, Walked& walked) {
     if (error)
         walked.unreadable.push_back(folder);
     for (const std::string& inner : folders)
-        GoInto(inner, walked);
+        GoInto(inner, walked, goesOn);
 }
 
 } // namespace
 
-Walked Walk(const std::vector<std::string>& names) {
+Walked Walk(const std::vector<std::string>& names, const std::function<bool()>& goesOn) {
     Walked walked;
     for (const std::string& name : names) {
         std::error_code error;
         const fs::file_status status = fs::status(name, error);
         if (fs::is_directory(status))
-            GoInto(name, walked);
+            GoInto(name, walked, goesOn);
         else
             (fs::exists(status) ? walked.files : walked.unreadable).push_back(name);
     }

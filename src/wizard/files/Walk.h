@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,8 @@ struct Walked {
 
 /// The files that are named, and those in the folders that are named. In a folder it passes over what is
 /// hidden, links, what is no regular file, the folders of version control, and the `.bak` beside its file.
-Walked Walk(const std::vector<std::string>& names);
+/// `goesOn` is asked at each folder, and ends it early.
+Walked Walk(
+    const std::vector<std::string>& names, const std::function<bool()>& goesOn = [] { return true; });
 
 } // namespace quillshift::wizard
