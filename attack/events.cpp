@@ -45,6 +45,8 @@ private:
 void EventsAttack::Begin(bool opensText) {
     hasText_ = opensText;
     turns_.reset();
+    editor_.reset();
+    desktop_.RenewWindowManager();
     editor_ = std::make_unique<Editor>(desktop_);
     editor_->Set(Setting::FolderDocuments, FromUtf8(editor_->home.Path().string())).Start();
     if (opensText) {
@@ -65,6 +67,9 @@ void EventsAttack::Tell() const {
     std::fprintf(stderr, "state %s, waits in %s, the keyboard has \"%s\"; done last:\n",
                  Contents(process + "/stat").substr(0, 40).c_str(), Contents(process + "/wchan").c_str(),
                  ToUtf8(desktop_.Title(desktop_.Active())).c_str());
+    for (const XWindow window : desktop_.Windows())
+        std::fprintf(stderr, "  %s window \"%s\"\n", window == editor_->Window() ? "the asked" : "another",
+                     ToUtf8(desktop_.Title(window)).c_str());
     for (const std::string& doing : user_.Last())
         std::fprintf(stderr, "  %s\n", doing.c_str());
 }

@@ -119,7 +119,12 @@ void Desktop::StartWindowManager() {
 
 void Desktop::KeepWindowManager() {
     if (windowManager_->ExitCode())
-        StartWindowManager();
+        RenewWindowManager();
+}
+
+void Desktop::RenewWindowManager() {
+    windowManager_.reset(); // there can be one only
+    StartWindowManager();
 }
 
 void Desktop::SetKeyboardLayouts() {

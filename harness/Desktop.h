@@ -33,6 +33,9 @@ public:
     const Process& Server() const { return *server_; }
     /// Starts another window manager if the one that was there has died.
     void KeepWindowManager();
+    /// Starts another in its stead: one in the middle of something, as a menu of its own, gives no window the
+    /// keyboard.
+    void RenewWindowManager();
     /// What a program needs to know to come here; its user's folders lie under `home`.
     Environment ProgramEnvironment(const std::string& home) const;
 
