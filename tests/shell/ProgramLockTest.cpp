@@ -14,15 +14,22 @@ struct ProgramLockTest : testing::Test, TestProgram {
         Start();
         timers.Tick();
         window.document.SetText(u"letter");
+        timers.Tick();
         messageBox.shown.clear();
     }
     // What is done while the dialog stands; then the right password opens it.
     void WhileLocked(const std::function<void()>& what) {
-        dialogs->whileModal = [this, what] {
+        const auto isKeptLocked = [this] {
+            const auto kept = ReadRecoveryFile(recovery.file.value_or(""));
+            return kept && kept->place.isLocked;
+        };
+        dialogs->whileModal = [&] {
+            EXPECT_TRUE(isKeptLocked()) << "what is shown at the next start";
             what();
             EXPECT_TRUE(lock.Enter(settings.Text(Setting::Password)));
         };
         program.Run("MENU:SERVICE:LOCKED");
+        EXPECT_FALSE(isKeptLocked());
         EXPECT_TRUE(window.shown && dialogs->hidings == 0 && !shell.concealed && !lock.IsLocked());
     }
     ProgramLock& lock = program.Parts().lock;

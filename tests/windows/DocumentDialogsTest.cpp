@@ -71,6 +71,7 @@ TEST_F(DocumentDialogs, PropertiesAreTheDisksAndCanBeCopiedButNotChanged) {
         auto& box = Find<QCheckBox>(dialog, name);
         EXPECT_EQ(box.isChecked(), ticked) << name;
         QTest::mouseClick(&box, Qt::LeftButton, {}, {8, box.height() / 2});
+        EXPECT_EQ(box.isChecked(), ticked) << name;
         box.toggle();
         EXPECT_EQ(box.isChecked(), ticked) << name;
         EXPECT_TRUE(Find<QPushButton>(dialog, "cmdClose").hasFocus() && !box.hasFocus()) << name;

@@ -75,6 +75,9 @@ TEST_F(HyperLinkTest, IsLitWhileThePointerIsOverItAndLooksAboutOnlyThen) {
 }
 
 TEST_F(HyperLinkTest, AClickOpensTheAddressAndIsToldInAnyCase) {
+    link.SetSoundID(1);
+    QTest::mouseClick(&Label(), Qt::LeftButton);
+    EXPECT_TRUE(sound.playedFromMemory.empty());
     link.SetSoundOn(true);
     QFile resource(QStringLiteral(":/SOUND/1"));
     ASSERT_TRUE(resource.open(QIODevice::ReadOnly));

@@ -53,7 +53,8 @@ TEST_F(SearchDialogs, ReplacingIsDrivenByItsControls) {
     Press(dialog, "cmdReplace");
     EXPECT_EQ(document.Text(), u"дуб Fir ёлка");
     EXPECT_EQ(cmdFind.text().remove('&'), QStringLiteral("Найти"));
-    EXPECT_FALSE(Find<QPushButton>(dialog, "cmdReplace").isEnabled());
+    for (const char* name : {"cmdReplace", "cmdReplaceAll"})
+        EXPECT_FALSE(Find<QPushButton>(dialog, name).isEnabled());
     Find<QCheckBox>(dialog, "chkWholeWord").click();
     Find<QCheckBox>(dialog, "chkMatchCase").click();
     EXPECT_EQ(parts.search.ReplaceState().options, FindOptions::WholeWord);

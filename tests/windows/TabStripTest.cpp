@@ -80,6 +80,8 @@ TEST(TabStrip, ShowsItsStyles) {
     }
     window.show();
     QCoreApplication::processEvents();
+    const QString folder = qEnvironmentVariable("GALLERY");
+    EXPECT_TRUE(folder.isEmpty() || window.grab().save(folder + QStringLiteral("/TabStrip.png")));
     for (std::size_t i = 0; i < strips.size(); ++i) {
         QtTabStrip& strip = *strips[i];
         const TabStyles& styles = kExamples[i].styles;
@@ -109,9 +111,26 @@ TEST(TabStrip, ShowsItsStyles) {
         EXPECT_EQ(strip.Selection(), last);
         QTest::keyClick(strip.focusProxy(), Qt::Key_Home);
         EXPECT_EQ(strip.Selection(), 0);
+
+        int clicks = 0;
+        bool refuses = true;
+        controls[i]->TabClick = [&](int) { ++clicks; };
+        controls[i]->BeforeClick = [&](int, bool& cancel) { cancel = refuses; };
+        QTest::keyClick(strip.focusProxy(), Qt::Key_End);
+        refuses = false;
+        QTest::keyClick(strip.focusProxy(), Qt::Key_Home);
+        EXPECT_EQ(strip.Selection(), 0);
+        EXPECT_EQ(clicks, 0) << "one was refused, the other is selected";
+        for (const QTabBar* each : strip.findChildren<QTabBar*>())
+            EXPECT_EQ(each->focusPolicy() != Qt::NoFocus, each == strip.focusProxy() || each->isHidden());
+        const Rect area = strip.PageArea();
+        EXPECT_TRUE(QRect(area.left, area.top, area.Width(), area.Height())
+                        .contains(page.geometry().translated(strip.pos())));
+        strip.Insert(0, {.text = u"Новая"});
+        EXPECT_EQ(strip.Selection(), 1);
+        strip.Remove(1);
+        EXPECT_EQ(strip.Selection(), -1);
     }
-    const QString folder = qEnvironmentVariable("GALLERY");
-    EXPECT_TRUE(folder.isEmpty() || window.grab().save(folder + QStringLiteral("/TabStrip.png")));
 }
 
 } // namespace
