@@ -96,7 +96,7 @@ TEST(ProgressBarWidgetTest, ShowsEachStyleOnTheScreenAsStored) {
     const auto show = [&](const char* heading, QSize size, auto change) {
         widget.resize(size);
         widget.Change(change);
-        const QImage image = widget.grab().toImage();
+        QImage image = widget.grab().toImage();
         const bool upright = size.height() > size.width();
         list.push_back(std::string("- ") + heading);
         list.push_back(upright ? Along(image, {3, 0}, {0, 1}) : Along(image, {0, 3}, {1, 0}));
