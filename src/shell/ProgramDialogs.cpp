@@ -212,8 +212,8 @@ void ProgramDialogs::ShowKept(Dialog& dialog, int argument) {
     const QPoint place = dialog.pos();
     if (argument == 0)
         dialog.hide();
-    if (dialog.windowHandle() != nullptr)
-        dialog.move(place); // or it would come back lower by its frame
+    if (!place.isNull()) // of one that was on the screen; it would come back lower by its frame
+        dialog.move(place);
     if (argument == 0) {
         dialog.exec();
     } else {
