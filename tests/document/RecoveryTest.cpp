@@ -137,6 +137,8 @@ TEST(RecoveryRules, ATextGoesOnceItIsSavedOrLetGoAndIsKeptWhenReplacedUnasked) {
         {"wait", [](TestProgram& t) { t.timers.Tick(); }},
         {"close", [](TestProgram& t) { t.window.OnClose(); }},
         {"off", [](TestProgram& t) { t.Set(Setting::Recovery, u"0").window.document.SetText(u"x"); }},
+        {"clear here", [](TestProgram& t) { t.window.document.SetText(u""); }},
+        {"lock", [](TestProgram& t) { t.program.Parts().recovery.SetLocked(true); }},
         {"another text", [](TestProgram& t) { t.window.document.SetText(u"another"); }}};
     const Case cases[] = {{{"MENU:FILE:SAVEAS"}, u"none", u"none"},
                           {{"full disk", "MENU:FILE:SAVEAS"}, typed, u"none"},
@@ -152,6 +154,9 @@ TEST(RecoveryRules, ATextGoesOnceItIsSavedOrLetGoAndIsKeptWhenReplacedUnasked) {
                           {{"MENU:EDIT:CLEAR", "MENU:FILE:SAVEAS"}, u"none", typed},
                           {{"MENU:EDIT:CLEAR", "another text", "MENU:EDIT:CLEAR"}, u"none", u"another"},
                           {{"MENU:EDIT:CLEAR", "close"}, u"none", u"none"},
+                          {{"MENU:EDIT:CLEAR", "MENU:EDIT:CLEAR", "wait"}, u"none", typed},
+                          {{"clear here", "wait"}, u"none", u"none"},
+                          {{"MENU:FILE:SAVEAS", "lock"}, u"none", u"none"},
                           {{"copy", "wait", "wait"}, u"new", typed},
                           {{"accumulate", "copy", "wait", "wait"}, typed + u"\r\nnew", u"none"},
                           {{"MENU:FILE:SAVEAS", "MENU:FILE:NEW"}, u"none", u"none"},
@@ -176,6 +181,46 @@ TEST(RecoveryRules, ATextGoesOnceItIsSavedOrLetGoAndIsKeptWhenReplacedUnasked) {
         EXPECT_EQ(RecoveryTest::TextIn(test.recovery.file), c.file) << all;
         EXPECT_EQ(RecoveryTest::TextIn(test.recovery.kept), c.kept) << all;
     }
+}
+
+TEST(RecoveredTexts, AreListedNewestFirstRestoredWithTheirFileAndToldWhereDamaged) {
+    TestProgram test;
+    const std::u16string longLine(99, u'x');
+    test.files.files[u"/d/a.txt"] = "in the file";
+    test.recovery.left = {
+        {"old", RecoveryFile(u"old", {}), 1},
+        {"new",
+         RecoveryFile(u" \r\n" + longLine + u"\xD83D\xDE00\r\nnext",
+                      {.isRich = true, .path = u"/d/a.txt", .saveTarget = {}}),
+         3},
+        {"hidden", RecoveryFile(u"secret", {.isLocked = true, .path = u"/d/secret.txt", .saveTarget = {}}),
+         2},
+        {"damaged", "quillshift recovery 1\nx", 4}};
+    test.Start();
+    RecoveredTexts& recovered = test.program.Parts().recovered;
+    EXPECT_TRUE(test.LastBox().ends_with(u"/away")) << "of the damaged one";
+    ASSERT_TRUE(recovered.Find()); // as the start's list is no window here
+    ASSERT_EQ(recovered.Count(), 3U);
+    EXPECT_EQ(recovered.At(0).name, u"a.txt");
+    EXPECT_EQ(recovered.At(0).firstLine, longLine + u'…');
+    EXPECT_EQ(recovered.At(1).firstLine.find(u"secret"), std::u16string::npos);
+    EXPECT_EQ(recovered.At(2).name, u"Без имени");
+    recovered.MaySeeLocked = [] { return false; };
+    EXPECT_FALSE(recovered.Restore(1));
+    test.recovery.fails = true;
+    EXPECT_FALSE(recovered.ThrowAway(2));
+    test.recovery.fails = false;
+    EXPECT_TRUE(recovered.ThrowAway(2));
+
+    const int finished = test.recovery.finishes;
+    EXPECT_TRUE(recovered.Restore(0));
+    EXPECT_NE(test.LastBox().find(u"без оформления"), std::u16string::npos);
+    EXPECT_EQ(test.window.backup.Text(), u"in the file");
+    EXPECT_TRUE(test.program.Parts().document.DocumentModified);
+    recovered.Release();
+    EXPECT_EQ(test.recovery.finishes, finished + 1) << "before another copy may look";
+    ASSERT_EQ(test.recovery.left.size(), 1U) << "the restored one is this copy's";
+    EXPECT_EQ(test.recovery.left.front().name, "hidden");
 }
 
 TEST_F(RecoveryTest, FollowsTheSurfaceThatIsEditedAndTellsThatItIsLocked) {
