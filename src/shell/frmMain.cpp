@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QScopeGuard>
 #include <QVBoxLayout>
 #include <QWindow>
 
@@ -250,8 +251,19 @@ bool frmMain::IsFree() const {
            QApplication::activePopupWidget() == nullptr;
 }
 
+// The toolkit takes a window that is asked to close once more, within its closing, as closed. So it never
+// closes this one: the program ends, or the window stays.
 void frmMain::closeEvent(QCloseEvent* event) {
-    event->setAccepted(!OnClose || OnClose());
+    event->ignore();
+    QMetaObject::invokeMethod(this, &frmMain::Close, Qt::QueuedConnection);
+}
+
+void frmMain::Close() {
+    if (std::exchange(isClosing_, true))
+        return;
+    const auto done = qScopeGuard([this] { isClosing_ = false; });
+    if (OnClose)
+        OnClose();
 }
 
 } // namespace quillshift

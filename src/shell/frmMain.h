@@ -43,7 +43,7 @@ public:
     void Show() override;
     void Hide() override;
     bool IsFree() const override;
-    void Close() override { close(); }
+    void Close() override;
 
     void SetTitle(std::u16string_view title) override;
     void SetTopMost(bool topMost) override;
@@ -79,6 +79,7 @@ private:
     QtTextSurface richTextBoxImport_;
     QtTextSurface rtfTemp_;
     std::optional<QPoint> hiddenAt_;
+    bool isClosing_ = false; ///< it asks whether it may
     TwipsRect restored_;    ///< place and size as last seen in the normal state
     QTimer placed_;         ///< looks at them once a change has come to rest
     QTimer activated_;      ///< waits for the press that the keyboard came by

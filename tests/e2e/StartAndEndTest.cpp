@@ -97,6 +97,25 @@ TEST_F(StartAndEnd, LeavingAsksCleansUpAndKeepsThePlaceOfTheWindow) {
 }
 
 // However often it is opened and closed, by whatever way it came to be maximised.
+TEST_F(StartAndEnd, AWindowClosedWhileItAsksWhetherToCloseStays) {
+    editor.Set(Setting::SaveChange, u"1").Start();
+    desktop.Type(u"text");
+    editor.Settle();
+    const XWindow window = editor.Window();
+    for (const bool byMenu : {true, false}) {
+        if (byMenu)
+            editor.Choose("MENU:FILE:EXIT");
+        else
+            desktop.AskToClose(window);
+        desktop.WaitUntil("it asks", [&] { return desktop.IsDialog(desktop.Active()); });
+        desktop.AskToClose(window);
+        desktop.WaitUntilQuiet(editor.Program());
+        desktop.Press("Escape");
+        editor.Settle();
+        EXPECT_EQ(desktop.Windows(), std::vector<XWindow>{window}) << byMenu;
+    }
+}
+
 TEST_F(StartAndEnd, AMaximisedWindowComesBackMaximisedAndKeepsItsOtherPlace) {
     const auto place = [&] {
         std::u16string all;
