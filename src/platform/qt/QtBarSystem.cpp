@@ -80,10 +80,11 @@ bool IsMouse(QEvent::Type type) {
 }
 
 // What a window manager does with a window, by Alt and the mouse or by the title bar, shows only in the
-// window.
+// window. A dialog that goes by Alt+F4 leaves the end of Alt to the window behind it.
 bool Interrupts(const QWidget& widget, QEvent::Type type) {
-    return (type == QEvent::Move || type == QEvent::WindowStateChange || type == QEvent::WindowBlocked ||
-            type == QEvent::WindowDeactivate) &&
+    if (type == QEvent::WindowDeactivate)
+        return widget.windowType() == Qt::Window || widget.windowType() == Qt::Dialog;
+    return (type == QEvent::Move || type == QEvent::WindowStateChange || type == QEvent::WindowBlocked) &&
            widget.windowType() == Qt::Window;
 }
 
