@@ -2,6 +2,7 @@
 // only by the user's own order, and has to answer all the time.
 
 #include "Fence.h"
+#include "Installed.h"
 #include "RandomUser.h"
 #include "Table.h"
 #include "Turns.h"
@@ -27,7 +28,8 @@ constexpr auto kLimit = 5s;  // of a turn: dialogs of files take their time on a
 
 class EventsAttack {
 public:
-    explicit EventsAttack(unsigned seed) : user_(desktop_, seed) {}
+    explicit EventsAttack(unsigned seed)
+        : user_(desktop_, seed), program_(InstallEditorAlone(installed_.Path())) {}
     Desktop& Screen() { return desktop_; }
     Count Try(bool opensText);
 
@@ -37,6 +39,8 @@ private:
 
     Desktop desktop_;
     RandomUser user_;
+    TemporaryFolder installed_;
+    std::filesystem::path program_;
     std::unique_ptr<Editor> editor_;
     bool hasText_ = false;
     std::unique_ptr<Turns> turns_;
@@ -47,7 +51,7 @@ void EventsAttack::Begin(bool opensText) {
     turns_.reset();
     editor_.reset();
     desktop_.RenewWindowManager();
-    editor_ = std::make_unique<Editor>(desktop_);
+    editor_ = std::make_unique<Editor>(desktop_, program_);
     editor_->Set(Setting::FolderDocuments, FromUtf8(editor_->home.Path().string())).Start();
     if (opensText) {
         const std::filesystem::path file = editor_->home / "long.rtf";

@@ -1,6 +1,7 @@
 // Damaged and odd files in the places of those that the program loads: icons, sounds, the store, RTF. The
 // program has to come up and to answer, or to tell what is wrong.
 
+#include "Installed.h"
 #include "Mutator.h"
 #include "Table.h"
 #include "Turns.h"
@@ -48,11 +49,9 @@ private:
 };
 
 ResourcesAttack::ResourcesAttack(int argc, char** argv)
-    : table_("resources", argc, argv), mutator_(table_.Seed()), program_(installed_ / "quillshift") {
-    const fs::path original = fs::path(QUILLSHIFT_PROGRAM);
-    fs::copy_file(original, program_);
-    for (const char* folder : {"Data", "Sounds"})
-        fs::copy(original.parent_path() / folder, installed_ / folder, fs::copy_options::recursive);
+    : table_("resources", argc, argv),
+      mutator_(table_.Seed()),
+      program_(InstallEditorAlone(installed_.Path())) {
     const auto icons = Below(installed_ / "Data");
     const auto sounds = Below(installed_ / "Sounds");
     const auto damage = [this](const fs::path& file) { Put(file, mutator_.Damaged(Contents(file))); };

@@ -103,6 +103,7 @@ std::vector<Finding> LookAt(const std::vector<std::string>& files, const DetectO
         files.size(), [&](std::size_t i) { findings[i] = Look(files[i], options); }, onDone);
     std::erase_if(findings, [](const Finding& one) { return one.path.empty(); }); // stopped before them
     std::vector<Finding*> all;
+    all.reserve(findings.size());
     for (Finding& one : findings)
         all.push_back(&one);
     BorrowFromNeighbours(all);

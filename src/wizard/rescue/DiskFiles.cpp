@@ -20,7 +20,7 @@ std::vector<RepairEntry> EntriesIn(const std::string& report) {
 } // namespace
 
 std::string DiskFiles::BeginRepairs(Target target) {
-    const std::string path = NewReportPath();
+    std::string path = NewReportPath();
     repairs_.reset();
     report_ = std::make_unique<RepairReport>(path);
     if (report_->Error() != 0)

@@ -380,8 +380,9 @@ void frmWizard::ShowRow() {
     const RescueRow* const row = number ? &rescue_.Rows()[*number] : nullptr;
     proposals_ = row != nullptr ? ProposalsOf(row->finding, row->Way()) : std::vector<Proposal>();
     for (std::size_t i = 0; i < kCards; ++i) {
-        cards_[i]->setVisible(i < proposals_.size());
-        if (i >= proposals_.size())
+        const bool isShown = row != nullptr && i < proposals_.size();
+        cards_[i]->setVisible(isShown);
+        if (!isShown)
             continue;
         cards_[i]->Show(proposals_[i]);
         cards_[i]->Option().setChecked(proposals_[i].chain == row->Way());
