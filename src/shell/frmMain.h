@@ -80,10 +80,10 @@ private:
     QtTextSurface rtfTemp_;
     std::optional<QPoint> hiddenAt_;
     bool isClosing_ = false; ///< it asks whether it may
-    TwipsRect restored_;    ///< place and size as last seen in the normal state
-    QTimer placed_;         ///< looks at them once a change has come to rest
-    QTimer activated_;      ///< waits for the press that the keyboard came by
-    QFrame* lines_[3] = {}; // under the menu, the standard and the recoding toolbar
+    TwipsRect restored_;     ///< place and size as last seen in the normal state
+    QTimer placed_;          ///< looks at them once a change has come to rest
+    QTimer activated_;       ///< waits for the press that the keyboard came by
+    QFrame* lines_[3] = {};  // under the menu, the standard and the recoding toolbar
 };
 
 } // namespace quillshift
