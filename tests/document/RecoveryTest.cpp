@@ -139,9 +139,12 @@ TEST(RecoveryRules, ATextGoesOnceItIsSavedOrLetGoAndIsKeptWhenReplacedUnasked) {
         {"off", [](TestProgram& t) { t.Set(Setting::Recovery, u"0").window.document.SetText(u"x"); }},
         {"clear here", [](TestProgram& t) { t.window.document.SetText(u""); }},
         {"lock", [](TestProgram& t) { t.program.Parts().recovery.SetLocked(true); }},
+        {"in a save",
+         [](TestProgram& t) { t.files.beforeReplace = [&t] { t.window.document.SetText(u"taken in"); }; }},
         {"another text", [](TestProgram& t) { t.window.document.SetText(u"another"); }}};
     const Case cases[] = {{{"MENU:FILE:SAVEAS"}, u"none", u"none"},
                           {{"full disk", "MENU:FILE:SAVEAS"}, typed, u"none"},
+                          {{"in a save", "MENU:FILE:SAVEAS", "wait"}, u"taken in", u"none"},
                           {{"MENU:FILE:NEW"}, u"none", typed},
                           {{"ask", "MENU:FILE:NEW"}, typed, u"none"},
                           {{"ask", "No", "MENU:FILE:NEW"}, u"none", u"none"},
