@@ -38,7 +38,7 @@ protected:
 
     // What the script prints; the test fails with what it tells if it fails.
     std::string Ask(const std::string& what) {
-        const std::string script = (TestsFolder() / "e2e/accessible.py").string();
+        const std::string script = (TestsFolder().parent_path() / "harness/accessible.py").string();
         Process reader("sh",
                        {"-c", "/usr/bin/python3 " + script + " " + what + " >" + Path("answer").string() +
                                   " 2>" + Path("failure").string()},

@@ -60,9 +60,13 @@ class Editor:
         isEditor = lambda application: application.name == "quillshift" and len(below(application)) > 0
         self.application = wait("the editor", lambda: next(filter(isEditor, below(desktop)), None))
         self.application.set_cache_mask(Atspi.Cache.NONE)  # nobody here listens to what changes
+        self.known = {}
 
     def first(self, role):
-        return wait("a " + str(role), lambda: find(self.application, lambda thing: thing.getRole() == role))
+        if role not in self.known:
+            isWanted = lambda thing: thing.getRole() == role
+            self.known[role] = wait("a " + str(role), lambda: find(self.application, isWanted))
+        return self.known[role]
 
     def commands(self, thing=None, way=()):
         for item in below(thing or self.first(pyatspi.ROLE_MENU_BAR)):
