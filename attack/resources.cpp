@@ -60,6 +60,12 @@ ResourcesAttack::ResourcesAttack(int argc, char** argv)
     table_.Add("damaged sounds", [=, this] { return StartWith(sounds, damage); });
     table_.Add("odd things in place of icons", [=, this] { return StartWith(icons, putOdd); });
     table_.Add("odd things in place of sounds", [=, this] { return StartWith(sounds, putOdd); });
+    const auto putPipe = [](const fs::path& file) {
+        fs::remove(file);
+        mkfifo(file.c_str(), 0600);
+    };
+    const std::vector<fs::path> windowIcon{installed_ / "Data/icons/menu/Decoding.ico"};
+    table_.Add("a pipe in place of the window's icon", [=, this] { return StartWith(windowIcon, putPipe); });
     table_.Add("a damaged store", [this] { return StartWithDamagedStore(); });
     table_.Add("damaged RTF", [this] { return OpenDamagedRtf(); });
 }

@@ -87,8 +87,8 @@ int Run(int argc, char** argv) {
     SqliteSettings store(data / "settings.db");
     SdlSound sound;
     PosixFiles files;
-    QApplication::setWindowIcon(
-        ReadIcon(QCoreApplication::applicationDirPath() + QStringLiteral("/Data/icons/menu/Decoding.ico")));
+    QApplication::setWindowIcon(ReadIcon(files, QCoreApplication::applicationDirPath() +
+                                                    QStringLiteral("/Data/icons/menu/Decoding.ico")));
     QtFileDialog fileDialog;
     QtMessageBox messageBox;
     QtClipboard clipboard;

@@ -1,6 +1,10 @@
 #include "platform/qt/Appearance.h"
 
+#include "platform/FileSystem.h"
+#include "platform/qt/QtText.h"
+
 #include <QApplication>
+#include <QBuffer>
 #include <QImageReader>
 #include <QLibraryInfo>
 #include <QLocale>
@@ -41,8 +45,10 @@ void WriteDatesInRussian() {
         qunsetenv("LC_ALL");
 }
 
-QIcon ReadIcon(const QString& path) {
-    QImageReader reader(path, "ico");
+QIcon ReadIcon(FileSystem& files, const QString& path) {
+    QByteArray bytes = QByteArray::fromStdString(files.Read(FromQString(path)).bytes);
+    QBuffer device(&bytes);
+    QImageReader reader(&device, "ico");
     QIcon icon;
     for (int number = 0; reader.jumpToImage(number); ++number)
         icon.addPixmap(QPixmap::fromImage(reader.read()));

@@ -32,12 +32,12 @@ int Run(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("quillshift-rescue"));
     QApplication::setDesktopFileName(QStringLiteral("quillshift-rescue"));
     DressUp(application);
-    QApplication::setWindowIcon(
-        ReadIcon(QCoreApplication::applicationDirPath() + QStringLiteral("/Data/icons/menu/Wizard.ico")));
+    PosixFiles files;
+    QApplication::setWindowIcon(ReadIcon(files, QCoreApplication::applicationDirPath() +
+                                                    QStringLiteral("/Data/icons/menu/Wizard.ico")));
 
     SqliteSettings store(ProgramDataFolder() / "settings.db");
     SdlSound sound;
-    PosixFiles files;
     QtFileDialog fileDialog;
     QtMessageBox messageBox;
     QtClipboard clipboard;
