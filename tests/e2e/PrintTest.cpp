@@ -20,8 +20,8 @@ struct SilentServer {
         address.sun_family = AF_UNIX;
         path.copy(address.sun_path, sizeof address.sun_path - 1);
         unlink(path.c_str());
-        bind(door, reinterpret_cast<sockaddr*>(&address), sizeof address); // NOLINT(*-reinterpret-cast)
-        listen(door, 100);
+        EXPECT_EQ(bind(door, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+        EXPECT_EQ(listen(door, 100), 0);
     }
     ~SilentServer() { close(door); }
     SilentServer(const SilentServer&) = delete;
