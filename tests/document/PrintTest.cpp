@@ -57,6 +57,7 @@ TEST_F(Print, SetsThePrinterUpAndDrawsPageAfterPageBetweenTheMargins) {
     // 20 mm are 1134 twips, and a box without a usable number is no margin.
     EXPECT_EQ(printed[0].rectangle,
               (TwipsRect{1034_twips, {83.5F}, 11907_twips - 567_twips - 1134_twips, {16839 - 283.5F}}));
+    EXPECT_EQ(printed[1].rectangle, printed[0].rectangle);
     EXPECT_EQ(printed[0].page, (TwipsRect{0_twips, 0_twips, 11707_twips, 16439_twips}));
     EXPECT_EQ(window.document.layoutsForgotten, 1);
     EXPECT_TRUE(test.messageBox.shown.empty());
@@ -114,7 +115,7 @@ TEST_F(Print, AsksWhatToDoWithARefusedPropertyAndReportsFailures) {
                                         {"colours", "тип печати"},
                                         {"orientation", "ориентация"},
                                         {"font", "шрифт"},
-                                        {"copies", "количество копий"}}) {
+                                        {"paper copies", "размер бумаги, количество копий."}}) {
         printer.refused = refused;
         EXPECT_FALSE(Prints()) << refused;
         EXPECT_THAT(ToUtf8(test.LastBox()), HasSubstr(told));

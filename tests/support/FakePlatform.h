@@ -43,6 +43,8 @@ class FakeMessageBox final : public MessageBox {
 public:
     BoxAnswer Show(BoxIcon icon, BoxButtons buttons, std::u16string_view text) override {
         shown.push_back({icon, buttons, std::u16string(text)});
+        if (whileShown)
+            whileShown();
         if (buttons == BoxButtons::Ok)
             return BoxAnswer::Ok;
         if (answers.empty())
@@ -58,6 +60,7 @@ public:
     };
     std::vector<Box> shown;
     std::deque<BoxAnswer> answers;
+    std::function<void()> whileShown;
 };
 
 class FakeClipboard final : public Clipboard {

@@ -43,7 +43,7 @@ public:
     void Cancel() override { done.emplace_back("cancel"); }
 
     std::vector<std::string> done;
-    std::string refused; ///< the one property that it does not take
+    std::string refused; ///< the properties that it does not take, with blanks between
     bool isFile = false;
     std::u16string file, documentName;
     int passes = 1;
@@ -53,7 +53,7 @@ public:
 private:
     bool Take(const std::string& what, int value) {
         done.push_back(what + " " + std::to_string(value));
-        return what != refused;
+        return (' ' + refused + ' ').find(' ' + what + ' ') == std::string::npos;
     }
 };
 

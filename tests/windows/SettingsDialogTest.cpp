@@ -282,7 +282,9 @@ TEST_F(SettingsDialog, ResetsWhatIsToldAfterItsQuestionsAndLeavesTheRest) {
     EXPECT_EQ(test.settings.Text(Setting::TopMost), u"1") << "cancelled";
     test.messageBox.shown.clear();
     test.messageBox.answers = {BoxAnswer::Yes, BoxAnswer::Yes};
+    test.messageBox.whileShown = [this] { test.timers.Tick(); };
     Press("cmdReset");
+    test.messageBox.whileShown = nullptr;
     std::vector<std::u16string> texts;
     for (const auto& box : test.messageBox.shown)
         texts.push_back(box.text.substr(0, 32));
