@@ -25,10 +25,17 @@ function(quillshift_logic name)
     target_link_libraries(${name} PUBLIC quillshift_options ${arg_LINK})
 endfunction()
 
-# A library of windows, over Qt Widgets. Arguments as above.
+# A library of windows, over Qt Widgets. Arguments as above. All of them use the headers that the first one of them has
+# precompiled.
 function(quillshift_windows name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LINK")
     add_library(${name} STATIC ${arg_UNPARSED_ARGUMENTS})
     target_link_libraries(${name} PUBLIC quillshift_options Qt6::Widgets ${arg_LINK})
-    target_precompile_headers(${name} PRIVATE ${PROJECT_SOURCE_DIR}/cmake/QtPrecompiled.h)
+    get_property(first GLOBAL PROPERTY quillshift_precompiled)
+    if(first)
+        target_precompile_headers(${name} REUSE_FROM ${first})
+    else()
+        target_precompile_headers(${name} PRIVATE ${PROJECT_SOURCE_DIR}/cmake/QtPrecompiled.h)
+        set_property(GLOBAL PROPERTY quillshift_precompiled ${name})
+    endif()
 endfunction()
