@@ -202,6 +202,28 @@ TEST_F(SqliteSettingsTest, WhereNoStoreCanBeNothingHappens) {
     EXPECT_FALSE(fs::exists("relative"));
 }
 
+// As a disk is after an error: files that are open can be read, and not written any more.
+TEST_F(SqliteSettingsTest, AStoreThatBecomesUnwritableUnderTheProgramLosesTheWriteAndNoMore) {
+    SqliteSettings settings(file_);
+    settings.Write("P", "a", kOne);
+    const auto files = "+i " + file_.string() + "-wal " + file_.string() + "-shm " + file_.string();
+    const auto change = [&](char sign) {
+        return system(("chattr " + (sign + files.substr(1)) + " 2>/dev/null").c_str()) ==
+               0; // NOLINT(*-env33-c)
+    };
+    if (!change('+')) {
+        change('-');
+        GTEST_SKIP() << "files can't be made immutable here";
+    }
+    for (int twice = 0; twice < 2; ++twice) {
+        settings.Write("P", "a", kTwo);
+        EXPECT_EQ(settings.Read("P", "a"), kOne);
+    }
+    change('-');
+    settings.Write("P", "a", kTwo);
+    EXPECT_EQ(settings.Read("P", "a"), kTwo);
+}
+
 TEST_F(SqliteSettingsTest, AReadOnlyStoreIsReadAndNotWritten) {
     MakeStore();
     for (const fs::path& open : {folder_.Path(), folder_ / "new", file_.parent_path()})

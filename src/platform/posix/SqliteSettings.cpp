@@ -126,9 +126,10 @@ Result SqliteSettings::Attempt(Missing missing, Action action) {
     return result;
 }
 
-// Every use asks whether the path still leads to the open file: another copy may have set it aside.
+// Every use asks whether the path still leads to the open file, as another copy may have set it aside, and
+// whether that can still be written.
 bool SqliteSettings::Ready(Missing missing) {
-    if (store_.IsOpen() && !store_.HasMoved())
+    if (store_.IsOpen() && !store_.HasMoved() && !store_.HaveRightsChanged())
         return true;
     if (!file_.is_absolute())
         return false;

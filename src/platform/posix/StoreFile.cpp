@@ -184,11 +184,19 @@ int StoreFile::PrepareStatement(const char* sql, Statement& statement) {
 }
 
 void StoreFile::Close() {
+    if (HaveRightsChanged()) // the log is left for who can write
+        sqlite3_db_config(connection_.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
     read_.reset();
     write_.reset();
     connection_.reset();
     frozen_ = false;
     logIdentity_.reset();
+}
+
+bool StoreFile::HaveRightsChanged() const {
+    sqlite3* connection = connection_.get();
+    return connection != nullptr && (sqlite3_db_readonly(connection, "main") == 0) !=
+                                        (access(sqlite3_db_filename(connection, "main"), W_OK) == 0);
 }
 
 bool StoreFile::HasMoved() const {

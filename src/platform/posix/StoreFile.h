@@ -34,6 +34,10 @@ public:
 
     /// Whether the path no longer leads to the open file: it was deleted or replaced.
     bool HasMoved() const;
+    /// Whether the file can be written by now, or can't any more, as on a disk that turns read-only after an
+    /// error. The log's index is mapped into memory from there: using such a connection further would end the
+    /// process.
+    bool HaveRightsChanged() const;
     /// The identity of the open file's log; nothing if it has none.
     std::optional<std::uintmax_t> LogIdentity() const { return logIdentity_; }
     /// Reads through the whole file.
