@@ -6,8 +6,12 @@
 
 #include <benchmark/benchmark.h>
 
+#include <QAbstractTextDocumentLayout>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QTextDocument>
+
+#include <algorithm>
 
 namespace quillshift {
 namespace {
@@ -22,22 +26,82 @@ std::string Letter(std::int64_t bytes) {
     return text;
 }
 
-// From the file's bytes to the first paint; the argument is the size in bytes. "MB" is what the process grew
-// by.
+// So many bytes in lines of that length.
+std::string Lines(std::int64_t bytes, std::int64_t letters) {
+    std::string line = Letter(letters);
+    line.erase(std::remove_if(line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }),
+               line.end());
+    line.resize(static_cast<std::size_t>(letters), ' ');
+    line += "\r\n";
+    std::string text;
+    text.reserve(static_cast<std::size_t>(bytes));
+    while (text.size() + line.size() <= static_cast<std::size_t>(bytes))
+        text += line;
+    return text;
+}
+
+// From the file's bytes to the first paint; the arguments are megabytes and the letters of a line. "whole_ms"
+// is until all is in the document, "slice_ms" the longest time meanwhile that an event has to wait, "MB" what
+// the process grew by.
 void OpenInTheSurface(benchmark::State& state) {
-    const std::string bytes = Letter(state.range(0));
+    const std::string bytes = Lines(state.range(0) << 20, state.range(1));
+    double longest = 0;
+    double whole = 0;
     while (state.KeepRunning()) {
         const double before = ResidentMegabytes();
         QtTextSurface surface;
         surface.resize(760, 490);
         surface.show();
-        surface.LoadPlain(windows1251::Decode(bytes));
-        surface.repaint();
         QApplication::processEvents();
+        const double first = MillisecondsOf([&] {
+            surface.LoadPlain(windows1251::Decode(bytes));
+            surface.repaint();
+        });
+        state.SetIterationTime(first / 1e3);
+        const auto lines = static_cast<int>(bytes.size()) / static_cast<int>(state.range(1) + 2);
+        const double rest = MillisecondsOf([&] {
+            while (surface.document()->blockCount() <= lines)
+                longest = std::max(longest, MillisecondsOf([] { QApplication::processEvents(); }));
+        });
+        whole += first + rest;
         state.counters["MB"] = ResidentMegabytes() - before;
     }
+    state.counters["slice_ms"] = longest;
+    state.counters["whole_ms"] = benchmark::Counter(whole, benchmark::Counter::kAvgIterations);
 }
-BENCHMARK(OpenInTheSurface)->Arg(1 << 20)->Arg(10 << 20)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(OpenInTheSurface)
+    ->ArgsProduct({{1, 10, 50}, {40, 60, 230}})
+    ->Unit(benchmark::kMillisecond)
+    ->UseManualTime()
+    ->Iterations(3);
+
+// The baseline of filling: the toolkit's document, which nobody lays out.
+class NoLayout final : public QAbstractTextDocumentLayout {
+public:
+    using QAbstractTextDocumentLayout::QAbstractTextDocumentLayout;
+    void draw(QPainter* /*painter*/, const PaintContext& /*context*/) override {}
+    int hitTest(const QPointF& /*point*/, Qt::HitTestAccuracy /*accuracy*/) const override { return 0; }
+    int pageCount() const override { return 1; }
+    QSizeF documentSize() const override { return {}; }
+    QRectF frameBoundingRect(QTextFrame* /*frame*/) const override { return {}; }
+    QRectF blockBoundingRect(const QTextBlock& /*block*/) const override { return {}; }
+
+protected:
+    void documentChanged(int /*from*/, int /*removed*/, int /*added*/) override {}
+};
+
+void FillADocumentAlone(benchmark::State& state) {
+    const std::string bytes = Lines(state.range(0) << 20, state.range(1));
+    while (state.KeepRunning()) {
+        QTextDocument document;
+        document.setDocumentLayout(new NoLayout(&document));
+        document.setPlainText(ToQString(windows1251::Decode(bytes)));
+    }
+}
+BENCHMARK(FillADocumentAlone)
+    ->ArgsProduct({{1, 10, 50}, {40, 60, 230}})
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(3);
 
 // A file that is one word without end, as encoded data is. A million characters are to take at most twelve
 // times as long as a hundred thousand; the bare widget needs a hundred times as long.

@@ -3,6 +3,15 @@
 #include <algorithm>
 
 namespace quillshift {
+namespace {
+
+constexpr bool IsBreak(char16_t unit) {
+    const bool isCommon = unit > u'\r' && unit < u'\u2028';
+    return !isCommon && (unit == u'\r' || unit == u'\n' || unit == u'\u2028' || unit == u'\u2029' ||
+                         unit == u'\uFDD0' || unit == u'\uFDD1');
+}
+
+} // namespace
 
 std::u16string WholeNumberText(int number) {
     const std::string digits = std::to_string(number);
@@ -10,11 +19,13 @@ std::u16string WholeNumberText(int number) {
 }
 
 std::u16string WithWholeBreaks(std::u16string_view text) {
-    constexpr std::u16string_view kBreaks = u"\r\n\u2028\u2029\uFDD0\uFDD1";
+    constexpr std::size_t kSlack = 64; // a part of what is long, for what is typed into it
     std::u16string whole;
-    whole.reserve(text.size());
+    whole.reserve(text.size() + text.size() / kSlack);
     for (std::size_t from = 0; from <= text.size();) {
-        const std::size_t at = std::min(text.find_first_of(kBreaks, from), text.size());
+        std::size_t at = from;
+        while (at < text.size() && !IsBreak(text[at]))
+            ++at;
         whole += text.substr(from, at - from);
         if (at < text.size())
             whole += u"\r\n";

@@ -15,9 +15,21 @@
 namespace quillshift {
 namespace {
 
+// A screen on which all measures are larger.
+struct DenserScreen final : QPaintDevice {
+    QPaintEngine* paintEngine() const override { return nullptr; }
+    int metric(PaintDeviceMetric metric) const override {
+        const bool isDensity = metric == PdmDpiX || metric == PdmDpiY;
+        return isDensity ? screen.logicalDpiX() * percent / 100 : QPaintDevice::metric(metric);
+    }
+    QWidget screen;
+    int percent = 100;
+};
+
 struct ViewLayoutTest : testing::Test {
     void Show(const std::string& rtf, QSize size) {
         surface.LoadRich(ReadRtf(rtf));
+        surface.SetSelStart(0); // which waits for all of it
         model.setFrameShape(QFrame::NoFrame);
         model.setDocument(surface.document()->clone(&model));
         for (QTextEdit* edit : Both()) {
@@ -66,12 +78,25 @@ struct ViewLayoutTest : testing::Test {
 
     QtTextSurface surface;
     QTextEdit model;
+    DenserScreen screen;
     RandomText random{20260202};
 };
 
 TEST_F(ViewLayoutTest, HasTheToolkitsLinesAtItsPlaces) {
-    for (const int width : {400, 260, 215}) {
+    for (const auto& [width, zoom] : {std::pair(400, 100), {260, 150}, {215, 100}, {500, 300}, {300, 75}}) {
         Show(RandomRtf(40), {width, 300});
+        surface.SetZoom(zoom);
+        screen.percent = zoom;
+        model.document()->documentLayout()->setPaintDevice(&screen);
+        // Which scales letters, tabs and what is above and below; and the document's margin, unlike ours.
+        model.document()->setDocumentMargin(model.document()->documentMargin() * 100 / zoom);
+        for (QTextBlock block = model.document()->begin(); block.isValid(); block = block.next()) {
+            QTextBlockFormat format = block.blockFormat();
+            format.setLeftMargin(format.leftMargin() * zoom / 100);
+            format.setRightMargin(format.rightMargin() * zoom / 100);
+            format.setTextIndent(format.textIndent() * zoom / 100);
+            QTextCursor(block).setBlockFormat(format);
+        }
         surface.resize(width, 200); // what is known of the places goes
         surface.resize(width, 300);
         int line = 0;

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -390,7 +391,8 @@ bool Reader::SkipOne() {
 
 void Reader::Unicode(int number) {
     const auto unit = static_cast<char16_t>(static_cast<unsigned>(number) & 0xFFFFU);
-    if (unit == u'\r' || unit == u'\n')
+    constexpr std::u16string_view kBreaks = u"\r\n\u2028\u2029\uFDD0\uFDD1";
+    if (kBreaks.find(unit) != std::u16string_view::npos)
         InText(RtfAction::Break, 0);
     else
         Show(unit);

@@ -39,15 +39,11 @@ std::vector<Word> LongWords(const QString& text) {
     return words;
 }
 
-QTextOption OptionOf(const QTextBlock& block, qreal scale) {
+QTextOption OptionOf(const QTextBlock& block) {
     const QTextBlockFormat format = block.blockFormat();
     QTextOption option = block.document()->defaultTextOption();
     option.setTextDirection(block.textDirection());
-    option.setTabStopDistance(option.tabStopDistance() * scale);
-    QList<QTextOption::Tab> tabs = format.tabPositions();
-    for (QTextOption::Tab& tab : tabs)
-        tab.position *= scale;
-    option.setTabs(tabs);
+    option.setTabs(format.tabPositions()); // which the toolkit scales by the layout's font or device
     const bool hasOwn = format.hasProperty(QTextFormat::BlockAlignment);
     option.setAlignment(
         QStyle::visualAlignment(option.textDirection(), hasOwn ? format.alignment() : option.alignment()));
@@ -60,7 +56,7 @@ QTextOption OptionOf(const QTextBlock& block, qreal scale) {
 // unless it reaches the word's end, where the rule for words is in force again.
 void LayOutParagraph(QTextLayout& layout, const QTextBlock& block, qreal room, qreal scale) {
     const QTextBlockFormat format = block.blockFormat();
-    const QTextOption byWords = OptionOf(block, scale);
+    const QTextOption byWords = OptionOf(block);
     QTextOption anywhere = byWords;
     anywhere.setWrapMode(QTextOption::WrapAnywhere);
     const std::vector<Word> words = LongWords(block.text());

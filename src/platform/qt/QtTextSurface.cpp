@@ -4,7 +4,7 @@
 #include "platform/qt/PrintLayout.h"
 #include "platform/qt/QtPrinter.h"
 #include "platform/qt/QtText.h"
-#include "platform/qt/QtTextFormats.h"
+#include "platform/qt/TextFill.h"
 #include "platform/qt/ViewLayout.h"
 
 #include <QClipboard>
@@ -24,9 +24,6 @@ namespace quillshift {
 namespace {
 
 constexpr std::u16string_view kBreak = u"\r\n";
-
-// For what is typed, before the mirror of a long text has to be copied.
-constexpr std::size_t kSlack = 1 << 16;
 
 // The separators of lines and paragraphs are breaks like any other here; left alone, the widget would keep
 // the first of them inside a line.
@@ -50,6 +47,10 @@ bool HasAltAlone(const QKeyEvent& event) {
     return (event.modifiers() & (Qt::AltModifier | Qt::ControlModifier)) == Qt::AltModifier;
 }
 
+bool IsZoomBack(const QKeyEvent& event) {
+    return event.key() == Qt::Key_0 && (event.modifiers() & ~Qt::KeypadModifier) == Qt::ControlModifier;
+}
+
 // The first file among what is dragged or copied; empty if there is none.
 QString FileIn(const QMimeData& data) {
     for (const QUrl& url : data.urls())
@@ -61,15 +62,19 @@ QString FileIn(const QMimeData& data) {
 } // namespace
 
 QtTextSurface::QtTextSurface(QWidget* parent, EditingKeys keys)
-    : QTextEdit(parent), keys_(keys), layout_(new ViewLayout(document())) {
+    : QTextEdit(parent),
+      keys_(keys),
+      layout_(new ViewLayout(document(), *viewport())),
+      fill_(std::make_unique<TextFill>(*document())) {
     const int caretWidth = cursorWidth();
-    layout_->setPaintDevice(viewport());
     document()->setDocumentLayout(layout_);
     setCursorWidth(caretWidth); // which is the layout's
     connect(layout_, &ViewLayout::viewMoved, this, &QtTextSurface::FollowView);
     setFrameShape(QFrame::NoFrame);
     setAcceptRichText(false);
     document()->setUndoRedoEnabled(keys == EditingKeys::OfSurface);
+    moreFill_.setSingleShot(true);
+    connect(&moreFill_, &QTimer::timeout, this, &QtTextSurface::FillMore);
     connect(document(), &QTextDocument::contentsChange, this, &QtTextSurface::MirrorChange);
     connect(document(), &QTextDocument::contentsChanged, this, &QtTextSurface::RaiseChange);
     connect(this, &QTextEdit::cursorPositionChanged, this, &QtTextSurface::NoteSelection);
@@ -84,7 +89,9 @@ std::size_t QtTextSurface::SurfacePosition(int documentPosition) const {
     return static_cast<std::size_t>(documentPosition + document()->findBlock(documentPosition).blockNumber());
 }
 
+// What calls from outside name may lie in what is to be filled in yet.
 int QtTextSurface::DocumentPosition(std::size_t surfacePosition) const {
+    FillAll();
     surfacePosition -= IsInsideCharacter(mirror_, surfacePosition) ? 1 : 0;
     return PositionInDocument(std::min(surfacePosition, mirror_.size()));
 }
@@ -104,10 +111,10 @@ int QtTextSurface::PositionInDocument(std::size_t surfacePosition) const {
     return std::min(wanted - low, block.position() + block.length() - 1);
 }
 
-std::u16string QtTextSurface::TextBetween(int from, int to, std::size_t slack) const {
+std::u16string QtTextSurface::TextBetween(int from, int to) const {
     std::u16string text;
     const int breaks = document()->findBlock(to).blockNumber() - document()->findBlock(from).blockNumber();
-    text.reserve(static_cast<std::size_t>(to - from + breaks) + slack);
+    text.reserve(static_cast<std::size_t>(to - from + breaks));
     for (QTextBlock block = document()->findBlock(from); block.isValid() && block.position() <= to;
          block = block.next()) {
         const QString line = block.text();
@@ -121,7 +128,7 @@ std::u16string QtTextSurface::TextBetween(int from, int to, std::size_t slack) c
 }
 
 // What stands before and behind a change is as it was, so its place in the old mirror follows from the new
-// document: as many positions from the front and from the back.
+// document: as many positions from the front and from the back, but for what is not filled in.
 void QtTextSurface::MirrorChange(int from, int /*removed*/, int added) {
     if (replacing_)
         return;
@@ -130,9 +137,10 @@ void QtTextSurface::MirrorChange(int from, int /*removed*/, int added) {
     from = std::min(from, last);
     const int to = std::min(from + added, last);
     const std::size_t length = static_cast<std::size_t>(last + document()->blockCount() - 1);
-    const std::size_t begin = std::min(SurfacePosition(from), mirror_.size());
-    const std::size_t behind = std::min(length - SurfacePosition(to), mirror_.size() - begin);
-    TextChange change{.place = begin, .removed = mirror_.size() - begin - behind, .added = 0};
+    const std::size_t filled = mirror_.size() - fill_->Left();
+    const std::size_t begin = std::min(SurfacePosition(from), filled);
+    const std::size_t behind = std::min(length - SurfacePosition(to), filled - begin);
+    TextChange change{.place = begin, .removed = filled - begin - behind, .added = 0};
     const std::u16string text = TextBetween(from, to);
     const auto old = std::u16string_view(mirror_).substr(begin, change.removed);
     if (old == text)
@@ -169,63 +177,6 @@ void QtTextSurface::NoteSelection() {
         return;
     if (OnSelChange)
         OnSelChange();
-}
-
-// --- Replacing everything
-
-void QtTextSurface::ReplaceAll(const std::function<void()>& fill) {
-    replacing_ = true;
-    // The widget would follow its caret to the end of the new text, and lay all of it out for that.
-    setTextCursor(QTextCursor());
-    document()->clear();
-    fill();
-    setTextCursor(QTextCursor(document()));
-    setCurrentCharFormat({});
-    replacing_ = false;
-    noted_ = {};
-    const std::u16string old =
-        std::exchange(mirror_, TextBetween(0, document()->characterCount() - 1, kSlack));
-    const TextChange change = ChangeBetween(old, mirror_, 0);
-    went_ = std::u16string_view(old).substr(change.place, change.removed);
-    place_ = change.place;
-    came_ = change.added;
-    textMoved_ = true;
-    RaiseChange();
-}
-
-void QtTextSurface::SetText(std::u16string_view text) {
-    LoadPlain(text);
-    if (OnSelChange)
-        OnSelChange();
-}
-
-void QtTextSurface::LoadPlain(std::u16string_view text) {
-    ReplaceAll([&, plain = WithPlainBreaks(text)] { document()->setPlainText(plain); });
-}
-
-void QtTextSurface::LoadRich(const RichText& rich) {
-    ReplaceAll([&] {
-        QTextCursor cursor(document());
-        cursor.beginEditBlock();
-        const std::u16string_view text = rich.text;
-        std::size_t paragraph = 0;
-        std::size_t at = 0;
-        cursor.setBlockFormat(ToQt(rich.paragraphs.front()));
-        for (const RichText::Run& run : rich.runs) {
-            const QTextCharFormat format = ToQt(run.format);
-            const std::size_t end = at + run.length;
-            while (at < end) {
-                const std::size_t stop = std::min(text.find(kBreak, at), end);
-                cursor.insertText(ToQString(text.substr(at, stop - at)), format);
-                at = stop;
-                if (at == end)
-                    break;
-                cursor.insertBlock(ToQt(rich.paragraphs[++paragraph]), format);
-                at += kBreak.size();
-            }
-        }
-        cursor.endEditBlock();
-    });
 }
 
 // --- Selection
@@ -266,6 +217,7 @@ std::u16string QtTextSurface::SelText() const {
 }
 
 void QtTextSurface::SetSelText(std::u16string_view text) {
+    FillAll();
     QTextCursor cursor = textCursor();
     cursor.beginEditBlock(); // the widget's own undo would take it for typing that goes on
     cursor.insertText(WithPlainBreaks(text));
@@ -275,6 +227,7 @@ void QtTextSurface::SetSelText(std::u16string_view text) {
 }
 
 void QtTextSurface::Clear() {
+    FillAll();
     QTextCursor cursor = textCursor();
     cursor.removeSelectedText();
     setTextCursor(cursor);
@@ -289,6 +242,7 @@ Twips QtTextSurface::SelIndent() const {
 }
 
 void QtTextSurface::SetSelIndent(Twips indent) {
+    FillAll();
     QTextBlockFormat format;
     format.setLeftMargin(static_cast<qreal>(indent.value) / kTwipsPerPixel);
     textCursor().mergeBlockFormat(format);
@@ -354,8 +308,15 @@ void QtTextSurface::keyPressEvent(QKeyEvent* event) {
         event->ignore();
         return;
     }
+    if (IsZoomBack(*event)) {
+        SetZoom(100);
+        return;
+    }
     if (!event->text().isEmpty() && OnKeyPress)
         OnKeyPress();
+    if (event->modifiers().testFlag(Qt::ControlModifier)) // to the end, or over all
+        FillAll();
+    FillBeforeInput();
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (isReturn && event->modifiers().testFlag(Qt::ShiftModifier)) {
         // Shift would make a break inside the paragraph, which has no form in a plain file.
@@ -367,6 +328,7 @@ void QtTextSurface::keyPressEvent(QKeyEvent* event) {
 }
 
 void QtTextSurface::mousePressEvent(QMouseEvent* event) {
+    FillBeforeInput();
     QTextEdit::mousePressEvent(event);
     const QPoint screen = event->globalPosition().toPoint();
     if (event->button() == Qt::RightButton && OnRightMouseDown)
@@ -374,6 +336,7 @@ void QtTextSurface::mousePressEvent(QMouseEvent* event) {
 }
 
 void QtTextSurface::inputMethodEvent(QInputMethodEvent* event) {
+    FillBeforeInput();
     event->setCommitString(WithPlainBreaks(ViewOf(event->commitString())), event->replacementStart(),
                            event->replacementLength());
     composing_ = true; // the widget then calls the whole paragraph changed
@@ -432,6 +395,7 @@ void QtTextSurface::dropEvent(QDropEvent* event) {
     }
     dragLeaveEvent(&over);
     event->accept();
+    FillAll();
     QTextCursor selection = textCursor();
     QTextCursor target = cursorForPosition(event->position().toPoint());
     if (target.position() >= selection.selectionStart() && target.position() <= selection.selectionEnd())

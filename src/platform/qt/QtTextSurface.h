@@ -3,12 +3,15 @@
 #include "platform/TextSurface.h"
 
 #include <QTextEdit>
+#include <QTimer>
 
+#include <chrono>
 #include <memory>
 
 namespace quillshift {
 
 class PrintLayout;
+class TextFill;
 class ViewLayout;
 
 /// Who serves the keys of clipboard, undo and select-all in a surface.
@@ -22,6 +25,9 @@ enum class EditingKeys {
 /// A mirror of the plain text is kept from the document's change notices, because the widget's own call for
 /// it turns U+00A0 into a blank. The widget counts a line break as one position and the surface as two, so a
 /// position differs by the number of its block.
+///
+/// A long text is in the mirror at once. The document gets its first lines at once and the rest between the
+/// events, once it is seen; whatever may reach behind what it has waits for all of it.
 class QtTextSurface final : public QTextEdit, public TextSurface {
     Q_OBJECT
 
@@ -67,14 +73,20 @@ public:
                            std::size_t from) override;
     void ForgetPrintLayout() override;
 
+    /// How large the text is shown, in percent; what is stored, printed and told of the font stays.
+    int Zoom() const;
+    void SetZoom(int percent);
+
     void SetFocus() override;
 
 protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
+    void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
@@ -96,25 +108,35 @@ private:
     std::size_t SurfacePosition(int documentPosition) const;
     int DocumentPosition(std::size_t surfacePosition) const;
     int PositionInDocument(std::size_t surfacePosition) const; // of a place between whole characters
-    std::u16string TextBetween(int from, int to, std::size_t slack = 0) const;
+    std::u16string TextBetween(int from, int to) const;
     Selection CurrentSelection() const { return {SelStart(), SelLength()}; }
 
-    void ReplaceAll(const std::function<void()>& fill);
+    void ReplaceAll(std::u16string text, const std::function<void()>& begin);
+    void Fill(std::chrono::milliseconds time);
+    void FillSoon();
+    void FillMore();
+    void FillAll() const;
+    void FillBeforeInput();
     void MirrorChange(int from, int removed, int added);
     void NoteSelection();
     void OfferSelection() const;
     bool TakeFile(QDropEvent& event);
     void RaiseChange();
 
+    void ApplyRightMargin();
     bool BringIntoView(bool toEnd);
     void FollowView(int top);
     void KeepPlace(const std::function<void()>& work);
 
     EditingKeys keys_;
-    ViewLayout* layout_;                       ///< the document's
+    ViewLayout* layout_;             ///< the document's
+    std::unique_ptr<TextFill> fill_; ///< of the document with what the mirror has
+    QTimer moreFill_;
     std::unique_ptr<PrintLayout> printLayout_; ///< of the document that is being printed
     std::u16string mirror_;
     SurfaceFont font_;
+    Twips rightMargin_;
+    int wheelled_ = 0;       // with Ctrl, in eighths of a degree: less than a step of the zoom
     Selection noted_;        // what the listeners were last told
     std::u16string went_;    // the edit that is not told yet: what went ...
     std::size_t place_ = 0;  // ... where ...

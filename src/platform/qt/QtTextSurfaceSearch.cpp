@@ -49,6 +49,7 @@ std::optional<std::size_t> QtTextSurface::FindIn(std::u16string_view text, std::
 
 void QtTextSurface::ReplaceEach(const std::function<const Replacement*()>& next, std::u16string_view by) {
     const std::u16string whole = WithWholeBreaks(by);
+    FillAll();
     std::vector<Edit> edits;
     QTextCursor cursor(document());
     replacing_ = true;
@@ -81,6 +82,7 @@ std::optional<std::size_t> QtTextSurface::LineIndex(int line) const {
         layout_->blockBoundingRect(block); // makes its lines
         return SurfacePosition(block.position() + block.layout()->lineAt(number).textStart());
     };
+    FillAll();
     if (line == -1) {
         const QTextCursor cursor = textCursor();
         const QTextBlock block = cursor.block();
@@ -92,6 +94,7 @@ std::optional<std::size_t> QtTextSurface::LineIndex(int line) const {
 }
 
 int QtTextSurface::LineCount() const {
+    FillAll();
     constexpr int kMore = std::numeric_limits<int>::max();
     return kMore - layout_->FindLine(kMore).second;
 }

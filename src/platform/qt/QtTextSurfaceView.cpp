@@ -5,8 +5,20 @@
 
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <cmath>
 
 namespace quillshift {
+namespace {
+
+constexpr qreal kPercent = 100;
+constexpr int kZoomStep = 10; // in percent, as the others
+constexpr int kLeastZoom = 20;
+constexpr int kMostZoom = 500;
+
+} // namespace
 
 // Whether other lines than those asked for came into sight, or at another place.
 bool QtTextSurface::BringIntoView(bool toEnd) {
@@ -34,6 +46,8 @@ void QtTextSurface::scrollContentsBy(int dx, int dy) {
     if (following_)
         return;
     const QScrollBar& bar = *verticalScrollBar();
+    if (bar.value() == bar.maximum())
+        FillAll();
     if (dy != 0 && BringIntoView(bar.value() > 0 && bar.value() == bar.maximum()))
         viewport()->update();
     else
@@ -63,10 +77,39 @@ void QtTextSurface::changeEvent(QEvent* event) {
 }
 
 void QtTextSurface::SetRightMargin(Twips margin) {
+    rightMargin_ = margin;
+    KeepPlace([&] { ApplyRightMargin(); });
+}
+
+void QtTextSurface::ApplyRightMargin() {
+    setLineWrapMode(rightMargin_.value > 0 ? QTextEdit::FixedPixelWidth : QTextEdit::WidgetWidth);
+    setLineWrapColumnOrWidth(static_cast<int>(std::lround(ToPixels(rightMargin_) * layout_->Zoom())));
+}
+
+int QtTextSurface::Zoom() const {
+    return static_cast<int>(std::lround(layout_->Zoom() * kPercent));
+}
+
+void QtTextSurface::SetZoom(int percent) {
+    if (percent == Zoom())
+        return;
     KeepPlace([&] {
-        setLineWrapMode(margin.value > 0 ? QTextEdit::FixedPixelWidth : QTextEdit::WidgetWidth);
-        setLineWrapColumnOrWidth(ToPixels(margin));
+        layout_->SetZoom(percent / kPercent);
+        ApplyRightMargin();
     });
+    viewport()->update();
+}
+
+void QtTextSurface::wheelEvent(QWheelEvent* event) {
+    if (!event->modifiers().testFlag(Qt::ControlModifier)) {
+        QTextEdit::wheelEvent(event);
+        return;
+    }
+    wheelled_ += event->angleDelta().y();
+    const int steps = wheelled_ / QWheelEvent::DefaultDeltasPerStep;
+    wheelled_ -= steps * QWheelEvent::DefaultDeltasPerStep;
+    SetZoom(std::clamp(Zoom() + steps * kZoomStep, kLeastZoom, kMostZoom));
+    event->accept();
 }
 
 std::size_t QtTextSurface::TopPosition() const {

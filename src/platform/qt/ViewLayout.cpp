@@ -25,13 +25,6 @@ qreal ToPixels(std::int64_t units) {
     return static_cast<qreal>(units) / kUnits;
 }
 
-// Of two margins that meet the greater one is kept, and none above the first paragraph.
-qreal GapAbove(const QTextBlock& block) {
-    const QTextBlock before = block.previous();
-    return before.isValid() ? std::max(block.blockFormat().topMargin(), before.blockFormat().bottomMargin())
-                            : 0;
-}
-
 QList<QTextLayout::FormatRange> SelectionsIn(const QTextBlock& block,
                                              const QAbstractTextDocumentLayout::PaintContext& context) {
     QList<QTextLayout::FormatRange> ranges;
@@ -56,7 +49,40 @@ int CaretIn(const QTextBlock& block, int position) {
 
 } // namespace
 
+ViewLayout::ViewLayout(QTextDocument* document, const QPaintDevice& screen)
+    : QAbstractTextDocumentLayout(document), device_(screen) {
+    setPaintDevice(&device_);
+}
+
+int ViewLayout::ZoomedDevice::metric(PaintDeviceMetric metric) const {
+    switch (metric) {
+    case PdmDpiX:
+        return static_cast<int>(std::lround(screen.logicalDpiX() * zoom));
+    case PdmDpiY:
+        return static_cast<int>(std::lround(screen.logicalDpiY() * zoom));
+    case PdmDevicePixelRatio:
+        return static_cast<int>(screen.devicePixelRatio());
+    case PdmDevicePixelRatioScaled:
+        return static_cast<int>(std::lround(screen.devicePixelRatioF() * devicePixelRatioFScale()));
+    default:
+        return QPaintDevice::metric(metric);
+    }
+}
+
+void ViewLayout::SetZoom(qreal zoom) {
+    device_.zoom = zoom;
+    documentChanged(0, 0, document()->characterCount() - 1);
+}
+
 // --- Heights
+
+// Of two margins that meet the greater one is kept, and none above the first paragraph.
+qreal ViewLayout::GapAbove(const QTextBlock& block) const {
+    const QTextBlock before = block.previous();
+    return before.isValid()
+               ? Zoom() * std::max(block.blockFormat().topMargin(), before.blockFormat().bottomMargin())
+               : 0;
+}
 
 qreal ViewLayout::LineWidth() const {
     constexpr qreal kAnyWidth = 1 << 23; // not shown yet: nothing wraps
@@ -100,7 +126,7 @@ std::vector<ViewLayout::Block> ViewLayout::Estimated(QTextBlock block, std::size
 void ViewLayout::MakeLines(const QTextBlock& block, std::size_t number) {
     if (HasLines(block))
         return;
-    LayOutParagraph(*block.layout(), block, LineWidth(), 1);
+    LayOutParagraph(*block.layout(), block, LineWidth(), Zoom());
     heights_.Set(number, Measured(block, *block.layout()));
 }
 
@@ -162,7 +188,7 @@ std::pair<QTextBlock, int> ViewLayout::FindLine(int line) {
         for (std::size_t number = 0; number < heights_.Count(); block = block.next(), ++number) {
             if (heights_.At(number).lines == 0) {
                 QTextLayout lines(block); // to be forgotten: there may be a million
-                LayOutParagraph(lines, block, LineWidth(), 1);
+                LayOutParagraph(lines, block, LineWidth(), Zoom());
                 heights_.Set(number, Measured(block, lines));
             }
             const int count = heights_.At(number).lines;

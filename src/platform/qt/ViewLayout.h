@@ -3,6 +3,7 @@
 #include "base/BlockHeights.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QPaintDevice>
 #include <QTextBlock>
 
 #include <utility>
@@ -20,7 +21,12 @@ class ViewLayout final : public QAbstractTextDocumentLayout {
     Q_OBJECT
 
 public:
-    explicit ViewLayout(QTextDocument* document) : QAbstractTextDocumentLayout(document) {}
+    /// `screen` tells the density.
+    ViewLayout(QTextDocument* document, const QPaintDevice& screen);
+
+    /// How many times as large as they are all measures are shown.
+    qreal Zoom() const { return device_.zoom; }
+    void SetZoom(qreal zoom);
 
     /// Makes the lines of what is in sight and of as much around it. `top` is where the view begins, `height`
     /// its height, `toEnd` whether the view is to show the end. Answers where the view has to begin for that:
@@ -46,6 +52,17 @@ protected:
 private:
     using Block = BlockHeights::Block;
 
+    /// The screen, that many times as dense: the toolkit gets the sizes of letters from it.
+    struct ZoomedDevice final : QPaintDevice {
+        explicit ZoomedDevice(const QPaintDevice& device) : screen(device) {}
+        QPaintEngine* paintEngine() const override { return nullptr; }
+        int metric(PaintDeviceMetric metric) const override;
+
+        const QPaintDevice& screen;
+        qreal zoom = 1;
+    };
+
+    qreal GapAbove(const QTextBlock& block) const;
     qreal LineWidth() const;
     void MeasureFont();
     bool HasLines(const QTextBlock& block) const { return block.layout()->lineCount() > 0; }
@@ -59,6 +76,7 @@ private:
     template <typename Work>
     void Correct(Work work);
 
+    ZoomedDevice device_;
     BlockHeights heights_; ///< each with the margin above it
     qreal lineHeight_ = 1; ///< of the default font
     qreal letterWidth_ = 1;

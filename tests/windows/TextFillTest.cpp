@@ -1,0 +1,159 @@
+// A long text comes into the document bit by bit: nobody who reads or edits it meanwhile may notice.
+
+#include "base/Texts.h"
+#include "document/rtf/RtfReader.h"
+#include "platform/qt/QtText.h"
+#include "platform/qt/QtTextSurface.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QScrollBar>
+#include <QTest>
+#include <QTextBlock>
+
+namespace quillshift {
+namespace {
+
+std::u16string Lines(int count) {
+    std::u16string text;
+    for (int i = 0; i < count; ++i)
+        text += u"line " + WholeNumberText(i) + (i % 5 == 0 ? u"\n\u2028" : u" of many\r\n");
+    return text + u"end";
+}
+
+std::u16string InDocument(const QtTextSurface& surface) {
+    std::u16string text;
+    for (QTextBlock block = surface.document()->begin(); block.isValid(); block = block.next())
+        text += (block.blockNumber() > 0 ? u"\r\n" : u"") + FromQString(block.text());
+    return text;
+}
+
+void Wait(const QtTextSurface& surface) {
+    while (InDocument(surface).size() < surface.Text().size())
+        QApplication::processEvents();
+}
+
+TEST(TextFillTest, LosesNothingOfWhatIsDoneMeanwhile) {
+    const std::u16string text = Lines(8000);
+    const std::u16string whole = WithWholeBreaks(text);
+    struct Case {
+        const char* what;
+        std::function<void(QtTextSurface&)> act;
+        std::u16string leaves;
+    };
+    const auto press = [](int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        return [=](QtTextSurface& surface) { QTest::keyClick(&surface, Qt::Key(key), modifiers); };
+    };
+    for (const EditingKeys keys : {EditingKeys::OfCommands, EditingKeys::OfSurface})
+        for (const Case& each : {
+                 Case{"nothing", [](QtTextSurface&) {}, whole},
+                 {"a letter", press(Qt::Key_X), u"x" + whole},
+                 {"a letter after the next slice",
+                  [](QtTextSurface& surface) {
+                      QApplication::processEvents();
+                      QTest::keyClick(&surface, Qt::Key_Delete);
+                  },
+                  whole.substr(1)},
+                 {"at the end",
+                  [](QtTextSurface& surface) {
+                      QTest::keyClick(&surface, Qt::Key_End, Qt::ControlModifier);
+                      QTest::keyClick(&surface, Qt::Key_X);
+                  },
+                  whole + u"x"},
+                 {"at the end of what is there",
+                  [](QtTextSurface& surface) {
+                      surface.moveCursor(QTextCursor::End);
+                      QTest::keyClick(&surface, Qt::Key_Backspace);
+                      surface.moveCursor(QTextCursor::End);
+                      QTest::keyClick(&surface, Qt::Key_X);
+                  },
+                  u""},
+                 {"a call for the end",
+                  [](QtTextSurface& surface) {
+                      surface.SetSelStart(surface.Text().size() - 3);
+                      surface.SetSelLength(3);
+                      surface.Clear();
+                  },
+                  whole.substr(0, whole.size() - 3)},
+                 {"taking in", [](QtTextSurface& surface) { surface.SetSelText(u"a\nb"); },
+                  u"a\r\nb" + whole},
+                 {"another text", [](QtTextSurface& surface) { surface.SetText(u"short"); }, u"short"},
+                 {"the same", [&](QtTextSurface& surface) { surface.LoadPlain(text); }, whole},
+             }) {
+            QtTextSurface surface(nullptr, keys);
+            std::u16string followed;
+            surface.OnChange = [&](const TextEdit& edit) {
+                ASSERT_EQ(followed.substr(edit.place, edit.went.size()), edit.went) << each.what;
+                followed.replace(edit.place, edit.went.size(), edit.came);
+            };
+            surface.resize(400, 300);
+            surface.show();
+            surface.LoadPlain(text);
+            ASSERT_EQ(surface.Text(), whole);
+            ASSERT_LT(InDocument(surface).size(), whole.size()) << "it comes bit by bit";
+            each.act(surface);
+            Wait(surface);
+            EXPECT_TRUE(InDocument(surface) == surface.Text()) << each.what;
+            EXPECT_TRUE(followed == surface.Text()) << each.what;
+            EXPECT_TRUE(each.leaves.empty() || surface.Text() == each.leaves) << each.what;
+            EXPECT_EQ(surface.document()->isUndoRedoEnabled(), keys == EditingKeys::OfSurface);
+            if (keys == EditingKeys::OfSurface && surface.document()->isUndoAvailable()) {
+                surface.undo();
+                EXPECT_LT(InDocument(surface).size() + 9, whole.size() + 18) << "the text itself stays";
+                EXPECT_GT(InDocument(surface).size() + 9, whole.size()) << each.what;
+            }
+        }
+}
+
+TEST(TextFillTest, AnswersAsIfAllWereThere) {
+    const std::u16string text = Lines(8000);
+    QtTextSurface surface;
+    surface.resize(400, 300);
+    for (const bool isShown : {false, true}) {
+        surface.setVisible(isShown);
+        surface.LoadPlain(text);
+        EXPECT_EQ(surface.LineCount(), 9601);
+        surface.LoadPlain(text);
+        EXPECT_EQ(surface.LineIndex(9600), surface.Text().size() - 3);
+        surface.LoadPlain(text);
+        EXPECT_EQ(surface.Find(u"end", 0, FindOptions::None), surface.Text().size() - 3);
+        EXPECT_EQ(surface.SelText(), u"end");
+        surface.LoadPlain(text);
+        surface.SetTopPosition(surface.Text().size() / 2);
+        EXPECT_GT(surface.TopPosition(), surface.Text().size() / 2 - 40);
+    }
+    surface.LoadPlain(text);
+    surface.verticalScrollBar()->setValue(surface.verticalScrollBar()->maximum());
+    EXPECT_EQ(InDocument(surface), surface.Text()) << "what is scrolled to comes at once";
+}
+
+TEST(TextFillTest, KeepsFormatsWhereverTheTextIsParted) {
+    std::string rtf = "{\\rtf1 ";
+    for (int i = 0; i < 9000; ++i)
+        rtf += "{\\b bold}" + std::string(i % 3 == 0 ? "\\u8232 ?" : " ") +
+               "plain {\\i slanted\\par}\\pard\\li" + std::to_string(i % 7 * 15) + " ";
+    const RichText rich = ReadRtf(rtf + "}");
+    QtTextSurface surface;
+    surface.resize(400, 300);
+    surface.show();
+    surface.LoadRich(rich);
+    ASSERT_LT(InDocument(surface).size(), rich.text.size());
+    QTest::keyClick(&surface, Qt::Key_X);
+    Wait(surface);
+    ASSERT_TRUE(surface.Text() == u"x" + rich.text);
+    EXPECT_TRUE(InDocument(surface) == surface.Text());
+    std::size_t paragraph = 0;
+    for (QTextBlock block = surface.document()->begin(); block.isValid(); block = block.next(), ++paragraph) {
+        EXPECT_EQ(block.blockFormat().leftMargin(), ToPixels(rich.paragraphs[paragraph].leftIndent));
+        for (const QTextLayout::FormatRange& range : block.textFormats()) {
+            const QString part = block.text().mid(range.start, range.length);
+            EXPECT_EQ(range.format.fontWeight() == QFont::Bold, part.contains("bold")) << part.toStdString();
+            EXPECT_EQ(range.format.fontItalic(), part.contains("slanted")) << part.toStdString();
+        }
+    }
+    EXPECT_EQ(paragraph, rich.paragraphs.size());
+}
+
+} // namespace
+} // namespace quillshift
