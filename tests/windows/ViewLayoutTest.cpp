@@ -83,7 +83,7 @@ struct ViewLayoutTest : testing::Test {
 };
 
 TEST_F(ViewLayoutTest, HasTheToolkitsLinesAtItsPlaces) {
-    for (const auto& [width, zoom] : {std::pair(400, 100), {260, 150}, {215, 100}, {500, 300}, {300, 75}}) {
+    for (const auto& [width, zoom] : {std::pair(400, 100), {390, 150}, {215, 100}, {620, 250}, {300, 75}}) {
         Show(RandomRtf(40), {width, 300});
         surface.SetZoom(zoom);
         screen.percent = zoom;

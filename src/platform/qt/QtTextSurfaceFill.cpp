@@ -19,7 +19,7 @@ using namespace std::chrono_literals;
 constexpr std::size_t kSlack = 1 << 16;
 
 // Between two events.
-constexpr std::chrono::milliseconds kSlice = 12ms;
+constexpr std::chrono::milliseconds kSlice = 8ms;
 
 constexpr std::chrono::milliseconds kForAll = 24h;
 
