@@ -221,7 +221,10 @@ public:
 /// All services at once.
 struct FakePlatform {
     /// The program's files lie on another disk than `files`, if one is given.
-    explicit FakePlatform(FileSystem* other = nullptr) : disk(other != nullptr ? *other : files) {}
+    explicit FakePlatform(FileSystem* other = nullptr);
+    ~FakePlatform();
+    FakePlatform(const FakePlatform&) = delete;
+    FakePlatform& operator=(const FakePlatform&) = delete;
 
     FakeSettings store;
     FakeSound sound;

@@ -10,7 +10,10 @@ namespace quillshift {
 
 /// A whole program over fakes, its bars included: set what the store holds, then `Start`.
 struct TestProgram : FakePlatform {
-    using FakePlatform::FakePlatform;
+    explicit TestProgram(FileSystem* other = nullptr);
+    ~TestProgram();
+    TestProgram(const TestProgram&) = delete;
+    TestProgram& operator=(const TestProgram&) = delete;
 
     Settings settings{store};
     FakeWindowMessages messages;
@@ -21,11 +24,7 @@ struct TestProgram : FakePlatform {
     mCommandBars toolkit{{system, messages, subclass, colours, theme, timers}};
     FakeMainView window{messages};
     FakeDialogs* dialogs = nullptr;
-    Program program{platform, window, toolkit, [this](ProgramParts& parts) {
-                        auto made = std::make_unique<FakeDialogs>(parts);
-                        dialogs = made.get();
-                        return made;
-                    }};
+    Program program;
 
     TestProgram& Set(Setting setting, std::u16string_view text) {
         settings.Set(setting, text);
