@@ -35,6 +35,7 @@
 #include <QTimer>
 
 #include <dlfcn.h>
+#include <malloc.h>
 #include <thread>
 
 namespace quillshift {
@@ -71,7 +72,15 @@ void SetUpStore(SqliteSettings& store, const Platform& platform) {
         fill(store);
 }
 
+// A text that was read, copied or written goes back to the system when it is done with. Left alone, the
+// allocator takes the first large one as a reason to keep those that follow.
+void GiveBackLargeTexts() {
+    constexpr int kLarge = 1 << 20;
+    mallopt(M_MMAP_THRESHOLD, kLarge);
+}
+
 int Run(int argc, char** argv) {
+    GiveBackLargeTexts();
     SurviveFailedWrites();
     WriteDatesInRussian();
     std::thread fonts(ReadFontList);

@@ -23,10 +23,21 @@ struct Word {
     int end; // the blanks behind it left out
 };
 
+// Spares most long lines the search for all places where they may be broken.
+bool HasRoomForLongWord(const QString& text) {
+    for (qsizetype begin = 0; text.size() - begin > kLongWord;) {
+        const qsizetype blank = text.indexOf(QLatin1Char(' '), begin);
+        if (blank < 0 || blank - begin > kLongWord)
+            return true;
+        begin = blank + 1;
+    }
+    return false;
+}
+
 // In order. A word is what must not be broken where it fits a line.
 std::vector<Word> LongWords(const QString& text) {
     std::vector<Word> words;
-    if (text.size() <= kLongWord)
+    if (!HasRoomForLongWord(text))
         return words;
     QTextBoundaryFinder breaks(QTextBoundaryFinder::Line, text);
     for (int begin = 0, next = 0; (next = static_cast<int>(breaks.toNextBoundary())) >= 0; begin = next) {
