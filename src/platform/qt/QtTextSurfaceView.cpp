@@ -83,7 +83,9 @@ void QtTextSurface::SetRightMargin(Twips margin) {
 
 void QtTextSurface::ApplyRightMargin() {
     setLineWrapMode(rightMargin_.value > 0 ? QTextEdit::FixedPixelWidth : QTextEdit::WidgetWidth);
-    setLineWrapColumnOrWidth(static_cast<int>(std::lround(ToPixels(rightMargin_) * layout_->Zoom())));
+    const int plain = ToPixels(rightMargin_);
+    const int zoomed = static_cast<int>(std::lround(plain * layout_->Zoom()));
+    setLineWrapColumnOrWidth(std::min(zoomed, std::max(plain, viewport()->width()))); // stays in sight
 }
 
 int QtTextSurface::Zoom() const {
