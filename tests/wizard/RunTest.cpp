@@ -64,6 +64,47 @@ TEST(Run, TellsOfALineThatWentAnotherWay) {
     EXPECT_EQ(outcome.out.size(), 41 * text.size());
 }
 
+TEST(Run, StreamsWhatIsLongerThanItsBeginning) {
+    std::string many, oneLine;
+    while (many.size() < 1500000)
+        many += text;
+    while (oneLine.size() < 1500000)
+        oneLine += "Старая\u00A0мельница\u00A0стоит\u00A0";
+    const std::string manyKoi = Iconv(many, "UTF-8", "KOI8-R"), late = Iconv(text, "UTF-8", "CP866");
+    const std::string manyLong = Iconv(manyKoi, "CP866", "UTF-8");
+    const std::string wide = Iconv(many, "UTF-8", "UTF-16LE");
+    const std::string ascii = std::string(70, 'a') + '\n', cut = "\xD0";
+    std::string manyAscii;
+    while (manyAscii.size() < 1100000)
+        manyAscii += ascii;
+    const struct {
+        std::string in, out;
+        int status;
+    } cases[] = {
+        {manyKoi, many, 0},
+        {manyKoi + late, many + text, 1},
+        {manyKoi + "日本語\n" + koi, many + "日本語\n" + text, 1},
+        {manyLong, many, 0},
+        {many, many, 0},
+        {many + cut, many + cut, 1},
+        {manyAscii + koi, manyAscii + text, 0},
+        {manyAscii + manyKoi, manyAscii + many, 0},
+        {Iconv(oneLine, "UTF-8", "KOI8-R"), oneLine, 0},
+        {oneLine, oneLine, 0},
+        {wide, many, 0},
+        {wide + "\x10\xD8", many + "\xEF\xBF\xBD", 1},
+        {std::string(3000000, '\0') + koi, std::string(3000000, '\0') + koi, 0},
+    };
+    for (const auto& [in, out, status] : cases) {
+        const Outcome outcome = RunOn(in);
+        EXPECT_TRUE(outcome.out == out) << in.substr(0, 20);
+        EXPECT_EQ(outcome.status, status) << in.substr(0, 20) << outcome.err;
+    }
+    const std::string page = "<meta charset='koi8-r'>\n";
+    EXPECT_TRUE(RunOn(page + manyKoi, {"--to", "1251"}).out ==
+                "<meta charset='windows-1251'>\n" + Iconv(many, "UTF-8", "CP1251"));
+}
+
 TEST(Run, TellsWhatItFound) {
     EXPECT_EQ(RunOn(koi, {"--detect"}).out, "-: sure, koi8-r\n");
     EXPECT_EQ(RunOn("plain", {"--detect"}).out, "-: clean\n");

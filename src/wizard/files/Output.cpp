@@ -23,11 +23,15 @@ std::string Redeclare(std::string text, std::string_view set) {
 
 } // namespace
 
+Set SetOf(Target target, Set stored) {
+    return target == Target::Keep ? stored : target == Target::Windows1251 ? Set::Windows1251 : Set::Utf8;
+}
+
 std::optional<std::string> Output(const std::string& text, Target target, Set stored) {
+    const Set set = SetOf(target, stored);
     if (target == Target::Keep)
-        return Encode(stored, text);
-    const bool is1251 = target == Target::Windows1251;
-    return Encode(is1251 ? Set::Windows1251 : Set::Utf8, Redeclare(text, is1251 ? "windows-1251" : "utf-8"));
+        return Encode(set, text);
+    return Encode(set, Redeclare(text, set == Set::Windows1251 ? "windows-1251" : "utf-8"));
 }
 
 } // namespace quillshift::wizard

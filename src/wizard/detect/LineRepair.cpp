@@ -1,0 +1,136 @@
+#include "wizard/detect/LineRepair.h"
+
+#include "wizard/detect/Hypotheses.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace quillshift::wizard {
+
+namespace {
+
+constexpr std::size_t linesAsked = 48;      ///< how many lines of an unsure text say which ways there are
+constexpr std::size_t fruitlessLines = 500; ///< so many that say nothing of their own, and no more is asked
+constexpr std::size_t mostWays = 6;
+constexpr double sameWayBits = 4; ///< that a line goes the way of the line before it
+
+bool IsAscii(std::string_view bytes) {
+    return std::none_of(bytes.begin(), bytes.end(),
+                        [](char c) { return static_cast<std::uint8_t>(c) >= 0x80; });
+}
+
+std::string_view TakeLine(std::string_view& bytes) {
+    const std::string_view line = bytes.substr(0, std::min(bytes.find('\n'), bytes.size() - 1) + 1);
+    bytes.remove_prefix(line.size());
+    return line;
+}
+
+} // namespace
+
+std::optional<std::string> Lossless(const Chain& chain, std::string_view bytes) {
+    Undone undone = Undo(chain, bytes);
+    if (undone.lost > 0 || !Proves(chain, undone.text, bytes))
+        return std::nullopt;
+    return std::move(undone.text);
+}
+
+LineRepair::LineRepair(std::string_view beginning, const Verdict& verdict, const DetectOptions& options)
+    : options_(options) {
+    if (verdict.answer == Answer::Sure)
+        ways_.push_back(verdict.candidates.front().chain);
+    else if (verdict.answer == Answer::Clean && IsUtf8(beginning))
+        ways_.emplace_back();
+    else
+        AskLines(beginning);
+    byVerdict_ = verdict.answer != Answer::Unsure && !ways_.empty();
+}
+
+std::size_t LineRepair::Apart() const {
+    if (wentSo_.empty())
+        return 0;
+    return std::accumulate(wentSo_.begin(), wentSo_.end(), std::size_t{0}) -
+           *std::max_element(wentSo_.begin(), wentSo_.end());
+}
+
+void LineRepair::Add(std::string_view lines, std::string& text) {
+    while (!lines.empty())
+        AddLine(TakeLine(lines), text);
+}
+
+void LineRepair::AskLines(std::string_view bytes) {
+    std::vector<std::string_view> lines;
+    for (std::string_view rest = bytes; !rest.empty();)
+        if (const std::string_view line = TakeLine(rest); !IsAscii(line))
+            lines.push_back(line);
+    const std::size_t step = std::max<std::size_t>(1, lines.size() / linesAsked);
+    for (std::size_t i = 0; i < lines.size() && ways_.size() < mostWays; i += step)
+        OwnWay(lines[i]);
+}
+
+std::optional<std::size_t> LineRepair::OwnWay(std::string_view line) {
+    const Verdict own = Detect(line, options_);
+    if (own.answer == Answer::Unsure || own.candidates.empty() || own.candidates.front().letters < 3 ||
+        (own.answer == Answer::Clean && (!IsUtf8(line) || own.candidates.front().language != "ru")))
+        return std::nullopt;
+    const Chain& chain = own.candidates.front().chain;
+    const auto known = std::find(ways_.begin(), ways_.end(), chain);
+    if (known == ways_.end()) {
+        if (ways_.size() == mostWays)
+            ways_.pop_back();
+        ways_.push_back(chain);
+        return ways_.size() - 1;
+    }
+    return static_cast<std::size_t>(known - ways_.begin());
+}
+
+std::optional<LineRepair::Way> LineRepair::KnownWay(std::string_view line) const {
+    std::optional<Way> best;
+    for (std::size_t i = 0; i < ways_.size(); ++i) {
+        auto text = Lossless(ways_[i], line);
+        if (!text)
+            continue;
+        const Fit fit = RussianFit(*text);
+        const double bits = fit.bits - (i == previous_ ? sameWayBits : 0);
+        if (!best || bits < best->bits)
+            best = Way{i, std::move(*text), bits, fit.plausible};
+    }
+    return best;
+}
+
+void LineRepair::AddLine(std::string_view line, std::string& text) {
+    if (IsAscii(line)) {
+        text += line;
+        return;
+    }
+    std::optional<Way> way = KnownWay(line);
+    if ((!way || !way->plausible) && fruitless_ < fruitlessLines) {
+        const auto own = OwnWay(line);
+        auto ownText = own ? Lossless(ways_[*own], line) : std::nullopt;
+        fruitless_ += ownText ? 0 : 1;
+        if (ownText)
+            way = Way{*own, std::move(*ownText), 0, true};
+    }
+    // What says nothing for itself goes the way of the whole, unless it is well as it is.
+    if (way && !way->plausible &&
+        (!byVerdict_ || (way->number != 0 || (ways_[0] != Chain{} && IsUtf8(line)))))
+        way.reset();
+    if (way)
+        Accept(*way, line, text);
+    else
+        Leave(line, text);
+}
+
+void LineRepair::Accept(const Way& way, std::string_view line, std::string& text) {
+    previous_ = way.number;
+    text += way.text;
+    wentSo_.resize(std::max(wentSo_.size(), way.number + 1));
+    ++wentSo_[way.number];
+    changed_ = changed_ || way.text != line;
+}
+
+void LineRepair::Leave(std::string_view line, std::string& text) {
+    text += line;
+    ++unsure_;
+}
+
+} // namespace quillshift::wizard
