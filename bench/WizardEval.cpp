@@ -78,7 +78,7 @@ void AddLines(Tally& tally, const Case& test, bool show) {
     }
 }
 
-Tally& Add(Tally& tally, const Case& test, bool show) {
+Tally& Add(Tally& tally, const Case& test, bool show, bool showSure) {
     if (test.group == "lines") {
         AddLines(tally, test, show);
         return tally;
@@ -106,7 +106,7 @@ Tally& Add(Tally& tally, const Case& test, bool show) {
     tally.sure += sure;
     tally.sureRight += sure && right;
     tally.sureWrong += sure && !right;
-    if (show && (!right || (sure && !right))) {
+    if ((show && !right) || (showSure && sure && !right)) {
         std::printf("%s %s %s\n", test.chain.c_str(), sure ? "SURE" : "", test.text.c_str());
         for (std::size_t i = 0; i < std::min<std::size_t>(found.size(), 3); ++i)
             std::printf("   %-30s %s %7.1f %s\n", ToString(found[i].chain).c_str(),
@@ -137,7 +137,8 @@ int main(int argc, char** argv) {
         test.letters = std::stoi(letters);
         test.bytes = UndoDebris(Debris::Base64, bytes);
         test.text = UndoDebris(Debris::Base64, text);
-        Add(tallies[test.group][test.letters], test, argc > 2 && test.group == argv[2]);
+        Add(tallies[test.group][test.letters], test, argc > 2 && test.group == argv[2],
+            argc > 2 && std::string_view(argv[2]) == "sure");
     }
     std::printf("%-18s %-8s %6s %7s %7s %7s %6s %8s\n", "what", "letters", "cases", "right", "in 3", "sure",
                 "wrong", "slowest");
