@@ -148,7 +148,7 @@ double LetterAfter(Sign sign) {
 
 /// What it costs that a sign stands behind a letter or not, and behind another sign.
 double SignAfter(Sign sign, bool afterLetter, Sign before) {
-    if (before == Sign::Opening)
+    if (before == Sign::Opening || (before == Sign::Dash && sign == Sign::Dash))
         return 5;
     if (sign == Sign::HardBlank)
         return before == Sign::Blank || before == Sign::HardBlank ? 6 : 0;
@@ -215,7 +215,9 @@ double Model::Bits(const Reading& reading) const {
                 bits += Cost(before, last, 0) + (symbol.ascii ? 5 : 0) + (symbol.strange ? 4 : 0);
                 letterCase = CaseAfterGap(letterCase);
             }
-            bits += (symbol.box && s == previous ? 2 : symbol.bits) + SignAfter(symbol.sign, last != 0, sign);
+            bits += (symbol.box && s == previous ? 2 : symbol.bits) +
+                    SignAfter(symbol.sign, last != 0 || afterAscii, sign) +
+                    (symbol.ascii ? LetterAfter(sign) : 0);
             sign = symbol.sign;
             sentenceEnded = sign == Sign::Stop || (sentenceEnded && sign == Sign::Blank);
             before = last = 0;
