@@ -12,14 +12,16 @@ constexpr std::size_t wholeBytes = 3200; // up to here all is looked at
 constexpr std::size_t sampleBytes = 1600;
 constexpr std::size_t longestLine = 400;
 constexpr std::size_t debrisBytes = 6000;
-constexpr double sureLead = 9;          // bits before the next text
-constexpr double sureLeadOverCase = 18; // bits before the same text in capitals or small letters
-constexpr double sureOverAlone = 16;    // bits before the same text as another language
+constexpr double sureLead = 11;          // bits before the next text
+constexpr double sureByText = 1;         // the same by the text alone, whatever the chains cost
+constexpr double mostBitsACharacter = 8; // what costs more is no text that was found
+constexpr double sureLeadOverCase = 18;  // bits before the same text in capitals or small letters
+constexpr double sureOverAlone = 16;     // bits before the same text as another language
 
 /// The same for so many letters: names are much alike in all languages, so that a few prove little and a long
 /// list has to differ all over.
 double OverAloneFor(std::size_t letters) {
-    return std::max(letters < 40 ? 22.0 : sureOverAlone, 0.5 * static_cast<double>(letters));
+    return std::max(letters < 60 ? 32.0 : sureOverAlone, 0.5 * static_cast<double>(letters));
 }
 
 bool IsHigh(char byte) {
@@ -89,9 +91,29 @@ double LeadOver(const Candidate& best, const Candidate& rival) {
     return deep && WithoutCase(best.preview) == WithoutCase(rival.preview) ? sureLeadOverCase : sureLead;
 }
 
+/// Whether the best is the likeliest by its text, too. A capital or two must not be decided by the length of
+/// the chains, and what is unlikely in any reading is no text.
+bool TextDecides(const std::vector<Candidate>& candidates) {
+    const Candidate& best = candidates.front();
+    const double bits = best.bits - best.prior;
+    std::size_t characters = 0;
+    for (std::size_t at = 0; at < best.preview.size(); ++characters)
+        NextUtf8(best.preview, at);
+    return bits <= mostBitsACharacter * static_cast<double>(characters) &&
+           std::all_of(candidates.begin(), candidates.end(), [&](const Candidate& other) {
+               return other.preview == best.preview || other.bits - other.prior >= bits + sureByText;
+           });
+}
+
 Candidate Finish(const Hypothesis& hypothesis, std::string_view sample) {
-    Candidate candidate{
-        hypothesis.chain, hypothesis.leaveAlone, hypothesis.language, hypothesis.bits, 0, 0, {}};
+    Candidate candidate{hypothesis.chain,
+                        hypothesis.leaveAlone,
+                        hypothesis.language,
+                        hypothesis.bits,
+                        hypothesis.prior,
+                        0,
+                        0,
+                        {}};
     Undone undone =
         Undo(hypothesis.leaveAlone ? Chain{hypothesis.chain.stored, {}} : hypothesis.chain, sample);
     candidate.lost = undone.lost;
@@ -102,7 +124,7 @@ Candidate Finish(const Hypothesis& hypothesis, std::string_view sample) {
 }
 
 Verdict Binary() {
-    return {Answer::Clean, {{{Set::Utf8, {}}, true, "binary", 0, 0, 0, {}}}};
+    return {Answer::Clean, {{{Set::Utf8, {}}, true, "binary", 0, 0, 0, 0, {}}}};
 }
 
 /// UTF-16 by its mark, or by the many bytes 0 or 4 on one side.
@@ -201,7 +223,8 @@ Verdict Detect(std::string_view bytes, const DetectOptions& options) {
     const auto alone = std::find_if(verdict.candidates.begin(), verdict.candidates.end(),
                                     [](const Candidate& other) { return other.leaveAlone; });
     const double overAlone = alone == verdict.candidates.end() ? 1e9 : alone->bits - best.bits;
-    const bool isSure = lead >= wanted && overAlone >= OverAloneFor(best.letters) && best.lost == 0;
+    const bool isSure = lead >= wanted && overAlone >= OverAloneFor(best.letters) && best.lost == 0 &&
+                        TextDecides(verdict.candidates);
     // Neither binary nor UTF-8 as it should be: something is wrong with it, whatever it is.
     const bool undecided = best.leaveAlone && best.chain.stored == Set::Utf8 && !IsUtf8(bytes);
     verdict.answer = best.leaveAlone && !undecided ? Answer::Clean

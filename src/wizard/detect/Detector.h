@@ -12,6 +12,7 @@ struct Candidate {
     bool leaveAlone = false;   ///< nothing is to be done: UTF-8 as it is, another language, or no text at all
     std::string_view language; ///< the model that explains it; "binary" for none
     double bits = 0;           ///< what the sample costs under it: a smaller number is likelier
+    double prior = 0;          ///< how many of them the chain costs before the text is seen
     std::size_t letters = 0;   ///< letters of the language in the sample
     std::size_t lost = 0;      ///< characters of the sample lost on the way
     std::string preview;       ///< the sample's beginning as it would read, UTF-8

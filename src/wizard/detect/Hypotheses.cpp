@@ -172,14 +172,15 @@ private:
         found_.push_back(
             {node.chain, asItIs, modelData[model].language,
              bits - (asItIs ? leaveAloneGain : 0) +
-                 (model != 0 ? otherLanguageBits[static_cast<std::size_t>(node.chain.stored)] : 0)});
+                 (model != 0 ? otherLanguageBits[static_cast<std::size_t>(node.chain.stored)] : 0),
+             node.prior});
     }
 
     void AddBinary(std::string_view sample) {
         double bits = 30;
         for (const char byte : sample)
             bits += static_cast<std::uint8_t>(byte) < 0x80 ? 5 : 8;
-        found_.push_back({{Set::Utf8, {}}, true, "binary", bits});
+        found_.push_back({{Set::Utf8, {}}, true, "binary", bits, 30});
     }
 
     bool Known(const Node& node) {

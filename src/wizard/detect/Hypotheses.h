@@ -9,6 +9,7 @@ struct Hypothesis {
     bool leaveAlone = false;
     std::string_view language;
     double bits = 0;
+    double prior = 0; ///< how many of the bits the chain costs before the text is seen
 };
 
 /// How well UTF-8 text does as Russian.
