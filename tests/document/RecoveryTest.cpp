@@ -42,7 +42,7 @@ TEST(RecoveryFormat, ACutOrZeroTailIsNoDamageAndAllElseIs) {
     EXPECT_EQ(left->place, place);
 
     for (std::size_t cut = 0; cut < all.size(); ++cut)
-        for (const std::size_t zeros : {0, 1, 600}) {
+        for (const std::size_t zeros : {0U, 1U, 600U}) {
             const auto read = ReadRecoveryFile(all.substr(0, cut) + std::string(zeros, '\0'));
             if (read) {
                 EXPECT_EQ(read->text, cut >= edited.size() ? left->text : text) << cut;
