@@ -134,6 +134,17 @@ TEST_F(Folders, WhatHasChangedSinceStays) {
     EXPECT_EQ(Contents(fine), koi);
 }
 
+TEST_F(Folders, TakesTheBackupThatAKillHasLeft) {
+    const std::string letter = Make("letter.txt", koi);
+    Make("letter.txt.bak", koi);
+    const auto before = Everything();
+    EXPECT_EQ(Write(), 0);
+    EXPECT_EQ(Contents(letter), text);
+    EXPECT_FALSE(fs::exists(letter + ".bak.bak"));
+    EXPECT_EQ(Undo(), 0);
+    EXPECT_EQ(Everything(), before);
+}
+
 TEST_F(Folders, WhatChangesBetweenTheLookAndTheRepairStays) {
     const std::string letter = Make("letter.txt", koi);
     const auto findings = LookAt({letter}, {}, [](std::size_t /*done*/) { return true; });

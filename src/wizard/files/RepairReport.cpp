@@ -16,6 +16,7 @@ namespace {
 
 constexpr std::string_view kHeading = "quillshift-wizard repairs 1\n";
 constexpr std::size_t kFields = 8;
+constexpr std::string_view kKept = "\tkept"; ///< behind them, where the backup was there before
 
 /// A path on one line and between tabs.
 std::string Escaped(std::string_view text) {
@@ -45,6 +46,9 @@ bool Take(std::string_view text, Number& number) {
 }
 
 std::optional<RepairEntry> EntryIn(std::string_view line) {
+    const bool keepsBackup = line.ends_with(kKept);
+    if (keepsBackup)
+        line.remove_suffix(kKept.size());
     std::array<std::string_view, kFields> fields;
     for (std::size_t i = 0; i < kFields; ++i) {
         const std::size_t tab = line.find('\t');
@@ -57,7 +61,8 @@ std::optional<RepairEntry> EntryIn(std::string_view line) {
                       .after = std::string(fields[1]),
                       .chain = std::string(fields[2]),
                       .backup = Unescaped(fields[6]),
-                      .path = Unescaped(fields[7])};
+                      .path = Unescaped(fields[7]),
+                      .keepsBackup = keepsBackup};
     if (!Take(fields[3], entry.lost) || !Take(fields[4], entry.seconds) ||
         !Take(fields[5], entry.nanoseconds))
         return std::nullopt;
@@ -77,7 +82,8 @@ bool RepairReport::Add(const RepairEntry& entry) {
     for (const std::int64_t number :
          {static_cast<std::int64_t>(entry.lost), entry.seconds, entry.nanoseconds})
         line += '\t' + std::to_string(number);
-    line += '\t' + Escaped(entry.backup) + '\t' + Escaped(entry.path) + '\n';
+    line += '\t' + Escaped(entry.backup) + '\t' + Escaped(entry.path);
+    line.append(entry.keepsBackup ? kKept : "").append("\n");
     const std::lock_guard lock(adding_);
     if (error_ == 0)
         error_ = WriteAll(file_.Fd(), line);

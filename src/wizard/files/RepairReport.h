@@ -17,6 +17,7 @@ struct RepairEntry {
     std::size_t lost = 0;                      ///< characters
     std::int64_t seconds = 0, nanoseconds = 0; ///< when the contents were changed before
     std::string backup, path;                  ///< absolute
+    bool keepsBackup = false;                  ///< the backup was there before, and outlives an undo
 
     bool operator==(const RepairEntry&) const = default;
 };

@@ -15,13 +15,22 @@ namespace quillshift::wizard {
 
 namespace {
 
-/// Beside the file, where nothing stands yet.
-std::string FreeBackupName(const std::string& path) {
+struct BackupPlace {
+    std::string name;
+    bool isThere; ///< with the very contents, as after a kill; it is not ours to remove
+};
+
+/// Beside the file, where nothing stands yet or a copy of it.
+BackupPlace PlaceOfBackup(const std::string& path, const std::string& contents) {
     std::string name = path + ".bak";
     struct stat info {};
-    while (lstat(name.c_str(), &info) == 0)
+    while (lstat(name.c_str(), &info) == 0) {
+        const bool canBe = S_ISREG(info.st_mode) && info.st_size == static_cast<off_t>(contents.size());
+        if (canBe && PosixFiles::ReadNative(name).bytes == contents)
+            return {name, true};
         name += ".bak";
-    return name;
+    }
+    return {name, false};
 }
 
 Repaired UndoOne(const Chain& chain, const std::string& bytes) {
@@ -62,13 +71,15 @@ Outcome Repairs::Repair(const Finding& finding) {
     const auto rewritten = Rewrite(finding, contents.bytes, why);
     if (!rewritten)
         return why;
+    const BackupPlace place = PlaceOfBackup(path, contents.bytes);
     const RepairEntry entry{.before = Sha256(contents.bytes),
                             .after = Sha256(rewritten->bytes),
                             .chain = ToString(rewritten->chain),
                             .seconds = contents.mark.seconds,
                             .nanoseconds = contents.mark.nanoseconds,
-                            .backup = FreeBackupName(path),
-                            .path = path};
+                            .backup = place.name,
+                            .path = path,
+                            .keepsBackup = place.isThere};
     return Replace(entry, contents.bytes, rewritten->bytes);
 }
 
@@ -94,12 +105,14 @@ Outcome Repairs::Replace(const RepairEntry& entry, const std::string& before, co
     times_.Keep(entry.path);
     if (!report_.Add(entry))
         return Outcome::Failed;
-    Preparation prepared = PrepareSideBackup(entry.backup, before, entry.path);
-    if (!prepared.backup || prepared.backup->PutInPlace())
-        return Outcome::Failed;
+    if (!entry.keepsBackup) {
+        Preparation prepared = PrepareSideBackup(entry.backup, before, entry.path);
+        if (!prepared.backup || prepared.backup->PutInPlace())
+            return Outcome::Failed;
+    }
     const Written written = PosixFiles().ReplaceNative(entry.path, after, {Expected::What::Bytes, before});
     const bool stayed = written.unexpected || (written.failure && !written.replaced);
-    if (stayed)
+    if (stayed && !entry.keepsBackup)
         unlink(entry.backup.c_str());
     times_.Keep(entry.path);
     return written.unexpected ? Outcome::ChangedMeanwhile
@@ -141,7 +154,7 @@ Returned BringBack(const RepairEntry& entry, FolderTimes& times) {
     Returned returned = hash == entry.before ? Returned::AsBefore : Returned::Changed;
     if (hash == entry.after)
         returned = PutBack(entry, now.bytes);
-    if (returned == Returned::AsBefore || returned == Returned::Restored)
+    if (!entry.keepsBackup && (returned == Returned::AsBefore || returned == Returned::Restored))
         RemoveBackup(entry);
     times.Keep(entry.path);
     return returned;
