@@ -9,3 +9,5 @@ build/fuzz/fuzz/fuzz_rtf -dict=fuzz/rtf.dict -max_total_time="$1" -max_len=20000
     -artifact_prefix=build/fuzz/ build/fuzz/corpus/rtf fuzz/corpus/rtf
 build/fuzz/fuzz/fuzz_wizard -max_total_time="$1" -max_len=3000 -print_final_stats=1 \
     -artifact_prefix=build/fuzz/ build/fuzz/corpus/wizard
+build/fuzz/fuzz/fuzz_wizard_pieces -max_total_time="$1" -max_len=1500 -print_final_stats=1 \
+    -artifact_prefix=build/fuzz/ build/fuzz/corpus/wizard

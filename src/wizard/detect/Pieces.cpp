@@ -33,10 +33,14 @@ std::size_t CutLine(const Chain& chain, std::string_view bytes) {
     return bytes.size();
 }
 
+bool IsBase64Digit(char c) {
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '+' || c == '/';
+}
+
 std::size_t WholeBase64(std::string_view bytes) {
     std::size_t digits = 0, end = 0;
     for (std::size_t i = 0; i < bytes.size(); ++i) {
-        digits += bytes[i] != '\n' && bytes[i] != '\r';
+        digits += IsBase64Digit(bytes[i]);
         if (digits % 4 == 0)
             end = i + 1;
     }
