@@ -123,6 +123,7 @@ TEST_F(ClipboardElsewhere, TheMiddleButtonPutsInWhatIsSelectedElsewhere) {
     editor.Start();
     desktop.Type(u"ab");
     StartCopying("слово\nещё", "-silent", "UTF8_STRING", "primary").WaitForEnd();
+    desktop.WaitUntil("the word is selected", [&] { return Read("primary") == "слово\nещё"; });
     const Rect window = desktop.Place(editor.Window());
     desktop.Click({window.left + 12, window.top + 100}, 2);
     editor.Settle(); // the window manager sees clicks first, and keys could overtake this one

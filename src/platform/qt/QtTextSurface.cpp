@@ -114,7 +114,7 @@ int QtTextSurface::PositionInDocument(std::size_t surfacePosition) const {
 std::u16string QtTextSurface::TextBetween(int from, int to) const {
     std::u16string text;
     const int breaks = document()->findBlock(to).blockNumber() - document()->findBlock(from).blockNumber();
-    text.reserve(static_cast<std::size_t>(to - from + breaks));
+    text.reserve(static_cast<std::size_t>(to - from) + static_cast<std::size_t>(breaks));
     for (QTextBlock block = document()->findBlock(from); block.isValid() && block.position() <= to;
          block = block.next()) {
         const QString line = block.text();
