@@ -22,7 +22,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             std::abort();
     }
     for (const Set set : {Set::Koi8R, Set::Utf8, Set::Utf16Le, Set::Utf16Be}) {
-        const std::size_t end = WholeLines({set}, first);
+        const std::size_t end = WholeLines({set, {}}, first);
         std::size_t lost = 0;
         const std::string apart =
             Decode(set, bytes.substr(0, end), lost) + Decode(set, bytes.substr(end), lost);

@@ -195,8 +195,8 @@ void StoreFile::Close() {
 
 bool StoreFile::HaveRightsChanged() const {
     sqlite3* connection = connection_.get();
-    return connection != nullptr && (sqlite3_db_readonly(connection, "main") == 0) !=
-                                        (access(sqlite3_db_filename(connection, "main"), W_OK) == 0);
+    const char* file = connection != nullptr ? sqlite3_db_filename(connection, "main") : nullptr;
+    return file != nullptr && (sqlite3_db_readonly(connection, "main") == 0) != (access(file, W_OK) == 0);
 }
 
 bool StoreFile::HasMoved() const {
