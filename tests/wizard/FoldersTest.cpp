@@ -143,6 +143,12 @@ TEST_F(Folders, TakesTheBackupThatAKillHasLeft) {
     EXPECT_FALSE(fs::exists(letter + ".bak.bak"));
     EXPECT_EQ(Undo(), 0);
     EXPECT_EQ(Everything(), before);
+    // Another name of the letter is no copy of it.
+    fs::remove(letter + ".bak");
+    fs::create_hard_link(letter, letter + ".bak");
+    fs::remove(report_);
+    EXPECT_EQ(Write(), 0);
+    EXPECT_EQ(Contents(letter + ".bak.bak"), koi);
 }
 
 TEST_F(Folders, WhatChangesBetweenTheLookAndTheRepairStays) {

@@ -20,12 +20,13 @@ struct BackupPlace {
     bool isThere; ///< with the very contents, as after a kill; it is not ours to remove
 };
 
-/// Beside the file, where nothing stands yet or a copy of it.
+/// Beside the file, where nothing stands yet or a copy of it; another name of the file would change with it.
 BackupPlace PlaceOfBackup(const std::string& path, const std::string& contents) {
     std::string name = path + ".bak";
     struct stat info {};
     while (lstat(name.c_str(), &info) == 0) {
-        const bool canBe = S_ISREG(info.st_mode) && info.st_size == static_cast<off_t>(contents.size());
+        const bool canBe = S_ISREG(info.st_mode) && info.st_nlink == 1 &&
+                           info.st_size == static_cast<off_t>(contents.size());
         if (canBe && PosixFiles::ReadNative(name).bytes == contents)
             return {name, true};
         name += ".bak";
