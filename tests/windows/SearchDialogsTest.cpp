@@ -125,7 +125,8 @@ TEST(RealSurface, FindsAsAPatternDoes) {
     const auto some = [&](std::size_t most) {
         std::u16string text;
         for (std::size_t left = 1 + random.Below(most); left > 0; --left)
-            text += FromQString(letters[static_cast<int>(random.Below(letters.size()))]);
+            text += FromQString(
+                letters[static_cast<qsizetype>(random.Below(static_cast<std::size_t>(letters.size())))]);
         return text;
     };
     QtTextSurface surface;

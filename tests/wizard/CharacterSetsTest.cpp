@@ -56,7 +56,7 @@ TEST(Chain, CountsWhatIsLost) {
     const std::string garbled = Iconv("Привет", "CP1251", "UTF-8");
     EXPECT_EQ(Undo(*ChainFrom("utf-8>1251"), garbled + "\xE2\x98\xBA").lost, 1U);
     // Half of a character is one lost, whichever half it is.
-    for (const std::size_t place : {4, 6}) {
+    for (const std::size_t place : {4U, 6U}) {
         std::string lossy = garbled;
         lossy.replace(place, 2, "?");
         const Undone undone = Undo(*ChainFrom("utf-8>1251"), lossy);
