@@ -196,6 +196,20 @@ BENCHMARK(TypeInTheBareWidget)->Arg(10 << 10)->Arg(1 << 20)->Arg(10 << 20)->Unit
 
 // --- Keys in long texts
 
+enum Shape { InLines, OneLine, OneWord };
+
+std::u16string TextToTypeIn(const benchmark::State& state) {
+    std::string bytes = Letter(state.range(0) << 20);
+    const auto isBreak = [](char c) { return c == '\r' || c == '\n'; };
+    if (state.range(2) != InLines)
+        bytes.erase(std::remove_if(bytes.begin(), bytes.end(), isBreak), bytes.end());
+    if (state.range(2) == OneWord)
+        bytes.erase(std::remove_if(bytes.begin(), bytes.end(),
+                                   [](char c) { return c == ' ' || c == ':' || c == ','; }),
+                    bytes.end());
+    return windows1251::Decode(bytes);
+}
+
 // Letters typed at the start (0), the middle (1) or the end (2) of so many megabytes, each from the event to
 // the paint. The first and the longest one count: the first may have something to catch up on.
 template <typename Edit>
@@ -225,7 +239,8 @@ void KeysInTheSurface(benchmark::State& state) {
     QtTextSurface surface;
     surface.resize(760, 490);
     surface.show();
-    surface.LoadPlain(windows1251::Decode(Letter(state.range(0) << 20)));
+    surface.LoadPlain(TextToTypeIn(state));
+    surface.SetSelStart(0); // all is in the document
     QApplication::processEvents();
     TypeLetters(state, surface);
 }
@@ -235,18 +250,20 @@ void KeysInTheBareWidget(benchmark::State& state) {
     widget.document()->setUndoRedoEnabled(false);
     widget.resize(760, 490);
     widget.show();
-    widget.setPlainText(ToQString(windows1251::Decode(Letter(state.range(0) << 20))));
+    widget.setPlainText(ToQString(TextToTypeIn(state)));
     QApplication::processEvents();
     TypeLetters(state, widget);
 }
 BENCHMARK(KeysInTheSurface)
-    ->ArgsProduct({{1, 10, 50}, {0, 1, 2}})
+    ->ArgsProduct({{1, 10, 50}, {0, 1, 2}, {InLines}})
+    ->ArgsProduct({{1}, {0, 1, 2}, {OneLine, OneWord}})
     ->Unit(benchmark::kMillisecond)
-    ->Iterations(50);
+    ->Iterations(30);
 BENCHMARK(KeysInTheBareWidget)
-    ->ArgsProduct({{1, 10}, {0, 1, 2}})
+    ->ArgsProduct({{1, 10}, {0, 1, 2}, {InLines}})
+    ->ArgsProduct({{1}, {1}, {OneLine}})
     ->Unit(benchmark::kMillisecond)
-    ->Iterations(20);
+    ->Iterations(5);
 
 // The lines of a text are counted once.
 void CountLines(benchmark::State& state) {

@@ -1,5 +1,7 @@
 #include "platform/qt/ParagraphLines.h"
 
+#include "platform/qt/LongLines.h"
+
 #include <QStyle>
 #include <QTextBlock>
 #include <QTextBoundaryFinder>
@@ -77,7 +79,7 @@ void LayOutParagraph(QTextLayout& layout, const QTextBlock& block, qreal room, q
     const auto measure = [scale](qreal pixels) { return std::trunc(pixels * scale * kUnits) / kUnits; };
     const qreal left = measure(format.leftMargin());
     const qreal width = room - left - measure(format.rightMargin());
-    qreal indent = measure(format.textIndent());
+    qreal indent = ContinuesLine(block) ? 0 : measure(format.textIndent());
     qreal y = 0;
     const bool isLeftToRight = byWords.textDirection() != Qt::RightToLeft;
 

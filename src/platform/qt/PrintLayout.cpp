@@ -1,5 +1,6 @@
 #include "platform/qt/PrintLayout.h"
 
+#include "platform/qt/LongLines.h"
 #include "platform/qt/ParagraphLines.h"
 
 #include <QPainter>
@@ -56,7 +57,7 @@ int PrintLayout::Paint(QPainter& painter, const QRectF& area, int from) {
     for (QTextBlock block = document_.findBlock(from); block.isValid(); block = block.next()) {
         const QTextLayout& layout = LaidOut(block, std::max(area.width(), kLeastWidth));
         int number = layout.lineForTextPosition(std::max(from - block.position(), 0)).lineNumber();
-        if (any || from == 0)
+        if ((any || from == 0) && !ContinuesLine(block))
             y += std::max(below, block.blockFormat().topMargin()) * Scale();
         below = block.blockFormat().bottomMargin();
         const qreal origin = y - layout.lineAt(number).y();

@@ -1,6 +1,7 @@
 #include "platform/qt/QtTextSurface.h"
 
 #include "base/TextChange.h"
+#include "platform/qt/LongLines.h"
 #include "platform/qt/PrintLayout.h"
 #include "platform/qt/QtPrinter.h"
 #include "platform/qt/QtText.h"
@@ -14,7 +15,6 @@
 #include <QMouseEvent>
 #include <QTextBlock>
 #include <QTextDocument>
-#include <QTextDocumentFragment>
 #include <QUrl>
 
 #include <algorithm>
@@ -65,7 +65,8 @@ QtTextSurface::QtTextSurface(QWidget* parent, EditingKeys keys)
     : QTextEdit(parent),
       keys_(keys),
       layout_(new ViewLayout(document(), *viewport())),
-      fill_(std::make_unique<TextFill>(*document())) {
+      lines_(std::make_unique<LongLines>(*document())),
+      fill_(std::make_unique<TextFill>(*document(), *lines_)) {
     const int caretWidth = cursorWidth();
     document()->setDocumentLayout(layout_);
     setCursorWidth(caretWidth); // which is the layout's
@@ -73,10 +74,18 @@ QtTextSurface::QtTextSurface(QWidget* parent, EditingKeys keys)
     setFrameShape(QFrame::NoFrame);
     setAcceptRichText(false);
     document()->setUndoRedoEnabled(keys == EditingKeys::OfSurface);
+    lines_->SetParting(keys == EditingKeys::OfCommands);
     moreFill_.setSingleShot(true);
     connect(&moreFill_, &QTimer::timeout, this, &QtTextSurface::FillMore);
+    connect(document(), &QTextDocument::contentsChange, this,
+            [this](int from, int /*removed*/, int added) { lines_->Follow(from, added); });
     connect(document(), &QTextDocument::contentsChange, this, &QtTextSurface::MirrorChange);
-    connect(document(), &QTextDocument::contentsChanged, this, &QtTextSurface::RaiseChange);
+    connect(document(), &QTextDocument::contentsChanged, this, [this] {
+        if (replacing_)
+            return;
+        TidyLines();
+        RaiseChange();
+    });
     connect(this, &QTextEdit::cursorPositionChanged, this, &QtTextSurface::NoteSelection);
     connect(this, &QTextEdit::selectionChanged, this, &QtTextSurface::NoteSelection);
 }
@@ -86,45 +95,14 @@ QtTextSurface::~QtTextSurface() = default;
 // --- Positions and the mirror
 
 std::size_t QtTextSurface::SurfacePosition(int documentPosition) const {
-    return static_cast<std::size_t>(documentPosition + document()->findBlock(documentPosition).blockNumber());
+    return lines_->TextPosition(documentPosition);
 }
 
 // What calls from outside name may lie in what is to be filled in yet.
 int QtTextSurface::DocumentPosition(std::size_t surfacePosition) const {
     FillAll();
     surfacePosition -= IsInsideCharacter(mirror_, surfacePosition) ? 1 : 0;
-    return PositionInDocument(std::min(surfacePosition, mirror_.size()));
-}
-
-int QtTextSurface::PositionInDocument(std::size_t surfacePosition) const {
-    const int wanted = static_cast<int>(surfacePosition);
-    int low = 0; // a block that begins at or before the position
-    int high = document()->blockCount();
-    while (high - low > 1) {
-        const int middle = low + (high - low) / 2;
-        if (document()->findBlockByNumber(middle).position() + middle <= wanted)
-            low = middle;
-        else
-            high = middle;
-    }
-    const QTextBlock block = document()->findBlockByNumber(low);
-    return std::min(wanted - low, block.position() + block.length() - 1);
-}
-
-std::u16string QtTextSurface::TextBetween(int from, int to) const {
-    std::u16string text;
-    const int breaks = document()->findBlock(to).blockNumber() - document()->findBlock(from).blockNumber();
-    text.reserve(static_cast<std::size_t>(to - from) + static_cast<std::size_t>(breaks));
-    for (QTextBlock block = document()->findBlock(from); block.isValid() && block.position() <= to;
-         block = block.next()) {
-        const QString line = block.text();
-        const int begin = std::max(0, from - block.position());
-        const int end = std::min(static_cast<int>(line.size()), to - block.position());
-        text += ViewOf(line).substr(static_cast<std::size_t>(begin), static_cast<std::size_t>(end - begin));
-        if (block.position() + block.length() <= to)
-            text += kBreak;
-    }
-    return text;
+    return lines_->DocumentPosition(std::min(surfacePosition, mirror_.size()));
 }
 
 // What stands before and behind a change is as it was, so its place in the old mirror follows from the new
@@ -136,12 +114,14 @@ void QtTextSurface::MirrorChange(int from, int /*removed*/, int added) {
     const int last = document()->characterCount() - 1;
     from = std::min(from, last);
     const int to = std::min(from + added, last);
-    const std::size_t length = static_cast<std::size_t>(last + document()->blockCount() - 1);
+    const std::size_t length = lines_->Length();
     const std::size_t filled = mirror_.size() - fill_->Left();
     const std::size_t begin = std::min(SurfacePosition(from), filled);
     const std::size_t behind = std::min(length - SurfacePosition(to), filled - begin);
     TextChange change{.place = begin, .removed = filled - begin - behind, .added = 0};
-    const std::u16string text = TextBetween(from, to);
+    const std::u16string text = lines_->TextBetween(from, to);
+    tidyFrom_ = std::min(tidyFrom_, from);
+    tidyTo_ = std::max(tidyTo_, to);
     const auto old = std::u16string_view(mirror_).substr(begin, change.removed);
     if (old == text)
         return;
@@ -220,7 +200,7 @@ void QtTextSurface::SetSelText(std::u16string_view text) {
     FillAll();
     QTextCursor cursor = textCursor();
     cursor.beginEditBlock(); // the widget's own undo would take it for typing that goes on
-    cursor.insertText(WithPlainBreaks(text));
+    lines_->Insert(cursor, WithPlainBreaks(text));
     cursor.endEditBlock();
     setTextCursor(cursor);
     ensureCursorVisible();
@@ -245,7 +225,9 @@ void QtTextSurface::SetSelIndent(Twips indent) {
     FillAll();
     QTextBlockFormat format;
     format.setLeftMargin(static_cast<qreal>(indent.value) / kTwipsPerPixel);
-    textCursor().mergeBlockFormat(format);
+    QTextCursor cursor = textCursor();
+    lines_->SelectWholeLines(cursor);
+    cursor.mergeBlockFormat(format);
 }
 
 void QtTextSurface::SetFont(const SurfaceFont& font) {
@@ -324,12 +306,15 @@ void QtTextSurface::keyPressEvent(QKeyEvent* event) {
         QTextEdit::keyPressEvent(&plain);
         return;
     }
+    StepOverPart(*event);
     QTextEdit::keyPressEvent(event);
+    LeavePartsEnd(*event);
 }
 
 void QtTextSurface::mousePressEvent(QMouseEvent* event) {
     FillBeforeInput();
     QTextEdit::mousePressEvent(event);
+    SelectWholeLine();
     const QPoint screen = event->globalPosition().toPoint();
     if (event->button() == Qt::RightButton && OnRightMouseDown)
         OnRightMouseDown({screen.x(), screen.y()});
@@ -400,11 +385,7 @@ void QtTextSurface::dropEvent(QDropEvent* event) {
     QTextCursor target = cursorForPosition(event->position().toPoint());
     if (target.position() >= selection.selectionStart() && target.position() <= selection.selectionEnd())
         return;
-    const QTextDocumentFragment moved = selection.selection();
-    target.beginEditBlock(); // one edit of the text
-    selection.removeSelectedText();
-    target.insertFragment(moved);
-    target.endEditBlock();
+    MoveText(selection, target);
     setTextCursor(target);
 }
 

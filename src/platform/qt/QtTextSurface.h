@@ -6,10 +6,12 @@
 #include <QTimer>
 
 #include <chrono>
+#include <limits>
 #include <memory>
 
 namespace quillshift {
 
+class LongLines;
 class PrintLayout;
 class TextFill;
 class ViewLayout;
@@ -23,8 +25,8 @@ enum class EditingKeys {
 /// The text surface on Qt's rich-text widget.
 ///
 /// A mirror of the plain text is kept from the document's change notices, because the widget's own call for
-/// it turns U+00A0 into a blank. The widget counts a line break as one position and the surface as two, so a
-/// position differs by the number of its block.
+/// it turns U+00A0 into a blank. The widget counts a line break as one position and the surface as two, and
+/// has a long line in several paragraphs: `LongLines` turns the positions of one into those of the other.
 ///
 /// A long text is in the mirror at once. The document gets its first lines at once and the rest between the
 /// events, once it is seen; whatever may reach behind what it has waits for all of it.
@@ -107,8 +109,6 @@ private:
     bool LeavesToCommands(const QKeyEvent& event) const;
     std::size_t SurfacePosition(int documentPosition) const;
     int DocumentPosition(std::size_t surfacePosition) const;
-    int PositionInDocument(std::size_t surfacePosition) const; // of a place between whole characters
-    std::u16string TextBetween(int from, int to) const;
     Selection CurrentSelection() const { return {SelStart(), SelLength()}; }
 
     void ReplaceAll(std::u16string text, const std::function<void()>& begin);
@@ -122,6 +122,11 @@ private:
     void OfferSelection() const;
     bool TakeFile(QDropEvent& event);
     void RaiseChange();
+    void TidyLines();
+    void StepOverPart(const QKeyEvent& event);
+    void LeavePartsEnd(const QKeyEvent& event);
+    void SelectWholeLine();
+    void MoveText(QTextCursor& selection, QTextCursor& target);
 
     void ApplyRightMargin();
     bool BringIntoView(bool toEnd);
@@ -129,7 +134,8 @@ private:
     void KeepPlace(const std::function<void()>& work);
 
     EditingKeys keys_;
-    ViewLayout* layout_;             ///< the document's
+    ViewLayout* layout_; ///< the document's
+    std::unique_ptr<LongLines> lines_;
     std::unique_ptr<TextFill> fill_; ///< of the document with what the mirror has
     QTimer moreFill_;
     std::unique_ptr<PrintLayout> printLayout_; ///< of the document that is being printed
@@ -142,6 +148,8 @@ private:
     std::size_t place_ = 0;  // ... where ...
     std::size_t came_ = 0;   // ... and how much of the mirror came there
     bool textMoved_ = false; // there is such an edit
+    int tidyFrom_ = std::numeric_limits<int>::max(); // where in the document lines may be too long
+    int tidyTo_ = -1;
     bool composing_ = false; // an input method's event is at work
     bool following_ = false; // the view's place gets another number, and shows the same
     bool replacing_ = false; // a call here replaces much, and raises the notices itself

@@ -1,5 +1,6 @@
 #include "base/TextChange.h"
 #include "base/Texts.h"
+#include "platform/qt/LongLines.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/QtTextSurface.h"
 #include "platform/qt/TextFind.h"
@@ -55,14 +56,14 @@ void QtTextSurface::ReplaceEach(const std::function<const Replacement*()>& next,
     replacing_ = true;
     cursor.beginEditBlock();
     while (const Replacement* const one = next()) {
-        const int begin = PositionInDocument(one->place);
-        const int end = PositionInDocument(one->place + one->went.size());
+        const int begin = lines_->DocumentPosition(one->place);
+        const int end = lines_->DocumentPosition(one->place + one->went.size());
         edits.push_back(EditOf(*document(), *one, begin, end, whole));
         cursor.setPosition(begin);
         cursor.setPosition(end, QTextCursor::KeepAnchor);
-        cursor.insertText(ToQString(whole));
+        lines_->Insert(cursor, ToQString(whole));
     }
-    mirror_ = TextBetween(0, document()->characterCount() - 1);
+    mirror_ = lines_->TextBetween(0, document()->characterCount() - 1);
     cursor.endEditBlock();
     if (!edits.empty())
         setTextCursor(cursor);

@@ -1,5 +1,6 @@
 #include "platform/qt/TextFill.h"
 
+#include "platform/qt/LongLines.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/QtTextFormats.h"
 
@@ -16,7 +17,7 @@ namespace {
 constexpr std::u16string_view kBreak = u"\r\n";
 
 // At once, in 16-bit units: many screens, and few milliseconds.
-constexpr std::size_t kPiece = 1 << 15;
+constexpr std::size_t kPiece = LongLines::kMost / 2;
 
 } // namespace
 
@@ -35,6 +36,7 @@ void TextFill::BeginRich(const RichText& text) {
 
 void TextFill::Stop() {
     left_ = run_ = paragraph_ = 0;
+    isInLine_ = false;
     runs_ = {};
     paragraphs_ = {};
 }
@@ -46,16 +48,26 @@ void TextFill::Go(std::u16string_view text, std::chrono::milliseconds time) {
     cursor.beginEditBlock();
     do {
         const std::u16string_view rest = text.substr(text.size() - left_);
+        const int begin = cursor.position();
         left_ -= runs_.empty() ? AddPlain(cursor, rest) : AddRich(cursor, rest);
+        if (!runs_.empty())
+            lines_.Tidy(begin, cursor.position());
     } while (left_ > 0 && std::chrono::steady_clock::now() < end);
     cursor.endEditBlock();
     if (left_ == 0)
         Stop();
 }
 
-std::size_t TextFill::AddPlain(QTextCursor& cursor, std::u16string_view rest) const {
-    const std::size_t end = std::min(rest.find(kBreak, kPiece), rest.size());
+std::size_t TextFill::AddPlain(QTextCursor& cursor, std::u16string_view rest) {
+    const std::u16string_view near =
+        lines_.IsParting() ? rest.substr(0, LongLines::kMost + kBreak.size()) : rest;
+    std::size_t end = std::min(near.find(kBreak, kPiece), rest.size());
+    if (lines_.IsParting() && end > LongLines::kMost)
+        end = PlaceToPart(rest, kPiece);
+    if (isInLine_)
+        lines_.Continue(cursor);
     cursor.insertText(ToQString(rest.substr(0, end)));
+    isInLine_ = end < rest.size() && rest.substr(end, kBreak.size()) != kBreak;
     return end;
 }
 

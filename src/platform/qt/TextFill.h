@@ -12,11 +12,13 @@ class QTextDocument;
 
 namespace quillshift {
 
-/// Fills an empty document with a text bit by bit, from front to back and whole lines at a time. What is in
-/// the document may be edited meanwhile, but for its last line.
+class LongLines;
+
+/// Fills an empty document with a text bit by bit, from front to back, whole lines or parts of long ones at a
+/// time. What is in the document may be edited meanwhile, but for its last line.
 class TextFill {
 public:
-    explicit TextFill(QTextDocument& document) : document_(document) {}
+    TextFill(QTextDocument& document, LongLines& lines) : document_(document), lines_(lines) {}
 
     /// A plain text of this length.
     void BeginPlain(std::size_t length);
@@ -30,11 +32,13 @@ public:
     void Go(std::u16string_view text, std::chrono::milliseconds time);
 
 private:
-    std::size_t AddPlain(QTextCursor& cursor, std::u16string_view rest) const;
+    std::size_t AddPlain(QTextCursor& cursor, std::u16string_view rest);
     std::size_t AddRich(QTextCursor& cursor, std::u16string_view rest);
 
     QTextDocument& document_;
+    LongLines& lines_;
     std::size_t left_ = 0;
+    bool isInLine_ = false;           // the rest goes on with the last line in the document
     std::vector<RichText::Run> runs_; // none of a plain text; the first one's length is that of its rest
     std::vector<ParagraphFormat> paragraphs_;
     std::size_t run_ = 0;       // the rest begins in it

@@ -1,5 +1,6 @@
 #include "platform/qt/ViewLayout.h"
 
+#include "platform/qt/LongLines.h"
 #include "platform/qt/ParagraphLines.h"
 
 #include <QFontMetricsF>
@@ -79,7 +80,7 @@ void ViewLayout::SetZoom(qreal zoom) {
 // Of two margins that meet the greater one is kept, and none above the first paragraph.
 qreal ViewLayout::GapAbove(const QTextBlock& block) const {
     const QTextBlock before = block.previous();
-    return before.isValid()
+    return before.isValid() && !ContinuesLine(block)
                ? Zoom() * std::max(block.blockFormat().topMargin(), before.blockFormat().bottomMargin())
                : 0;
 }
@@ -110,11 +111,13 @@ std::vector<ViewLayout::Block> ViewLayout::Estimated(QTextBlock block, std::size
     std::vector<Block> estimates;
     estimates.reserve(count);
     std::int64_t gap = 0;
+    bool continues = false;
     for (int format = -1, before = -1; estimates.size() < count; block = block.next()) {
         const int now = block.blockFormatIndex();
-        if (now != format || before != format || estimates.size() < 2)
+        if (now != format || before != format || estimates.size() < 2 || continues != ContinuesLine(block))
             gap = ToUnits(GapAbove(block));
         before = std::exchange(format, now);
+        continues = ContinuesLine(block);
         const qreal lines = std::ceil(std::max(block.length() - 1, 1) * linesPerLetter);
         estimates.push_back({static_cast<std::int32_t>(gap + ToUnits(lines * lineHeight_)), 0});
     }
@@ -202,6 +205,7 @@ std::pair<QTextBlock, int> ViewLayout::FindLine(int line) {
 
 void ViewLayout::documentChanged(int from, int /*removed*/, int added) {
     constexpr std::size_t kAtOnce = 64;
+    constexpr int kLettersAtOnce = 1 << 16;
     const int end = document()->characterCount() - 1;
     const QTextBlock begin = document()->findBlock(std::min(from, end));
     const QTextBlock last = document()->findBlock(std::min(from + added, end));
@@ -223,7 +227,8 @@ void ViewLayout::documentChanged(int from, int /*removed*/, int added) {
         each.clearLayout();
     heights_.Replace(first, went, Estimated(begin, came));
     QTextBlock block = begin;
-    for (std::size_t i = 0; came <= kAtOnce && i < came; ++i, block = block.next())
+    const bool isLittle = came <= kAtOnce && last.position() - begin.position() < kLettersAtOnce;
+    for (std::size_t i = 0; isLittle && i < came; ++i, block = block.next())
         MakeLines(block, first + i);
     if (const QTextBlock next = last.next(); next.isValid()) // the margin above it may be another one
         heights_.Set(first + came,
@@ -284,15 +289,21 @@ int ViewLayout::hitTest(const QPointF& point, Qt::HitTestAccuracy accuracy) cons
     while (number + 1 < layout.lineCount() && layout.lineAt(number + 1).y() <= inside.y())
         ++number;
     const QTextLine line = layout.lineAt(number);
+    const auto inSight = [&](int place) { // a part of a line ends where the next one begins
+        return place == block.length() - 1 && ContinuesLine(block.next())
+                   ? layout.previousCursorPosition(place)
+                   : place;
+    };
     if (accuracy == Qt::ExactHit && !line.naturalTextRect().contains(inside))
         return -1;
     if (inside.y() < 0)
         return block.position();
     if (inside.y() >= layout.boundingRect().bottom())
-        return block.position() + block.length() - 1;
+        return block.position() + inSight(block.length() - 1);
     const bool onLetter = accuracy == Qt::ExactHit;
-    return block.position() + line.xToCursor(inside.x(), onLetter ? QTextLine::CursorOnCharacter
-                                                                  : QTextLine::CursorBetweenCharacters);
+    return block.position() +
+           inSight(line.xToCursor(inside.x(), onLetter ? QTextLine::CursorOnCharacter
+                                                       : QTextLine::CursorBetweenCharacters));
 }
 
 void ViewLayout::draw(QPainter* painter, const PaintContext& context) {

@@ -1,0 +1,118 @@
+// How a long line, which the document has in parts, is one line to the user.
+
+#include "platform/qt/LongLines.h"
+#include "platform/qt/QtText.h"
+#include "platform/qt/QtTextSurface.h"
+
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextDocumentFragment>
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace quillshift {
+namespace {
+
+// Whether a step by words goes on where a part begins.
+bool IsWithinWord(const QTextDocument& document, int begin) {
+    const auto kind = [&](int position) {
+        const QChar letter = document.characterAt(position);
+        const bool parts = letter.unicode() < 128 && !letter.isLetterOrNumber() && letter != u'_';
+        return letter.isSpace() ? 0 : parts ? 1 : 2;
+    };
+    return kind(begin) == 0 || kind(begin) == kind(begin - 2);
+}
+
+} // namespace
+
+void QtTextSurface::TidyLines() {
+    const QScopedValueRollback replacing(replacing_, true);
+    const int from = std::exchange(tidyFrom_, std::numeric_limits<int>::max());
+    const int to = std::exchange(tidyTo_, -1);
+    if (from <= to)
+        lines_->Tidy(from, to);
+}
+
+// Two parts meet at a place that is one to the user: the caret is found at the later one's beginning, and
+// goes back from the earlier one's end.
+void QtTextSurface::StepOverPart(const QKeyEvent& event) {
+    constexpr QKeySequence::StandardKey kBack[] = {
+        QKeySequence::MoveToPreviousChar, QKeySequence::SelectPreviousChar, QKeySequence::MoveToPreviousWord,
+        QKeySequence::SelectPreviousWord};
+    QTextCursor cursor = textCursor();
+    if (!cursor.atBlockStart() || !ContinuesLine(cursor.block()))
+        return;
+    const bool erases = event.key() == Qt::Key_Backspace && !cursor.hasSelection();
+    if (!erases &&
+        std::none_of(std::begin(kBack), std::end(kBack), [&](auto key) { return event.matches(key); }))
+        return;
+    const QScopedValueRollback replacing(replacing_, true); // nothing moves in the text
+    cursor.setPosition(cursor.position() - 1,
+                       cursor.hasSelection() ? QTextCursor::KeepAnchor : QTextCursor::MoveAnchor);
+    setTextCursor(cursor);
+}
+
+// What goes to a row's end, or up and down, stays in the row; what goes by words stops where one begins.
+void QtTextSurface::LeavePartsEnd(const QKeyEvent& event) {
+    constexpr int kToRow[] = {Qt::Key_End, Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown};
+    const bool toNextWord =
+        event.matches(QKeySequence::MoveToNextWord) || event.matches(QKeySequence::SelectNextWord);
+    const bool toLastWord =
+        event.matches(QKeySequence::MoveToPreviousWord) || event.matches(QKeySequence::SelectPreviousWord);
+    QTextCursor cursor = textCursor();
+    const auto mode = cursor.hasSelection() ? QTextCursor::KeepAnchor : QTextCursor::MoveAnchor;
+    const bool isAtEnd = cursor.atBlockEnd() && ContinuesLine(cursor.block().next());
+    const bool isAtBegin = cursor.atBlockStart() && ContinuesLine(cursor.block());
+    const int border = cursor.position() + (isAtEnd ? 1 : 0);
+    if (isAtEnd) {
+        const bool stays = std::find(std::begin(kToRow), std::end(kToRow), event.key()) != std::end(kToRow);
+        cursor.movePosition(stays ? QTextCursor::PreviousCharacter : QTextCursor::NextCharacter, mode);
+        if (toNextWord && IsWithinWord(*document(), border))
+            cursor.movePosition(QTextCursor::NextWord, mode);
+        setTextCursor(cursor);
+    } else if (isAtBegin && toLastWord && IsWithinWord(*document(), border)) {
+        cursor.setPosition(border - 1, mode);
+        cursor.movePosition(QTextCursor::PreviousWord, mode);
+        setTextCursor(cursor);
+    }
+}
+
+// The toolkit has selected a paragraph and its end for the third click.
+void QtTextSurface::SelectWholeLine() {
+    QTextCursor cursor = textCursor();
+    const QTextBlock block = document()->findBlock(cursor.anchor());
+    const QTextBlock next = block.next();
+    if (cursor.anchor() != block.position() ||
+        cursor.position() != (next.isValid() ? next.position() : document()->characterCount() - 1) ||
+        !(ContinuesLine(block) || ContinuesLine(next)))
+        return;
+    cursor.setPosition(block.position());
+    lines_->SelectWholeLines(cursor);
+    cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor);
+    setTextCursor(cursor);
+}
+
+// As one edit. What is put in with its formats has a line for each paragraph.
+void QtTextSurface::MoveText(QTextCursor& selection, QTextCursor& target) {
+    const int begin = selection.selectionStart();
+    const int end = selection.selectionEnd();
+    const int paragraphs =
+        document()->findBlock(end).blockNumber() - document()->findBlock(begin).blockNumber();
+    const bool isOfLines =
+        static_cast<int>(SurfacePosition(end) - SurfacePosition(begin)) == end - begin + paragraphs;
+    const QTextDocumentFragment moved = selection.selection();
+    const std::u16string text = SelText();
+    target.beginEditBlock();
+    lines_->Insert(selection, {});
+    if (isOfLines)
+        target.insertFragment(moved);
+    else
+        lines_->Insert(target, ToQString(text));
+    target.endEditBlock();
+}
+
+} // namespace quillshift
