@@ -9,7 +9,8 @@ namespace quillshift {
 
 struct CopiedText {
     std::u16string text;
-    bool whole = true; ///< else `text` is only the beginning of one that is too long
+    bool whole = true;     ///< else `text` is only the beginning of one that is too long
+    bool repaired = false; ///< somebody has seen to it that it is readable, and says so
 };
 
 /// The desktop's clipboard, text only.
@@ -28,6 +29,8 @@ public:
     /// Whether it holds text, as far as is known without waiting; a program that has not answered yet may.
     virtual bool HasText() const = 0;
     virtual void SetText(std::u16string_view text) = 0;
+    /// As `SetText`, with the mark that the text is readable now.
+    virtual void SetRepaired(std::u16string_view text) = 0;
     virtual void Clear() = 0;
     /// Gives the program's own text to the desktop's clipboard manager, where there is one, so that it
     /// outlives the program. Waits as `Text` does, as long as the manager goes on asking, two seconds at

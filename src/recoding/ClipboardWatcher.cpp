@@ -33,10 +33,13 @@ void ClipboardWatcher::Start() {
     OnClipboardChange();
 }
 
+bool ClipboardWatcher::Recodes(const CopiedText& copied) const {
+    return !copied.repaired && services_.settings.Is(Setting::DecodeClipboard);
+}
+
 // Whether it is short enough to be taken in.
 bool ClipboardWatcher::Fits(const CopiedText& copied) const {
-    return copied.whole &&
-           (!services_.settings.Is(Setting::DecodeClipboard) || copied.text.size() <= kRecodingLimit);
+    return copied.whole && (!Recodes(copied) || copied.text.size() <= kRecodingLimit);
 }
 
 // Whether it is another text than the one seen last.
@@ -57,7 +60,8 @@ void ClipboardWatcher::OnClipboardChange() {
         return;
     if (!Remember(*arrived) || !Fits(*arrived))
         return;
-    copied_.push_back({std::move(arrived->text), services_.settings.Is(Setting::DecodeClipboard)});
+    const bool recodes = Recodes(*arrived);
+    copied_.push_back({std::move(arrived->text), recodes});
     timerClipboard_->StartOnce();
 }
 

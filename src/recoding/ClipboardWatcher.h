@@ -12,7 +12,8 @@
 
 namespace quillshift {
 
-/// Takes new text on the clipboard into the document, re-coded or as it came, once all of it has arrived.
+/// Takes new text on the clipboard into the document, re-coded or as it came, once all of it has arrived. A
+/// repaired text always as it came.
 /// Never writes to the clipboard. The memory of what was last seen lies in the settings store; characters
 /// that the store can't hold make no difference to it, and for a text that is too long to be taken in a short
 /// mark stands there.
@@ -46,6 +47,7 @@ private:
     };
     void TakeInAll();
     void TakeIn(Copy copy);
+    bool Recodes(const CopiedText& copied) const;
     bool Fits(const CopiedText& copied) const;
     bool Remember(const CopiedText& copied);
 

@@ -58,6 +58,15 @@ TEST_F(ClipboardWatcherTest, LeavesTheDocumentAloneWhileSomebodyCountsOnIt) {
     EXPECT_EQ(document.Text(), u"П");
 }
 
+TEST_F(ClipboardWatcherTest, TakesInARepairedTextOfAnyLengthAsItIs) {
+    watcher.Start();
+    const std::u16string text(32767, u'П');
+    clipboard.SetRepaired(text);
+    timers.Tick();
+    EXPECT_TRUE(document.Text() == text);
+    EXPECT_FALSE(recoding.RecodeUndoAvailable);
+}
+
 // Of texts that are too long only a mark is remembered, which tells each from others.
 TEST_F(ClipboardWatcherTest, KeepsTheDocumentWhereATextIsTooLong) {
     const auto memory = [&] { return settings.Text(Setting::ClipboardText); };

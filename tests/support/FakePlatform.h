@@ -73,23 +73,26 @@ public:
         return std::nullopt;
     }
     std::optional<CopiedText> Arrived() override {
-        return text ? std::optional(CopiedText{*text, isWhole}) : std::nullopt;
+        return text ? std::optional(CopiedText{*text, isWhole, isRepaired}) : std::nullopt;
     }
     bool IsWaiting() const override { return isWaiting; }
     bool HasText() const override { return !text || !text->empty(); }
     void SetText(std::u16string_view value) override { Hold(std::u16string(value)); }
+    void SetRepaired(std::u16string_view value) override { Hold(std::u16string(value), true, true); }
     void Clear() override { SetText(u""); }
     void HandOver() override { handedOver = text; }
 
     /// Another program copies a text, or doesn't tell which.
-    void Hold(std::optional<std::u16string> value, bool whole = true) {
+    void Hold(std::optional<std::u16string> value, bool whole = true, bool repaired = false) {
         text = std::move(value);
         isWhole = whole;
+        isRepaired = repaired;
         if (OnChange)
             OnChange();
     }
     std::optional<std::u16string> text = u""; ///< nothing: its owner doesn't answer
     bool isWhole = true;
+    bool isRepaired = false;
     bool isWaiting = false;
     std::optional<std::u16string> handedOver;
 };

@@ -250,10 +250,12 @@ TEST_F(RescueTest, ATextGoesBackToTheClipboardUnlessANewerOneIsThere) {
     clipboard.SetText(garbled);
     Repair();
     EXPECT_EQ(clipboard.text, right);
+    EXPECT_TRUE(clipboard.isRepaired);
     EXPECT_THAT(Shown().front(), HasSubstr(": в буфере обмена"));
     rescue_.Choose(0, std::nullopt);
     rescue_.CopyText(0);
     EXPECT_EQ(clipboard.text, garbled);
+    EXPECT_FALSE(clipboard.isRepaired);
     ASSERT_TRUE(rescue_.AddText(FromUtf8(few)));
     EXPECT_EQ(rescue_.Rows().size(), 1U) << "there is one text at most";
 }

@@ -28,6 +28,7 @@ constexpr auto kPatience = std::chrono::milliseconds(500);
 constexpr auto kLongestHandOver = std::chrono::seconds(2);
 constexpr const char* kPlainText = "text/plain";
 constexpr const char* kUris = "text/uri-list";
+constexpr const char* kRepaired = X11SelectionReader::kRepairedTarget;
 
 bool TakesText(QObject* object) {
     return qobject_cast<QLineEdit*>(object) != nullptr ||
@@ -37,6 +38,12 @@ bool TakesText(QObject* object) {
 std::u16string TextOf(const X11Question::Answer& answer) {
     // Old programs mean one byte a letter, as the files do that they write.
     return answer.utf8 ? FromQString(QString::fromUtf8(answer.bytes)) : windows1251::Decode(answer.bytes);
+}
+
+std::unique_ptr<QMimeData> DataOf(std::u16string_view text) {
+    auto data = std::make_unique<QMimeData>();
+    data->setText(WithLineFeeds(text));
+    return data;
 }
 
 } // namespace
@@ -52,7 +59,13 @@ QtClipboard::QtClipboard() {
         NoteOwn();
         return;
     }
-    reader_->OnChange = [this] { Tell(); };
+    reader_->OnChange = [this] {
+        if (reader_->AwaitsMark())
+            markLimit_.start(kPatience);
+        Tell();
+    };
+    markLimit_.setSingleShot(true);
+    markLimit_.callOnTimeout([this] { reader_->ForgetMark(); });
     requests_ = std::make_unique<X11Requests>(x11->connection());
     auto* const arrival = new QSocketNotifier(reader_->Descriptor(), QSocketNotifier::Read, this);
     connect(arrival, &QSocketNotifier::activated, this, &QtClipboard::ReadOn);
@@ -70,7 +83,9 @@ QtClipboard::~QtClipboard() = default;
 void QtClipboard::NoteOwn() {
     const QMimeData* const data = QGuiApplication::clipboard()->mimeData();
     if (data != nullptr && !(reader_ && data->inherits("QInternalMimeData")))
-        own_ = FromQString(data->text());
+        own_ = {.text = FromQString(data->text()),
+                .whole = true,
+                .repaired = data->hasFormat(QString::fromLatin1(kRepaired))};
     if (!reader_)
         Tell();
 }
@@ -119,25 +134,40 @@ std::optional<std::u16string> QtClipboard::Text() {
         WaitWhile([this] { return IsRead() && reader_->AskedAt(); },
                   [this] { return reader_->AskedAt().value_or(Clock::now()) + kPatience; });
     }
-    return Wanted(Arrived());
+    return Wanted(TextAtHand());
 }
 
 std::optional<CopiedText> QtClipboard::Arrived() {
+    return IsRead() && reader_->AwaitsMark() ? std::nullopt : TextAtHand();
+}
+
+// A text is pasted whether or not it is marked.
+std::optional<CopiedText> QtClipboard::TextAtHand() const {
     if (!IsRead())
-        return CopiedText{own_};
+        return own_;
     if (reader_->AskedAt())
         return std::nullopt;
-    return CopiedText{TextOf(reader_->Last()), reader_->Last().whole};
+    return CopiedText{TextOf(reader_->Last()), reader_->Last().whole, reader_->IsLastRepaired()};
 }
 
 bool QtClipboard::HasText() const {
-    return IsRead() ? reader_->AskedAt() || !reader_->Last().bytes.empty() : !own_.empty();
+    return IsRead() ? reader_->AskedAt() || !reader_->Last().bytes.empty() : !own_.text.empty();
 }
 
 // --- Its own text
 
 void QtClipboard::SetText(std::u16string_view text) {
-    QGuiApplication::clipboard()->setText(WithLineFeeds(text));
+    SetOwn(DataOf(text));
+}
+
+void QtClipboard::SetRepaired(std::u16string_view text) {
+    auto data = DataOf(text);
+    data->setData(QString::fromLatin1(kRepaired), "1");
+    SetOwn(std::move(data));
+}
+
+void QtClipboard::SetOwn(std::unique_ptr<QMimeData> data) {
+    QGuiApplication::clipboard()->setMimeData(data.release());
     if (!reader_)
         return;
     reader_->Sync();
@@ -151,7 +181,7 @@ void QtClipboard::Clear() {
 }
 
 void QtClipboard::HandOver() {
-    if (!reader_ || IsRead() || own_.empty())
+    if (!reader_ || IsRead() || own_.text.empty())
         return;
     const auto longest = Clock::now() + kLongestHandOver;
     const auto start = Clock::now();

@@ -35,6 +35,7 @@ public:
     bool IsWaiting() const override { return waits_; }
     bool HasText() const override;
     void SetText(std::u16string_view text) override;
+    void SetRepaired(std::u16string_view text) override;
     void Clear() override;
     void HandOver() override;
 
@@ -45,8 +46,10 @@ private:
     enum class Form { Text, Uris };
 
     void NoteOwn();
+    void SetOwn(std::unique_ptr<QMimeData> data);
     void Tell();
     bool IsRead() const;
+    std::optional<CopiedText> TextAtHand() const;
     void ReadOn();
     void WaitWhile(const std::function<bool()>& isOpen, const std::function<Clock::time_point()>& end);
     std::unique_ptr<QMimeData> Fetch(const char* selection, Form form, std::uint32_t time,
@@ -59,7 +62,8 @@ private:
     std::unique_ptr<X11SelectionReader> reader_; // null where the clipboard is Qt's alone
     std::unique_ptr<X11Requests> requests_;
     QTimer readOn_;
-    std::u16string own_; // what the toolkit gives out; asked again, it may have to ask another program
+    QTimer markLimit_; // how long an owner that has sent its text is waited for once more
+    CopiedText own_; // what the toolkit gives out; asked again, it may have to ask another program
     bool waits_ = false;
     bool passesOn_ = false; // what another program has sent is in an event of our own
 };

@@ -4,6 +4,7 @@
 #include <X11/Xlib.h>
 
 #include <algorithm>
+#include <cstring>
 #include <memory>
 #include <utility>
 
@@ -22,6 +23,7 @@ X11Question::X11Question(_XDisplay* display, unsigned long selection, std::vecto
       selection_(selection),
       time_(time),
       incr_(XInternAtom(display, "INCR", False)),
+      targets_(XInternAtom(display, "TARGETS", False)),
       property_(XInternAtom(display, "QUILLSHIFT_ANSWER", False)),
       forms_(std::move(forms)) {
     Ask();
@@ -98,10 +100,24 @@ void X11Question::ReadPart() {
         return; // pieces that were put on one another were taken with the first of them
     else if (incremental_ && isNew && count == 0)
         GiveUp(); // the last piece
-    else if (format != 8 || std::ranges::find(forms_, type) == forms_.end())
+    else if (!IsWanted(type, format))
         Refuse(); // there are owners that give what they have, whatever the form they are asked for
     else
-        Take({reinterpret_cast<const char*>(data), count}, left, type != XA_STRING);
+        Take({reinterpret_cast<const char*>(data), format == 8 ? count : count * sizeof(long)}, left,
+             type != XA_STRING);
+}
+
+bool X11Question::IsWanted(unsigned long type, int format) const {
+    if (forms_[form_] == targets_)
+        return (type == XA_ATOM || type == targets_) && format == 32;
+    return format == 8 && std::ranges::find(forms_, type) != forms_.end();
+}
+
+bool X11Question::Answer::Names(unsigned long form) const {
+    for (std::size_t i = 0; i + sizeof(form) <= bytes.size(); i += sizeof(form))
+        if (std::memcmp(bytes.data() + i, &form, sizeof(form)) == 0)
+            return true;
+    return false;
 }
 
 // The answer will come in pieces.

@@ -14,9 +14,12 @@ namespace quillshift {
 class X11Question {
 public:
     struct Answer {
-        std::string bytes;
+        std::string bytes; ///< of a text, or the atoms of its forms
         bool utf8 = true;  ///< else of a character set that the owner doesn't name
         bool whole = true; ///< else `bytes` are only the beginning of an answer that is too long
+
+        /// Whether this form is among those that the owner has; for the form "TARGETS".
+        bool Names(unsigned long form) const;
     };
 
     /// `forms`: the best one first. `time`: of the event that led to the question, 0 for now.
@@ -42,11 +45,12 @@ private:
     void Ask();
     void GiveUp();
     void Refuse();
+    bool IsWanted(unsigned long type, int format) const;
     void Begin();
     void Take(std::string_view part, std::size_t left, bool utf8);
 
     _XDisplay* display_;
-    unsigned long selection_, time_, incr_, property_;
+    unsigned long selection_, time_, incr_, targets_, property_;
     std::vector<unsigned long> forms_;
     std::size_t form_ = 0;     // the one that was asked for
     unsigned long window_ = 0; // what the answer comes to; a new one for each form, 0 if there is an answer

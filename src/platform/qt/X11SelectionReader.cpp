@@ -75,8 +75,10 @@ std::optional<X11SelectionReader::Clock::time_point> X11SelectionReader::AskedAt
 // --- The clipboard
 
 void X11SelectionReader::TakeOwner(unsigned long owner) {
+    ForgetMark(); // the text that is there is told before it goes
     owner_ = owner;
     last_ = {};
+    isLastRepaired_ = false;
     own_ = owner != None && (owner & ~ownIds_.mask) == ownIds_.base;
     toOwner_.reset();
     if (owner != None && !own_) {
@@ -98,13 +100,15 @@ void X11SelectionReader::OnOwnerEvent(const _XEvent& event) {
     const auto& change = reinterpret_cast<const XFixesSelectionNotifyEvent&>(event);
     if (change.subtype == XFixesSetSelectionOwnerNotify)
         TakeOwner(change.owner);
-    else if (toOwner_)
-        toOwner_->End();
+    else
+        for (const Question* question : {&toOwner_, &forMark_})
+            if (*question)
+                (*question)->End();
 }
 
 // A text that is there is read before anything else is looked at, such as that its owner has changed.
 void X11SelectionReader::Step() {
-    for (const Question* question : {&toOwner_, &other_})
+    for (const Question* question : {&toOwner_, &forMark_, &other_})
         if (*question && (*question)->HasPart()) {
             (*question)->ReadPart();
             return;
@@ -113,22 +117,36 @@ void X11SelectionReader::Step() {
     XNextEvent(display_.get(), &event);
     if (event.type == ownerEvent_)
         OnOwnerEvent(event);
-    for (const Question* question : {&toOwner_, &other_})
+    for (const Question* question : {&toOwner_, &forMark_, &other_})
         if (*question)
             (*question)->Handle(event);
 }
 
+// The mark is asked for behind the text: there are owners that answer a single time, and then end.
 void X11SelectionReader::TakeAnswer() {
-    if (!toOwner_ || !toOwner_->IsAnswered())
-        return;
-    last_ = toOwner_->TakeAnswer();
-    toOwner_.reset();
-    Tell();
+    if (toOwner_ && toOwner_->IsAnswered()) {
+        last_ = toOwner_->TakeAnswer();
+        toOwner_.reset();
+        if (!last_.bytes.empty())
+            forMark_ = NewQuestion(clipboard_, {"TARGETS"}, CurrentTime);
+        Tell();
+    }
+    if (forMark_ && forMark_->IsAnswered()) {
+        isLastRepaired_ = forMark_->TakeAnswer().Names(Atom(kRepairedTarget));
+        ForgetMark();
+    }
+}
+
+void X11SelectionReader::ForgetMark() {
+    if (std::exchange(forMark_, nullptr))
+        Tell();
 }
 
 bool X11SelectionReader::Advance() {
     const auto reads = [](const Question& question) { return question && question->HasPart(); };
-    const auto isMore = [&] { return reads(toOwner_) || reads(other_) || XPending(display_.get()) > 0; };
+    const auto isMore = [&] {
+        return reads(toOwner_) || reads(forMark_) || reads(other_) || XPending(display_.get()) > 0;
+    };
     const auto end = Clock::now() + kTurn;
     while (isMore()) {
         if (Clock::now() > end)

@@ -41,9 +41,18 @@ public:
     std::optional<Clock::time_point> AskedAt() const;
     /// What another program has put there; empty without a text, and before it has answered.
     const X11Question::Answer& Last() const { return last_; }
+    /// Whether its offer carries the mark of a repaired text; not before that is known.
+    bool IsLastRepaired() const { return isLastRepaired_; }
+    /// Whether the text is there, and the mark not yet known.
+    bool AwaitsMark() const { return forMark_ != nullptr; }
+    /// Takes it that there is none.
+    void ForgetMark();
     /// The clipboard has changed, or what is on it has come to be known.
     std::function<void()> OnChange;
 
+    /// The form that an offer names beside its text where that has been repaired. Nobody is asked for it:
+    /// there are owners that answer whatever they are asked for.
+    static constexpr const char* kRepairedTarget = "application/x-quillshift-repaired";
     /// The forms of a text, by their names.
     static std::vector<std::string> TextForms();
     /// Asks for another selection; a question that was open is given up. `Advance` is due then.
@@ -74,7 +83,9 @@ private:
     unsigned long owner_ = 0;
     bool own_ = false;
     X11Question::Answer last_;
+    bool isLastRepaired_ = false;
     Question toOwner_; // null if there is none to ask, or it has answered
+    Question forMark_; // which forms it has
     Clock::time_point askedAt_;
     Question other_;
 };

@@ -221,7 +221,10 @@ void Rescue::CopyText(std::size_t row) {
         text = wizard::Repair(text, chosen.finding.verdict).text;
     else if (way)
         text = Undo(*way, text).text;
-    clipboard_.SetText(FromUtf8(text));
+    if (way)
+        clipboard_.SetRepaired(FromUtf8(text));
+    else
+        clipboard_.SetText(FromUtf8(text));
     chosen.isCopied = true;
     NoteChange(row);
 }
