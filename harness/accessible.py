@@ -1,7 +1,9 @@
-"""Goes through the editor as a screen reader does, and presses what it finds there.
+"""Goes through the editor as a screen reader does, and presses what it finds there; with the name of another program
+as the last word, through that one.
 
     accessible.py list                prints each command below the menu bar: its way there, and how it is
     accessible.py names               prints the role and the name of everything that has one
+    accessible.py nameless            prints the role of every control in sight that has none
     accessible.py press FILE          presses the commands of the file's lines, and waits for what each does
 
 A line of the file: the way to a command, what comes of it (a window, a text of the document, a change of its
@@ -20,6 +22,9 @@ from gi.repository import Atspi
 
 PATIENCE = 20
 NAP = 0.02
+CONTROLS = (pyatspi.ROLE_PUSH_BUTTON, pyatspi.ROLE_RADIO_BUTTON, pyatspi.ROLE_CHECK_BOX, pyatspi.ROLE_COMBO_BOX,
+            pyatspi.ROLE_TABLE, pyatspi.ROLE_TREE, pyatspi.ROLE_TREE_TABLE, pyatspi.ROLE_LIST, pyatspi.ROLE_TEXT,
+            pyatspi.ROLE_PROGRESS_BAR)
 MENUS = (pyatspi.ROLE_MENU, pyatspi.ROLE_POPUP_MENU)
 
 
@@ -54,11 +59,11 @@ def has(thing, state):
     return thing.getState().contains(state)
 
 
-class Editor:
-    def __init__(self):
+class Program:
+    def __init__(self, name):
         desktop = pyatspi.Registry.getDesktop(0)
-        isEditor = lambda application: application.name == "quillshift" and len(below(application)) > 0
-        self.application = wait("the editor", lambda: next(filter(isEditor, below(desktop)), None))
+        isIt = lambda application: application.name == name and len(below(application)) > 0
+        self.application = wait(name, lambda: next(filter(isIt, below(desktop)), None))
         self.application.set_cache_mask(Atspi.Cache.NONE)  # nobody here listens to what changes
         self.known = {}
 
@@ -117,6 +122,13 @@ def list_names(thing):
         list_names(child)
 
 
+def list_nameless(thing):
+    if thing.getRole() in CONTROLS and not thing.name and has(thing, pyatspi.STATE_SHOWING):
+        print(thing.getRoleName())
+    for child in below(thing):
+        list_nameless(child)
+
+
 def close(name, window, button):
     isButton = lambda thing: thing.name == button and thing.getRole() == pyatspi.ROLE_PUSH_BUTTON
     press(wait(name + button, lambda: find(window, isButton)))
@@ -143,10 +155,14 @@ def press_commands(editor, lines):
             wait(name + "another tick", lambda: has(item, pyatspi.STATE_CHECKED) != was)
 
 
-if sys.argv[1] == "list":
-    list_commands(Editor())
-elif sys.argv[1] == "names":
-    list_names(Editor().application)
+task = sys.argv[1]
+program = Program(sys.argv[-1] if len(sys.argv) > 2 and task != "press" else "quillshift")
+if task == "list":
+    list_commands(program)
+elif task == "names":
+    list_names(program.application)
+elif task == "nameless":
+    list_nameless(program.application)
 else:
     with open(sys.argv[2], encoding="utf-8", newline="\n") as file:
-        press_commands(Editor(), file.readlines())
+        press_commands(program, file.readlines())

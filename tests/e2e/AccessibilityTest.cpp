@@ -1,4 +1,5 @@
 #include "e2e/EditorTest.h"
+#include "e2e/ScreenReader.h"
 
 #include "base/Utf8.h"
 #include "harness/Iconv.h"
@@ -24,28 +25,11 @@ struct Press {
 class Accessibility : public EditorTest {
 protected:
     void SetUp() override {
-        const std::string bus = "unix:path=" + Path("bus").string();
-        environment_ = desktop.ProgramEnvironment(editor.home.Path());
-        environment_["DBUS_SESSION_BUS_ADDRESS"] = bus;
-        bus_ = std::make_unique<Process>(
-            "dbus-daemon", std::vector<std::string>{"--session", "--nofork", "--address=" + bus},
-            environment_);
-        desktop.WaitUntil("the bus is there", [&] { return std::filesystem::exists(Path("bus")); });
-        editor.environment["DBUS_SESSION_BUS_ADDRESS"] = bus;
-        editor.environment["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1";
+        editor.environment = reader_.Needs();
         editor.Set(Setting::SaveChange, u"0").Start();
     }
 
-    // What the script prints; the test fails with what it tells if it fails.
-    std::string Ask(const std::string& what) {
-        const std::string script = (TestsFolder().parent_path() / "harness/accessible.py").string();
-        Process reader("sh",
-                       {"-c", "/usr/bin/python3 " + script + " " + what + " >" + Path("answer").string() +
-                                  " 2>" + Path("failure").string()},
-                       environment_);
-        EXPECT_EQ(reader.WaitForEnd(), 0) << Contents(Path("failure"));
-        return Contents(Path("answer"));
-    }
+    std::string Ask(const std::string& what) const { return reader_.Ask(what); }
 
     void PressAll(const std::vector<Press>& presses) {
         std::string lines;
@@ -64,8 +48,7 @@ protected:
     }
 
 private:
-    Environment environment_;
-    std::unique_ptr<Process> bus_;
+    ScreenReader reader_{desktop, editor.home.Path()};
 };
 
 TEST_F(Accessibility, EveryCommandIsFoundInItsMenu) {

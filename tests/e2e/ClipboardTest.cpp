@@ -72,6 +72,21 @@ TEST_F(ClipboardElsewhere, ALongTextArrivesWholeAndOutlivesTheProgramItCameFrom)
     EXPECT_TRUE(Saved() == Bytes(text + text + "\r\n"));
 }
 
+TEST_F(ClipboardElsewhere, IsTakenInFromAProgramThatAnswersASingleTime) {
+    Watch(Recode, Collect).Start();
+    std::string expected;
+    for (const auto& [copied, recoded] : {std::pair("Џа", "Пр"), {"аЁ", "ри"}, {"ЁЎ", "иб"}}) {
+        Put(Path("clipboard.txt"), copied);
+        Process owner("xclip",
+                      {"-quiet", "-loops", "1", "-selection", "clipboard", "-i", Path("clipboard.txt")},
+                      desktop.ProgramEnvironment(editor.home.Path()));
+        WaitUntilSeen(copied);
+        EXPECT_EQ(owner.WaitForEnd(), 0);
+        expected += std::string(recoded) + "\r\n";
+    }
+    EXPECT_EQ(Saved(), Bytes(expected));
+}
+
 TEST_F(ClipboardElsewhere, BytesOfAnOldProgramAreReadAsThoseOfFilesAre) {
     Watch(Recode, Replace).Start();
     Copy("\x8F\xE0", "STRING");

@@ -282,6 +282,8 @@ TEST(Proposals, MarkTheWordsThatDiffer) {
         EXPECT_EQ(shown(proposal.before), one);
         EXPECT_EQ(shown(proposal.after), other);
     }
+    EXPECT_EQ(AsShown("\xAC\xA8\xE0"), "¬Ёа");
+    EXPECT_EQ(AsShown("воды\xD0"), "воды");
 }
 
 TEST(RescueWords, CountAsTheLanguageDoes) {

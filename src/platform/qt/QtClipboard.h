@@ -63,7 +63,7 @@ private:
     std::unique_ptr<X11Requests> requests_;
     QTimer readOn_;
     QTimer markLimit_; // how long an owner that has sent its text is waited for once more
-    CopiedText own_; // what the toolkit gives out; asked again, it may have to ask another program
+    CopiedText own_;   // what the toolkit gives out; asked again, it may have to ask another program
     bool waits_ = false;
     bool passesOn_ = false; // what another program has sent is in an event of our own
 };

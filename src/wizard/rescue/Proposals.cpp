@@ -76,11 +76,12 @@ Proposal ProposalBy(const Chain& chain, const Finding& finding, std::string_view
 } // namespace
 
 std::string AsShown(std::string_view bytes) {
-    // The end may be in the middle of a character.
+    // The end may be in the middle of a character, where there are whole ones before it.
     std::string_view whole = bytes;
     for (int i = 0; i < 4 && !whole.empty() && !IsUtf8(whole); ++i)
         whole.remove_suffix(1);
-    if (IsUtf8(whole))
+    const bool isCut = whole.size() < bytes.size();
+    if (IsUtf8(whole) && (!isCut || std::ranges::any_of(whole, [](char c) { return c < 0; })))
         return std::string(whole);
     std::size_t lost = 0;
     return Decode(Set::Windows1251, bytes, lost);

@@ -54,7 +54,6 @@ ProposalCard::ProposalCard(const char* name, QWidget* parent)
     setFrameShape(StyledPanel);
     setObjectName(QLatin1String(name));
     option_->setObjectName(QLatin1String(name) + QStringLiteral("Option"));
-    option_->setAutoExclusive(false); // the group that all cards are in sees to that
     QFont bold = font();
     bold.setBold(true);
     option_->setFont(bold);

@@ -363,11 +363,13 @@ void frmWizard::FollowWork() {
     if (rescue_.WhatIsDone() == Doing::Nothing)
         watch_.stop();
     const auto row = Current();
-    if (!row && model_->rowCount() > 0)
-        lstFiles->setCurrentIndex(model_->index(0, 0));
-    else if (row && *row >= news.first && *row < news.last)
-        ShowRow();
     ShowWork();
+    if (!row && model_->rowCount() > 0) {
+        lstFiles->setCurrentIndex(model_->index(0, 0));
+        lstFiles->setFocus();
+    } else if (row && *row >= news.first && *row < news.last) {
+        ShowRow();
+    }
 }
 
 std::optional<std::size_t> frmWizard::Current() const {
