@@ -17,7 +17,7 @@ struct OwnCodeOnly : clang::ASTConsumer {
     void HandleTranslationUnit(clang::ASTContext& context) override {
         const clang::SourceManager& sources = context.getSourceManager();
         std::vector<clang::Decl*> own;
-        for (clang::Decl* declaration : context.getTranslationUnitDecl()->decls())
+        for (clang::Decl* declaration : context.getTranslationUnitDecl()->noload_decls())
             if (!sources.isInSystemHeader(sources.getExpansionLoc(declaration->getLocation())))
                 own.push_back(declaration);
         context.setTraversalScope(own);
