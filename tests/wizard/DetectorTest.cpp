@@ -92,8 +92,12 @@ TEST(Detector, ReadsDebrisBack) {
         EXPECT_EQ(Repair(bytes, Detect(bytes)).text, plain) << bytes;
     for (const char* bytes :
          {"QUJDREVGR0hJSktMTU5PUFFSU1RVVldYWVo=", "a=3D1&b=%20%41", "caf\\u00e9 na\\u00efve",
-          "\\\\u041f\\\\u0440\\\\u0438\\\\u0432\\\\u0435\\\\u0442"})
+          "\\\\u041f\\\\u0440\\\\u0438\\\\u0432\\\\u0435\\\\u0442", "Ilras\nJoran\nJul",
+          "z/Do4uXyLCDs7ukg==8fLg8PvpIOTw8+M="})
         EXPECT_EQ(Detect(bytes).answer, Answer::Clean) << bytes;
+    // Ukrainian in a set of eight bits is as good a guess as any.
+    EXPECT_EQ(Detect("7ckg2qbC0sHMydPRIMKmzNEg0qbey8ksIN3PwiDQz8LB3snUySDTyKbEINPPzsPRLg==").answer,
+              Answer::Unsure);
 }
 
 TEST(Detector, FindsLettersThatComeLate) {
@@ -128,10 +132,20 @@ TEST(Detector, IsUnsureBetweenReadingsOfOneKind) {
     EXPECT_EQ(Detect(Iconv("Гвинея-Бисау, Гренландия", "UTF-8", "CP1251")).answer, Answer::Unsure);
 }
 
+TEST(Detector, IsSureAgainstALongerChain) {
+    const std::string capitals = "ИЗ ПЛОТНО ПРИМЫКАЮЩИХ К НЕМУ ПОЛЕЙ ДОЛЖНО БЫТЬ ТРИ";
+    const std::string bytes = Iconv(Iconv(capitals, "UTF-8", "CP866"), "CP1251", "UTF-8");
+    EXPECT_EQ(Detect(bytes).answer, Answer::Sure);
+    EXPECT_EQ(Found(bytes), "866>1251");
+    EXPECT_EQ(Detect(Iconv("города умирают, надрываясь в попытке содержать", "UTF-8", "ISO-8859-5")).answer,
+              Answer::Sure);
+}
+
 TEST(Detector, LooksAtSignsAndSentences) {
     // Mac and 1251 differ in capitals and signs only.
     for (const char* good :
-         {"Вот и страница, с чем?\nС продолжением", "Не знаю. Если спросят, скажу: да — и всё."}) {
+         {"и прочие хитрые приборы. Только хорошо", "Вот и страница, с чем?\nС продолжением",
+          "Не знаю. Если спросят, скажу: да — и всё."}) {
         EXPECT_EQ(Detect(Iconv(good, "UTF-8", "CP1251")).candidates.at(0).preview, good);
         EXPECT_EQ(Detect(Iconv(good, "UTF-8", "MAC-CYRILLIC")).candidates.at(0).preview, good);
     }

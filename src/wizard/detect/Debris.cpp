@@ -180,11 +180,23 @@ Piece PieceAt(Debris debris, std::string_view text, std::size_t at) {
     return {};
 }
 
+/// Lines of one length, but for the last; nothing but padding at the end.
 bool IsBase64(std::string_view text) {
-    const auto other = [](char c) {
-        return base64Digits.find(c) == base64Digits.npos && c != '\n' && c != '\r' && c != '=';
-    };
-    return text.size() >= 12 && std::none_of(text.begin(), text.end(), other) && FromBase64(text).size() > 8;
+    constexpr std::size_t fewestDigits = 12, digitsAtATime = 4;
+    std::size_t width = 0, all = 0;
+    while (!text.empty()) {
+        const std::string_view line = text.substr(0, text.find_first_of("\r\n"));
+        const std::size_t digits = std::min(line.find_first_not_of(base64Digits), line.size());
+        const std::size_t padding = line.size() - digits;
+        text.remove_prefix(std::min(text.find_first_not_of("\r\n", line.size()), text.size()));
+        width = width == 0 ? line.size() : width;
+        all += digits;
+        const bool whole = padding == 0 && line.size() == width && width % digitsAtATime == 0;
+        if (!whole && (!text.empty() || line.size() > width || padding > 2 ||
+                       line.substr(digits) != std::string_view("==").substr(0, padding)))
+            return false;
+    }
+    return all >= fewestDigits;
 }
 
 } // namespace

@@ -13,9 +13,10 @@ constexpr std::size_t sampleBytes = 1600;
 constexpr std::size_t longestLine = 400;
 constexpr std::size_t debrisBytes = 6000;
 constexpr double sureLead = 11;          // bits before the next text
-constexpr double sureByText = 1;         // the same by the text alone, whatever the chains cost
+constexpr double sureByText = 3;         // the same by the text alone, whatever the chains cost
 constexpr double mostBitsACharacter = 8; // what costs more is no text that was found
 constexpr double sureLeadOverCase = 18;  // bits before the same text in capitals or small letters
+constexpr double sureLeadOverLonger = 7; // the same where that one's chain is the longer
 constexpr double sureOverAlone = 16;     // bits before the same text as another language
 
 /// The same for so many letters: names are much alike in all languages, so that a few prove little and a long
@@ -84,15 +85,24 @@ std::string WithoutCase(std::string_view text) {
     return folded;
 }
 
+bool DiffersInCaseOnly(const Candidate& one, const Candidate& other) {
+    return WithoutCase(one.preview) == WithoutCase(other.preview);
+}
+
 /// The lead that makes a reading sure. Twice or more garbled, a text in capitals and one in small letters are
-/// a single set apart, and the shorter chain says little.
+/// a single set apart, and the shorter chain says little; with a longer chain the other is far-fetched.
 double LeadOver(const Candidate& best, const Candidate& rival) {
-    const bool deep = best.chain.layers.size() >= 2;
-    return deep && WithoutCase(best.preview) == WithoutCase(rival.preview) ? sureLeadOverCase : sureLead;
+    if (!DiffersInCaseOnly(best, rival))
+        return sureLead;
+    const std::size_t layers = best.chain.layers.size();
+    return layers >= 2                          ? sureLeadOverCase
+           : layers < rival.chain.layers.size() ? sureLeadOverLonger
+                                                : sureLead;
 }
 
 /// Whether the best is the likeliest by its text, too. A capital or two must not be decided by the length of
-/// the chains, and what is unlikely in any reading is no text.
+/// the chains, unless all are capitals against a chain that is longer by two; and what is unlikely in any
+/// reading is no text.
 bool TextDecides(const std::vector<Candidate>& candidates) {
     const Candidate& best = candidates.front();
     const double bits = best.bits - best.prior;
@@ -101,7 +111,9 @@ bool TextDecides(const std::vector<Candidate>& candidates) {
         NextUtf8(best.preview, at);
     return bits <= mostBitsACharacter * static_cast<double>(characters) &&
            std::all_of(candidates.begin(), candidates.end(), [&](const Candidate& other) {
-               return other.preview == best.preview || other.bits - other.prior >= bits + sureByText;
+               return other.preview == best.preview || other.bits - other.prior >= bits + sureByText ||
+                      (other.chain.layers.size() >= best.chain.layers.size() + 2 &&
+                       DiffersInCaseOnly(best, other));
            });
 }
 
@@ -166,7 +178,7 @@ std::optional<Verdict> DetectDebris(std::string_view bytes, const DetectOptions&
         verdict.candidates[0].letters < 3)
         return std::nullopt;
     if (verdict.answer == Answer::Clean)
-        verdict.answer = Answer::Sure;
+        verdict.answer = verdict.candidates[0].chain.stored == Set::Utf8 ? Answer::Sure : Answer::Unsure;
     for (Candidate& candidate : verdict.candidates) {
         candidate.chain.debris = debris;
         candidate.leaveAlone = false;

@@ -69,8 +69,9 @@ double SignBits(char16_t c) {
         return 8;
     if (c < 0xA0)
         return 22;
-    if (c == 0xA9 || c == 0xAE || c == 0xB0 || c == 0xA7 || c == 0xB1 || c == 0x2022 || c == 0x20AC ||
-        c == 0x2122)
+    if (c == 0x20AC)
+        return 18;
+    if (c == 0xA9 || c == 0xAE || c == 0xB0 || c == 0xA7 || c == 0xB1 || c == 0x2022 || c == 0x2122)
         return 13;
     if (c == lostMark)
         return 12;
@@ -162,8 +163,10 @@ double SignAfter(Sign sign, bool afterLetter, Sign before) {
 
 /// What the case of a letter costs: after [nothing, a small letter, one capital, capitals, capitals and a
 /// gap, one capital after those, the end of a sentence][small, capital].
-constexpr double caseBits[7][2] = {{0.25, 2.7}, {0.01, 11}, {0.4, 2.0}, {6, 0.02},
+constexpr double caseBits[7][2] = {{0.25, 2.7}, {0.01, 13}, {0.4, 2.0}, {6, 0.02},
                                    {3, 0.2},    {3, 0.1},   {2.7, 0.3}};
+
+constexpr double unclosedBits = 5;
 
 int CaseAfterGap(int letterCase) {
     return letterCase == 3 || letterCase == 5 ? 4 : 0;
@@ -197,6 +200,7 @@ double Model::Bits(const Reading& reading) const {
     int previous = -1;
     Sign sign = Sign::Blank;
     bool afterAscii = false, afterStrange = false, sentenceEnded = false;
+    int open = 0;
     for (const std::uint8_t s : reading.symbols) {
         const Symbol& symbol = table[s];
         if (symbol.letter != 0) {
@@ -212,13 +216,17 @@ double Model::Bits(const Reading& reading) const {
             sentenceEnded = false;
         } else {
             if (last != 0) {
-                bits += Cost(before, last, 0) + (symbol.ascii ? 5 : 0) + (symbol.strange ? 4 : 0);
+                bits += Cost(before, last, 0) + (symbol.ascii ? 5 : 0) +
+                        (symbol.box       ? 10
+                         : symbol.strange ? 4
+                                          : 0);
                 letterCase = CaseAfterGap(letterCase);
             }
             bits += (symbol.box && s == previous ? 2 : symbol.bits) +
                     SignAfter(symbol.sign, last != 0 || afterAscii, sign) +
                     (symbol.ascii ? LetterAfter(sign) : 0);
             sign = symbol.sign;
+            open += (sign == Sign::Opening) - (sign == Sign::Closing && open > 0);
             sentenceEnded = sign == Sign::Stop || (sentenceEnded && sign == Sign::Blank);
             before = last = 0;
         }
@@ -226,6 +234,7 @@ double Model::Bits(const Reading& reading) const {
         afterAscii = symbol.ascii;
         afterStrange = symbol.strange && symbol.letter == 0;
     }
+    bits += unclosedBits * open;
     return last != 0 ? bits + Cost(before, last, 0) : bits;
 }
 
