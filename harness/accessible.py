@@ -1,13 +1,15 @@
 """Goes through the editor as a screen reader does, and presses what it finds there; with the name of another program
 as the last word, through that one.
 
-    accessible.py list                prints each command below the menu bar: its way there, and how it is
+    accessible.py list                prints each command below the menu bar: its way there, role, states, keys
     accessible.py names               prints the role and the name of everything that has one
     accessible.py nameless            prints the role of every control in sight that has none
+    accessible.py count FILE          keeps in the file how many letters were sent since the start, and the last of them
     accessible.py press FILE          presses the commands of the file's lines, and waits for what each does
 
-A line of the file: the way to a command, what comes of it (a window, a text of the document, a change of its
-tick, or nothing), and that window's title and the button, or Escape, that closes it, or that text; parted by tabs.
+A window that opens has to have a name at each of its fields. A line of the file: the way to a command, what comes of
+it (a window, a text of the document, a change of its tick, or nothing), and that window's title and the button, or
+Escape, that closes it, or that text; parted by tabs.
 Ends with 1, and tells why, at what is not there or does not come.
 """
 
@@ -26,6 +28,9 @@ CONTROLS = (pyatspi.ROLE_PUSH_BUTTON, pyatspi.ROLE_RADIO_BUTTON, pyatspi.ROLE_CH
             pyatspi.ROLE_TABLE, pyatspi.ROLE_TREE, pyatspi.ROLE_TREE_TABLE, pyatspi.ROLE_LIST, pyatspi.ROLE_TEXT,
             pyatspi.ROLE_PROGRESS_BAR)
 MENUS = (pyatspi.ROLE_MENU, pyatspi.ROLE_POPUP_MENU)
+FIELDS = (pyatspi.ROLE_TEXT, pyatspi.ROLE_ENTRY, pyatspi.ROLE_PASSWORD_TEXT, pyatspi.ROLE_COMBO_BOX, pyatspi.ROLE_LIST,
+          pyatspi.ROLE_TABLE, pyatspi.ROLE_TREE, pyatspi.ROLE_SPIN_BUTTON, pyatspi.ROLE_SLIDER, pyatspi.ROLE_CHECK_BOX,
+          pyatspi.ROLE_RADIO_BUTTON, pyatspi.ROLE_PUSH_BUTTON, pyatspi.ROLE_LINK, pyatspi.ROLE_PAGE_TAB)
 
 
 def wait(what, look):
@@ -53,6 +58,21 @@ def find(thing, isWanted):
         if found:
             return found
     return None
+
+
+def has_label(thing):
+    return any(relation.getRelationType() == pyatspi.RELATION_LABELLED_BY for relation in thing.getRelationSet())
+
+
+# The name of a combo box is what is chosen in it, and its parts are part of it.
+def nameless(thing):
+    role = thing.getRole()
+    if role in FIELDS and not has_label(thing):
+        if not (thing.description if role == pyatspi.ROLE_COMBO_BOX else thing.name):
+            yield thing
+    if role != pyatspi.ROLE_COMBO_BOX:
+        for child in below(thing):
+            yield from nameless(child)
 
 
 def has(thing, state):
@@ -112,7 +132,9 @@ def list_commands(editor):
         states = [name for name, state in
                   (("enabled", pyatspi.STATE_ENABLED), ("checkable", pyatspi.STATE_CHECKABLE),
                    ("checked", pyatspi.STATE_CHECKED)) if has(item, state)]
-        print("\t".join([" > ".join(way), item.getRoleName(), " ".join(states)]))
+        action = item.queryAction()
+        keys = action.getKeyBinding(0) if action.nActions else ""
+        print("\t".join([" > ".join(way), item.getRoleName(), " ".join(states), keys]))
 
 
 def list_names(thing):
@@ -143,6 +165,9 @@ def press_commands(editor, lines):
         name = way + ": "
         if outcome == "window":
             window = wait(name + wanted, lambda: editor.window(wanted))
+            unnamed = [field.getRoleName() for field in nameless(window)]
+            if unnamed:
+                sys.exit(name + "nothing tells what these are: " + ", ".join(unnamed))
             if button == "Escape":
                 wait(name + "the keyboard", lambda: has(window, pyatspi.STATE_ACTIVE))
                 Atspi.generate_keyboard_event(0xFF1B, "", Atspi.KeySynthType.SYM)
@@ -155,7 +180,22 @@ def press_commands(editor, lines):
             wait(name + "another tick", lambda: has(item, pyatspi.STATE_CHECKED) != was)
 
 
+def count_letters(path):
+    sent = [0]
+
+    def hear(event):
+        sent[0] += len(event.any_data)
+        with open(path, "w", encoding="utf-8") as file:
+            file.write(str(sent[0]) + "\t" + event.any_data[-1:])
+
+    pyatspi.Registry.registerEventListener(hear, "object:text-changed")
+    open(path, "w").close()
+    pyatspi.Registry.start()
+
+
 task = sys.argv[1]
+if task == "count":
+    count_letters(sys.argv[2])
 program = Program(sys.argv[-1] if len(sys.argv) > 2 and task != "press" else "quillshift")
 if task == "list":
     list_commands(program)

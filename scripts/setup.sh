@@ -8,6 +8,7 @@ build="build-essential cmake ninja-build ccache qt6-base-dev qt6-translations-l1
 test="poppler-utils libgtest-dev libgmock-dev libbenchmark-dev libxtst-dev xvfb openbox imagemagick xclip sqlite3
       x11-xserver-utils cups-client cups-daemon cups-ipp-utils dbus-daemon at-spi2-core python3-pyatspi"
 package="xvfb xdotool gzip dpkg-dev lintian appstream desktop-file-utils"
+clean_root="debootstrap imagemagick"
 lint="clang clang-format clang-tidy libclang-dev libclang-rt-14-dev llvm-dev"
 
 wanted=
@@ -15,6 +16,7 @@ for job in "$@"; do
     case "$job" in
         build) wanted+=" $build" ;;
         test) wanted+=" $test" ;;
+        clean-root) wanted+=" $clean_root" ;;
         package) wanted+=" $package" ;;
         lint) wanted+=" $lint" ;;
         *) echo "setup: unknown job $job" >&2; exit 2 ;;

@@ -125,10 +125,13 @@ void qsCommandBar::LayOutRows(const cMeasureButtonParams& params, const ItemMeas
     }
 }
 
-// One hidden group comes back a time.
+// A strip that was told its depth is deeper where a line of its text, larger than usual, needs that. One
+// hidden group comes back a time.
 void qsCommandBar::LayOutStrip(const cMeasureButtonParams& params, const ItemMeasure& measure) {
+    const int line = window_.Texts().TextExtent(u"Xy", params.Font).height + 2 * ButtonRecord().ItemMargin;
+    const int depth = height_ == 0 ? 0 : std::max(height_, line);
     do {
-        stripLayout_ = LayOutToolbar(records_, params, stripLayout_, measure, height_);
+        stripLayout_ = LayOutToolbar(records_, params, stripLayout_, measure, depth);
     } while (stripLayout_.cameBack);
     items_ = stripLayout_.items;
     if (!stripLayout_.more.IsEmpty()) {

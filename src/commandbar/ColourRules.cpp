@@ -135,4 +135,37 @@ const ColourRule& RuleOf(Slot slot, BarStyle style, ThemeColour theme) {
     return row.system;
 }
 
+ColourSource HighContrastSource(Slot slot) {
+    switch (slot) {
+    case ItemFillStart:
+    case ItemFillEnd:
+        return {};
+    case HotFillStart:
+    case HotFillEnd:
+    case PressedFillStart:
+    case PressedFillEnd:
+    case MenuHotFillStart:
+    case MenuHotFillEnd:
+        return Highlight;
+    case HotText:
+    case MenuHotText:
+        return HighlightText;
+    case DisabledText:
+    case MenuDisabledText:
+    case IconDisabled:
+        return GrayText;
+    case Shadow:
+        return Rgb(0, 0, 0);
+    case ToolbarText:
+    case MenuText:
+    case Border:
+    case HotBorder:
+    case SeparatorLight:
+    case SeparatorDark:
+        return WindowText;
+    default:
+        return Window;
+    }
+}
+
 } // namespace quillshift

@@ -40,4 +40,8 @@ struct ColourRule {
 /// The rule of a slot in a style, and in a theme where the style is `Themed`.
 const ColourRule& RuleOf(Slot slot, BarStyle style, ThemeColour theme);
 
+/// What a slot is in every style where the desktop needs black and white: lines and letters on one ground,
+/// and what is chosen on another one.
+ColourSource HighContrastSource(Slot slot);
+
 } // namespace quillshift

@@ -17,6 +17,8 @@ public:
     virtual void SetContainer(WindowId control) = 0;
     /// Pixels; a bar leaves it as it is.
     virtual int Height() const = 0;
+    /// Pixels that it can't do without; 0 where any width will do.
+    virtual int LeastWidth() const = 0;
     /// Places it in client pixels of its container.
     virtual void Move(const Rect& area) = 0;
 };

@@ -25,7 +25,7 @@ public:
           look_(LookOf(button, item, colours.Style())),
           icon_(IconSizeOf(item.Icons)),
           upright_(IsUpright(item.Orientation)),
-          themed_(colours.Style() == BarStyle::System && colours.Flags().Themes) {}
+          themed_(colours.Style() == BarStyle::System && colours.Flags().Themes && !colours.HighContrast()) {}
 
     void Run() {
         if (button_.Style == ButtonStyle::Separator) {
@@ -39,8 +39,7 @@ public:
         if (button_.ShowCaptionInToolbar)
             PaintCaption();
         if (HasArrowPart(button_))
-            brush_.DropArrow(ArrowPartOf(button_, item_), upright_,
-                             item_.Selectable ? Slot::ToolbarText : Slot::DisabledText);
+            brush_.DropArrow(ArrowPartOf(button_, item_), upright_, ArrowSlot());
     }
 
 private:
@@ -129,12 +128,25 @@ private:
             item_.Icons->Draw(surface_, button_.IconIndex, ModeOfIcon(), at);
     }
 
+    // In black and white the text is the ground's opposite.
+    bool IsTextLit() const {
+        return colours_.HighContrast()
+                   ? look_.fill == Slot::HotFillStart || look_.fill == Slot::PressedFillStart
+                   : look_.lit;
+    }
+
+    Slot ArrowSlot() const {
+        if (!item_.Selectable)
+            return Slot::DisabledText;
+        return colours_.HighContrast() && IsTextLit() ? Slot::HotText : Slot::ToolbarText;
+    }
+
     std::optional<Colour> CaptionColour() const {
         if (!item_.Selectable && !button_.Locked)
             return colours_.Of(Slot::DisabledText);
         if (themed_ && item_.MouseOver && item_.MouseDown)
             return colours_.Of(SystemColour::Highlight3D);
-        return colours_.Of(look_.lit && !button_.Locked ? Slot::HotText : Slot::ToolbarText);
+        return colours_.Of(IsTextLit() && !button_.Locked ? Slot::HotText : Slot::ToolbarText);
     }
 
     void PaintCaption() {

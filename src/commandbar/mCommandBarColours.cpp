@@ -43,6 +43,8 @@ public:
     Scheme(const mCommandBarColours& colours) : colours_(colours) {}
 
     std::optional<Colour> ColourOf(Slot slot) const {
+        if (colours_.HighContrast())
+            return ColourOf(HighContrastSource(slot));
         const std::optional<Colour> told = Told(slot);
         const auto of = [this](Slot other) { return colours_.Of(other); };
         switch (slot) {
@@ -133,7 +135,6 @@ void mCommandBarColours::Detect() {
         if (const auto name = theme_.ColourName())
             themeColour_ = ThemeNamed(*name);
     highColour_ = system_.BitsPerPixel() > 8;
-    highContrast_ = system_.HighContrast();
 }
 
 std::optional<Colour> mCommandBarColours::Of(Slot slot) const {
@@ -153,6 +154,8 @@ Colour mCommandBarColours::Of(SystemColour name) const {
 }
 
 ColourPair mCommandBarColours::SharedGround() const {
+    if (HighContrast())
+        return {Of(SystemColour::Window), Of(SystemColour::Window)};
     if (style_ != BarStyle::System)
         return {Of(Slot::BarFillEnd), Of(Slot::BarFillStart)};
     const Colour face = Of(SystemColour::ButtonFace);

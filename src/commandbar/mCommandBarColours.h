@@ -44,7 +44,7 @@ public:
     bool SetStyle(BarStyle style);
     quillshift::ThemeColour ThemeColour() const { return themeColour_; }
     bool HighColour() const { return highColour_; }
-    bool HighContrast() const { return highContrast_; }
+    bool HighContrast() const { return system_.HighContrast(); }
     const PlatformFlags& Flags() const { return flags_; }
     const ThemeService& Theme() const { return theme_; }
 
@@ -80,7 +80,6 @@ private:
     BarStyle style_ = BarStyle::Themed;
     quillshift::ThemeColour themeColour_ = quillshift::ThemeColour::None;
     bool highColour_ = true;
-    bool highContrast_ = false;
     Overrides overrides_;
     Overrides lastOverrides_;
 };

@@ -1,5 +1,6 @@
 #include "controls/Dialog.h"
 
+#include "controls/FieldNames.h"
 #include "controls/Mnemonics.h"
 #include "platform/qt/Appearance.h"
 
@@ -32,8 +33,10 @@ void Dialog::BringUp() {
 }
 
 bool Dialog::event(QEvent* event) {
-    if (event->type() == QEvent::Show)
+    if (event->type() == QEvent::Show) {
+        NameFieldsByLabels(*this);
         GiveMnemonics(*this);
+    }
     return QDialog::event(event);
 }
 

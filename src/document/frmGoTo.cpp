@@ -14,6 +14,7 @@ frmGoTo::frmGoTo(const DialogContext& context, GoToLine& lines)
     auto* const label = Add<QLabel>("Label1", QStringLiteral("Введите в поле ниже номер строки, на которую "
                                                              "следует перейти и нажмите 'Перейти'."));
     label->setWordWrap(true);
+    txtGo->setAccessibleName(QStringLiteral("Номер строки"));
     auto* const cmdGo = AddButton("cmdGo", QStringLiteral("&Перейти"));
     auto* const all = new QVBoxLayout(this);
     all->addWidget(label);

@@ -19,6 +19,7 @@ frmInsertTimeAndDate::frmInsertTimeAndDate(const DialogContext& context, TextSur
       chkAutoUpdate(Add<QCheckBox>("chkAutoUpdate", QStringLiteral("&Автоматически обновлять"))),
       txtUpdate(Add<QLineEdit>("txtUpdate", this)) {
     txtUpdate->hide();
+    txtUpdate->setAccessibleName(QStringLiteral("Номер формата"));
     auto* formats = Add<QLabel>("lblFormats", QStringLiteral("&Доступные форматы:"));
     formats->setBuddy(lstDates);
     auto* cmdInsert = AddButton("cmdInsert", QStringLiteral("&Вставить"));

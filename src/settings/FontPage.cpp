@@ -1,5 +1,6 @@
 #include "settings/FontPage.h"
 
+#include "platform/qt/Appearance.h"
 #include "platform/qt/QtText.h"
 
 #include <QComboBox>
@@ -45,7 +46,7 @@ void FontPage::AddTo(QGridLayout& rows, QLabel* sample) {
     lblExample = sample;
     lblExample->setTextFormat(Qt::PlainText);
     lblExample->setAlignment(Qt::AlignCenter);
-    lblExample->setFixedHeight(kSampleHeight);
+    lblExample->setFixedHeight(Larger(kSampleHeight));
     lblExample->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     rows.addWidget(lblExample, rows.rowCount(), 0, 1, 3);
     for (const int size : kFontSizes)

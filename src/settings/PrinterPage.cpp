@@ -2,6 +2,7 @@
 
 #include "base/Texts.h"
 #include "document/modPrint.h"
+#include "platform/qt/Appearance.h"
 #include "platform/qt/PrinterTools.h"
 #include "platform/qt/QtText.h"
 
@@ -27,7 +28,8 @@ PrinterPage::~PrinterPage() {
 void PrinterPage::AddTo(QGridLayout& rows, QLabel* defaultPrinter, DialogButton* folder,
                         DialogButton* setup) {
     lblDefaultPrinter = defaultPrinter;
-    List().setFixedHeight(kListHeight);
+    List().setFixedHeight(Larger(kListHeight));
+    List().setAccessibleName(QStringLiteral("Установленные принтеры"));
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(folder);
     buttons->addWidget(setup);

@@ -87,6 +87,7 @@ SettingForm::MakePage(SettingPage page,
         const bool hasNeighbour =
             i + 1 < fields_.size() && fields_[i + 1].label.empty() && fields_[i + 1].frame == field.frame;
         if (field.label.empty() && rows->count() > 0) {
+            At(field.name).setAccessibleName(ToQString(fields_[i - 1].label)); // the box that switches it
             rows->addWidget(control, rows->rowCount() - 1, 1);
         } else if (isNamed || field.label.empty()) {
             rows->addWidget(control, rows->rowCount(), 0, 1, hasNeighbour ? 1 : kWholeRow);
@@ -195,6 +196,7 @@ void SettingForm::Mark(QLineEdit& line, bool folder, bool missing) {
                               QLineEdit::TrailingPosition);
         mark->setObjectName(QStringLiteral("missing"));
         mark->setToolTip(folder ? QStringLiteral("Такой папки нет") : QStringLiteral("Такого файла нет"));
+        mark->setText(mark->toolTip());
     }
     mark->setVisible(missing);
 }

@@ -1,6 +1,7 @@
 #include "settings/frmAbout.h"
 
 #include "controls/HyperLink.h"
+#include "platform/qt/Appearance.h"
 #include "platform/qt/QtText.h"
 #include "settings/Author.h"
 #include "settings/DialogPicture.h"
@@ -32,7 +33,7 @@ bool IsDark(const QPalette& palette) {
 frmAbout::frmAbout(const DialogContext& context) : Dialog(context, QStringLiteral("О программе")) {
     auto* title = Add<QLabel>("lblTitle", QStringLiteral("Morvane Quillshift"));
     QFont large = font();
-    large.setPointSize(16);
+    large.setPointSizeF(16 * TextScale());
     large.setBold(true);
     title->setFont(large);
     auto* version = Add<QLabel>("lblVersion", Version());
@@ -43,7 +44,7 @@ frmAbout::frmAbout(const DialogContext& context) : Dialog(context, QStringLitera
                        "ошибке, образцом испорченного текста, переводом или деньгами. Как это "
                        "сделать, рассказано на домашней странице."));
     note->setWordWrap(true);
-    note->setFixedWidth(kTextWidth);
+    note->setFixedWidth(Larger(kTextWidth));
 
     auto* links = new QGridLayout;
     links->setColumnStretch(1, 1);
@@ -74,7 +75,7 @@ void frmAbout::AddLink(QGridLayout& rows, const char* name, const QString& label
                        std::u16string_view address) {
     auto* link = Add<HyperLink>(name, Context().platform);
     QFont tahoma(QStringLiteral("Tahoma"));
-    tahoma.setPointSizeF(8.25);
+    tahoma.setPointSizeF(8.25 * TextScale());
     link->setFont(tahoma);
     link->SetCaption(caption);
     link->SetAddress(address);

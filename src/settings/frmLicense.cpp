@@ -1,6 +1,7 @@
 #include "settings/frmLicense.h"
 
 #include "document/FileText.h"
+#include "platform/qt/Appearance.h"
 #include "platform/qt/QtTextSurface.h"
 
 #include <QVBoxLayout>
@@ -18,6 +19,7 @@ frmLicense::frmLicense(const DialogContext& context)
     const std::u16string path = context.platform.shell.ProgramFolder() + u"/License.rtf";
     FileText(context.platform.files.Read(path).bytes).LoadInto(*text);
     text->setReadOnly(true);
+    text->setAccessibleName(windowTitle());
     text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     auto* cmdClose = AddButton("cmdClose", QStringLiteral("OK"));
     cmdClose->setDefault(true);
@@ -25,7 +27,7 @@ frmLicense::frmLicense(const DialogContext& context)
     auto* all = new QVBoxLayout(this);
     all->addWidget(text);
     all->addWidget(cmdClose, 0, Qt::AlignRight);
-    resize(kFirstSize);
+    resize(Larger(kFirstSize.width()), Larger(kFirstSize.height()));
     cmdClose->setFocus();
     connect(cmdClose, &QPushButton::clicked, this, &QDialog::accept);
 }

@@ -1,5 +1,6 @@
 #include "settings/frmWelcome.h"
 
+#include "platform/qt/Appearance.h"
 #include "settings/DialogPicture.h"
 
 #include <QCheckBox>
@@ -27,7 +28,7 @@ frmWelcome::frmWelcome(const DialogContext& context, StartChain& chain)
             "конвертера можно как создавать новые, так и редактировать уже созданные текстовые документы. "
             "Имеется возможность внедрять данные из других документов в документ программы."));
     lblWelcome->setWordWrap(true);
-    lblWelcome->setFixedWidth(kTextWidth);
+    lblWelcome->setFixedWidth(Larger(kTextWidth));
     auto* cmdContinue = AddButton("cmdContinue", QStringLiteral("Продолжить"));
     cmdContinue->setDefault(true);
 

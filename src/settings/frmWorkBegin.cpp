@@ -1,5 +1,6 @@
 #include "settings/frmWorkBegin.h"
 
+#include "platform/qt/Appearance.h"
 #include "settings/DialogPicture.h"
 
 #include <QCheckBox>
@@ -33,7 +34,7 @@ frmWorkBegin::frmWorkBegin(const DialogContext& context, StartChain& chain)
                                  "запуска и нажмите 'Ok'. Чтобы закрыть это окно без выполнения каких-либо "
                                  "действий и запустить программу нажмите 'Закрыть'."));
     instruction->setWordWrap(true);
-    instruction->setFixedWidth(kTextWidth);
+    instruction->setFixedWidth(Larger(kTextWidth));
     auto* cmdOK = AddButton("cmdOK", QStringLiteral("Ok"));
     auto* cmdClose = AddButton("cmdClose", QStringLiteral("Закрыть"));
     cmdOK->setDefault(true);

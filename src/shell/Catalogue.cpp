@@ -1,6 +1,7 @@
 #include "shell/Catalogue.h"
 
 #include "commandbar/CommandBarHandles.h"
+#include "commandbar/PanelControl.h"
 #include "commandbar/VirtualKeys.h"
 #include "document/modEdit.h"
 
@@ -309,7 +310,7 @@ void AddCatalogue(const cButtons& buttons, PanelControl& cmbDecode) {
                         std::u16string(entry.ToolTip), entry.ShortcutKey, entry.ShortcutModifiers);
         button.SetTag(std::u16string(entry.ToolTip)); // which stays when the tips are switched off
         if (entry.Style == ButtonStyle::Panel) {
-            button.SetPanelWidth(kDirectionsWidth);
+            button.SetPanelWidth(std::max(kDirectionsWidth, cmbDecode.LeastWidth()));
             button.SetPanelControl(&cmbDecode);
         }
         if (entry.showsCaption)

@@ -34,9 +34,14 @@ void MainLayout::LayOut() {
     const TwipsRect bounds = window_.Bounds();
     const ToolBarIcons icons =
         settings_.Is(Setting::UseLargeIcons) ? ToolBarIcons::Large : ToolBarIcons::Small;
-    const int shown = (bars_.IsShown(1) ? 1 : 0) + (bars_.IsShown(2) ? 1 : 0);
-    const Twips moreRows = bars_.MenuHeight() - kMenuRowHeight;
-    window_.LayOut(LayOutEditor(bounds.height - moreRows, bounds.width, icons, shown));
+    int shown = 0;
+    Twips more = bars_.Height(0) - kMenuRowHeight; // than the design has them
+    for (const int bar : {1, 2})
+        if (bars_.IsShown(bar)) {
+            ++shown;
+            more = more + std::max(bars_.Height(bar) - ToolBarHeight(icons), 0_twips);
+        }
+    window_.LayOut(LayOutEditor(bounds.height - more, bounds.width, icons, shown));
 }
 
 } // namespace quillshift

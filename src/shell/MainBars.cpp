@@ -1,6 +1,5 @@
 #include "shell/MainBars.h"
 
-#include "base/Twips.h"
 #include "commandbar/VirtualKeys.h"
 #include "platform/Keys.h"
 #include "shell/Catalogue.h"
@@ -96,7 +95,7 @@ void MainBars::AttachMenu() {
 
 void MainBars::AttachToolBar(int bar, ToolBarIcons icons) {
     qsCommandBar& control = Bar(bar);
-    control.SetHeight(ToPixels(icons == ToolBarIcons::Large ? 435_twips : 375_twips));
+    control.SetHeight(ToPixels(ToolBarHeight(icons)));
     control.SetToolbarImageList(Icons(bar, icons));
     control.SetToolbar(control.CommandBars().Item(kRoots[bar]));
 }
@@ -106,8 +105,8 @@ void MainBars::Show(int bar, bool visible) {
     window_.SetBarVisible(bar, visible);
 }
 
-Twips MainBars::MenuHeight() const {
-    return FromPixels(window_.CmdBar(0).ClientSize().height);
+Twips MainBars::Height(int bar) const {
+    return FromPixels(window_.CmdBar(bar).ClientSize().height);
 }
 
 } // namespace quillshift

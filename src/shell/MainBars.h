@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Twips.h"
 #include "commandbar/icons/clsImageList.h"
 #include "commandbar/qsCommandBar.h"
 #include "shell/MainView.h"
@@ -15,6 +16,11 @@
 namespace quillshift {
 
 enum class ToolBarIcons { Small, Large };
+
+/// The height of a toolbar by the design.
+constexpr Twips ToolBarHeight(ToolBarIcons icons) {
+    return icons == ToolBarIcons::Large ? 435_twips : 375_twips;
+}
 
 /// The command bars of the main window: menu (0), standard toolbar (1), recoding toolbar (2), and whatever
 /// popups they open; with the icons and the whole catalogue on them.
@@ -36,8 +42,9 @@ public:
     /// Shows or hides bar 1 or 2.
     void Show(int bar, bool visible);
     bool IsShown(int bar) const { return shown_[bar]; }
-    /// Extent of the menu, which wraps to further rows in a narrow window.
-    Twips MenuHeight() const;
+    /// Extent of a bar: of the menu, which wraps to further rows in a narrow window, or of a toolbar, which
+    /// is at least as high as the design has it.
+    Twips Height(int bar) const;
 
     /// Opens one of the menus at a point of the screen.
     void ShowMenu(std::string_view barKey, Point screen);

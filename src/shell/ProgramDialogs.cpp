@@ -8,6 +8,7 @@
 #include "document/frmPrinting.h"
 #include "document/frmRecovery.h"
 #include "document/frmReplace.h"
+#include "platform/Keys.h"
 #include "platform/qt/QtFolderDialog.h"
 #include "recoding/frmDecode.h"
 #include "recoding/frmDecoding.h"
@@ -19,8 +20,10 @@
 #include "settings/frmToolBarCustomize.h"
 #include "settings/frmWelcome.h"
 #include "settings/frmWorkBegin.h"
+#include "shell/Catalogue.h"
 
 #include <QApplication>
+#include <QShortcut>
 #include <QWindow>
 
 #include <algorithm>
@@ -35,6 +38,28 @@ namespace {
 // that stands alone, before the main window, only when it is told to. A kept one is modal without an argument
 // and beside the main window with one; it stays loaded, hidden, where it was accepted.
 enum class Stand { Modal, Beside, Alone, Kept };
+
+// What does the same wherever the keyboard is. The others change a text that the user is not writing in.
+constexpr Command kAlsoBeside[] = {Command::Lock, Command::Find, Command::FindNext, Command::Replace,
+                                   Command::GoTo};
+
+QKeySequence KeysOf(const CatalogueEntry& entry) {
+    const int code = entry.ShortcutKey;
+    const bool isFunctionKey = code >= key::kF1 && code < key::kF1 + 24;
+    const auto modifiers =
+        (entry.ShortcutModifiers & modifier::kCtrl) != 0 ? Qt::ControlModifier : Qt::NoModifier;
+    return {QKeyCombination(modifiers,
+                            static_cast<Qt::Key>(isFunctionKey ? Qt::Key_F1 + code - key::kF1 : code))};
+}
+
+// Behind the key's event, which may be the last one that the dialog gets.
+void HearShortcuts(Dialog& dialog, MainBars& bars) {
+    for (const CatalogueEntry& entry : Catalogue())
+        if (entry.ShortcutKey != 0 && std::ranges::count(kAlsoBeside, entry.action.command) != 0)
+            QObject::connect(
+                new QShortcut(KeysOf(entry), &dialog), &QShortcut::activated, &dialog,
+                [&bars, name = entry.Key] { bars.OnClick(name); }, Qt::QueuedConnection);
+}
 
 } // namespace
 
@@ -169,9 +194,11 @@ Dialog& ProgramDialogs::Loaded(DialogKind kind, int argument) {
         return *dialog;
     dialog = Make(kind, argument);
     const Stand stand = RowOf(kind).stand;
-    if (stand == Stand::Beside)
+    if (stand == Stand::Beside) {
+        HearShortcuts(*dialog, parts_.bars);
         QObject::connect(dialog.get(), &QDialog::finished, [this, kind] { Close(kind); });
-    else if (stand == Stand::Kept)
+    }
+    if (stand == Stand::Kept)
         QObject::connect(dialog.get(), &QDialog::rejected, [this, kind] { Close(kind); });
     return *dialog;
 }

@@ -1,6 +1,7 @@
 #include "shell/frmMain.h"
 
 #include "controls/Dialog.h"
+#include "platform/qt/Appearance.h"
 #include "platform/qt/QtText.h"
 #include "recoding/modDecode.h"
 #include "shell/Layout.h"
@@ -37,6 +38,7 @@ public:
         list_.setParent(windowIds_.Widget(control));
     }
     int Height() const override { return list_.height(); }
+    int LeastWidth() const override { return TextScale() > 1 ? list_.sizeHint().width() : 0; }
     void Move(const Rect& area) override {
         list_.setGeometry(area.left, area.top, area.Width(), area.Height());
     }
@@ -76,8 +78,10 @@ frmMain::frmMain(QtWindowMessages& windowIds, const QtTextMeasurer& texts)
     richTextBox_->TakeFilesDroppedOn(*this);
     for (int number = 0; number < kDirections; ++number)
         cmbDecode_->addItem(ToQString(DirectionName(DirectionOf(number))));
-    cmbDecode_->setFont(QFont(QStringLiteral("Tahoma"), 8));
-    cmbDecode_->resize(cmbDecode_->width(), 21);
+    cmbDecode_->setFont(texts.FontOf({.name = u"Tahoma", .points = 8}));
+    // As low as a bar's line of text, whose height the bars take from their font.
+    constexpr int kListHeight = 21;
+    cmbDecode_->resize(cmbDecode_->width(), std::max(kListHeight, cmbDecode_->fontMetrics().height() + 6));
     connect(cmbDecode_, &QComboBox::currentIndexChanged, this, [this] {
         if (OnDirectionChange)
             OnDirectionChange();

@@ -57,6 +57,28 @@ TEST_F(CommandBarColours, CanBeReadInEveryStyleAndThemeOnEveryDesktop) {
     }
 }
 
+TEST_F(CommandBarColours, AreBlackAndWhiteInEveryStyleWhereTheDesktopIs) {
+    const Colour black = Rgb(0, 0, 0);
+    const Colour white = Rgb(255, 255, 255);
+    for (const auto& [ground, text] : {std::pair(black, white), std::pair(white, black)})
+        for (const int style : {0, 1, 2, 3}) {
+            SCOPED_TRACE(style + (ground == white ? 10 : 0));
+            desktop.MakeHighContrast(ground, text);
+            theme.name = u"Homestead";
+            colours.SetStyle(static_cast<BarStyle>(style));
+            colours.Start();
+            ExpectReadable();
+            for (const Slot line : {Slot::ToolbarText, Slot::Border, Slot::HotBorder, Slot::SeparatorDark})
+                for (const Slot fill : {Slot::BarFillStart, Slot::CheckedFillEnd})
+                    ExpectContrast(line, colours.Of(fill), 21);
+            for (const Slot fill : {Slot::MenuFillStart, Slot::TickFillStart, Slot::HotTickFillEnd})
+                ExpectContrast(Slot::MenuText, colours.Of(fill), 21);
+            for (const Slot fill : {Slot::HotFillStart, Slot::PressedFillEnd})
+                ExpectContrast(Slot::HotText, colours.Of(fill), 21);
+            ExpectContrast(Slot::MenuHotText, colours.Of(Slot::MenuHotFillStart), 21);
+        }
+}
+
 TEST_F(CommandBarColours, StandUnderAnOverrideUntilItIsLiftedAndCanComeBack) {
     constexpr auto kHot = static_cast<int>(Slot::HotFillStart);
     const Colour red = Rgb(255, 0, 0);

@@ -4,6 +4,7 @@
 #include "base/Utf8.h"
 #include "harness/Iconv.h"
 #include "shell/Catalogue.h"
+#include "shell/Commands.h"
 
 #include <sstream>
 #include <string>
@@ -47,19 +48,27 @@ protected:
         return (ParentKey(parent).empty() ? "" : Way(parent) + " > ") + ToUtf8(entry->Caption);
     }
 
-private:
     ScreenReader reader_{desktop, editor.home.Path()};
 };
 
+// Each with its role, what it can do over an empty document, and its keys.
 TEST_F(Accessibility, EveryCommandIsFoundInItsMenu) {
     std::vector<std::string> expected;
-    for (const CatalogueEntry& entry : Catalogue())
-        if (RootOf(entry.Key) == "MENU" && entry.Key != "MENU" && entry.Style != ButtonStyle::Separator)
-            expected.push_back(Way(entry.Key));
+    for (const CatalogueEntry& entry : Catalogue()) {
+        if (RootOf(entry.Key) != "MENU" || entry.Key == "MENU" || entry.Style == ButtonStyle::Separator)
+            continue;
+        ButtonRecord keys;
+        keys.ShortcutKey = entry.ShortcutKey;
+        keys.ShortcutModifiers = entry.ShortcutModifiers;
+        const bool enabled = IsEnabled(entry.action.command, {});
+        const bool checked = entry.action.command == Command::ShowBar;
+        expected.push_back(Way(entry.Key) + "\tmenu item\t" + (enabled ? "enabled" : "") +
+                           (checked ? " checked\t" : "\t") + (enabled ? ToUtf8(keys.ShortcutText()) : ""));
+    }
     std::istringstream lines(Ask("list"));
     std::vector<std::string> found;
     for (std::string line; std::getline(lines, line);)
-        found.push_back(line.substr(0, line.find('\t')));
+        found.push_back(line);
     std::ranges::sort(expected);
     std::ranges::sort(found);
     EXPECT_EQ(found, expected);
@@ -123,6 +132,24 @@ TEST_F(Accessibility, EveryCommandIsPressed) {
     EXPECT_EQ(Contents(Path("text.txt")), Iconv("МИР\r\n", "UTF-8", "CP1251"));
     PressAll({{"MENU:FILE:EXIT", ""}});
     EXPECT_EQ(editor.WaitForEnd(), 0);
+}
+
+TEST_F(Accessibility, ALongTextIsNotSentWhole) {
+    std::string lines;
+    for (int i = 0; i < 20000; ++i)
+        lines += std::to_string(i) + " lines of a long text are told to nobody at once\r\n";
+    Put(Path("text.txt"), lines);
+    const Process listener(
+        "/usr/bin/python3",
+        {(TestsFolder().parent_path() / "harness/accessible.py").string(), "count", Path("sent").string()},
+        reader_.Its());
+    desktop.WaitUntil("somebody listens", [&] { return std::filesystem::exists(Path("sent")); });
+    editor.Open(Path("text.txt"));
+    desktop.Press("Ctrl+End"); // when all of it is there
+    desktop.Type(u"q");
+    std::string sent;
+    desktop.WaitUntil("a letter was told", [&] { return (sent = Contents(Path("sent"))).ends_with("\tq"); });
+    EXPECT_LT(std::stol(sent), 10000);
 }
 
 TEST_F(Accessibility, NothingButTheLockIsFoundWhileItIsThere) {

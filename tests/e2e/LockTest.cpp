@@ -24,10 +24,14 @@ TEST_F(Lock, StandsAloneOnTheScreenAndGivesAllBack) {
         return Process("xclip", {"-selection", "primary", "-o"}, environment).WaitForEnd() == 0;
     };
     EXPECT_TRUE(offersSelection());
-    for (const bool byMenu : {false, true}) {
-        if (byMenu)
+    for (const std::string_view road : {"key", "menu", "key in a dialog"}) {
+        if (road == "menu")
             editor.Choose("MENU:SERVICE:LOCKED");
-        else
+        if (road == "key in a dialog") {
+            desktop.Activate(desktop.Find(u"Найти"));
+            editor.SettleIn(u"Найти");
+        }
+        if (road != "menu")
             desktop.Press("Ctrl+l");
         desktop.WaitUntil("the main window is gone", [&] {
             const auto windows = desktop.Windows();

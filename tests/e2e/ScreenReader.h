@@ -30,6 +30,8 @@ public:
         return {{"DBUS_SESSION_BUS_ADDRESS", environment_.at("DBUS_SESSION_BUS_ADDRESS")},
                 {"QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1"}};
     }
+    /// For those who speak with programs there.
+    const Environment& Its() const { return environment_; }
     /// What the script prints; the test fails with what it tells if it fails.
     std::string Ask(const std::string& what) const {
         const std::string script = (TestsFolder().parent_path() / "harness/accessible.py").string();

@@ -57,6 +57,7 @@ public:
     WindowId Container() const override { return container; }
     void SetContainer(WindowId control) override { container = control; }
     int Height() const override { return 21; }
+    int LeastWidth() const override { return 0; }
     void Move(const Rect& value) override { area = value; }
 
     bool visible = false;

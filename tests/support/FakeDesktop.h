@@ -11,7 +11,7 @@ class FakeSystemColours final : public SystemColours {
 public:
     Colour Of(SystemColour name) const override { return colours.at(name); }
     int BitsPerPixel() const override { return bitsPerPixel; }
-    bool HighContrast() const override { return false; }
+    bool HighContrast() const override { return highContrast; }
 
     /// The colours of a dark desktop of today.
     void MakeDark() {
@@ -28,6 +28,17 @@ public:
         colours[SystemColour::GrayText] = grey(120);
     }
 
+    /// White on black, or the other way round.
+    void MakeHighContrast(Colour ground, Colour text) {
+        highContrast = true;
+        for (auto& [name, colour] : colours)
+            colour = text;
+        for (const SystemColour name : {SystemColour::ButtonFace, SystemColour::Menu, SystemColour::Window,
+                                        SystemColour::HighlightText})
+            colours[name] = ground;
+        colours[SystemColour::GrayText] = Rgb(128, 128, 128);
+    }
+
     std::map<SystemColour, Colour> colours{
         {SystemColour::ButtonFace, Rgb(212, 208, 200)},    {SystemColour::ButtonShadow, Rgb(128, 128, 128)},
         {SystemColour::Highlight3D, Rgb(255, 255, 255)},   {SystemColour::DarkShadow3D, Rgb(64, 64, 64)},
@@ -36,6 +47,7 @@ public:
         {SystemColour::WindowText, Rgb(0, 0, 0)},          {SystemColour::Menu, Rgb(212, 208, 200)},
         {SystemColour::GrayText, Rgb(128, 128, 128)}};
     int bitsPerPixel = 24;
+    bool highContrast = false;
 };
 
 } // namespace quillshift

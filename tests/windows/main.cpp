@@ -1,11 +1,13 @@
 #include "platform/qt/Appearance.h"
+#include "platform/qt/Looks.h"
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QPalette>
 
-// Real widgets and real events, without a display; with DARK as a dark desktop shows them.
+// Real widgets and real events, without a display; with DARK as a dark desktop shows them, with BLACK as one
+// of high contrast, with POINTS as one with that size of text.
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
@@ -16,6 +18,10 @@ int main(int argc, char** argv) {
             dark.setColor(QPalette::Disabled, role, QColor(128, 128, 128));
         QApplication::setPalette(quillshift::Readable(dark));
     }
+    if (qEnvironmentVariableIsSet("BLACK"))
+        quillshift::Looks().Follow({.highContrast = true, .dark = true});
+    if (const int points = qEnvironmentVariableIntValue("POINTS"); points != 0)
+        QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), points));
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -1,15 +1,22 @@
 #include "platform/qt/Appearance.h"
 
 #include "platform/FileSystem.h"
+#include "platform/qt/DesktopWatch.h"
+#include "platform/qt/Looks.h"
 #include "platform/qt/QtText.h"
 
 #include <QApplication>
 #include <QBuffer>
+#include <QFontInfo>
 #include <QImageReader>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QPalette>
 #include <QTranslator>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
 
 namespace quillshift {
 namespace {
@@ -22,6 +29,8 @@ void SpeakRussian(QApplication& application) {
                          QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QCoreApplication::installTranslator(translator);
 }
+
+constexpr int kMiddle = 128; // of lightness
 
 // The stored font names stay as they are; what is shown is a near relative.
 void ShowFontRelatives() {
@@ -58,7 +67,8 @@ QIcon ReadIcon(FileSystem& files, const QString& path) {
 void DressUp(QApplication& application) {
     SpeakRussian(application);
     ShowFontRelatives();
-    QApplication::setPalette(Readable({}));
+    auto* const looks = new Looks(&application);
+    QObject::connect(new DesktopWatch(&application), &DesktopWatch::Changed, looks, &Looks::Follow);
 }
 
 // The toolkit's grey for what is disabled falls below 2:1; a middle one has over 3:1 on light and dark alike.
@@ -67,10 +77,35 @@ QPalette Readable(QPalette palette) {
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         palette.setColor(QPalette::Disabled, role, QColor(128, 128, 128));
     const int ground = palette.color(QPalette::Window).lightness();
-    constexpr int kMiddle = 128;
     if (ground < kMiddle && palette.color(QPalette::Link).lightness() <= kMiddle)
         palette.setColor(QPalette::Link, QColor(110, 170, 255));
     return palette;
+}
+
+double TextScale() {
+    constexpr double kUsualPoints = 9;
+    return std::max(1.0, QFontInfo(QApplication::font()).pointSizeF() / kUsualPoints);
+}
+
+int Larger(int px) {
+    return static_cast<int>(std::lround(px * TextScale()));
+}
+
+QFont DialogFont() {
+    constexpr double kDesignPoints = 8;
+    QFont font(QStringLiteral("MS Sans Serif"));
+    font.setPointSizeF(kDesignPoints * TextScale());
+    return font;
+}
+
+// Black and white, or as good as that: no other desktop has both its windows and its texts so.
+bool IsHighContrast(const QPalette& palette) {
+    constexpr int kExtremes = 245;
+    const auto apart = [&](QPalette::ColorRole text, QPalette::ColorRole ground) {
+        return std::abs(palette.color(QPalette::Active, text).lightness() -
+                        palette.color(QPalette::Active, ground).lightness()) >= kExtremes;
+    };
+    return apart(QPalette::WindowText, QPalette::Window) && apart(QPalette::Text, QPalette::Base);
 }
 
 } // namespace quillshift

@@ -11,7 +11,8 @@ namespace quillshift {
 class FileSystem;
 
 /// How the program's windows look and speak, whatever the desktop is set to: Russian texts of the toolkit,
-/// near relatives of the fonts that are asked for, greyed text that can be read. To be called once.
+/// near relatives of the fonts that are asked for, greyed text that can be read; in black and white and
+/// without motion where the desktop asks for it, also later. To be called once.
 void DressUp(QApplication& application);
 
 /// Dates and sizes in the file dialog, too. To be called before the application is made.
@@ -24,9 +25,15 @@ QIcon ReadIcon(FileSystem& files, const QString& path);
 /// A desktop's colours with greyed text and links that can be read.
 QPalette Readable(QPalette palette);
 
+/// Whether these are the colours of a desktop whose users need black and white.
+bool IsHighContrast(const QPalette& palette);
+
+/// How much larger than usual the user wants text to be; 1 or more.
+double TextScale();
+/// A length that holds text, as much larger.
+int Larger(int px);
+
 /// The one font of dialogs and boxes.
-inline QFont DialogFont() {
-    return {QStringLiteral("MS Sans Serif"), 8};
-}
+QFont DialogFont();
 
 } // namespace quillshift

@@ -1,6 +1,7 @@
 #include "platform/qt/QtBarSystem.h"
 
 #include "platform/Keys.h"
+#include "platform/qt/Appearance.h"
 #include "platform/qt/QtBarWindow.h"
 #include "platform/qt/X11Compositing.h"
 #include "platform/qt/X11Display.h"
@@ -253,6 +254,10 @@ Colour QtSystemColours::Of(SystemColour name) const {
 
 int QtSystemColours::BitsPerPixel() const {
     return QGuiApplication::primaryScreen()->depth();
+}
+
+bool QtSystemColours::HighContrast() const {
+    return IsHighContrast(QGuiApplication::palette());
 }
 
 bool QtTheme::DrawToolbarPart(Surface& surface, int part, int state, const Rect& area) const {

@@ -40,7 +40,7 @@ class QtSystemColours final : public SystemColours {
 public:
     Colour Of(SystemColour name) const override;
     int BitsPerPixel() const override;
-    bool HighContrast() const override { return false; } // the toolkit has no word for it
+    bool HighContrast() const override;
 };
 
 /// The desktop's style as the theme of the command bars.

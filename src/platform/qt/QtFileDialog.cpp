@@ -86,6 +86,7 @@ CompletingDialog::CompletingDialog(FileDialog& properties, AcceptMode mode)
     FollowFilter(filters.value(0));
     ShowLastName(ToQString(properties.FileName));
     ShowDetailsWhole();
+    NameFields(*this);
 }
 
 void CompletingDialog::FollowFilter(const QString& filter) {

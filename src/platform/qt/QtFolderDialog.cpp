@@ -14,6 +14,7 @@ bool QtFolderDialog::ShowFolder(std::u16string_view start) {
     QFileDialog dialog(DialogOwner(), ToQString(DialogTitle),
                        start.empty() ? QDir::homePath() : ToQString(start));
     dialog.setIconProvider(&kinds);
+    NameFields(dialog);
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly, (flags & kListFiles) == 0);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())

@@ -1,5 +1,6 @@
 #include "platform/qt/QtTabStrip.h"
 
+#include "platform/qt/Appearance.h"
 #include "platform/qt/QtBarSystem.h"
 #include "platform/qt/QtSurface.h"
 #include "platform/qt/QtTabRow.h"
@@ -64,7 +65,7 @@ void QtTabStrip::SetFlatSeparators(bool on) {
 
 void QtTabStrip::SetFont(const FontSpec& font) {
     font_ = QtTextMeasurer().FontOf(font);
-    font_.setPointSizeF(static_cast<double>(font.points)); // as the dialogs' own
+    font_.setPointSizeF(static_cast<double>(font.points) * TextScale()); // as the dialogs' own
     Refill();
 }
 

@@ -49,14 +49,33 @@ QAccessibleInterface* MakeRoot(const QString& /*className*/, QObject* object) {
     return object == qApp ? new ScreenRoot : nullptr;
 }
 
-// An event holds what has changed, such as the letters that came. That a window went is told.
+/// How many letters an event would send over the bus.
+qsizetype LettersIn(const QAccessibleEvent& event) {
+    switch (event.type()) {
+    case QAccessible::TextInserted:
+        return static_cast<const QAccessibleTextInsertEvent&>(event).textInserted().size();
+    case QAccessible::TextRemoved:
+        return static_cast<const QAccessibleTextRemoveEvent&>(event).textRemoved().size();
+    case QAccessible::TextUpdated: {
+        const auto& update = static_cast<const QAccessibleTextUpdateEvent&>(event);
+        return update.textRemoved().size() + update.textInserted().size();
+    }
+    default:
+        return 0;
+    }
+}
+
+// An event holds what has changed, such as the letters that came. That a window went is told. Of more than a
+// page of letters only that they have changed: whoever wants to read it asks for the part that he is at.
 void PassOn(QAccessibleEvent* event) {
     const bool goes =
         event->type() == QAccessible::ObjectHide || event->type() == QAccessible::ObjectDestroyed;
     if (!goes && !IsOnScreen(event->object()))
         return;
+    constexpr qsizetype kPage = 4000;
+    QAccessibleEvent changed(event->object(), QAccessible::VisibleDataChanged);
     QAccessible::installUpdateHandler(nullptr);
-    QAccessible::updateAccessibility(event);
+    QAccessible::updateAccessibility(LettersIn(*event) > kPage ? &changed : event);
     QAccessible::installUpdateHandler(PassOn);
 }
 

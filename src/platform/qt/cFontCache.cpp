@@ -1,5 +1,6 @@
 #include "platform/qt/cFontCache.h"
 
+#include "platform/qt/Appearance.h"
 #include "platform/qt/QtText.h"
 
 #include <QGuiApplication>
@@ -13,9 +14,10 @@ namespace {
 
 constexpr int kPointsPerInch = 72;
 
+// Of a font of the design, which is larger where the user wants larger text.
 double DotsPerInch() {
     const QScreen* screen = QGuiApplication::primaryScreen();
-    return screen != nullptr ? screen->logicalDotsPerInchY() : 96;
+    return TextScale() * (screen != nullptr ? screen->logicalDotsPerInchY() : 96);
 }
 
 QFont MakeFont(const FontSpec& spec, double dpi) {

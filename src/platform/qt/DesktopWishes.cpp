@@ -1,0 +1,32 @@
+#include "platform/qt/DesktopWishes.h"
+
+namespace quillshift {
+namespace {
+
+const QString kAppearance = QStringLiteral("org.freedesktop.appearance");
+const QString kGnome = QStringLiteral("org.gnome.desktop.interface");
+const QString kGnomeHelp = QStringLiteral("org.gnome.desktop.a11y.interface");
+const QString kPlasma = QStringLiteral("org.kde.kdeglobals.KDE");
+
+} // namespace
+
+QStringList WishGroups() {
+    return {kAppearance, kGnome, kGnomeHelp, kPlasma};
+}
+
+DesktopWishes WishesIn(const PortalSettings& settings) {
+    const auto value = [&](const QString& group, const char* name) {
+        return settings.value(group).value(QLatin1String(name));
+    };
+    const auto isOn = [&](const QString& group, const char* name) { return value(group, name).toInt() == 1; };
+    const QString theme = value(kGnome, "gtk-theme").toString();
+    const QVariant animations = value(kGnome, "enable-animations");
+    const QVariant duration = value(kPlasma, "AnimationDurationFactor");
+    return {.highContrast = isOn(kAppearance, "contrast") || isOn(kGnomeHelp, "high-contrast") ||
+                            theme.startsWith(QLatin1String("HighContrast")),
+            .dark = isOn(kAppearance, "color-scheme") || theme == QLatin1String("HighContrastInverse"),
+            .calm = isOn(kAppearance, "reduced-motion") || (animations.isValid() && !animations.toBool()) ||
+                    duration.toString() == QLatin1String("0")};
+}
+
+} // namespace quillshift

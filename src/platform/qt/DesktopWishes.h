@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QMap>
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+
+namespace quillshift {
+
+/// What the desktop asks of all programs' looks, besides its palette and font.
+struct DesktopWishes {
+    bool highContrast = false;
+    bool dark = false;
+    bool calm = false; ///< nothing moves by itself
+
+    bool operator==(const DesktopWishes&) const = default;
+};
+
+/// Settings of the desktop as its portal tells them: by group, then by name.
+using PortalSettings = QMap<QString, QVariantMap>;
+
+/// The groups in which desktops keep their wishes.
+QStringList WishGroups();
+
+/// The wishes in them. What is missing or of an odd type asks for nothing.
+DesktopWishes WishesIn(const PortalSettings& settings);
+
+} // namespace quillshift

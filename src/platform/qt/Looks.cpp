@@ -1,0 +1,90 @@
+#include "platform/qt/Looks.h"
+
+#include "platform/qt/Appearance.h"
+
+#include <QApplication>
+#include <QPalette>
+#include <QProxyStyle>
+#include <QStyle>
+#include <QStyleFactory>
+
+namespace quillshift {
+namespace {
+
+// Edges are lines in the colour of the text, and nothing is told by shades.
+QPalette HighContrastPalette(bool dark) {
+    const QColor ground = dark ? Qt::black : Qt::white;
+    const QColor text = dark ? Qt::white : Qt::black;
+    QPalette palette(text, ground, text, text, text, text, text, ground, ground);
+    palette.setColor(QPalette::ButtonText, text);
+    palette.setColor(QPalette::Midlight, ground);
+    palette.setColor(QPalette::Shadow, text);
+    palette.setColor(QPalette::Highlight, dark ? QColor(90, 220, 255) : QColor(40, 0, 120));
+    palette.setColor(QPalette::HighlightedText, ground);
+    palette.setColor(QPalette::Link, dark ? QColor(255, 255, 0) : QColor(0, 0, 160));
+    palette.setColor(QPalette::AlternateBase, ground);
+    palette.setColor(QPalette::ToolTipBase, ground);
+    palette.setColor(QPalette::ToolTipText, text);
+    const QColor grey = dark ? QColor(170, 170, 170) : QColor(90, 90, 90);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, grey);
+    palette.setColor(QPalette::PlaceholderText, grey);
+    return palette;
+}
+
+// A style in which nothing moves by itself where that is wished, and greyed text has no double, which in
+// black and white would be as strong as the text.
+class PlainStyle final : public QProxyStyle {
+public:
+    PlainStyle(const QString& style, bool still) : QProxyStyle(style), still_(still) {}
+
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returned) const override {
+        const bool isOff = hint == SH_EtchDisabledText || (still_ && hint == SH_Widget_Animation_Duration);
+        return isOff ? 0 : QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+
+private:
+    bool still_;
+};
+
+constexpr Qt::UIEffect kEffects[] = {Qt::UI_AnimateMenu,    Qt::UI_FadeMenu,    Qt::UI_AnimateCombo,
+                                     Qt::UI_AnimateTooltip, Qt::UI_FadeTooltip, Qt::UI_AnimateToolBox};
+
+} // namespace
+
+Looks::Looks(QObject* parent) : QObject(parent), style_(QApplication::style()->name()) {
+    Follow({});
+}
+
+// In black and white the style is the one that draws edges in the palette's colours: the usual one makes them
+// of shades of the ground, of which black has none.
+void Looks::Follow(const DesktopWishes& wishes) {
+    QApplication::setPalette({});
+    const QPalette desktop = QApplication::palette();
+    const bool told = IsHighContrast(desktop);
+    const bool contrast = told || wishes.highContrast;
+    Wear(contrast && style_ == QLatin1String("fusion") ? QStringLiteral("windows") : style_, wishes.calm);
+    const bool dark = wishes.dark || desktop.color(QPalette::Window).lightness() < 128;
+    QApplication::setPalette(contrast && !told ? HighContrastPalette(dark) : Readable({}));
+    LetEffectsRest(wishes.calm);
+}
+
+void Looks::Wear(const QString& style, bool still) {
+    if (std::exchange(worn_, {style, still}) == std::pair(style, still))
+        return;
+    const bool plain = still || style != style_;
+    QApplication::setStyle(plain ? new PlainStyle(style, still) : QStyleFactory::create(style));
+}
+
+void Looks::LetEffectsRest(bool rest) {
+    for (const Qt::UIEffect effect : kEffects)
+        if (rest && QApplication::isEffectEnabled(effect))
+            resting_.append(effect);
+    for (const Qt::UIEffect effect : std::as_const(resting_))
+        QApplication::setEffectEnabled(effect, !rest);
+    if (!rest)
+        resting_.clear();
+}
+
+} // namespace quillshift

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/qt/DesktopWishes.h"
+
+#include <QList>
+#include <QObject>
+#include <QString>
+
+#include <utility>
+
+namespace quillshift {
+
+/// Style, palette and effects of all windows, as the desktop wants them now.
+class Looks final : public QObject {
+    Q_OBJECT
+
+public:
+    explicit Looks(QObject* parent = nullptr);
+
+    void Follow(const DesktopWishes& wishes);
+
+private:
+    void Wear(const QString& style, bool still);
+    void LetEffectsRest(bool rest);
+
+    QString style_; // the desktop's
+    std::pair<QString, bool> worn_{style_, false};
+    QList<Qt::UIEffect> resting_;
+};
+
+} // namespace quillshift

@@ -1,0 +1,60 @@
+#include "platform/qt/Appearance.h"
+#include "platform/qt/Looks.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QPalette>
+#include <QStyle>
+
+namespace quillshift {
+namespace {
+
+TEST(Appearance, FindsWhatEachDesktopCallsItsWishes) {
+    const QString appearance = QStringLiteral("org.freedesktop.appearance");
+    const QString gnome = QStringLiteral("org.gnome.desktop.interface");
+    const std::pair<PortalSettings, DesktopWishes> cases[] = {
+        {{}, {}},
+        {{{appearance, {{"contrast", 0U}, {"color-scheme", 2U}, {"reduced-motion", "1x"}}}}, {}},
+        {{{appearance, {{"contrast", 1U}, {"color-scheme", 1U}}}}, {.highContrast = true, .dark = true}},
+        {{{"org.gnome.desktop.a11y.interface", {{"high-contrast", true}}}}, {.highContrast = true}},
+        {{{gnome, {{"gtk-theme", "HighContrastInverse"}}}}, {.highContrast = true, .dark = true}},
+        {{{gnome, {{"enable-animations", true}}}}, {}},
+        {{{gnome, {{"enable-animations", false}}}}, {.calm = true}},
+        {{{appearance, {{"reduced-motion", 1U}}}}, {.calm = true}},
+        {{{"org.kde.kdeglobals.KDE", {{"AnimationDurationFactor", "0"}}}}, {.calm = true}}};
+    for (const auto& [settings, wishes] : cases)
+        EXPECT_EQ(WishesIn(settings), wishes) << &settings - &cases[0].first;
+}
+
+TEST(Appearance, FollowsWishesAndGoesBack) {
+    const auto motion = [] { return QApplication::style()->styleHint(QStyle::SH_Widget_Animation_Duration); };
+    const QPalette usual = QApplication::palette();
+    ASSERT_FALSE(IsHighContrast(usual));
+    QApplication::setEffectEnabled(Qt::UI_FadeTooltip, true);
+    Looks looks;
+    for (const bool dark : {true, false}) {
+        looks.Follow({.highContrast = true, .dark = dark, .calm = true});
+        EXPECT_TRUE(IsHighContrast(QApplication::palette()));
+        EXPECT_EQ(QApplication::palette().color(QPalette::Base), dark ? Qt::black : Qt::white);
+        EXPECT_FALSE(QApplication::isEffectEnabled(Qt::UI_FadeTooltip));
+        EXPECT_EQ(motion(), 0);
+    }
+    looks.Follow({});
+    EXPECT_EQ(QApplication::palette(), usual);
+    EXPECT_TRUE(QApplication::isEffectEnabled(Qt::UI_FadeTooltip));
+    EXPECT_GT(motion(), 0);
+    QApplication::setEffectEnabled(Qt::UI_FadeTooltip, false);
+}
+
+TEST(Appearance, TextGrowsWithTheDesktopsFontAndNeverShrinks) {
+    const QFont usual = QApplication::font();
+    for (const auto& [points, dialogs] : {std::pair(6, 8.0), {9, 8.0}, {18, 16.0}}) {
+        QApplication::setFont(QFont(usual.family(), points));
+        EXPECT_NEAR(DialogFont().pointSizeF(), dialogs, 0.3) << points;
+    }
+    QApplication::setFont(usual);
+}
+
+} // namespace
+} // namespace quillshift
