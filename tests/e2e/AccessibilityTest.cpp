@@ -145,7 +145,9 @@ TEST_F(Accessibility, ALongTextIsNotSentWhole) {
         reader_.Its());
     desktop.WaitUntil("somebody listens", [&] { return std::filesystem::exists(Path("sent")); });
     editor.Open(Path("text.txt"));
+    editor.Settle();
     desktop.Press("Ctrl+End"); // when all of it is there
+    editor.Settle();
     desktop.Type(u"q");
     std::string sent;
     desktop.WaitUntil("a letter was told", [&] { return (sent = Contents(Path("sent"))).ends_with("\tq"); });

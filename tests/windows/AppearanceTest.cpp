@@ -31,7 +31,8 @@ TEST(Appearance, FollowsWishesAndGoesBack) {
     const auto motion = [] { return QApplication::style()->styleHint(QStyle::SH_Widget_Animation_Duration); };
     const QPalette usual = QApplication::palette();
     ASSERT_FALSE(IsHighContrast(usual));
-    QApplication::setEffectEnabled(Qt::UI_FadeTooltip, true);
+    for (const Qt::UIEffect effect : {Qt::UI_General, Qt::UI_FadeTooltip})
+        QApplication::setEffectEnabled(effect, true);
     Looks looks;
     for (const bool dark : {true, false}) {
         looks.Follow({.highContrast = true, .dark = dark, .calm = true});
@@ -44,7 +45,8 @@ TEST(Appearance, FollowsWishesAndGoesBack) {
     EXPECT_EQ(QApplication::palette(), usual);
     EXPECT_TRUE(QApplication::isEffectEnabled(Qt::UI_FadeTooltip));
     EXPECT_GT(motion(), 0);
-    QApplication::setEffectEnabled(Qt::UI_FadeTooltip, false);
+    for (const Qt::UIEffect effect : {Qt::UI_General, Qt::UI_FadeTooltip})
+        QApplication::setEffectEnabled(effect, false);
 }
 
 TEST(Appearance, TextGrowsWithTheDesktopsFontAndNeverShrinks) {
