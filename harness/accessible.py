@@ -4,7 +4,6 @@ as the last word, through that one.
     accessible.py list                prints each command below the menu bar: its way there, role, states, keys
     accessible.py names               prints the role and the name of everything that has one
     accessible.py nameless            prints the role of every control in sight that has none
-    accessible.py count FILE          keeps in the file how many letters were sent since the start, and the last of them
     accessible.py press FILE          presses the commands of the file's lines, and waits for what each does
 
 A window that opens has to have a name at each of its fields. A line of the file: the way to a command, what comes of
@@ -180,22 +179,7 @@ def press_commands(editor, lines):
             wait(name + "another tick", lambda: has(item, pyatspi.STATE_CHECKED) != was)
 
 
-def count_letters(path):
-    sent = [0]
-
-    def hear(event):
-        sent[0] += len(event.any_data)
-        with open(path, "w", encoding="utf-8") as file:
-            file.write(str(sent[0]) + "\t" + event.any_data[-1:])
-
-    pyatspi.Registry.registerEventListener(hear, "object:text-changed")
-    open(path, "w").close()
-    pyatspi.Registry.start()
-
-
 task = sys.argv[1]
-if task == "count":
-    count_letters(sys.argv[2])
 program = Program(sys.argv[-1] if len(sys.argv) > 2 and task != "press" else "quillshift")
 if task == "list":
     list_commands(program)

@@ -134,26 +134,6 @@ TEST_F(Accessibility, EveryCommandIsPressed) {
     EXPECT_EQ(editor.WaitForEnd(), 0);
 }
 
-TEST_F(Accessibility, ALongTextIsNotSentWhole) {
-    std::string lines;
-    for (int i = 0; i < 20000; ++i)
-        lines += std::to_string(i) + " lines of a long text are told to nobody at once\r\n";
-    Put(Path("text.txt"), lines);
-    const Process listener(
-        "/usr/bin/python3",
-        {(TestsFolder().parent_path() / "harness/accessible.py").string(), "count", Path("sent").string()},
-        reader_.Its());
-    desktop.WaitUntil("somebody listens", [&] { return std::filesystem::exists(Path("sent")); });
-    editor.Open(Path("text.txt"));
-    editor.Settle();
-    desktop.Press("Ctrl+End"); // when all of it is there
-    editor.Settle();
-    desktop.Type(u"q");
-    std::string sent;
-    desktop.WaitUntil("a letter was told", [&] { return (sent = Contents(Path("sent"))).ends_with("\tq"); });
-    EXPECT_LT(std::stol(sent), 10000);
-}
-
 TEST_F(Accessibility, NothingButTheLockIsFoundWhileItIsThere) {
     editor.Set(Setting::Password, u"tajna");
     desktop.Type(u"secret");
