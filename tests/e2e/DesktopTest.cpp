@@ -47,7 +47,10 @@ TEST_F(DesktopsWishes, LargerTextMakesBarsAndMenusLarger) {
     OpenByKeyboard(1);
     const Rect menu = WaitForMenu(1);
     EXPECT_GE(menu.Height(), HeightOfMenu("MENU:EDIT") * 5 / 4);
-    EXPECT_GE(menu.top - desktop.Place(editor.Window()).top, 21 * 3 / 2) << "the menu bar";
+    const Rect window = desktop.Place(editor.Window());
+    EXPECT_GE(menu.top - window.top, 21 * 3 / 2) << "the menu bar";
+    EXPECT_NE(desktop.Pixel({window.left + 400, window.bottom - 2}), 0xFFFFFF)
+        << "the text ends in the window";
 }
 
 } // namespace

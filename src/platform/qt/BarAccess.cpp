@@ -51,7 +51,7 @@ public:
     }
     QStringList actionNames() const override;
     void doAction(const QString& name) override;
-    QStringList keyBindingsForAction(const QString& name) const override;
+    QStringList keyBindingsForAction(const QString& /*name*/) const override { return {}; }
 
 private:
     std::optional<BarItem> Item() const;
@@ -238,11 +238,6 @@ QStringList ItemInterface::actionNames() const {
     if (!item || !item->enabled)
         return {};
     return {item->opensMenu ? showMenuAction() : pressAction()};
-}
-
-QStringList ItemInterface::keyBindingsForAction(const QString& name) const {
-    const QString keys = text(QAccessible::Accelerator);
-    return keys.isEmpty() || !actionNames().contains(name) ? QStringList() : QStringList(keys);
 }
 
 // The answer goes out first: what is pressed may show a dialog, which comes back only when it is closed.
