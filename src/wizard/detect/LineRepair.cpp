@@ -13,11 +13,7 @@ constexpr std::size_t linesAsked = 48;      ///< how many lines of an unsure tex
 constexpr std::size_t fruitlessLines = 500; ///< so many that say nothing of their own, and no more is asked
 constexpr std::size_t mostWays = 6;
 constexpr double sameWayBits = 4; ///< that a line goes the way of the line before it
-
-bool IsAscii(std::string_view bytes) {
-    return std::none_of(bytes.begin(), bytes.end(),
-                        [](char c) { return static_cast<std::uint8_t>(c) >= 0x80; });
-}
+constexpr double aheadBits = 8;   ///< of another way, at a glance
 
 std::string_view TakeLine(std::string_view& bytes) {
     const std::string_view line = bytes.substr(0, std::min(bytes.find('\n'), bytes.size() - 1) + 1);
@@ -37,12 +33,17 @@ std::optional<std::string> Lossless(const Chain& chain, std::string_view bytes) 
 LineRepair::LineRepair(std::string_view beginning, const Verdict& verdict, const DetectOptions& options)
     : options_(options) {
     if (verdict.answer == Answer::Sure)
-        ways_.push_back(verdict.candidates.front().chain);
+        Know(verdict.candidates.front().chain);
     else if (verdict.answer == Answer::Clean && IsUtf8(beginning))
-        ways_.emplace_back();
+        Know({});
     else
         AskLines(beginning);
     byVerdict_ = verdict.answer != Answer::Unsure && !ways_.empty();
+}
+
+void LineRepair::Know(const Chain& way) {
+    ways_.push_back(way);
+    tables_.emplace_back(way);
 }
 
 std::size_t LineRepair::Apart() const {
@@ -53,8 +54,39 @@ std::size_t LineRepair::Apart() const {
 }
 
 void LineRepair::Add(std::string_view lines, std::string& text) {
-    while (!lines.empty())
-        AddLine(TakeLine(lines), text);
+    while (!lines.empty()) {
+        const std::string_view line = TakeLine(lines);
+        if (IsAscii(line))
+            text += line;
+        else if (!AddByTables(line, text))
+            AddLine(line, text);
+    }
+}
+
+bool LineRepair::AddByTables(std::string_view line, std::string& text) {
+    std::size_t way = ways_.size();
+    double glance = 0, next = -aheadBits;
+    std::string_view undone;
+    for (std::size_t i = 0; i < ways_.size(); ++i) {
+        std::string_view other;
+        if (!tables_[i].Undo(line, other))
+            continue;
+        const double otherGlance = tables_[i].Glance();
+        if (way < ways_.size() && other == undone) {
+            way = i == previous_ ? i : way;
+        } else if (otherGlance >= glance) {
+            next = way < ways_.size() ? std::max(next, glance) : next;
+            glance = otherGlance;
+            way = i;
+            undone = other;
+        } else {
+            next = std::max(next, otherGlance);
+        }
+    }
+    if (way == ways_.size() || glance < next + aheadBits)
+        return false;
+    Accept(way, undone, line, text);
+    return true;
 }
 
 void LineRepair::AskLines(std::string_view bytes) {
@@ -75,18 +107,22 @@ std::optional<std::size_t> LineRepair::OwnWay(std::string_view line) {
     const Chain& chain = own.candidates.front().chain;
     const auto known = std::find(ways_.begin(), ways_.end(), chain);
     if (known == ways_.end()) {
-        if (ways_.size() == mostWays)
+        if (ways_.size() == mostWays) {
             ways_.pop_back();
-        ways_.push_back(chain);
+            tables_.pop_back();
+        }
+        Know(chain);
         return ways_.size() - 1;
     }
     return static_cast<std::size_t>(known - ways_.begin());
 }
 
-std::optional<LineRepair::Way> LineRepair::KnownWay(std::string_view line) const {
+std::optional<LineRepair::Way> LineRepair::KnownWay(std::string_view line) {
     std::optional<Way> best;
     for (std::size_t i = 0; i < ways_.size(); ++i) {
-        auto text = Lossless(ways_[i], line);
+        std::string_view undone;
+        auto text =
+            tables_[i].Undo(line, undone) ? std::optional<std::string>(undone) : Lossless(ways_[i], line);
         if (!text)
             continue;
         const Fit fit = RussianFit(*text);
@@ -98,10 +134,6 @@ std::optional<LineRepair::Way> LineRepair::KnownWay(std::string_view line) const
 }
 
 void LineRepair::AddLine(std::string_view line, std::string& text) {
-    if (IsAscii(line)) {
-        text += line;
-        return;
-    }
     std::optional<Way> way = KnownWay(line);
     if ((!way || !way->plausible) && fruitless_ < fruitlessLines) {
         const auto own = OwnWay(line);
@@ -115,17 +147,17 @@ void LineRepair::AddLine(std::string_view line, std::string& text) {
         (!byVerdict_ || (way->number != 0 || (ways_[0] != Chain{} && IsUtf8(line)))))
         way.reset();
     if (way)
-        Accept(*way, line, text);
+        Accept(way->number, way->text, line, text);
     else
         Leave(line, text);
 }
 
-void LineRepair::Accept(const Way& way, std::string_view line, std::string& text) {
-    previous_ = way.number;
-    text += way.text;
-    wentSo_.resize(std::max(wentSo_.size(), way.number + 1));
-    ++wentSo_[way.number];
-    changed_ = changed_ || way.text != line;
+void LineRepair::Accept(std::size_t way, std::string_view undone, std::string_view line, std::string& text) {
+    previous_ = way;
+    text += undone;
+    wentSo_.resize(std::max(wentSo_.size(), way + 1));
+    ++wentSo_[way];
+    changed_ = changed_ || undone != line;
 }
 
 void LineRepair::Leave(std::string_view line, std::string& text) {

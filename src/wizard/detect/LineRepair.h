@@ -1,6 +1,7 @@
 #pragma once
 
 #include "wizard/detect/Detector.h"
+#include "wizard/detect/TableUndo.h"
 
 namespace quillshift::wizard {
 
@@ -34,13 +35,18 @@ private:
     /// The way that a line is sure of by itself; it joins those that are known.
     std::optional<std::size_t> OwnWay(std::string_view line);
     /// The likeliest of the known ways that a line can have gone.
-    std::optional<Way> KnownWay(std::string_view line) const;
+    std::optional<Way> KnownWay(std::string_view line);
+    /// The quick way to what `AddLine` would say: where a line clearly went one of the known ways and no
+    /// other.
+    bool AddByTables(std::string_view line, std::string& text);
+    void Know(const Chain& way);
     void AddLine(std::string_view line, std::string& text);
-    void Accept(const Way& way, std::string_view line, std::string& text);
+    void Accept(std::size_t way, std::string_view undone, std::string_view line, std::string& text);
     void Leave(std::string_view line, std::string& text);
 
     DetectOptions options_;
-    std::vector<Chain> ways_; ///< that of the verdict first, if there is one
+    std::vector<Chain> ways_;       ///< that of the verdict first, if there is one
+    std::vector<TableUndo> tables_; ///< of each way
     bool byVerdict_ = false;
     bool changed_ = false;
     std::size_t previous_ = 0, fruitless_ = 0, unsure_ = 0;

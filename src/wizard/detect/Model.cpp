@@ -117,6 +117,10 @@ double Model::Cost(std::size_t before, std::size_t last, std::size_t next) const
     return (code - (code > 28)) / 4.0;
 }
 
+double Model::SignCost(char16_t character) {
+    return SignBits(character);
+}
+
 double Model::RoughBits(std::span<const std::uint32_t> counts, std::span<const char16_t> alphabet) const {
     double bits = 0;
     for (std::size_t symbol = 0; symbol < alphabet.size(); ++symbol)

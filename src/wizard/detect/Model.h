@@ -30,9 +30,13 @@ public:
     /// How many of the characters are letters of the language.
     std::size_t Letters(std::span<const std::uint32_t> counts, std::span<const char16_t> alphabet) const;
 
+    /// What a letter costs after two others, by their numbers in the data; 0 is the gap between words.
+    double Cost(std::size_t before, std::size_t last, std::size_t next) const;
+    /// What a character that is no letter of the language costs.
+    static double SignCost(char16_t character);
+
 private:
     static constexpr std::size_t reach = 0x2600;
-    double Cost(std::size_t before, std::size_t last, std::size_t next) const;
 
     const ModelData& data_;
     std::size_t size_;
