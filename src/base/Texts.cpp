@@ -18,10 +18,11 @@ std::u16string WholeNumberText(int number) {
     return {digits.begin(), digits.end()};
 }
 
-std::u16string WithWholeBreaks(std::u16string_view text) {
+std::u16string WithWholeBreaks(std::u16string_view text, std::size_t room) {
     constexpr std::size_t kSlack = 64; // a part of what is long, for what is typed into it
     std::u16string whole;
-    whole.reserve(text.size() + text.size() / kSlack);
+    whole.reserve(room + text.size() + text.size() / kSlack);
+    whole.resize(room);
     for (std::size_t from = 0; from <= text.size();) {
         std::size_t at = from;
         while (at < text.size() && !IsBreak(text[at]))

@@ -13,8 +13,8 @@ inline constexpr std::u16string_view kProgramTitle = u"Morvane Quillshift 3.0 Pr
 /// A whole number in decimal.
 std::u16string WholeNumberText(int number);
 /// With each line break as CR LF, whatever its kind: a lone CR or LF, a separator of lines or paragraphs, or
-/// one of the two codes that rich text is framed by.
-std::u16string WithWholeBreaks(std::u16string_view text);
+/// one of the two codes that rich text is framed by. It stands behind so many units of room.
+std::u16string WithWholeBreaks(std::u16string_view text, std::size_t room = 0);
 /// A text to be quoted in a message box: a long one is cut off, so that the box stays on the screen.
 std::u16string Quotable(std::u16string_view text);
 /// The text that reports a failure to a person.

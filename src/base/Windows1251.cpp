@@ -1,5 +1,6 @@
 #include "base/Windows1251.h"
 
+#include <algorithm>
 #include <array>
 
 namespace quillshift::windows1251 {
@@ -19,6 +20,15 @@ constexpr std::array<std::uint8_t, kInverseSize> MakeInverse() {
 
 constexpr auto kInverse = MakeInverse();
 
+constexpr std::array<char16_t, 256> MakeAll() {
+    std::array<char16_t, 256> all{};
+    for (std::size_t i = 0; i < all.size(); ++i)
+        all[i] = FromByte(static_cast<std::uint8_t>(i));
+    return all;
+}
+
+constexpr auto kAll = MakeAll();
+
 bool IsLowSurrogate(char16_t unit) {
     return unit >= 0xDC00 && unit <= 0xDFFF;
 }
@@ -36,9 +46,15 @@ std::optional<std::uint8_t> ToByte(char16_t character) {
 }
 
 std::u16string Decode(std::string_view bytes) {
-    std::u16string text(bytes.size(), u'\0');
-    for (std::size_t i = 0; i < bytes.size(); ++i)
-        text[i] = FromByte(static_cast<std::uint8_t>(bytes[i]));
+    std::u16string text;
+    text.reserve(bytes.size());
+    std::array<char16_t, 4096> part{}; // new memory is what takes the time: it is gone through once
+    for (std::size_t begin = 0; begin < bytes.size(); begin += part.size()) {
+        const std::string_view some = bytes.substr(begin, part.size());
+        std::transform(some.begin(), some.end(), part.begin(),
+                       [](char byte) { return kAll[static_cast<std::uint8_t>(byte)]; });
+        text.append(part.data(), some.size());
+    }
     return text;
 }
 

@@ -49,7 +49,7 @@ void Recovery::NoteChange() {
 // An edit that touches the last one becomes one with it.
 void Recovery::Gather(const TextEdit& edit) {
     gathered_ += edit.came.size();
-    if (gathered_ > std::max(kLeastGrowth, text_->Text().size())) {
+    if (gathered_ > std::max(kLeastGrowth, text_->Length())) {
         ForgetEdits();
         return;
     }
@@ -132,7 +132,7 @@ void Recovery::WriteEdits() {
     ForgetEdits();
     needsWhole_ = false;
     services_.store.Append(std::move(records));
-    if (appended_ < kMostEdits && grown_ < std::max(kLeastGrowth, text_->Text().size()))
+    if (appended_ < kMostEdits && grown_ < std::max(kLeastGrowth, text_->Length()))
         return;
     services_.store.Rewrite(Shorten);
     appended_ = grown_ = 0;

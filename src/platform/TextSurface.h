@@ -56,6 +56,8 @@ public:
 
     /// The whole plain text. The view is kept up to date by the surface and holds until the next change.
     virtual std::u16string_view Text() const = 0;
+    /// The length of `Text`, which costs nothing right after an edit, too.
+    virtual std::size_t Length() const { return Text().size(); }
     /// Replaces everything, drops all formatting and puts the caret at 0. Raises `Change` and `SelChange`,
     /// also for an equal text.
     virtual void SetText(std::u16string_view text) = 0;

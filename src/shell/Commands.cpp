@@ -194,7 +194,7 @@ void Commands::UpdatePendingStates() {
 CommandInputs Commands::Inputs() const {
     const TextSurface& surface = parts_.window.RichTextBox();
     return {.selection = surface.SelLength() > 0,
-            .text = !surface.Text().empty(),
+            .text = surface.Length() > 0,
             .clipboardText = parts_.platform.clipboard.HasText(),
             .undoSteps = parts_.history.UndoSteps(),
             .redoSteps = parts_.history.RedoSteps(),

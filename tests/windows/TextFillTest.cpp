@@ -124,6 +124,11 @@ TEST(TextFillTest, AnswersAsIfAllWereThere) {
         EXPECT_GT(surface.TopPosition(), surface.Text().size() / 2 - 40);
     }
     surface.LoadPlain(text);
+    surface.moveCursor(QTextCursor::End);
+    const std::size_t caret = surface.SelStart();
+    Wait(surface);
+    EXPECT_EQ(surface.SelStart(), caret) << "it does not go along with what comes in behind it";
+    surface.LoadPlain(text);
     surface.verticalScrollBar()->setValue(surface.verticalScrollBar()->maximum());
     EXPECT_EQ(InDocument(surface), surface.Text()) << "what is scrolled to comes at once";
 }

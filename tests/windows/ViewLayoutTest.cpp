@@ -128,10 +128,15 @@ TEST_F(ViewLayoutTest, HasTheToolkitsLinesAtItsPlaces) {
 TEST_F(ViewLayoutTest, ShowsWhatTheToolkitShowsWhereverTheViewGoes) {
     for (int round = 0; round < 6; ++round) {
         Show(RandomRtf(80), {300 + 40 * round, 250});
+        surface.verticalScrollBar()->setValue(surface.verticalScrollBar()->maximum());
+        QScrollBar& last = *model.verticalScrollBar(); // which the toolkit leaves as it was
+        last.setMaximum(model.document()->size().toSize().height() - model.viewport()->height());
+        last.setValue(last.maximum());
+        ASSERT_EQ(Picture(surface), Picture(model)) << "the first look at the end of " << round;
         for (int step = 0; step < 40; ++step) {
             const int at = step == 7 ? surface.document()->characterCount() - 1 : Some();
             const int scroll = static_cast<int>(random.Below(500)) - 250;
-            const std::size_t what = random.Below(6);
+            const std::size_t what = random.Below(7);
             for (QTextEdit* edit : Both()) {
                 QTextCursor cursor = edit->textCursor();
                 if (what < 2) {
@@ -141,6 +146,16 @@ TEST_F(ViewLayoutTest, ShowsWhatTheToolkitShowsWhereverTheViewGoes) {
                 } else if (what == 2) {
                     edit->ensureCursorVisible();
                     edit->insertPlainText(step % 3 == 0 ? "x\ny " : "typed ");
+                } else if (what == 3) { // the gap below the second paragraph goes with it
+                    cursor.setPosition(at);
+                    cursor.movePosition(QTextCursor::EndOfBlock);
+                    cursor.movePosition(QTextCursor::NextBlock, QTextCursor::KeepAnchor);
+                    cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+                    edit->setTextCursor(cursor);
+                    edit->ensureCursorVisible();
+                    cursor.removeSelectedText();
+                    edit->document()->size();
+                    edit->ensureCursorVisible();
                 } else {
                     QScrollBar& bar = *edit->verticalScrollBar();
                     bar.setValue(bar.value() + scroll);

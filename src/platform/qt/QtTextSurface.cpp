@@ -101,8 +101,9 @@ std::size_t QtTextSurface::SurfacePosition(int documentPosition) const {
 // What calls from outside name may lie in what is to be filled in yet.
 int QtTextSurface::DocumentPosition(std::size_t surfacePosition) const {
     FillAll();
-    surfacePosition -= IsInsideCharacter(mirror_, surfacePosition) ? 1 : 0;
-    return lines_->DocumentPosition(std::min(surfacePosition, mirror_.size()));
+    surfacePosition = std::min(surfacePosition, Length());
+    const bool isInside = surfacePosition > 0 && IsInsideCharacter(mirror_.Part(surfacePosition - 1, 2), 1);
+    return lines_->DocumentPosition(surfacePosition - (isInside ? 1 : 0));
 }
 
 // What stands before and behind a change is as it was, so its place in the old mirror follows from the new
@@ -115,14 +116,16 @@ void QtTextSurface::MirrorChange(int from, int /*removed*/, int added) {
     from = std::min(from, last);
     const int to = std::min(from + added, last);
     const std::size_t length = lines_->Length();
-    const std::size_t filled = mirror_.size() - fill_->Left();
+    const std::size_t filled = Length() - fill_->Left();
     const std::size_t begin = std::min(SurfacePosition(from), filled);
     const std::size_t behind = std::min(length - SurfacePosition(to), filled - begin);
     TextChange change{.place = begin, .removed = filled - begin - behind, .added = 0};
     const std::u16string text = lines_->TextBetween(from, to);
     tidyFrom_ = std::min(tidyFrom_, from);
     tidyTo_ = std::max(tidyTo_, to);
-    const auto old = std::u16string_view(mirror_).substr(begin, change.removed);
+    const std::size_t first = begin - (begin > 0 ? 1 : 0); // with what stands on both sides
+    const std::u16string around = mirror_.Part(first, begin - first + change.removed + 1);
+    const auto old = std::u16string_view(around).substr(begin - first, change.removed);
     if (old == text)
         return;
     if (composing_) {
@@ -133,9 +136,10 @@ void QtTextSurface::MirrorChange(int from, int /*removed*/, int added) {
         change.added = text.size();
     }
     const auto came = std::u16string_view(text).substr(change.place - begin, change.added);
-    const auto [before, after] = CutHalves(mirror_, change, came);
-    went_ = mirror_.substr(change.place - before, before + change.removed + after);
-    mirror_.replace(change.place, change.removed, came);
+    const std::size_t inside = change.place - first;
+    const auto [before, after] = CutHalves(around, {inside, change.removed, change.added}, came);
+    went_ = around.substr(inside - before, before + change.removed + after);
+    mirror_.Replace(change.place, change.removed, came);
     place_ = change.place - before;
     came_ = before + change.added + after;
     textMoved_ = true;
@@ -146,7 +150,7 @@ void QtTextSurface::RaiseChange() {
         return;
     const std::u16string went = std::exchange(went_, {});
     if (OnChange)
-        OnChange({.place = place_, .went = went, .came = std::u16string_view(mirror_).substr(place_, came_)});
+        OnChange({.place = place_, .went = went, .came = mirror_.View(place_, came_)});
 }
 
 void QtTextSurface::NoteSelection() {
@@ -179,8 +183,7 @@ void QtTextSurface::SetSelLength(std::size_t length) {
     QTextCursor cursor = textCursor();
     const std::size_t start = SelStart();
     cursor.setPosition(cursor.selectionStart());
-    cursor.setPosition(DocumentPosition(start + std::min(length, mirror_.size() - start)),
-                       QTextCursor::KeepAnchor);
+    cursor.setPosition(DocumentPosition(start + std::min(length, Length() - start)), QTextCursor::KeepAnchor);
     setTextCursor(cursor);
     OfferSelection();
 }
@@ -193,7 +196,7 @@ void QtTextSurface::OfferSelection() const {
 }
 
 std::u16string QtTextSurface::SelText() const {
-    return mirror_.substr(SelStart(), SelLength());
+    return mirror_.Part(SelStart(), SelLength());
 }
 
 void QtTextSurface::SetSelText(std::u16string_view text) {

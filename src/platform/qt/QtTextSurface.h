@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/GapText.h"
 #include "platform/TextSurface.h"
 
 #include <QTextEdit>
@@ -40,7 +41,8 @@ public:
     /// Takes files dropped anywhere on a window, as those dropped on the surface itself.
     void TakeFilesDroppedOn(QWidget& window);
 
-    std::u16string_view Text() const override { return mirror_; }
+    std::u16string_view Text() const override { return mirror_.All(); }
+    std::size_t Length() const override { return mirror_.Length(); }
     void SetText(std::u16string_view text) override;
     void LoadPlain(std::u16string_view text) override;
     void LoadRich(const RichText& text) override;
@@ -111,7 +113,7 @@ private:
     int DocumentPosition(std::size_t surfacePosition) const;
     Selection CurrentSelection() const { return {SelStart(), SelLength()}; }
 
-    void ReplaceAll(std::u16string text, const std::function<void()>& begin);
+    void ReplaceAll(GapText text, const std::function<void()>& begin);
     void Fill(std::chrono::milliseconds time);
     void FillSoon();
     void FillMore();
@@ -139,7 +141,7 @@ private:
     std::unique_ptr<TextFill> fill_; ///< of the document with what the mirror has
     QTimer moreFill_;
     std::unique_ptr<PrintLayout> printLayout_; ///< of the document that is being printed
-    std::u16string mirror_;
+    GapText mirror_;
     SurfaceFont font_;
     Twips rightMargin_;
     int wheelled_ = 0;       // with Ctrl, in eighths of a degree: less than a step of the zoom

@@ -15,9 +15,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// For what is typed, before the mirror of a long text has to be copied.
-constexpr std::size_t kSlack = 1 << 16;
-
 // Between two events.
 constexpr std::chrono::milliseconds kSlice = 8ms;
 
@@ -25,7 +22,8 @@ constexpr std::chrono::milliseconds kForAll = 24h;
 
 } // namespace
 
-void QtTextSurface::ReplaceAll(std::u16string text, const std::function<void()>& begin) {
+void QtTextSurface::ReplaceAll(GapText text, const std::function<void()>& begin) {
+    GapText old = std::exchange(mirror_, {});
     {
         const QScopedValueRollback replacing(replacing_, true);
         // The widget would follow its caret to the end of the new text, and lay all of it out for that.
@@ -34,16 +32,16 @@ void QtTextSurface::ReplaceAll(std::u16string text, const std::function<void()>&
         document()->setUndoRedoEnabled(false);
         document()->clear();
         begin();
-        std::swap(mirror_, text);
+        mirror_ = std::move(text);
         Fill(0ms);
         setTextCursor(QTextCursor(document()));
         setCurrentCharFormat({});
     }
     noted_ = {};
     FillSoon();
-    const TextChange change = ChangeBetween(text, mirror_, 0);
-    went_ = std::u16string_view(text).substr(change.place, change.removed);
-    text = {};
+    const TextChange change = ChangeBetween(old.All(), mirror_.All(), 0);
+    went_ = old.Part(change.place, change.removed);
+    old = {};
     place_ = change.place;
     came_ = change.added;
     textMoved_ = true;
@@ -57,15 +55,14 @@ void QtTextSurface::SetText(std::u16string_view text) {
 }
 
 void QtTextSurface::LoadPlain(std::u16string_view text) {
-    std::u16string whole = WithWholeBreaks(text);
-    const std::size_t length = whole.size();
+    constexpr std::size_t kRoom = 1 << 16; // for what is typed at the caret, which stands in front
+    GapText whole(WithWholeBreaks(text, kRoom), kRoom);
+    const std::size_t length = whole.Length();
     ReplaceAll(std::move(whole), [&] { fill_->BeginPlain(length); });
 }
 
 void QtTextSurface::LoadRich(const RichText& text) {
-    std::u16string whole;
-    whole.reserve(text.text.size() + kSlack);
-    ReplaceAll(std::move(whole += text.text), [&] { fill_->BeginRich(text); });
+    ReplaceAll(GapText(text.text), [&] { fill_->BeginRich(text); });
 }
 
 // --- Filling the document
@@ -76,7 +73,7 @@ void QtTextSurface::Fill(std::chrono::milliseconds time) {
         QTextCursor caret = textCursor();
         const int anchor = caret.anchor();
         const int position = caret.position();
-        fill_->Go(mirror_, time);
+        fill_->Go(mirror_.View(Length() - fill_->Left(), fill_->Left()), time);
         if (std::max(textCursor().anchor(), textCursor().position()) > std::max(anchor, position)) {
             caret.setPosition(anchor); // what comes to where it stands takes it along
             caret.setPosition(position, QTextCursor::KeepAnchor);

@@ -63,7 +63,7 @@ void QtTextSurface::ReplaceEach(const std::function<const Replacement*()>& next,
         cursor.setPosition(end, QTextCursor::KeepAnchor);
         lines_->Insert(cursor, ToQString(whole));
     }
-    mirror_ = lines_->TextBetween(0, document()->characterCount() - 1);
+    mirror_ = GapText(lines_->TextBetween(0, document()->characterCount() - 1));
     cursor.endEditBlock();
     if (!edits.empty())
         setTextCursor(cursor);
