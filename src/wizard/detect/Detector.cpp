@@ -53,13 +53,14 @@ void AddLines(std::string& sample, std::string_view bytes, std::size_t most) {
         const auto place = static_cast<std::size_t>(high - bytes.begin());
         const std::size_t before = bytes.rfind('\n', place);
         const std::size_t start = before == bytes.npos ? 0 : before + 1;
-        const std::size_t end = std::min(bytes.find('\n', place), bytes.size());
+        const std::string_view near = bytes.substr(0, place + 2 * longestLine); // a line can be endless
+        const std::size_t end = std::min(near.find('\n', place), near.size());
         const std::size_t from = place - start > longestLine / 2 ? BlankBefore(bytes, place) : start;
         const std::size_t length = (end - from < longestLine ? std::min(end + 1, bytes.size())
                                                              : BlankBehind(bytes, from + longestLine)) -
                                    from;
         sample.append(bytes.substr(from, length));
-        looked += end + 1;
+        looked += from + length;
         bytes.remove_prefix(std::min(from + length, bytes.size()));
     }
 }

@@ -3,6 +3,7 @@
 #include "wizard/detect/Model.h"
 
 #include <algorithm>
+#include <limits>
 #include <memory>
 #include <unordered_set>
 
@@ -165,7 +166,10 @@ private:
     }
 
     void Add(const Node& node, std::size_t model) {
-        double bits = Models()[model].Bits({node.order->symbols, node.alphabet}) + node.prior;
+        Add(node, model, Models()[model].Bits({node.order->symbols, node.alphabet}));
+    }
+    void Add(const Node& node, std::size_t model, double textBits) {
+        double bits = textBits + node.prior;
         const bool asItIs = node.chain.layers.empty() && (node.chain.stored == Set::Utf8 || model != 0);
         if (!asItIs && Models()[model].Letters(node.order->counts, node.alphabet) < fewestLetters)
             bits += fewLettersBits;
@@ -174,6 +178,20 @@ private:
              bits - (asItIs ? leaveAloneGain : 0) +
                  (model != 0 ? otherLanguageBits[static_cast<std::size_t>(node.chain.stored)] : 0),
              node.prior});
+    }
+
+    /// Other languages explain the same text, of which the likeliest is enough.
+    void AddOtherLanguages(const Node& root) {
+        double fewest = std::numeric_limits<double>::infinity();
+        std::size_t likeliest = 1;
+        for (std::size_t model = 1; model < modelCount; ++model) {
+            const double bits = Models()[model].Bits({root.order->symbols, root.alphabet}, fewest);
+            if (bits < fewest) {
+                fewest = bits;
+                likeliest = model;
+            }
+        }
+        Add(root, likeliest, fewest);
     }
 
     void AddBinary(std::string_view sample) {
@@ -194,8 +212,7 @@ private:
 
     void Visit(Node root) {
         const Set stored = root.chain.stored;
-        for (std::size_t model = 1; model < modelCount; ++model)
-            Add(root, model);
+        AddOtherLanguages(root);
         if (stored != Set::Greek && stored != Set::Latin && stored != Set::Dos437)
             Add(root, 0);
         // What is stored in one of the sets of other scripts was not garbled before.

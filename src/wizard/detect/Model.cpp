@@ -178,14 +178,14 @@ int CaseAfterGap(int letterCase) {
 
 } // namespace
 
-double Model::Bits(const Reading& reading) const {
+double Model::Bits(const Reading& reading, double most) const {
     struct Symbol {
         std::uint8_t letter;
         bool large, box, ascii, strange;
         Sign sign;
         double bits;
     };
-    std::array<Symbol, 256> table{};
+    std::array<Symbol, 256> table; // filled as far as the alphabet goes
     for (std::size_t i = 0; i < reading.alphabet.size(); ++i) {
         const char16_t c = reading.alphabet[i];
         const std::uint8_t letter = c < reach ? letter_[c] : 0;
@@ -206,6 +206,8 @@ double Model::Bits(const Reading& reading) const {
     bool afterAscii = false, afterStrange = false, sentenceEnded = false;
     int open = 0;
     for (const std::uint8_t s : reading.symbols) {
+        if (bits > most)
+            return bits;
         const Symbol& symbol = table[s];
         if (symbol.letter != 0) {
             bits += Cost(before, last, symbol.letter) + LetterAfter(sign) +

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <span>
 #include <vector>
 
@@ -13,8 +14,8 @@ namespace quillshift::wizard {
 /// A text as numbers of characters: what a set makes of it, or a wrong reading undone, changes the alphabet
 /// only.
 struct Reading {
-    std::vector<std::uint8_t> symbols;
-    std::vector<char16_t> alphabet; ///< at most 256; the character of each symbol
+    std::span<const std::uint8_t> symbols;
+    std::span<const char16_t> alphabet; ///< at most 256; the character of each symbol
 };
 
 /// How many bits a reading costs as a text of one language: the fewer, the likelier.
@@ -22,7 +23,8 @@ class Model {
 public:
     explicit Model(const ModelData& data);
 
-    double Bits(const Reading& reading) const;
+    /// Once they are more than `most` the rest is not counted.
+    double Bits(const Reading& reading, double most = std::numeric_limits<double>::infinity()) const;
 
     /// An estimate from how often each symbol stands, without an order: cheap, and good enough to sort out.
     double RoughBits(std::span<const std::uint32_t> counts, std::span<const char16_t> alphabet) const;
