@@ -88,9 +88,9 @@ void Stored(const char* what) {
 }
 
 void Long(const std::string& what, const std::string& bytes) {
-    std::vector<double> times;
-    for (int i = 0; i < 15; ++i)
-        times.push_back(ProcessorMilliseconds([&] { Detect(bytes); }));
+    std::vector<double> times(15);
+    for (double& time : times)
+        time = ProcessorMilliseconds([&] { Detect(bytes); });
     Print(what.c_str(), std::move(times), longBar);
 }
 

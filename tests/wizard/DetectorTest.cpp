@@ -84,6 +84,7 @@ TEST(Detector, ReadsDebrisBack) {
         {"=CF=F0=E8=E2=E5=F2, =EC=EE=\n=E9 =F1=F2=E0=F0=FB=E9 =E4=F0=F3=E3", "Привет, мой старый друг"},
         {"z/Do4uXyLCDs7ukg8fLg8PvpIOTw8+M=\n", "Привет, мой старый друг"},
         {"Subject: =?koi8-r?B?8NLJ18XU?= =?koi8-r?Q?,_=CD=CF=CA?= end", "Subject: Привет, мой end"},
+        {"=?koi8-r?Q?=F0=D2=C9=D7=C5=D4?_=CD=CF=CA?= =?cp1251?B?5PDz4w==?=", "Привет? мой друг"},
         {"<b>&#1055;&#1088;&#x438;&#1074;&#1077;&#1090;</b> &amp; &#60;", "<b>Привет</b> &amp; &#60;"},
         {"{\"a\": \"\\u041f\\u0440\\u0438\\u0432\\u0435\\u0442\\n\"}", "{\"a\": \"Привет\\n\"}"},
         {"/wiki/%D0%9F%D1%80%D0%B8%D0%B2%D0%B5%D1%82%20100%", "/wiki/Привет%20100%"},
@@ -116,6 +117,10 @@ TEST(Detector, KeepsToWhatItIsAllowed) {
     for (const Candidate& candidate : Detect(bytes, options).candidates)
         EXPECT_EQ(ToString(candidate.chain).find("koi8-r"), std::string::npos);
     EXPECT_EQ(Detect(bytes, {0, 5, {}}).answer, Answer::Clean);
+    options.exclude = {Set::Koi8R, Set::Koi8U};
+    EXPECT_EQ(Detect(Iconv(text, "UTF-8", "KOI8-R"), options).answer, Answer::Unsure);
+    EXPECT_EQ(Detect(Iconv("Größe, Übung und schöne Wörter", "UTF-8", "CP1252"), options).answer,
+              Answer::Clean);
 }
 
 TEST(Detector, IsUnsureBetweenReadingsOfOneKind) {

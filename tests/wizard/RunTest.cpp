@@ -137,6 +137,9 @@ TEST(Run, SaysWhatItCannotDo) {
     }
     EXPECT_EQ(RunOn("/no/a\n/no/b\n", {"--files-from", "-"}).err,
               "quillshift-wizard: /no/a: cannot be read\nquillshift-wizard: /no/b: cannot be read\n");
+    // A name is one line, and no orders to the terminal.
+    EXPECT_EQ(RunOn("", {"/no/a\n\x1B\xC2\x9B\\я"}).err,
+              "quillshift-wizard: /no/a\\n\\x1b\\xc2\\x9b\\\\я: cannot be read\n");
 }
 
 } // namespace quillshift::wizard

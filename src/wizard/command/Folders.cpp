@@ -140,7 +140,7 @@ int UndoRepairs(const std::string& report, const Talk& talk) {
         const RepairEntry& entry = (*entries)[entries->size() - 1 - i];
         const Returned returned = BringBack(entry, times);
         if (returned == Returned::Restored || returned == Returned::AsBefore)
-            talk.out << entry.path << ": " << Say(WordOf(returned), talk.language) << '\n';
+            talk.out << Shown(entry.path) << ": " << Say(WordOf(returned), talk.language) << '\n';
         else
             status = talk.Fail(entry.path, WordOf(returned));
         progress.Show(i + 1);

@@ -57,7 +57,7 @@ std::string Quoted(std::string_view text) {
 } // namespace
 
 std::string Line(std::string_view name, const Verdict& verdict, Language language) {
-    std::string line(name);
+    std::string line = Shown(name);
     line.append(": ").append(Say(WordOf(verdict.answer), language));
     if (!verdict.candidates.empty())
         line.append(", ").append(NameOfChain(verdict.candidates.front(), language));
@@ -72,7 +72,7 @@ std::string Line(std::string_view name, const Verdict& verdict, Language languag
 std::string Line(const Finding& finding, Language language) {
     std::string line = Line(finding.path, finding.verdict, language);
     if (finding.isBorrowed)
-        line = finding.path + ": " + std::string(Say(Word::Sure, language)) + ", " +
+        line = Shown(finding.path) + ": " + std::string(Say(Word::Sure, language)) + ", " +
                ToString(*finding.chain) + ", " + std::string(Say(Word::Borrowed, language)) + '\n';
     if (finding.hasOtherNames && finding.chain)
         line.insert(line.size() - 1, ", " + std::string(Say(Word::OtherNames, language)));

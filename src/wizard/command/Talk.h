@@ -19,7 +19,7 @@ struct Talk {
 
     /// Returns `trouble`.
     int Fail(std::string_view name, Word word) const {
-        err << "quillshift-wizard: " << name << ": " << Say(word, language) << '\n';
+        err << "quillshift-wizard: " << Shown(name) << ": " << Say(word, language) << '\n';
         return trouble;
     }
 };

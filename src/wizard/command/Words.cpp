@@ -1,5 +1,7 @@
 #include "wizard/command/Words.h"
 
+#include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 
 namespace quillshift::wizard {
@@ -99,6 +101,27 @@ std::string_view Say(Word word, Language language) {
         if (row.word == word)
             return language == Language::Russian ? row.russian : row.english;
     return "";
+}
+
+std::string Shown(std::string_view name) {
+    std::string shown;
+    int controls = 0; // bytes of one that are still to come
+    for (std::size_t i = 0; i < name.size(); ++i) {
+        const auto byte = static_cast<std::uint8_t>(name[i]);
+        if (byte < 0x20 || byte == 0x7F || byte == '\\')
+            controls = 1;
+        else if (byte == 0xC2 && i + 1 < name.size() && static_cast<std::uint8_t>(name[i + 1]) < 0xA0)
+            controls = 2; // U+0080 to U+009F: controls to a terminal, too
+        if (controls == 0) {
+            shown += name[i];
+            continue;
+        }
+        --controls;
+        char escape[8];
+        std::snprintf(escape, sizeof escape, "\\x%02x", byte);
+        shown += byte == '\n' ? "\\n" : byte == '\\' ? "\\\\" : escape;
+    }
+    return shown;
 }
 
 Language LanguageOfLocale() {

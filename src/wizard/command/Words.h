@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace quillshift::wizard {
@@ -37,5 +38,8 @@ std::string_view Say(Word word, Language language);
 
 /// The language of the environment's locale.
 Language LanguageOfLocale();
+
+/// A file's name on one line of a terminal: control characters and backslashes are written as escapes.
+std::string Shown(std::string_view name);
 
 } // namespace quillshift::wizard

@@ -128,6 +128,18 @@ std::optional<Set> SetOfMail(std::string_view charset) {
     return name == "x-mac-cyrillic" ? Set::Mac : SetNamed(name);
 }
 
+/// Where the content of an encoded word that starts at `start` ends; npos where another word begins before
+/// that.
+std::size_t CloseOfWord(std::string_view text, std::size_t start) {
+    for (std::size_t at = start; (at = text.find('?', at)) != text.npos; ++at) {
+        if (text.substr(at + 1, 1) == "=")
+            return at;
+        if (at > start && text[at - 1] == '=')
+            break;
+    }
+    return text.npos;
+}
+
 /// A mail header's encoded word, with the blanks to the next one. In the middle of a character a word can
 /// end, so that the bytes of words in one set are read together.
 Piece WordPiece(std::string_view text, std::size_t at) {
@@ -139,7 +151,7 @@ Piece WordPiece(std::string_view text, std::size_t at) {
         if (charset == text.npos || charset - end > 30 || charset + 3 >= text.size() ||
             text[charset + 2] != '?')
             break;
-        const std::size_t close = text.find("?=", charset + 3);
+        const std::size_t close = CloseOfWord(text, charset + 3);
         const auto wordSet = SetOfMail(text.substr(end + 2, charset - end - 2));
         if (close == text.npos || close - charset > 200000 || !wordSet || (set && set != wordSet))
             break;

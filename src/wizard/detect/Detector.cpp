@@ -136,6 +136,18 @@ Candidate Finish(const Hypothesis& hypothesis, std::string_view sample) {
     return candidate;
 }
 
+/// What is looked at of bytes that are more than `whole`.
+std::string SampleOver(std::size_t whole, std::string_view bytes) {
+    std::string sample;
+    if (bytes.size() <= whole)
+        return std::string(bytes);
+    AddLines(sample, bytes, sampleBytes / 2);
+    const std::size_t end = bytes.size() - std::min<std::size_t>(bytes.size() / 3, 20000);
+    AddLines(sample, bytes.substr(BlankBehind(bytes, bytes.size() / 2)), sampleBytes * 3 / 4);
+    AddLines(sample, bytes.substr(BlankBehind(bytes, end)), sampleBytes);
+    return sample;
+}
+
 Verdict Binary() {
     return {Answer::Clean, {{{Set::Utf8, {}}, true, "binary", 0, 0, 0, 0, {}}}};
 }
@@ -163,6 +175,11 @@ std::optional<Set> Utf16Of(std::string_view bytes) {
     return std::nullopt;
 }
 
+/// Whether the bytes only seem to be well because a set has no part in it.
+bool NeedsTheExcluded(std::string_view bytes) {
+    return Detect(bytes).answer != Answer::Clean;
+}
+
 bool IsCyrillic(std::string_view language) {
     return language == "ru" || language == "uk" || language == "be" || language == "bg" || language == "sr";
 }
@@ -174,7 +191,7 @@ std::optional<Verdict> DetectDebris(std::string_view bytes, const DetectOptions&
         return std::nullopt;
     // Bytes past the beginning matter only where few are looked at.
     const std::string plain = UndoDebris(*debris, bytes.substr(0, debrisBytes));
-    Verdict verdict = Detect(plain, options);
+    Verdict verdict = Detect(SampleOver(sampleBytes, plain), options);
     if (verdict.candidates.empty() || !IsCyrillic(verdict.candidates[0].language) ||
         verdict.candidates[0].letters < 3)
         return std::nullopt;
@@ -190,14 +207,7 @@ std::optional<Verdict> DetectDebris(std::string_view bytes, const DetectOptions&
 } // namespace
 
 std::string Sample(std::string_view bytes) {
-    std::string sample;
-    if (bytes.size() <= wholeBytes)
-        return std::string(bytes);
-    AddLines(sample, bytes, sampleBytes / 2);
-    const std::size_t end = bytes.size() - std::min<std::size_t>(bytes.size() / 3, 20000);
-    AddLines(sample, bytes.substr(BlankBehind(bytes, bytes.size() / 2)), sampleBytes * 3 / 4);
-    AddLines(sample, bytes.substr(BlankBehind(bytes, end)), sampleBytes);
-    return sample;
+    return SampleOver(wholeBytes, bytes);
 }
 
 Verdict Detect(std::string_view bytes, const DetectOptions& options) {
@@ -239,7 +249,9 @@ Verdict Detect(std::string_view bytes, const DetectOptions& options) {
     const bool isSure = lead >= wanted && overAlone >= OverAloneFor(best.letters) && best.lost == 0 &&
                         TextDecides(verdict.candidates);
     // Neither binary nor UTF-8 as it should be: something is wrong with it, whatever it is.
-    const bool undecided = best.leaveAlone && best.chain.stored == Set::Utf8 && !IsUtf8(bytes);
+    const bool undecided = best.leaveAlone && (best.chain.stored == Set::Utf8
+                                                   ? !IsUtf8(bytes)
+                                                   : !options.exclude.empty() && NeedsTheExcluded(bytes));
     verdict.answer = best.leaveAlone && !undecided ? Answer::Clean
                      : isSure && !undecided        ? Answer::Sure
                                                    : Answer::Unsure;

@@ -30,7 +30,8 @@ struct DetectOptions {
 };
 
 /// Says what happened to the bytes. Takes the same time for any size: what is looked at is a sample of the
-/// lines that hold something else than ASCII.
+/// lines that hold something else than ASCII. Only what is to be left alone as UTF-8 is read whole, to see
+/// whether it is.
 Verdict Detect(std::string_view bytes, const DetectOptions& options = {});
 
 /// What `Detect` looks at: whole lines with something else than ASCII, from start, middle and end.
