@@ -41,13 +41,14 @@ bool AreToBeJoined(const QTextBlock& one, const QTextBlock& other) {
 
 } // namespace
 
-// On a paragraph that continues a line; it goes with the paragraph, and a new one has none.
+// On a paragraph that continues a line; it goes with the paragraph, and a new one has none. The document, and
+// so the marks, can be gone later than what counts them.
 struct LongLines::Continues final : QTextBlockUserData {
-    explicit Continues(int& marks) : count(marks) { ++count; }
+    explicit Continues(std::shared_ptr<int> marks) : count(std::move(marks)) { ++*count; }
     Continues(const Continues&) = delete;
     Continues& operator=(const Continues&) = delete;
-    ~Continues() override { --count; }
-    int& count;
+    ~Continues() override { --*count; }
+    std::shared_ptr<int> count;
 };
 
 bool ContinuesLine(const QTextBlock& block) {
@@ -94,7 +95,7 @@ int LongLines::PartsUpTo(int block) const {
 void LongLines::Follow(int from, int added) {
     const int blocks = document_.blockCount();
     const int old = std::exchange(blocks_, blocks);
-    if (marks_ == 0 && parts_.empty())
+    if (*marks_ == 0 && parts_.empty())
         return;
     const int end = document_.characterCount() - 1;
     QTextBlock block = document_.findBlock(std::min(from, end));

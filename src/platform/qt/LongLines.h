@@ -4,6 +4,7 @@
 #include <QTextBlockUserData>
 
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -64,8 +65,8 @@ private:
 
     QTextDocument& document_;
     bool parting_ = true;
-    int blocks_;             ///< of the document at the last notice
-    int marks_ = 0;          ///< on its paragraphs
+    int blocks_;                                            ///< of the document at the last notice
+    std::shared_ptr<int> marks_ = std::make_shared<int>(0); ///< how many are on its paragraphs
     std::vector<int> parts_; ///< the numbers of those that continue a line, in order
 };
 
