@@ -5,7 +5,8 @@ Usage: tools/make_wizard_models.py [FOLDER] > src/wizard/detect/ModelData.cpp
 
 FOLDER keeps the fetched packages between runs (build/models unless told). They are unpacked there, not installed.
 A model holds, for each letter after the two before it, the bits it costs in quarters. Words count by the square
-root of how often they stand, so that the words of one manual do not outweigh the language.
+root of how often they stand, so that the words of one manual do not outweigh the language; those of up to four
+letters, which are the same in any text, by how often they stand.
 """
 import collections, glob, gzip, html, math, os, re, subprocess, sys
 
@@ -28,6 +29,7 @@ LETTERS = {
     "latin": "abcdefghijklmnopqrstuvwxyzßàáâäåæçèéêëìíîïñòóôöøùúûüýœąćęłńśźżčřšžőűğışťďňů",
 }
 ORDER = {"el": 2, "latin": 2}
+SHORT = 4
 
 
 def texts(folder, package):
@@ -57,7 +59,8 @@ def words(folder, language):
     for package in PACKAGES[language].split():
         for text in texts(folder, package):
             counts.update(pattern.findall(text.lower()))
-    return {word: math.sqrt(count) for word, count in counts.items()}
+    share = sum(map(math.sqrt, counts.values())) / counts.total()
+    return {word: share * count if len(word) <= SHORT else math.sqrt(count) for word, count in counts.items()}
 
 
 def costs(folder, language):

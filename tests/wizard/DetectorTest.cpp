@@ -66,6 +66,8 @@ TEST(Detector, LeavesAloneWhatIsWell) {
                                  "plain ASCII, 100%",
                                  text,
                                  "КРИК ЗАГЛАВНЫМИ БУКВАМИ",
+                                 "С 1814 года страна не была вовлечена ни",
+                                 "(напр., „devel“, „admin“), то это уже немного другая",
                                  "Ми зібралися біля річки, щоб побачити схід сонця.",
                                  "Größe, Übung und schöne Wörter",
                                  "Η θάλασσα ήταν ήρεμη εκείνο το πρωί.",
@@ -76,8 +78,8 @@ TEST(Detector, LeavesAloneWhatIsWell) {
         EXPECT_EQ(verdict.answer, Answer::Clean) << bytes;
         EXPECT_EQ(Repair(bytes, verdict).text, bytes);
     }
-    EXPECT_EQ(Detect(Iconv(clean[4], "UTF-8", "CP1251")).answer, Answer::Clean);
-    EXPECT_EQ(Detect(Iconv(clean[5], "UTF-8", "CP1252")).answer, Answer::Clean);
+    EXPECT_EQ(Detect(Iconv(clean[6], "UTF-8", "CP1251")).answer, Answer::Clean);
+    EXPECT_EQ(Detect(Iconv(clean[7], "UTF-8", "CP1252")).answer, Answer::Clean);
 }
 
 TEST(Detector, ReadsDebrisBack) {

@@ -165,19 +165,19 @@ TEST_F(RescueTest, AChoiceByHandServesTheOtherUnsureFilesOfItsFolderOnly) {
     for (const char* name : {"a/1.txt", "a/2.txt", "a/3.txt", "b/4.txt"})
         Make(name, few);
     Make("a/clean.txt", text);
-    Make("a/odd.txt", few + "\xFF"); // nothing in Windows-1253
+    Make("a/odd.txt", few + " \xAB"); // nothing in KOI8-R
     List();
     const std::size_t first = Row("1.txt");
     EXPECT_FALSE(rescue_.HasLikeIt(first)) << "nothing is chosen yet";
     rescue_.Choose(Row("3.txt"), std::nullopt);
-    rescue_.Choose(first, Chain{Set::Greek, {}});
+    rescue_.Choose(first, ChainFrom("mac>koi8-r@1251"));
     ASSERT_TRUE(rescue_.HasLikeIt(first));
     EXPECT_EQ(rescue_.ChooseForLikeIt(first), 1U) << "without the one that was chosen, and the odd one";
     EXPECT_FALSE(rescue_.HasLikeIt(first));
     EXPECT_EQ(Sure("2.txt"), "выбрано вручную");
-    EXPECT_EQ(ProposalsOf(rescue_.Rows()[first].finding, Chain{Set::Mac, {}}).size(), 5U);
+    EXPECT_EQ(ProposalsOf(rescue_.Rows()[first].finding, Chain{Set::Dos437, {}}).size(), 5U);
     Repair();
-    const std::string chosen = Iconv(few, "CP1253", "UTF-8");
+    const std::string chosen = Iconv(Iconv(few, "CP1251", "KOI8-R"), "MAC-CYRILLIC", "UTF-8");
     for (const auto& [name, bytes] : {std::pair{"a/1.txt", chosen},
                                       {"a/2.txt", chosen},
                                       {"a/3.txt", few},

@@ -12,17 +12,18 @@ constexpr std::size_t wholeBytes = 3200; // up to here all is looked at
 constexpr std::size_t sampleBytes = 1600;
 constexpr std::size_t longestLine = 400;
 constexpr std::size_t debrisBytes = 6000;
+constexpr std::size_t alonesShown = 2;   // ways to leave it alone: a person wants readings to choose from
 constexpr double sureLead = 11;          // bits before the next text
 constexpr double sureByText = 3;         // the same by the text alone, whatever the chains cost
 constexpr double mostBitsACharacter = 8; // what costs more is no text that was found
 constexpr double sureLeadOverCase = 18;  // bits before the same text in capitals or small letters
 constexpr double sureLeadOverLonger = 7; // the same where that one's chain is the longer
-constexpr double sureOverAlone = 16;     // bits before the same text as another language
+constexpr double sureOverAlone = 36;     // bits before the same text as another language
 
 /// The same for so many letters: names are much alike in all languages, so that a few prove little and a long
 /// list has to differ all over.
 double OverAloneFor(std::size_t letters) {
-    return std::max(letters < 60 ? 32.0 : sureOverAlone, 0.5 * static_cast<double>(letters));
+    return std::max(sureOverAlone, 0.6 * static_cast<double>(letters));
 }
 
 bool IsHigh(char byte) {
@@ -224,14 +225,16 @@ Verdict Detect(std::string_view bytes, const DetectOptions& options) {
         return {};
 
     Verdict verdict;
+    std::size_t alones = 0;
     for (const Hypothesis& hypothesis : Hypotheses(sample, options.depth, options.exclude)) {
         Candidate candidate = Finish(hypothesis, sample);
         const bool known =
             std::any_of(verdict.candidates.begin(), verdict.candidates.end(), [&](const Candidate& other) {
                 return other.preview == candidate.preview && other.leaveAlone == candidate.leaveAlone;
             });
-        if (!known)
-            verdict.candidates.push_back(std::move(candidate));
+        if (known || (candidate.leaveAlone && alones++ >= alonesShown))
+            continue;
+        verdict.candidates.push_back(std::move(candidate));
         if (verdict.candidates.size() >= std::max<std::size_t>(options.candidates, 2))
             break;
     }

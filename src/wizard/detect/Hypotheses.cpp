@@ -17,6 +17,7 @@ constexpr std::size_t fullyScored = 40;
 constexpr double nameBits[setCount] = {3, 2, 3, 5, 5, 5, 4, 5, 4, 0, 2, 2};
 constexpr double layerBits = 6; ///< the first wrong reading
 constexpr double nextLayerBits = 9;
+constexpr double storedAgainBits = 6; ///< that a text read wrongly was not saved as UTF-8
 constexpr double lossBits = 4;
 /// What it costs that a text is not Russian, as most of what is garbled here is.
 constexpr double otherLanguageBits[setCount] = {14, 9, 14, 10, 14, 14, 4, 8, 4, 6, 3, 3};
@@ -24,6 +25,7 @@ constexpr double otherLanguageBits[setCount] = {14, 9, 14, 10, 14, 14, 4, 8, 4, 
 constexpr std::size_t fewestLetters = 3;
 constexpr double fewLettersBits = 20;
 constexpr double leaveAloneGain = 2;
+constexpr double cleanGain = 2; ///< the same once more for Russian in UTF-8, which is most of what comes
 
 /// The order of the symbols, shared by all readings that differ in the alphabet only.
 struct Order {
@@ -121,7 +123,8 @@ std::optional<std::vector<std::uint16_t>> BytesOf(const Node& node, Set readAs) 
 std::optional<Node> UndoLayer(const Node& node, Layer layer, const std::vector<std::uint16_t>& bytes) {
     Chain chain = node.chain;
     chain.layers.insert(chain.layers.begin(), layer);
-    const double prior = node.prior + (node.chain.layers.empty() ? layerBits : nextLayerBits);
+    const double storedBits = node.chain.stored == Set::Utf8 ? 0 : storedAgainBits;
+    const double prior = node.prior + (node.chain.layers.empty() ? layerBits + storedBits : nextLayerBits);
     if (layer.writtenIn == Set::Utf8) {
         std::string text;
         text.reserve(node.order->symbols.size());
@@ -175,7 +178,7 @@ private:
             bits += fewLettersBits;
         found_.push_back(
             {node.chain, asItIs, modelData[model].language,
-             bits - (asItIs ? leaveAloneGain : 0) +
+             bits - (asItIs ? leaveAloneGain : 0) - (asItIs && model == 0 ? cleanGain : 0) +
                  (model != 0 ? otherLanguageBits[static_cast<std::size_t>(node.chain.stored)] : 0),
              node.prior});
     }

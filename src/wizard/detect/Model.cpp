@@ -39,8 +39,11 @@ char16_t CapitalOf(char16_t c) {
     return c;
 }
 
+/// Opens English quotations and closes those that begin with a low one.
+constexpr char16_t eitherQuote = 0x201C;
+
 bool IsOpening(char16_t c) {
-    return c == 0xAB || c == 0x201C || c == 0x201E;
+    return c == 0xAB || c == 0x201E || c == eitherQuote;
 }
 
 bool IsClosing(char16_t c) {
@@ -132,11 +135,12 @@ double Model::RoughBits(std::span<const std::uint32_t> counts, std::span<const c
 namespace {
 
 /// What kind of sign a character is, as far as that says what may stand beside it.
-enum class Sign : std::uint8_t { Other, Blank, Stop, Opening, Closing, Dash, HardBlank, Number };
+enum class Sign : std::uint8_t { Other, Blank, Stop, Opening, Closing, Either, Dash, HardBlank, Number };
 
 Sign SignOf(char16_t c) {
     return c == u' ' || c == u'\n' || c == u'\r' || c == u'\t' ? Sign::Blank
            : c == u'.' || c == u'!' || c == u'?'               ? Sign::Stop
+           : c == eitherQuote                                  ? Sign::Either
            : IsOpening(c)                                      ? Sign::Opening
            : IsClosing(c)                                      ? Sign::Closing
            : IsDash(c)                                         ? Sign::Dash
@@ -228,10 +232,12 @@ double Model::Bits(const Reading& reading, double most) const {
                                           : 0);
                 letterCase = CaseAfterGap(letterCase);
             }
+            const Sign kind = symbol.sign != Sign::Either ? symbol.sign
+                              : open > 0                  ? Sign::Closing
+                                                          : Sign::Opening;
             bits += (symbol.box && s == previous ? 2 : symbol.bits) +
-                    SignAfter(symbol.sign, last != 0 || afterAscii, sign) +
-                    (symbol.ascii ? LetterAfter(sign) : 0);
-            sign = symbol.sign;
+                    SignAfter(kind, last != 0 || afterAscii, sign) + (symbol.ascii ? LetterAfter(sign) : 0);
+            sign = kind;
             open += (sign == Sign::Opening) - (sign == Sign::Closing && open > 0);
             sentenceEnded = sign == Sign::Stop || (sentenceEnded && sign == Sign::Blank);
             before = last = 0;
