@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstring>
 #include <ctime>
 #include <functional>
 #include <vector>
@@ -20,6 +21,7 @@ constexpr std::string_view prose =
 constexpr double shortBar = 1, longBar = 5; // milliseconds
 
 int status = 0;
+volatile std::uint64_t sum = 0; // so that what is read counts
 
 /// Of this thread alone: what else runs on the machine does not count.
 template <typename Work>
@@ -87,11 +89,33 @@ void Stored(const char* what) {
     Print(what, std::move(times), shortBar);
 }
 
-void Long(const std::string& what, const std::string& bytes) {
+template <typename Work>
+std::vector<double> Times(Work work) {
     std::vector<double> times(15);
     for (double& time : times)
-        time = ProcessorMilliseconds([&] { Detect(bytes); });
-    Print(what.c_str(), std::move(times), longBar);
+        time = ProcessorMilliseconds(work);
+    return times;
+}
+
+void Long(const std::string& what, const std::string& bytes) {
+    Print(what.c_str(), Times([&] { Detect(bytes); }), longBar);
+}
+
+/// What is to be called clean is read whole, at half of memory's speed at least.
+void Whole(const std::string& name, const std::string& bytes) {
+    std::vector<double> read = Times([&] {
+        std::uint64_t all = 0;
+        for (std::size_t at = 0; at + sizeof all <= bytes.size(); at += sizeof all) {
+            std::uint64_t word = 0;
+            std::memcpy(&word, bytes.data() + at, sizeof word);
+            all += word;
+        }
+        sum = all;
+    });
+    std::sort(read.begin(), read.end());
+    const double allowed = longBar + 2 * read[read.size() / 2];
+    Print(("no more than reading " + name).c_str(), std::move(read), allowed);
+    Print(("clean, " + name).c_str(), Times([&] { Detect(bytes); }), allowed);
 }
 
 std::string Filled(std::string_view piece, std::size_t size) {
@@ -104,7 +128,7 @@ std::string Filled(std::string_view piece, std::size_t size) {
 void AllLong(const std::string& name, std::size_t size) {
     const auto garbled = [](const char* chain) { return Garble(ChainFrom(chain).value(), prose).value(); };
     const std::string koi = Encode(Set::Koi8R, prose).value();
-    Long("clean, " + name, Filled(prose, size));
+    Whole(name, Filled(prose, size));
     Long("koi8-r, " + name, Filled(koi, size));
     Long("koi8-r>866, " + name, Filled(garbled("koi8-r>866"), size));
     Long("koi8-r>866,utf-8>437, " + name, Filled(garbled("koi8-r>866,utf-8>437"), size));

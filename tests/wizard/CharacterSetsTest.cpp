@@ -23,6 +23,44 @@ TEST(CharacterSets, AreThePublishedOnes) {
         }
 }
 
+// What each character says by itself is the oracle: wherever in a text something is wrong, and at its ends.
+TEST(CharacterSets, TellUtf8AtAnyPlace) {
+    const std::string pieces[] = {"\x7F",
+                                  "\xC2\x80",
+                                  "\xDF\xBF",
+                                  "\xE0\xA0\x80",
+                                  "\xED\x9F\xBF",
+                                  "\xEF\xBF\xBF",
+                                  "\xF0\x90\x80\x80",
+                                  "\xF4\x8F\xBF\xBF",
+                                  "\x80",
+                                  "\xC1\xBF",
+                                  "\xE0\x9F\xBF",
+                                  "\xED\xA0\x80",
+                                  "\xE2\x82",
+                                  "\xF0\x8F\xBF\xBF",
+                                  "\xF4\x90\x80\x80",
+                                  "\xF5\x80\x80\x80",
+                                  "\xF0\x9F\x98",
+                                  "\xC3",
+                                  "\xFF",
+                                  "\xC3\x80\x80"};
+    constexpr std::size_t well = 8;
+    const std::string letters = [] {
+        std::string pairs;
+        for (int i = 0; i < 70; ++i)
+            pairs += "\xD0\xB9";
+        return pairs;
+    }();
+    for (std::size_t i = 0; i < std::size(pieces); ++i)
+        for (std::size_t before = 0; before < 140; ++before)
+            for (const std::size_t behind : {0U, 1U, 70U}) {
+                const std::string bytes = std::string(before % 2, 'x') + letters.substr(0, before / 2 * 2) +
+                                          pieces[i] + std::string(behind, 'x');
+                EXPECT_EQ(IsUtf8(bytes), i < well) << i << " behind " << before;
+            }
+}
+
 TEST(Chain, IsReadBackAsItWasPrinted) {
     for (const char* text :
          {"koi8-r", "utf-8", "utf-8>1251", "koi8-r>866,utf-8>1251", "866>mac@1251", "utf-8>1252+base64"}) {

@@ -1,7 +1,6 @@
 #include "wizard/detect/CharacterSets.h"
 
 #include <array>
-#include <cstring>
 
 namespace quillshift::wizard {
 
@@ -102,28 +101,6 @@ void AppendUtf8(std::string& text, std::uint32_t character) {
         add(0x80 | (character >> 6 & 0x3F));
         add(0x80 | (character & 0x3F));
     }
-}
-
-bool IsUtf8(std::string_view bytes) {
-    std::size_t at = 0;
-    // At memory speed: ASCII eight bytes at once, and the pairs that most letters are without their numbers.
-    while (at + 8 <= bytes.size()) {
-        std::uint64_t word = 0;
-        std::memcpy(&word, bytes.data() + at, sizeof word);
-        const auto lead = static_cast<std::uint8_t>(bytes[at]);
-        if ((word & 0x8080808080808080) == 0)
-            at += 8;
-        else if (lead < 0x80)
-            ++at;
-        else if (lead >= 0xC2 && lead < 0xE0 && (static_cast<std::uint8_t>(bytes[at + 1]) & 0xC0) == 0x80)
-            at += 2;
-        else if (NextUtf8(bytes, at) < 0)
-            return false;
-    }
-    while (at < bytes.size())
-        if (NextUtf8(bytes, at) < 0)
-            return false;
-    return true;
 }
 
 } // namespace quillshift::wizard

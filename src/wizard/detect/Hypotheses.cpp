@@ -139,6 +139,24 @@ std::optional<Node> UndoLayer(const Node& node, Layer layer, const std::vector<s
     return Node{node.order, std::move(alphabet), std::move(chain), prior, 0};
 }
 
+/// The fewest bits so far: what costs more than all of them need not be counted to its end.
+class Fewest {
+public:
+    double Least() const { return bits_.front(); }
+    double Most() const { return bits_.back(); }
+    void Add(double bits) {
+        const auto place = std::upper_bound(bits_.begin(), bits_.end(), bits);
+        if (place != bits_.end()) {
+            std::copy_backward(place, bits_.end() - 1, bits_.end());
+            *place = bits;
+        }
+    }
+
+private:
+    static constexpr std::size_t kept = 8; ///< more than are shown, as some of them say the same
+    std::vector<double> bits_ = std::vector<double>(kept, std::numeric_limits<double>::infinity());
+};
+
 class Search {
 public:
     Search(std::string_view sample, std::size_t depth, const std::vector<Set>& exclude)
@@ -157,7 +175,8 @@ public:
                   [](const Node& a, const Node& b) { return a.rough < b.rough; });
         leaves_.resize(std::min(leaves_.size(), fullyScored));
         for (const Node& node : leaves_)
-            Add(node, 0);
+            Add(node, 0, fewestRead_.Most());
+        AddOtherLanguages();
         std::stable_sort(found_.begin(), found_.end(),
                          [](const auto& a, const auto& b) { return a.bits < b.bits; });
         return std::move(found_);
@@ -168,33 +187,37 @@ private:
         return std::find(exclude_.begin(), exclude_.end(), set) != exclude_.end();
     }
 
-    void Add(const Node& node, std::size_t model) {
-        Add(node, model, Models()[model].Bits({node.order->symbols, node.alphabet}));
-    }
-    void Add(const Node& node, std::size_t model, double textBits) {
-        double bits = textBits + node.prior;
+    /// Counts what a reading costs in one language, and takes it unless that is more than `most` or than
+    /// enough others. Gives the bits.
+    double Add(const Node& node, std::size_t model, double most) {
         const bool asItIs = node.chain.layers.empty() && (node.chain.stored == Set::Utf8 || model != 0);
-        if (!asItIs && Models()[model].Letters(node.order->counts, node.alphabet) < fewestLetters)
+        double bits = node.prior;
+        if (asItIs)
+            bits -= leaveAloneGain + (model == 0 ? cleanGain : 0);
+        else if (Models()[model].Letters(node.order->counts, node.alphabet) < fewestLetters)
             bits += fewLettersBits;
-        found_.push_back(
-            {node.chain, asItIs, modelData[model].language,
-             bits - (asItIs ? leaveAloneGain : 0) - (asItIs && model == 0 ? cleanGain : 0) +
-                 (model != 0 ? otherLanguageBits[static_cast<std::size_t>(node.chain.stored)] : 0),
-             node.prior});
+        if (model != 0)
+            bits += otherLanguageBits[static_cast<std::size_t>(node.chain.stored)];
+        Fewest& fewest = asItIs ? fewestAlone_ : fewestRead_;
+        most = std::min(most, fewest.Most());
+        bits += Models()[model].Bits({node.order->symbols, node.alphabet}, most - bits);
+        if (bits <= most) {
+            fewest.Add(bits);
+            found_.push_back({node.chain, asItIs, modelData[model].language, bits, node.prior});
+        }
+        return bits;
     }
 
-    /// Other languages explain the same text, of which the likeliest is enough.
-    void AddOtherLanguages(const Node& root) {
-        double fewest = std::numeric_limits<double>::infinity();
-        std::size_t likeliest = 1;
-        for (std::size_t model = 1; model < modelCount; ++model) {
-            const double bits = Models()[model].Bits({root.order->symbols, root.alphabet}, fewest);
-            if (bits < fewest) {
-                fewest = bits;
-                likeliest = model;
-            }
+    /// Other languages explain the same text, of which the likeliest is enough; and none is needed that costs
+    /// so much more than the best that it could not make this unsure.
+    void AddOtherLanguages() {
+        constexpr double farBits = 100, farBitsASymbol = 1;
+        const double least = std::min(fewestRead_.Least(), fewestAlone_.Least());
+        for (const Node& root : roots_) {
+            double most = least + farBits + farBitsASymbol * static_cast<double>(root.order->symbols.size());
+            for (std::size_t model = 1; model < modelCount; ++model)
+                most = std::min(most, Add(root, model, most));
         }
-        Add(root, likeliest, fewest);
     }
 
     void AddBinary(std::string_view sample) {
@@ -215,9 +238,9 @@ private:
 
     void Visit(Node root) {
         const Set stored = root.chain.stored;
-        AddOtherLanguages(root);
+        roots_.push_back(root);
         if (stored != Set::Greek && stored != Set::Latin && stored != Set::Dos437)
-            Add(root, 0);
+            Add(root, 0, std::numeric_limits<double>::infinity());
         // What is stored in one of the sets of other scripts was not garbled before.
         if (stored == Set::Greek || stored == Set::Koi8U)
             return;
@@ -267,8 +290,9 @@ private:
     const std::vector<Set>& exclude_;
     std::vector<std::shared_ptr<const Order>> keep_; ///< so that an address stands for one order
     std::unordered_set<std::string> known_;
-    std::vector<Node> leaves_;
+    std::vector<Node> roots_, leaves_;
     std::vector<Hypothesis> found_;
+    Fewest fewestAlone_, fewestRead_;
 };
 
 } // namespace

@@ -88,6 +88,9 @@ double SignBits(char16_t c) {
 } // namespace
 
 Model::Model(const ModelData& data) : data_(data), size_(data.letters.size() + 1) {
+    costs_.reserve(data.costs.size());
+    for (const char digit : data.costs) // the backslash is left out
+        costs_.push_back(static_cast<std::uint8_t>(digit - '@' - (digit > '\\')));
     rough_.fill(16);
     for (std::size_t c = 0; c < reach; ++c)
         rough_[c] = static_cast<float>(SignBits(static_cast<char16_t>(c)));
@@ -116,8 +119,7 @@ std::size_t Model::Letters(std::span<const std::uint32_t> counts, std::span<cons
 
 double Model::Cost(std::size_t before, std::size_t last, std::size_t next) const {
     const std::size_t row = data_.order == 3 ? before * size_ + last : last;
-    const int code = data_.costs[row * size_ + next] - '@';
-    return (code - (code > 28)) / 4.0;
+    return costs_[row * size_ + next] / 4.0;
 }
 
 double Model::SignCost(char16_t character) {
@@ -174,6 +176,8 @@ double SignAfter(Sign sign, bool afterLetter, Sign before) {
 constexpr double caseBits[7][2] = {{0.25, 2.7}, {0.01, 13}, {0.4, 2.0}, {6, 0.02},
                                    {3, 0.2},    {3, 0.1},   {2.7, 0.3}};
 
+constexpr int smallCase = 1; // the row after a small letter
+
 constexpr double unclosedBits = 5;
 
 int CaseAfterGap(int letterCase) {
@@ -213,13 +217,17 @@ double Model::Bits(const Reading& reading, double most) const {
         if (bits > most)
             return bits;
         const Symbol& symbol = table[s];
-        if (symbol.letter != 0) {
+        if (last != 0 && symbol.letter != 0 && letterCase == smallCase && !symbol.large) { // as most are
+            bits += Cost(before, last, symbol.letter) + caseBits[smallCase][0];
+            before = last;
+            last = symbol.letter;
+        } else if (symbol.letter != 0) {
             bits += Cost(before, last, symbol.letter) + LetterAfter(sign) +
                     caseBits[sentenceEnded && letterCase == 0 && sign == Sign::Blank ? 6 : letterCase]
                             [symbol.large ? 1 : 0];
             if (last == 0)
                 bits += 1 + (afterAscii ? 5 : 0) + (afterStrange ? 4 : 0);
-            letterCase = !symbol.large ? 1 : letterCase == 0 ? 2 : letterCase == 4 ? 5 : 3;
+            letterCase = !symbol.large ? smallCase : letterCase == 0 ? 2 : letterCase == 4 ? 5 : 3;
             before = last;
             last = symbol.letter;
             sign = Sign::Other;

@@ -42,6 +42,7 @@ private:
 
     const ModelData& data_;
     std::size_t size_;
+    std::vector<std::uint8_t> costs_;          ///< the data's, in quarters of a bit
     std::array<std::uint8_t, reach> letter_{}; ///< number of the letter, 0 for none; high bit: a capital
     std::array<float, reach> rough_{};
 };
