@@ -66,7 +66,7 @@ TEST(Detector, LeavesAloneWhatIsWell) {
                                  "plain ASCII, 100%",
                                  text,
                                  "КРИК ЗАГЛАВНЫМИ БУКВАМИ",
-                                 "С 1814 года страна не была вовлечена ни",
+                                 "доброго вечера.\n -- Р. Дэйнджер",
                                  "(напр., „devel“, „admin“), то это уже немного другая",
                                  "Ми зібралися біля річки, щоб побачити схід сонця.",
                                  "Größe, Übung und schöne Wörter",
@@ -136,6 +136,9 @@ TEST(Detector, IsUnsureBetweenReadingsOfOneKind) {
     const std::string thrice =
         Iconv(Iconv(Iconv(once, "UTF-8", "CP1251"), "MAC-CYRILLIC", "UTF-8"), "CP866", "UTF-8");
     EXPECT_EQ(Detect(thrice).answer, Answer::Unsure);
+    // By the text alone a word in capitals is about as likely.
+    EXPECT_EQ(Detect(Iconv(Iconv("вечером Чайки улетели", "UTF-8", "CP866"), "CP1251", "UTF-8")).answer,
+              Answer::Unsure);
     // Names are the same in Bulgarian.
     EXPECT_EQ(Detect(Iconv("Гвинея-Бисау, Гренландия", "UTF-8", "CP1251")).answer, Answer::Unsure);
 }
@@ -155,6 +158,8 @@ TEST(Detector, IsSureAgainstALongerChain) {
     const std::string bytes = Iconv(Iconv(capitals, "UTF-8", "CP866"), "CP1251", "UTF-8");
     EXPECT_EQ(Detect(bytes).answer, Answer::Sure);
     EXPECT_EQ(Found(bytes), "866>1251");
+    // Nobody opens a quotation that is not closed.
+    EXPECT_EQ(Detect(Iconv("дома Чудесные были", "UTF-8", "KOI8-R")).answer, Answer::Sure);
     EXPECT_EQ(Detect(Iconv("города умирают, надрываясь в попытке содержать", "UTF-8", "ISO-8859-5")).answer,
               Answer::Sure);
 }
@@ -163,21 +168,40 @@ TEST(Detector, LooksAtSignsAndSentences) {
     // Mac and 1251 differ in capitals and signs only.
     for (const char* good :
          {"и прочие хитрые приборы. Только хорошо", "Вот и страница, с чем?\nС продолжением",
-          "Не знаю. Если спросят, скажу: да — и всё."}) {
+          "открыть этот сайт. Сайты открыты", "Не знаю. Если спросят, скажу: да — и всё."}) {
         EXPECT_EQ(Detect(Iconv(good, "UTF-8", "CP1251")).candidates.at(0).preview, good);
         EXPECT_EQ(Detect(Iconv(good, "UTF-8", "MAC-CYRILLIC")).candidates.at(0).preview, good);
     }
 }
 
 TEST(Detector, LooksAtWholeCharactersOfALongLine) {
-    std::string bytes;
-    for (int i = 0; i < 40; ++i)
-        bytes += text.substr(0, text.size() - 1) + " ";
-    for (int i = 0; i < 2; ++i)
-        bytes = Iconv(bytes, "ISO-8859-1", "UTF-8");
-    const Verdict verdict = Detect(bytes);
-    EXPECT_EQ(verdict.answer, Answer::Sure);
-    EXPECT_EQ(verdict.candidates.at(0).lost, 0U);
+    // The second has not even a blank to cut it at.
+    for (const std::string piece :
+         {"старый смотритель ещё раз обошёл причал ", "старый—смотритель—обошёл—причал—"}) {
+        std::string bytes;
+        for (int i = 0; i < 40; ++i)
+            bytes += piece;
+        for (int i = 0; i < 3; ++i)
+            bytes = Iconv(bytes, "ISO-8859-1", "UTF-8");
+        const Verdict verdict = Detect(bytes);
+        EXPECT_EQ(verdict.answer, Answer::Sure) << piece;
+        EXPECT_EQ(verdict.candidates.at(0).lost, 0U) << piece;
+    }
+}
+
+TEST(Detector, LooksAtNothingTwice) {
+    std::ostringstream percent;
+    for (int number = 10; number < 70; ++number)
+        for (const char c : std::to_string(number) + Iconv(") смотритель обошёл причал\n", "UTF-8", "KOI8-R"))
+            if (static_cast<signed char>(c) < 0)
+                percent << '%' << std::hex << static_cast<int>(static_cast<unsigned char>(c)) << std::dec;
+            else
+                percent << c;
+    const std::string sample = Detect(percent.str()).candidates.at(0).preview;
+    for (int number = 10; number < 70; ++number) {
+        const std::string line = std::to_string(number) + ')';
+        EXPECT_EQ(sample.find(line), sample.rfind(line)) << number;
+    }
 }
 
 TEST(Repair, LeavesALineThatWouldLoseSomething) {

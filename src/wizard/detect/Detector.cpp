@@ -11,6 +11,7 @@ namespace {
 constexpr std::size_t wholeBytes = 3200; // up to here all is looked at
 constexpr std::size_t sampleBytes = 1600;
 constexpr std::size_t longestLine = 400;
+constexpr std::size_t longestWord = 4000; // of one without ASCII, garbled as often as can be
 constexpr std::size_t debrisBytes = 6000;
 constexpr std::size_t alonesShown = 2;   // ways to leave it alone: a person wants readings to choose from
 constexpr double sureLead = 11;          // bits before the next text
@@ -30,40 +31,51 @@ bool IsHigh(char byte) {
     return static_cast<std::uint8_t>(byte) >= 0x80;
 }
 
-/// A blank that a piece can begin or end at without cutting a character, in any set; the place itself if none
-/// is near.
+/// A blank that a piece can begin at; the place itself if none is near.
 std::size_t BlankBefore(std::string_view bytes, std::size_t at) {
     const std::size_t blank = bytes.rfind(' ', at);
     return blank == bytes.npos || at - blank > longestLine / 2 ? at : blank + 1;
 }
-std::size_t BlankBehind(std::string_view bytes, std::size_t at) {
-    const std::size_t blank = bytes.find(' ', at);
-    return blank == bytes.npos || blank - at > longestLine ? std::min(at, bytes.size()) : blank;
+
+/// Where a piece can begin or end behind a place without cutting a character, in any set and however often it
+/// was read wrongly: at a blank that is near, or at ASCII that is not too far. npos where all is one word.
+std::size_t GapBehind(std::string_view bytes, std::size_t at) {
+    if (at >= bytes.size())
+        return bytes.size();
+    if (const std::size_t blank = bytes.substr(at, longestLine).find(' '); blank != bytes.npos)
+        return at + blank;
+    const std::string_view word = bytes.substr(at, longestWord);
+    const auto gap = std::find_if_not(word.begin(), word.end(), IsHigh);
+    return gap == word.end() ? bytes.npos : at + static_cast<std::size_t>(gap - word.begin());
 }
 
-/// Adds lines with high bytes from `at` on, until the sample has `most` bytes.
-void AddLines(std::string& sample, std::string_view bytes, std::size_t most) {
+/// Adds lines with high bytes from a place on, until the sample has `most` bytes. Gives the place behind
+/// them.
+std::size_t AddLines(std::string& sample, std::string_view bytes, std::size_t at, std::size_t most) {
     std::size_t looked = 0;
+    bytes.remove_prefix(at);
     while (!bytes.empty() && sample.size() < most && looked < 1U << 20) {
         const auto high = std::find_if(
             bytes.begin(),
             bytes.begin() + static_cast<std::ptrdiff_t>(std::min<std::size_t>(bytes.size(), 1U << 20)),
             IsHigh);
         if (high == bytes.end() || !IsHigh(*high))
-            return;
+            break;
         const auto place = static_cast<std::size_t>(high - bytes.begin());
         const std::size_t before = bytes.rfind('\n', place);
         const std::size_t start = before == bytes.npos ? 0 : before + 1;
         const std::string_view near = bytes.substr(0, place + 2 * longestLine); // a line can be endless
         const std::size_t end = std::min(near.find('\n', place), near.size());
         const std::size_t from = place - start > longestLine / 2 ? BlankBefore(bytes, place) : start;
-        const std::size_t length = (end - from < longestLine ? std::min(end + 1, bytes.size())
-                                                             : BlankBehind(bytes, from + longestLine)) -
-                                   from;
-        sample.append(bytes.substr(from, length));
-        looked += from + length;
-        bytes.remove_prefix(std::min(from + length, bytes.size()));
+        const std::size_t gap = GapBehind(bytes, from + longestLine);
+        const std::size_t behind = end - from < longestLine ? std::min(end + 1, bytes.size())
+                                   : gap == bytes.npos ? from + longestLine // goes on there if there is room
+                                                       : gap;
+        sample.append(bytes.substr(from, behind - from));
+        looked += behind;
+        bytes.remove_prefix(behind);
     }
+    return at + looked;
 }
 
 bool IsBinary(std::string_view bytes) {
@@ -137,15 +149,29 @@ Candidate Finish(const Hypothesis& hypothesis, std::string_view sample) {
     return candidate;
 }
 
+/// Characters lost in the sample, without one that its end cuts.
+std::size_t LostButAtEnd(const Candidate& candidate, std::string_view sample, std::string_view bytes) {
+    constexpr std::size_t longestCharacter = 64; // in bytes, garbled as often as can be
+    const std::size_t cuts = sample.size() < bytes.size() ? longestCharacter : 0;
+    std::size_t lost = candidate.lost;
+    for (std::size_t cut = 1; lost > 0 && cut <= cuts; ++cut)
+        lost = Undo(candidate.chain, sample.substr(0, sample.size() - cut)).lost;
+    return lost;
+}
+
 /// What is looked at of bytes that are more than `whole`.
 std::string SampleOver(std::size_t whole, std::string_view bytes) {
     std::string sample;
     if (bytes.size() <= whole)
         return std::string(bytes);
-    AddLines(sample, bytes, sampleBytes / 2);
-    const std::size_t end = bytes.size() - std::min<std::size_t>(bytes.size() / 3, 20000);
-    AddLines(sample, bytes.substr(BlankBehind(bytes, bytes.size() / 2)), sampleBytes * 3 / 4);
-    AddLines(sample, bytes.substr(BlankBehind(bytes, end)), sampleBytes);
+    std::size_t done = AddLines(sample, bytes, 0, sampleBytes / 2);
+    const std::size_t third = std::min<std::size_t>(bytes.size() / 3, 20000);
+    for (const auto& [from, most] :
+         {std::pair{bytes.size() / 2, sampleBytes * 3 / 4}, std::pair{bytes.size() - third, sampleBytes}}) {
+        // Nothing twice, or it would count twice.
+        const std::size_t gap = from < done ? done : GapBehind(bytes, from);
+        done = AddLines(sample, bytes, gap == bytes.npos ? done : gap, most);
+    }
     return sample;
 }
 
@@ -240,7 +266,8 @@ Verdict Detect(std::string_view bytes, const DetectOptions& options) {
     }
     if (verdict.candidates.empty())
         return Binary();
-    const Candidate& best = verdict.candidates.front();
+    Candidate& best = verdict.candidates.front();
+    best.lost = LostButAtEnd(best, sample, bytes);
     // A rival with the same text does no harm: 866 and Mac agree on capitals, KOI8-R and -U on Russian.
     const auto rival = std::find_if(verdict.candidates.begin(), verdict.candidates.end(),
                                     [&](const Candidate& other) { return other.preview != best.preview; });
