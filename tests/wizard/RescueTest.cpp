@@ -77,7 +77,7 @@ protected:
         Finish();
     }
     void Repair() {
-        EXPECT_TRUE(rescue_.RepairAll());
+        rescue_.RepairAll();
         Finish();
     }
     void Return() {
@@ -193,7 +193,8 @@ TEST_F(RescueTest, WhatFailsLosesNothingAndCanBeTriedAgain) {
                       fine = Make("fine.txt", twice);
     List();
     files_.noReport = true;
-    EXPECT_FALSE(rescue_.RepairAll());
+    Repair();
+    EXPECT_THAT(StateOf(rescue_), StartsWith("Отчёт об исправлениях не записывается"));
     EXPECT_TRUE(IsAsMade());
     files_.noReport = false;
     files_.fails = {full};
@@ -218,7 +219,7 @@ TEST_F(RescueTest, AStopInTheMiddleLeavesEachFileAsItWasOrRepaired) {
         Make(std::to_string(i) + ".txt", koi);
     List();
     files_.slow = true;
-    ASSERT_TRUE(rescue_.RepairAll());
+    rescue_.RepairAll();
     rescue_.Add({folder_}); // waits, and is stopped with the rest
     while (rescue_.Done() < 5)
         std::this_thread::yield();
@@ -243,6 +244,7 @@ TEST_F(RescueTest, ATextGoesBackToTheClipboardUnlessANewerOneIsThere) {
     EXPECT_FALSE(rescue_.AddText(u""));
     clipboard.SetText(garbled);
     ASSERT_TRUE(rescue_.AddText(garbled));
+    Finish();
     EXPECT_THAT(Shown(), ElementsAre("Вставленный текст: KOI8-R как DOS 866: надёжно"));
     clipboard.SetText(u"newer");
     Repair();
@@ -254,9 +256,11 @@ TEST_F(RescueTest, ATextGoesBackToTheClipboardUnlessANewerOneIsThere) {
     EXPECT_THAT(Shown().front(), HasSubstr(": в буфере обмена"));
     rescue_.Choose(0, std::nullopt);
     rescue_.CopyText(0);
+    Finish();
     EXPECT_EQ(clipboard.text, garbled);
     EXPECT_FALSE(clipboard.isRepaired);
     ASSERT_TRUE(rescue_.AddText(FromUtf8(few)));
+    Finish();
     EXPECT_EQ(rescue_.Rows().size(), 1U) << "there is one text at most";
 }
 

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <map>
 #include <mutex>
+#include <string_view>
 #include <thread>
 
 namespace quillshift::wizard {
@@ -38,6 +39,10 @@ void Borrow(Finding& finding, const Chain& chain) {
 
 } // namespace
 
+std::string_view FolderOf(const Finding& finding) {
+    return std::string_view(finding.path).substr(0, finding.path.rfind('/') + 1);
+}
+
 std::string BeginningOf(const std::string& text, std::size_t most) {
     const std::size_t blank = text.size() > most ? text.find_last_of(" \n", most) : text.npos;
     return text.substr(0, blank == text.npos ? most : blank);
@@ -66,16 +71,15 @@ Finding Look(const std::string& path, const DetectOptions& options) {
 }
 
 void BorrowFromNeighbours(const std::vector<Finding*>& findings) {
-    std::map<std::string, std::vector<const Finding*>> sure;
+    std::map<std::string_view, std::vector<const Finding*>> sure;
     for (const Finding* one : findings)
         if (one->chain && !one->isBorrowed)
-            sure[fs::path(one->path).parent_path()].push_back(one);
-    std::map<std::string, std::optional<Chain>> shared;
+            sure[FolderOf(*one)].push_back(one);
+    std::map<std::string_view, std::optional<Chain>> shared;
     for (const auto& [folder, ones] : sure)
         shared[folder] = SharedChain(ones);
     for (Finding* one : findings)
-        if (const auto chain = shared.find(fs::path(one->path).parent_path());
-            chain != shared.end() && chain->second)
+        if (const auto chain = shared.find(FolderOf(*one)); chain != shared.end() && chain->second)
             Borrow(*one, *chain->second);
 }
 

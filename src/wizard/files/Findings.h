@@ -5,6 +5,7 @@
 #include "wizard/files/Output.h"
 
 #include <functional>
+#include <string_view>
 
 namespace quillshift::wizard {
 
@@ -25,6 +26,9 @@ struct Finding {
 
 /// Told after each file, from any thread but one at a time: how many are done. False stops the work.
 using OnDone = std::function<bool(std::size_t done)>;
+
+/// The folder of its path, with the slash.
+std::string_view FolderOf(const Finding& finding);
 
 /// So much of a text that no word is cut, if there are blanks.
 std::string BeginningOf(const std::string& text, std::size_t most);

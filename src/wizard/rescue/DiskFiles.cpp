@@ -2,7 +2,10 @@
 
 #include "platform/posix/PosixFiles.h"
 
+#include <algorithm>
 #include <filesystem>
+#include <functional>
+#include <utility>
 
 namespace quillshift::wizard {
 
@@ -30,19 +33,19 @@ std::string DiskFiles::BeginRepairs(Target target) {
 }
 
 std::string DiskFiles::LastReport() {
-    std::string last;
-    fs::file_time_type when = fs::file_time_type::min();
+    std::vector<std::pair<fs::file_time_type, std::string>> reports;
     std::error_code error;
     for (fs::directory_iterator at(ReportFolder(), error); !error && at != fs::directory_iterator();
          at.increment(error)) {
         std::error_code none;
         const fs::file_time_type time = at->last_write_time(none);
-        if (at->path().extension() == kEnding && !none && time > when && !EntriesIn(at->path()).empty()) {
-            last = at->path();
-            when = time;
-        }
+        if (at->path().extension() == kEnding && !none)
+            reports.emplace_back(time, at->path());
     }
-    return last;
+    std::ranges::sort(reports, std::greater());
+    const auto last =
+        std::ranges::find_if(reports, [](const auto& report) { return !EntriesIn(report.second).empty(); });
+    return last == reports.end() ? std::string() : last->second;
 }
 
 std::vector<RepairEntry> DiskFiles::BeginReturn(const std::string& report) {

@@ -15,6 +15,16 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t kPreview = 1600; ///< bytes of each proposal that are kept
+constexpr std::chrono::milliseconds kLingering(200);
+constexpr std::size_t kShortText = 65536; ///< which takes a few milliseconds
+
+/// What a text with this way becomes.
+std::string AsChosen(const RescueRow& row) {
+    if (!row.Way())
+        return *row.text;
+    return row.Way() == row.finding.chain ? wizard::Repair(*row.text, row.finding.verdict).text
+                                          : Undo(*row.Way(), *row.text).text;
+}
 
 Finding Trimmed(Finding finding) {
     for (Candidate& one : finding.verdict.candidates)
@@ -55,22 +65,30 @@ void Rescue::Add(std::vector<std::string> names) {
     std::error_code none; // a name that can't be made absolute is told as unreadable
     for (std::string& name : names)
         name = fs::absolute(name, none).lexically_normal();
-    waiting_.push_back(std::move(names));
-    if (doing_ == Doing::Nothing)
-        ListNext();
+    WhenIdle([this, names = std::move(names)] { List(names); });
 }
 
-bool Rescue::AddText(std::u16string_view text) {
+bool Rescue::AddText(std::u16string text) {
     if (text.empty())
         return false;
-    std::string bytes = ToUtf8(text);
-    Finding finding{.path = {}, .verdict = Detect(bytes)};
-    finding.beginning = BeginningOf(Sample(bytes), kPreview);
-    if (finding.verdict.answer == Answer::Sure && !finding.verdict.candidates.front().leaveAlone)
-        finding.chain = finding.verdict.candidates.front().chain;
-    Take(Trimmed(std::move(finding)));
-    rows_[byPath_[{}]].text = std::move(bytes);
+    WhenIdle([this, text = std::move(text)] { ReadText(text); });
     return true;
+}
+
+void Rescue::ReadText(const std::u16string& text) {
+    isShort_ = text.size() <= kShortText;
+    Begin(Doing::Reading, [this, text](RescueJob& job) {
+        std::string bytes = ToUtf8(text);
+        Finding finding{.path = {}, .verdict = Detect(bytes)};
+        finding.beginning = BeginningOf(Sample(bytes), kPreview);
+        if (finding.verdict.answer == Answer::Sure && !finding.verdict.candidates.front().leaveAlone)
+            finding.chain = finding.verdict.candidates.front().chain;
+        job.Post([this, bytes = std::move(bytes), finding = Trimmed(std::move(finding))]() mutable {
+            Take(std::move(finding));
+            news_.text = byPath_[{}];
+            rows_[*news_.text].text = std::move(bytes);
+        });
+    });
 }
 
 void Rescue::Clear() {
@@ -94,11 +112,11 @@ void Rescue::NoteChange(std::size_t row) {
     news_.last = isFirst ? row + 1 : std::max(news_.last, row + 1);
 }
 
-void Rescue::ListNext() {
-    if (waiting_.empty())
-        return;
-    List(std::move(waiting_.front()));
-    waiting_.pop_front();
+void Rescue::WhenIdle(std::function<void()> begin) {
+    if (doing_ != Doing::Nothing)
+        waiting_.push_back(std::move(begin));
+    else
+        begin();
 }
 
 void Rescue::List(std::vector<std::string> names) {
@@ -106,8 +124,9 @@ void Rescue::List(std::vector<std::string> names) {
         const Walked walked = files_.FilesIn(names, [&job] { return job.GoesOn(); });
         for (const std::string& name : walked.unreadable)
             job.Post([this, name] { Take(Unreadable(name)); });
-        InOrder found(walked.files.size(),
-                      [&](Finding one) { job.Post([this, one = std::move(one)] { Take(one); }); });
+        InOrder found(walked.files.size(), [&](Finding one) {
+            job.Post([this, one = std::move(one)]() mutable { Take(std::move(one)); });
+        });
         const auto look = [&](std::size_t i) { found.Put(i, Trimmed(files_.LookAt(walked.files[i]))); };
         job.ForEach(walked.files.size(), look);
         job.Post([this] { Borrow(); });
@@ -150,8 +169,7 @@ void Rescue::Choose(std::size_t row, const std::optional<Chain>& chain) {
 // What its beginning would lose can't be written.
 bool Rescue::IsLike(const RescueRow& row, const RescueRow& other) const {
     return &row != &other && !other.text && !other.byHand && other.IsUnsure() && other.finding.isReadable &&
-           other.outcome != Outcome::Repaired &&
-           fs::path(other.finding.path).parent_path() == fs::path(row.finding.path).parent_path() &&
+           other.outcome != Outcome::Repaired && FolderOf(other.finding) == FolderOf(row.finding) &&
            Undo(*row.Way(), other.finding.beginning).lost == 0;
 }
 
@@ -178,32 +196,45 @@ std::size_t Rescue::Repairable() const {
         std::ranges::count_if(rows_, [this](const RescueRow& row) { return WouldRepair(row, target_); }));
 }
 
-bool Rescue::RepairAll() {
-    std::vector<std::pair<std::size_t, Finding>> todo;
+void Rescue::RepairAll() {
+    std::vector<std::pair<std::size_t, Finding>> files;
+    std::optional<std::size_t> textRow;
+    std::optional<CopiedText> held;
     for (std::size_t i = 0; i < rows_.size(); ++i) {
         if (!WouldRepair(rows_[i], target_))
             continue;
-        const auto held = rows_[i].text ? clipboard_.Arrived() : std::nullopt;
-        if (held && ToUtf8(held->text) == *rows_[i].text) // nothing newer is pushed out
-            CopyText(i);
-        if (rows_[i].text)
+        if (rows_[i].text) {
+            textRow = i;
+            held = clipboard_.Arrived();
             continue;
-        todo.emplace_back(i, rows_[i].finding);
-        todo.back().second.chain = rows_[i].Way();
+        }
+        files.emplace_back(i, rows_[i].finding);
+        files.back().second.chain = rows_[i].Way();
     }
-    if (todo.empty())
-        return true;
-    report_ = files_.BeginRepairs(target_);
-    if (report_.empty())
-        return false;
-    Begin(Doing::Repairing, [this, todo = std::move(todo)](RescueJob& job) {
-        const auto repair = [&](std::size_t i) {
-            const Outcome outcome = files_.Repair(todo[i].second);
-            job.Post([this, row = todo[i].first, outcome] { Repaired(row, outcome); });
-        };
-        job.ForEach(todo.size(), repair);
+    if (files.empty() && !held)
+        return;
+    isShort_ = !held || held->text.size() <= kShortText;
+    const auto row = held ? rows_[*textRow] : RescueRow{};
+    Begin(files.empty() ? Doing::Reading : Doing::Repairing, [=, this](RescueJob& job) {
+        if (held && ToUtf8(held->text) == *row.text) // nothing newer is pushed out
+            job.Post([this, textRow, text = FromUtf8(AsChosen(row))] { Copied(*textRow, true, text); });
+        if (!files.empty())
+            RepairFiles(job, files);
     });
-    return true;
+}
+
+void Rescue::RepairFiles(RescueJob& job, const std::vector<std::pair<std::size_t, Finding>>& files) {
+    const std::string report = files_.BeginRepairs(target_);
+    job.Post([this, report] {
+        report_ = report;
+        news_.noReport = report.empty();
+    });
+    if (report.empty())
+        return;
+    job.ForEach(files.size(), [&](std::size_t i) {
+        const Outcome outcome = files_.Repair(files[i].second);
+        job.Post([this, row = files[i].first, outcome] { Repaired(row, outcome); });
+    });
 }
 
 void Rescue::Repaired(std::size_t row, Outcome outcome) {
@@ -214,27 +245,31 @@ void Rescue::Repaired(std::size_t row, Outcome outcome) {
 }
 
 void Rescue::CopyText(std::size_t row) {
-    RescueRow& chosen = rows_[row];
-    const std::optional<Chain>& way = chosen.Way();
-    std::string text = *chosen.text;
-    if (way && way == chosen.finding.chain)
-        text = wizard::Repair(text, chosen.finding.verdict).text;
-    else if (way)
-        text = Undo(*way, text).text;
-    if (way)
-        clipboard_.SetRepaired(FromUtf8(text));
+    WhenIdle([this, row] {
+        isShort_ = rows_[row].text->size() <= kShortText;
+        Begin(Doing::Reading, [this, row, copy = rows_[row]](RescueJob& job) {
+            job.Post([this, row, isRepaired = copy.Way().has_value(), text = FromUtf8(AsChosen(copy))] {
+                Copied(row, isRepaired, text);
+            });
+        });
+    });
+}
+
+void Rescue::Copied(std::size_t row, bool isRepaired, const std::u16string& text) {
+    if (isRepaired)
+        clipboard_.SetRepaired(text);
     else
-        clipboard_.SetText(FromUtf8(text));
-    chosen.isCopied = true;
+        clipboard_.SetText(text);
+    rows_[row].isCopied = true;
     NoteChange(row);
 }
 
 // --- The way back
 
 void Rescue::ReturnAll() {
-    report_ = files_.LastReport();
-    std::vector<RepairEntry> entries = files_.BeginReturn(report_);
-    Begin(Doing::Returning, [this, entries = std::move(entries)](RescueJob& job) {
+    Begin(Doing::Returning, [this](RescueJob& job) {
+        const std::string report = files_.LastReport();
+        const std::vector<RepairEntry> entries = files_.BeginReturn(report);
         std::atomic<bool> isAll = true;
         const auto bringBack = [&](std::size_t i) {
             const Returned returned = files_.BringBack(entries[i]);
@@ -246,7 +281,7 @@ void Rescue::ReturnAll() {
         };
         job.ForEach(entries.size(), bringBack);
         if (isAll && job.Done() == entries.size())
-            files_.Retire(report_);
+            files_.Retire(report);
     });
 }
 
@@ -262,13 +297,21 @@ void Rescue::Begin(Doing doing, std::function<void(RescueJob&)> work) {
     doing_ = doing;
     good_ = left_ = 0;
     summary_.clear();
-    job_ = std::make_unique<RescueJob>(std::move(work));
+    job_ = std::make_unique<RescueJob>([this, work = std::move(work)](RescueJob& job) {
+        work(job);
+        job.Post([this, can = !files_.LastReport().empty()] { canReturn_ = can; });
+    });
 }
 
 void Rescue::Stop() {
     waiting_.clear();
     if (job_)
         job_->Stop();
+}
+
+void Rescue::Linger() {
+    if (job_ && doing_ == Doing::Reading && isShort_)
+        job_->WaitFor(kLingering);
 }
 
 Rescue::News Rescue::Poll() {
@@ -282,7 +325,11 @@ Rescue::News Rescue::Poll() {
         SumUp();
         job_.reset();
         doing_ = Doing::Nothing;
-        ListNext();
+        if (!waiting_.empty()) {
+            const std::function<void()> begin = std::move(waiting_.front());
+            waiting_.pop_front();
+            begin();
+        }
     }
     return std::exchange(news_, {});
 }
@@ -292,6 +339,12 @@ void Rescue::SumUp() {
     summary_ = stopped ? "Остановлено. " : "";
     if (doing_ == Doing::Listing) {
         summary_ += stopped ? "Просмотрены не все файлы." : "";
+        return;
+    }
+    if (doing_ == Doing::Reading)
+        return;
+    if (news_.noReport) {
+        summary_ = "Отчёт об исправлениях не записывается, поэтому ничего не исправлено.";
         return;
     }
     const std::string files = Counted(good_, "файл", "файла", "файлов");

@@ -11,18 +11,19 @@
 
 namespace quillshift::wizard {
 
-enum class Doing { Nothing, Listing, Repairing, Returning };
+enum class Doing { Nothing, Listing, Repairing, Returning, Reading }; ///< the last one is of a text
 
 /// The list of files and what is done with them: found out, chosen, repaired and taken back. The work runs in
 /// the background; its news comes with `Poll`, which is to be called now and then while something is done.
 class Rescue {
 public:
-    Rescue(RescueFiles& files, Clipboard& clipboard) : files_(files), clipboard_(clipboard) {}
+    Rescue(RescueFiles& files, Clipboard& clipboard)
+        : files_(files), clipboard_(clipboard), canReturn_(!files.LastReport().empty()) {}
 
     /// Lists these files, and those in these folders. While something else is done they wait.
     void Add(std::vector<std::string> names);
-    /// Lists a text; there is one at most. False for an empty one.
-    bool AddText(std::u16string_view text);
+    /// Lists a text; there is one at most. While something else is done it waits. False for an empty one.
+    bool AddText(std::u16string text);
     /// Empties the list; only while nothing is done.
     void Clear();
 
@@ -39,22 +40,29 @@ public:
 
     /// How many rows would be repaired.
     std::size_t Repairable() const;
-    /// Repairs what is sure or chosen. False where no report can be written, so that nothing is.
-    bool RepairAll();
-    /// Puts a text as it was chosen on the clipboard.
+    /// Repairs what is sure or chosen.
+    void RepairAll();
+    /// Puts a text as it was chosen on the clipboard. While something else is done that waits.
     void CopyText(std::size_t row);
-    /// Whether there is a way back, from this run or an earlier one.
-    bool CanReturn() const { return !files_.LastReport().empty(); }
+    /// Whether there is a way back, from this run or an earlier one, as far as was looked for last.
+    bool CanReturn() const { return canReturn_; }
     void ReturnAll();
 
     Doing WhatIsDone() const { return doing_; }
     std::size_t Done() const { return job_ ? job_->Done() : 0; }
     std::size_t Total() const { return job_ ? job_->Total() : 0; }
+    /// What waits is forgotten with it.
     void Stop();
+    /// How much waits for its turn.
+    std::size_t Waiting() const { return waiting_.size(); }
+    /// Gives the work on a short text a moment to end by itself.
+    void Linger();
 
     struct News {
-        bool ended = false;              ///< what was done has come to its end
-        std::size_t first = 0, last = 0; ///< rows that have changed, up to but not with the last
+        bool ended = false;                ///< what was done has come to its end
+        bool noReport = false;             ///< and no report could be written, so that no file was repaired
+        std::size_t first = 0, last = 0;   ///< rows that have changed, up to but not with the last
+        std::optional<std::size_t> text{}; ///< where the text has come
     };
     News Poll();
     /// What the last work came to; empty at first.
@@ -62,13 +70,16 @@ public:
 
 private:
     void Begin(Doing doing, std::function<void(RescueJob&)> work);
-    void ListNext();
+    void WhenIdle(std::function<void()> begin);
     void List(std::vector<std::string> names);
+    void ReadText(const std::u16string& text);
     void Take(Finding finding);
     void Borrow();
     void NoteChange(std::size_t row);
     void Repaired(std::size_t row, Outcome outcome);
     void BroughtBack(const Finding& now, Returned returned);
+    void RepairFiles(RescueJob& job, const std::vector<std::pair<std::size_t, Finding>>& files);
+    void Copied(std::size_t row, bool isRepaired, const std::u16string& text);
     bool IsLike(const RescueRow& row, const RescueRow& other) const;
     void SumUp();
 
@@ -77,9 +88,11 @@ private:
     Target target_ = Target::Utf8;
     std::vector<RescueRow> rows_;
     std::unordered_map<std::string, std::size_t> byPath_;
-    std::deque<std::vector<std::string>> waiting_; ///< names to be listed
+    std::deque<std::function<void()>> waiting_; ///< what begins when nothing else is done
     Doing doing_ = Doing::Nothing;
     News news_;
+    bool canReturn_;
+    bool isShort_ = true; ///< the text that is being read
     std::string report_, summary_;
     std::size_t good_ = 0, left_ = 0; ///< files of the running work that came out well, or stayed
     std::unique_ptr<RescueJob> job_;  ///< last, so that it ends first

@@ -59,6 +59,11 @@ const char* WordOf(Returned returned) {
     return "не возвращён: не записывается";
 }
 
+/// What was asked for meanwhile.
+std::string WaitingIn(const Rescue& rescue) {
+    return rescue.Waiting() == 0 ? "" : ". В очереди: " + std::to_string(rescue.Waiting());
+}
+
 } // namespace
 
 std::string Describe(const Chain& chain) {
@@ -130,11 +135,13 @@ std::string StateOf(const Rescue& rescue) {
     if (rescue.WhatIsDone() == Doing::Nothing && !rescue.Summary().empty())
         return rescue.Summary();
     if (rescue.WhatIsDone() == Doing::Listing && rescue.Total() == 0)
-        return "Поиск файлов...";
+        return "Поиск файлов..." + WaitingIn(rescue);
+    if (rescue.WhatIsDone() == Doing::Reading)
+        return "Текст обрабатывается..." + WaitingIn(rescue);
     constexpr const char* kDone[] = {"", "Просмотрено: ", "Исправлено: ", "Возвращено: "};
     if (rescue.WhatIsDone() != Doing::Nothing)
         return kDone[static_cast<int>(rescue.WhatIsDone())] + std::to_string(rescue.Done()) + " из " +
-               std::to_string(rescue.Total());
+               std::to_string(rescue.Total()) + WaitingIn(rescue);
     if (rescue.Rows().empty())
         return "";
     const auto count = [&rescue](auto is) {

@@ -1,5 +1,6 @@
 #include "wizard/window/frmWizard.h"
 
+#include "base/Utf8.h"
 #include "controls/ProgressBarWidget.h"
 #include "platform/qt/FileKinds.h"
 #include "platform/qt/QtFolderDialog.h"
@@ -95,7 +96,6 @@ frmWizard::frmWizard(const DialogContext& context, Rescue& rescue)
     rows->addWidget(Work());
     resize(kFirstSize.boundedTo(screen()->availableSize() * 0.95));
     ConnectAll();
-    canReturn_ = rescue_.CanReturn();
     ChooseTarget();
     ShowRow();
 }
@@ -244,20 +244,16 @@ void frmWizard::AddFolder() {
 }
 
 void frmWizard::Paste() {
-    if (const auto text = Context().platform.clipboard.Text())
-        TakeText(ToQString(*text));
+    if (auto text = Context().platform.clipboard.Text())
+        TakeText(std::move(*text));
 }
 
-void frmWizard::TakeText(const QString& text) {
-    if (!rescue_.AddText(ViewOf(text))) {
+void frmWizard::TakeText(std::u16string text) {
+    if (!rescue_.AddText(std::move(text))) {
         Context().platform.messageBox.Inform(u"В буфере обмена нет текста.");
         return;
     }
-    FollowWork();
-    const auto& rows = rescue_.Rows();
-    const auto place = std::ranges::find_if(rows, [](const RescueRow& row) { return row.text.has_value(); });
-    lstFiles->setCurrentIndex(model_->index(static_cast<int>(place - rows.begin()), 0));
-    lstFiles->setFocus();
+    WatchText();
 }
 
 void frmWizard::dragEnterEvent(QDragEnterEvent* event) {
@@ -271,7 +267,7 @@ void frmWizard::dropEvent(QDropEvent* event) {
     if (!names.empty())
         List(names);
     else if (event->mimeData()->hasText())
-        TakeText(event->mimeData()->text());
+        TakeText(FromQString(event->mimeData()->text()));
 }
 
 // Escape stops what is being done before it closes anything.
@@ -314,14 +310,12 @@ void frmWizard::ChooseForLikeIt() {
 void frmWizard::Copy() {
     if (const auto row = Current())
         rescue_.CopyText(*row);
-    FollowWork();
+    WatchText();
 }
 
 void frmWizard::RepairAll() {
-    if (!rescue_.RepairAll())
-        Context().platform.messageBox.Warn(
-            u"Отчёт об исправлениях не записывается, поэтому ничего не исправлено.");
-    Watch();
+    rescue_.RepairAll();
+    WatchText();
 }
 
 void frmWizard::ReturnAll() {
@@ -355,21 +349,28 @@ void frmWizard::Watch() {
         watch_.start(kBetweenLooks);
 }
 
+// A text of usual length is there before the next key, which may be the one that repairs it.
+void frmWizard::WatchText() {
+    rescue_.Linger();
+    Watch();
+}
+
 void frmWizard::FollowWork() {
     const Rescue::News news = rescue_.Poll();
     model_->Follow(news);
-    if (news.ended)
-        canReturn_ = rescue_.CanReturn();
     if (rescue_.WhatIsDone() == Doing::Nothing)
         watch_.stop();
     const auto row = Current();
     ShowWork();
-    if (!row && model_->rowCount() > 0) {
-        lstFiles->setCurrentIndex(model_->index(0, 0));
+    if (news.text || (!row && model_->rowCount() > 0)) {
+        lstFiles->setCurrentIndex(model_->index(static_cast<int>(news.text.value_or(0)), 0));
         lstFiles->setFocus();
-    } else if (row && *row >= news.first && *row < news.last) {
+    }
+    if (row && *row >= news.first && *row < news.last) {
         ShowRow();
     }
+    if (news.noReport)
+        Context().platform.messageBox.Warn(FromUtf8(rescue_.Summary()));
 }
 
 std::optional<std::size_t> frmWizard::Current() const {
@@ -420,7 +421,7 @@ void frmWizard::ShowWork() {
         bar.Value = static_cast<std::int32_t>(rescue_.Done());
     });
     Enable(*cmdRepair, isIdle && rescue_.Repairable() > 0);
-    Enable(*cmdReturn, isIdle && canReturn_);
+    Enable(*cmdReturn, isIdle && rescue_.CanReturn());
     Enable(*cmdClear, isIdle && !rescue_.Rows().empty());
     cmbTarget->setEnabled(doing != Doing::Repairing);
     cmdClose->setText(isIdle ? QStringLiteral("&Закрыть") : QStringLiteral("&Остановить"));

@@ -51,7 +51,7 @@ private:
     void AddFiles();
     void AddFolder();
     void Paste();
-    void TakeText(const QString& text);
+    void TakeText(std::u16string text);
     void ChooseTarget();
     void Choose(std::size_t card);
     void ChooseForLikeIt();
@@ -62,6 +62,7 @@ private:
     void StopOrClose();
 
     void Watch();
+    void WatchText();
     void FollowWork();
     void ShowRow();
     void Enable(DialogButton& button, bool enabled);
@@ -81,7 +82,6 @@ private:
         *cmdClose;
     std::vector<Proposal> proposals_;
     QTimer watch_;
-    bool canReturn_ = false;
 };
 
 } // namespace quillshift::wizard
