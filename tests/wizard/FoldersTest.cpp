@@ -65,7 +65,7 @@ protected:
 
     TemporaryFolder root_;
     fs::path folder_ = root_ / "letters";
-    std::string report_ = root_ / "report";
+    std::string report_ = root_ / "re\nport";
     std::string out_, err_;
 };
 
@@ -99,7 +99,8 @@ TEST_F(Folders, ARepairComesBackToTheLastByte) {
     EXPECT_THAT(out_, HasSubstr("in/other.txt: sure, koi8-r, has other names, which change with it\n"));
 
     EXPECT_EQ(Write(), 0) << err_;
-    EXPECT_THAT(out_, HasSubstr("to undo this: quillshift-wizard --undo " + report_));
+    EXPECT_THAT(out_,
+                HasSubstr("to undo this: quillshift-wizard --undo " + (root_ / "re\\nport\n").string()));
     for (const char* name : {"letter.txt", "twice.txt", "in/\xF0\xF1.txt", "in/shared.txt"})
         EXPECT_EQ(Contents(folder_ / name), text) << name;
     EXPECT_EQ(Contents(shy), "Вот");

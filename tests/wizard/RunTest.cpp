@@ -100,9 +100,16 @@ TEST(Run, StreamsWhatIsLongerThanItsBeginning) {
         EXPECT_TRUE(outcome.out == out) << in.substr(0, 20);
         EXPECT_EQ(outcome.status, status) << in.substr(0, 20) << outcome.err;
     }
+    // The first that is declared is the text's own; others are pages in it.
     const std::string page = "<meta charset='koi8-r'>\n";
-    EXPECT_TRUE(RunOn(page + manyKoi, {"--to", "1251"}).out ==
-                "<meta charset='windows-1251'>\n" + Iconv(many, "UTF-8", "CP1251"));
+    std::string pages;
+    while (pages.size() < 2500000)
+        pages += page + text;
+    for (const auto& [to, name, set] :
+         {std::tuple{"utf-8", "utf-8", "UTF-8"}, {"1251", "windows-1251", "CP1251"}})
+        EXPECT_TRUE(RunOn(Iconv(pages, "UTF-8", "KOI8-R"), {"--to", to}).out ==
+                    std::string("<meta charset='") + name + "'>\n" +
+                        Iconv(pages.substr(page.size()), "UTF-8", set));
 }
 
 TEST(Run, TellsWhatItFound) {

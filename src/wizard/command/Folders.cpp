@@ -121,7 +121,7 @@ int WriteFiles(const std::vector<std::string>& names, const Options& options, co
             });
     }
     status = std::max(status, TellOutcomes(findings, outcomes, talk));
-    talk.out << Say(Word::ReportIs, talk.language) << " quillshift-wizard --undo " << path << '\n';
+    talk.out << Say(Word::ReportIs, talk.language) << " quillshift-wizard --undo " << Shown(path) << '\n';
     return status;
 }
 
