@@ -64,29 +64,41 @@ void LineRepair::Add(std::string_view lines, std::string& text) {
 }
 
 bool LineRepair::AddByTables(std::string_view line, std::string& text) {
-    std::size_t way = ways_.size();
-    double glance = 0, next = -aheadBits;
-    std::string_view undone;
+    undone_.clear();
     for (std::size_t i = 0; i < ways_.size(); ++i) {
-        std::string_view other;
-        if (!tables_[i].Undo(line, other))
+        std::string_view undone;
+        if (!tables_[i].Undo(line, undone))
             continue;
-        const double otherGlance = tables_[i].Glance();
-        if (way < ways_.size() && other == undone) {
-            way = i == previous_ ? i : way;
-        } else if (otherGlance >= glance) {
-            next = way < ways_.size() ? std::max(next, glance) : next;
-            glance = otherGlance;
-            way = i;
-            undone = other;
+        const auto same = std::find_if(undone_.begin(), undone_.end(),
+                                       [&](const Undoing& other) { return other.text == undone; });
+        if (same == undone_.end())
+            undone_.push_back({i, undone});
+        else if (i == previous_)
+            same->way = i;
+    }
+    const Undoing* clear = ClearOne();
+    if (clear == nullptr)
+        return false;
+    Accept(clear->way, clear->text, line, text);
+    return true;
+}
+
+const LineRepair::Undoing* LineRepair::ClearOne() {
+    if (undone_.empty() || (undone_.size() == 1 && tables_[undone_[0].way].IsClear()))
+        return undone_.empty() ? nullptr : &undone_[0];
+    const Undoing* best = nullptr;
+    double most = 0, next = -aheadBits;
+    for (const Undoing& undone : undone_) {
+        const double glance = tables_[undone.way].Glance();
+        if (glance >= most) {
+            next = best != nullptr ? std::max(next, most) : next;
+            most = glance;
+            best = &undone;
         } else {
-            next = std::max(next, otherGlance);
+            next = std::max(next, glance);
         }
     }
-    if (way == ways_.size() || glance < next + aheadBits)
-        return false;
-    Accept(way, undone, line, text);
-    return true;
+    return most < next + aheadBits ? nullptr : best;
 }
 
 void LineRepair::AskLines(std::string_view bytes) {

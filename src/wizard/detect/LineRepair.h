@@ -30,6 +30,12 @@ private:
         bool plausible;
     };
 
+    /// What a line is, undone that way.
+    struct Undoing {
+        std::size_t way;
+        std::string_view text;
+    };
+
     /// Lines from all over the text name the ways that they went.
     void AskLines(std::string_view bytes);
     /// The way that a line is sure of by itself; it joins those that are known.
@@ -39,6 +45,8 @@ private:
     /// The quick way to what `AddLine` would say: where a line clearly went one of the known ways and no
     /// other.
     bool AddByTables(std::string_view line, std::string& text);
+    /// The one of `undone_` that is clearly Russian; none where it is not one alone.
+    const Undoing* ClearOne();
     void Know(const Chain& way);
     void AddLine(std::string_view line, std::string& text);
     void Accept(std::size_t way, std::string_view undone, std::string_view line, std::string& text);
@@ -47,6 +55,7 @@ private:
     DetectOptions options_;
     std::vector<Chain> ways_;       ///< that of the verdict first, if there is one
     std::vector<TableUndo> tables_; ///< of each way
+    std::vector<Undoing> undone_;   ///< of the line at hand, each text once
     bool byVerdict_ = false;
     bool changed_ = false;
     std::size_t previous_ = 0, fruitless_ = 0, unsure_ = 0;

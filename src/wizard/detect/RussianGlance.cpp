@@ -113,7 +113,11 @@ std::uint8_t LetterCode(char16_t character) {
                : isLatin                               ? latin
                                                        : other;
     }
-    return IsOneOf(character, u"«»–—…№\u00A0“”„") ? high : strange;
+    return IsUsualSign(character) ? high : strange;
+}
+
+bool IsUsualSign(char16_t character) {
+    return IsOneOf(character, u"«»–—…№\u00A0“”„");
 }
 
 double RussianGlance(const std::vector<std::uint8_t>& codes, std::size_t count) {

@@ -1,9 +1,10 @@
 #pragma once
 
 #include "wizard/detect/Chain.h"
-#include "wizard/detect/RussianGlance.h"
+#include "wizard/detect/SetToUtf8.h"
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace quillshift::wizard {
@@ -18,28 +19,34 @@ public:
     /// What the chain makes of the bytes where each character surely comes back: what `Lossless` gives. Stays
     /// valid until the next call. False where the tables do not know.
     bool Undo(std::string_view bytes, std::string_view& text);
-    /// How plausible what `Undo` gave last is as Russian, see `RussianGlance`.
-    double Glance() const { return RussianGlance(codes_, count_); }
+    /// Whether what `Undo` gave last is Russian beyond doubt, see `IsClearlyRussian`.
+    bool IsClear();
+    /// How plausible it is as Russian, see `RussianGlance`.
+    double Glance();
 
 private:
-    /// What a byte, or a character up to U+25FF, becomes: at most three bytes, the first one lowest, and
-    /// above them how many, the code (see `LetterCode`) and a 1. Nothing is 0.
-    using Entry = std::uint64_t;
+    /// What a character up to U+25FF becomes: at most three bytes, the first one lowest, and above them how
+    /// many and which readers can have made it. Nothing is 0.
+    using Entry = std::uint32_t;
+    /// Undoes a layer.
     struct Step {
         std::vector<Entry> becomes;
-        bool fromBytes = false; ///< what comes in is bytes, not UTF-8
-        bool toBytes = false;   ///< what comes out is bytes that have to be UTF-8
+        bool toBytes = false; ///< what comes out is bytes that have to be UTF-8
         std::vector<char> out;
     };
 
-    bool Go(Step& step, std::string_view bytes, std::string_view& text);
+    bool Go(Step& step);
     /// Whether it is UTF-8; notes the codes.
-    bool ReadCodes(std::string_view text);
+    bool ReadCodes();
 
+    std::optional<SetToUtf8> stored_;
+    std::vector<char> storedOut_;
     std::vector<Step> steps_;
-    std::vector<std::uint8_t> codes_; ///< of the characters of the last text
+    std::string_view text_;           ///< as it is by now
+    std::optional<bool> isClear_;     ///< if it was asked
+    std::vector<std::uint8_t> codes_; ///< of its characters
     std::size_t count_ = 0;
-    Entry readers_ = 0; ///< which of them can have made all of it
+    bool hasCodes_ = false;
     bool knows_ = false;
 };
 

@@ -1,0 +1,121 @@
+#include "wizard/detect/SetToUtf8.h"
+
+#include "wizard/detect/Processor.h"
+
+#include <bit>
+#include <cstring>
+
+namespace quillshift::wizard {
+
+namespace {
+
+constexpr int lengthAt = 24;
+constexpr std::uint32_t lettersFrom = 0x400;
+
+static_assert(std::endian::native == std::endian::little,
+              "the lowest byte of a number comes first in memory");
+
+#ifdef QUILLSHIFT_WIDE
+
+/// Which bytes of eight pairs stay: of a pair whose bit is not set only the first one.
+using Picks = std::array<std::array<std::uint8_t, 16>, 0x100>;
+
+constexpr Picks MakePicks() {
+    Picks picks{};
+    for (std::size_t pairs = 0; pairs < picks.size(); ++pairs) {
+        std::size_t count = 0;
+        for (std::size_t i = 0; i < 8; ++i) {
+            picks[pairs][count++] = static_cast<std::uint8_t>(2 * i);
+            if ((pairs >> i & 1) != 0)
+                picks[pairs][count++] = static_cast<std::uint8_t>(2 * i + 1);
+        }
+    }
+    return picks;
+}
+
+constexpr Picks picks = MakePicks();
+
+/// Writes eight characters as pairs, of which those with a bit not set are one byte.
+QUILLSHIFT_WIDE inline char* WriteEight(__m128i pairs, std::uint32_t bits, char* to) {
+    const auto* pick = reinterpret_cast<const __m128i*>(picks[bits & 0xFF].data());
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(to), _mm_shuffle_epi8(pairs, _mm_loadu_si128(pick)));
+    return to + 8 + std::popcount(bits & 0xFF);
+}
+
+#endif
+
+} // namespace
+
+SetToUtf8::SetToUtf8(Set set) {
+    for (std::uint32_t byte = 0; byte < 0x100; ++byte) {
+        const char16_t character = CharacterOf(set, static_cast<std::uint8_t>(byte));
+        if (ByteOf(set, character) != static_cast<int>(byte))
+            continue;
+        std::string text;
+        AppendUtf8(text, character);
+        becomes_[byte] = static_cast<std::uint32_t>(text.size()) << lengthAt;
+        std::memcpy(&becomes_[byte], text.data(), text.size());
+        if (byte >= 0x80 && character >= lettersFrom && character < lettersFrom + 0x80)
+            letters_[byte - 0x80] = static_cast<std::uint8_t>(0x80 | (character - lettersFrom));
+    }
+}
+
+char* SetToUtf8::ConvertPlainly(std::string_view bytes, char* to) const {
+    for (const char byte : bytes) {
+        const std::uint32_t becomes = becomes_[static_cast<std::uint8_t>(byte)];
+        if (becomes == 0)
+            return nullptr;
+        std::memcpy(to, &becomes, sizeof becomes);
+        to += becomes >> lengthAt;
+    }
+    return to;
+}
+
+#ifdef QUILLSHIFT_WIDE
+
+QUILLSHIFT_WIDE char* SetToUtf8::ConvertWide(std::string_view bytes, char* to) const {
+    for (; bytes.size() >= sizeof(Wide) && to != nullptr; bytes.remove_prefix(sizeof(Wide)))
+        to = ConvertOne(bytes.data(), to);
+    if (bytes.empty() || to == nullptr)
+        return to;
+    // What is left is filled up with ASCII, one byte of which becomes one.
+    char last[sizeof(Wide)] = {};
+    std::memcpy(last, bytes.data(), bytes.size());
+    to = ConvertOne(last, to);
+    return to == nullptr ? nullptr : to - (sizeof last - bytes.size());
+}
+
+QUILLSHIFT_WIDE char* SetToUtf8::ConvertOne(const char* bytes, char* to) const {
+    const Wide from = WideAt(bytes);
+    const Wide letters = LookUp<0x80, 8>(from, letters_.data());
+    const std::uint32_t high = HighBits(from), others = high & ~HighBits(letters);
+    const Wide leads =
+        _mm256_or_si256(_mm256_and_si256(_mm256_srli_epi16(letters, 6), WideAll(1)), WideAll(0xD0));
+    const Wide first = _mm256_blendv_epi8(from, leads, letters);
+    const Wide rest = _mm256_and_si256(letters, WideAll(0xBF));
+    const Wide even = _mm256_unpacklo_epi8(first, rest), odd = _mm256_unpackhi_epi8(first, rest);
+    const __m128i eights[] = {_mm256_castsi256_si128(even), _mm256_castsi256_si128(odd),
+                              _mm256_extracti128_si256(even, 1), _mm256_extracti128_si256(odd, 1)};
+    if (others == 0) {
+        to = WriteEight(eights[0], high, to);
+        to = WriteEight(eights[1], high >> 8, to);
+        to = WriteEight(eights[2], high >> 16, to);
+        return WriteEight(eights[3], high >> 24, to);
+    }
+    for (int eight = 0; eight < 4 && to != nullptr; ++eight)
+        to = (others >> 8 * eight & 0xFF) == 0 ? WriteEight(eights[eight], high >> 8 * eight, to)
+                                               : ConvertPlainly({bytes + 8 * eight, 8}, to);
+    return to;
+}
+
+#endif
+
+char* SetToUtf8::Convert(std::string_view bytes, char* to) const {
+#ifdef QUILLSHIFT_WIDE
+    if (HasWideRegisters())
+        return ConvertWide(bytes, to);
+#endif
+    return ConvertPlainly(bytes, to);
+}
+
+} // namespace quillshift::wizard
