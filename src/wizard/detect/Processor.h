@@ -6,6 +6,8 @@
 
 /// Marks a function that uses registers of 32 bytes; to be called only after asking `HasWideRegisters`.
 #define QUILLSHIFT_WIDE __attribute__((target("avx2,popcnt,bmi")))
+/// The same of a part of a loop, which is to stay in registers.
+#define QUILLSHIFT_WIDE_PART QUILLSHIFT_WIDE __attribute__((always_inline)) inline
 
 namespace quillshift::wizard {
 
@@ -18,23 +20,23 @@ inline bool HasWideRegisters() {
 /// 32 bytes.
 using Wide = __m256i;
 
-QUILLSHIFT_WIDE inline Wide WideAt(const void* bytes) {
+QUILLSHIFT_WIDE_PART Wide WideAt(const void* bytes) {
     return _mm256_loadu_si256(static_cast<const Wide*>(bytes));
 }
 
-QUILLSHIFT_WIDE inline Wide WideAll(int value) {
+QUILLSHIFT_WIDE_PART Wide WideAll(int value) {
     return _mm256_set1_epi8(static_cast<char>(value));
 }
 
 /// The highest bit of each byte.
-QUILLSHIFT_WIDE inline std::uint32_t HighBits(Wide bytes) {
+QUILLSHIFT_WIDE_PART std::uint32_t HighBits(Wide bytes) {
     return static_cast<std::uint32_t>(_mm256_movemask_epi8(bytes));
 }
 
 /// Looks numbers up in a table of 16 bytes for those from `first` on, or of as many rows of them; finds
 /// nothing for others.
 template <int first, int rows>
-QUILLSHIFT_WIDE inline Wide LookUp(Wide numbers, const std::uint8_t* table) {
+QUILLSHIFT_WIDE_PART Wide LookUp(Wide numbers, const std::uint8_t* table) {
     const Wide row = _mm256_broadcastsi128_si256(_mm_loadu_si128(reinterpret_cast<const __m128i*>(table)));
     // A place outside of the row gets its highest bit, for which nothing is found.
     const Wide place = _mm256_adds_epu8(_mm256_xor_si256(numbers, WideAll(first)), WideAll(0x70));

@@ -1,6 +1,8 @@
 #include "wizard/detect/SetToUtf8.h"
 
-#include "wizard/detect/Processor.h"
+#include "wizard/detect/ClearRussian.h"
+#include "wizard/detect/RussianGlance.h"
+#include "wizard/detect/RussianSum.h"
 
 #include <bit>
 #include <cstring>
@@ -36,7 +38,7 @@ constexpr Picks MakePicks() {
 constexpr Picks picks = MakePicks();
 
 /// Writes eight characters as pairs, of which those with a bit not set are one byte.
-QUILLSHIFT_WIDE inline char* WriteEight(__m128i pairs, std::uint32_t bits, char* to) {
+QUILLSHIFT_WIDE_PART char* WriteEight(__m128i pairs, std::uint32_t bits, char* to) {
     const auto* pick = reinterpret_cast<const __m128i*>(picks[bits & 0xFF].data());
     _mm_storeu_si128(reinterpret_cast<__m128i*>(to), _mm_shuffle_epi8(pairs, _mm_loadu_si128(pick)));
     return to + 8 + std::popcount(bits & 0xFF);
@@ -55,12 +57,16 @@ SetToUtf8::SetToUtf8(Set set) {
         AppendUtf8(text, character);
         becomes_[byte] = static_cast<std::uint32_t>(text.size()) << lengthAt;
         std::memcpy(&becomes_[byte], text.data(), text.size());
-        if (byte >= 0x80 && character >= lettersFrom && character < lettersFrom + 0x80)
+        if (byte < 0x80)
+            continue;
+        if (character >= lettersFrom && character < lettersFrom + 0x80)
             letters_[byte - 0x80] = static_cast<std::uint8_t>(0x80 | (character - lettersFrom));
+        gains_[byte - 0x80] = RussianSum::GainOf(character);
+        signs_[byte - 0x80] = IsUsualSign(character);
     }
 }
 
-char* SetToUtf8::ConvertPlainly(std::string_view bytes, char* to) const {
+char* SetToUtf8::Write(std::string_view bytes, char* to) const {
     for (const char byte : bytes) {
         const std::uint32_t becomes = becomes_[static_cast<std::uint8_t>(byte)];
         if (becomes == 0)
@@ -71,23 +77,51 @@ char* SetToUtf8::ConvertPlainly(std::string_view bytes, char* to) const {
     return to;
 }
 
-#ifdef QUILLSHIFT_WIDE
-
-QUILLSHIFT_WIDE char* SetToUtf8::ConvertWide(std::string_view bytes, char* to) const {
-    for (; bytes.size() >= sizeof(Wide) && to != nullptr; bytes.remove_prefix(sizeof(Wide)))
-        to = ConvertOne(bytes.data(), to);
-    if (bytes.empty() || to == nullptr)
-        return to;
-    // What is left is filled up with ASCII, one byte of which becomes one.
-    char last[sizeof(Wide)] = {};
-    std::memcpy(last, bytes.data(), bytes.size());
-    to = ConvertOne(last, to);
-    return to == nullptr ? nullptr : to - (sizeof last - bytes.size());
+char* SetToUtf8::ConvertPlainly(std::string_view bytes, char* to, bool& isClear) const {
+    char* const end = Write(bytes, to);
+    isClear = end != nullptr && IsClearlyRussianPlainly({to, static_cast<std::size_t>(end - to)});
+    return end;
 }
 
-QUILLSHIFT_WIDE char* SetToUtf8::ConvertOne(const char* bytes, char* to) const {
+#ifdef QUILLSHIFT_WIDE
+
+/// What was seen of the bytes.
+class SetToUtf8::Look {
+public:
+    explicit Look(const SetToUtf8& set) : set_(set) {}
+
+    QUILLSHIFT_WIDE bool IsClear() { return isClear_ && sum_.IsClearWide(); }
+    /// `places`: of the letters, see `letters_`.
+    QUILLSHIFT_WIDE_PART void Add(const char* from, Wide bytes, Wide places) {
+        const Wide gains = LookUp<0x80, 8>(bytes, set_.gains_.data());
+        const std::uint32_t letters = ~HighBits(_mm256_cmpeq_epi8(gains, _mm256_setzero_si256()));
+        const std::uint32_t small =
+            letters & HighBits(_mm256_cmpgt_epi8(places, WideAll(0x80 | (u'а' - lettersFrom - 1))));
+        isClear_ = !RussianSum::HasControl(bytes) && sum_.AddWide(gains, letters, small, 1) &&
+                   AddSigns(from, HighBits(bytes) & ~letters);
+    }
+    bool MayBeClear() const { return isClear_; }
+
+private:
+    bool AddSigns(const char* from, std::uint32_t signs) {
+        for (; signs != 0; signs &= signs - 1) {
+            if (!set_.signs_[static_cast<std::uint8_t>(from[std::countr_zero(signs)]) - 0x80U])
+                return false;
+            sum_.AddSign();
+        }
+        return true;
+    }
+
+    const SetToUtf8& set_;
+    RussianSum sum_;
+    bool isClear_ = true;
+};
+
+QUILLSHIFT_WIDE_PART char* SetToUtf8::ConvertOne(const char* bytes, char* to, Look& look) const {
     const Wide from = WideAt(bytes);
     const Wide letters = LookUp<0x80, 8>(from, letters_.data());
+    if (look.MayBeClear())
+        look.Add(bytes, from, letters);
     const std::uint32_t high = HighBits(from), others = high & ~HighBits(letters);
     const Wide leads =
         _mm256_or_si256(_mm256_and_si256(_mm256_srli_epi16(letters, 6), WideAll(1)), WideAll(0xD0));
@@ -104,18 +138,34 @@ QUILLSHIFT_WIDE char* SetToUtf8::ConvertOne(const char* bytes, char* to) const {
     }
     for (int eight = 0; eight < 4 && to != nullptr; ++eight)
         to = (others >> 8 * eight & 0xFF) == 0 ? WriteEight(eights[eight], high >> 8 * eight, to)
-                                               : ConvertPlainly({bytes + 8 * eight, 8}, to);
+                                               : Write({bytes + 8 * eight, 8}, to);
+    return to;
+}
+
+QUILLSHIFT_WIDE char* SetToUtf8::ConvertWide(std::string_view bytes, char* to, bool& isClear) const {
+    Look look(*this);
+    for (; bytes.size() >= sizeof(Wide) && to != nullptr; bytes.remove_prefix(sizeof(Wide)))
+        to = ConvertOne(bytes.data(), to, look);
+    if (!bytes.empty() && to != nullptr) {
+        // What is left is filled up with blanks, each of which becomes one byte.
+        char last[sizeof(Wide)];
+        std::memset(last, ' ', sizeof last);
+        std::memcpy(last, bytes.data(), bytes.size());
+        to = ConvertOne(last, to, look);
+        to = to == nullptr ? nullptr : to - (sizeof last - bytes.size());
+    }
+    isClear = to != nullptr && look.IsClear();
     return to;
 }
 
 #endif
 
-char* SetToUtf8::Convert(std::string_view bytes, char* to) const {
+char* SetToUtf8::Convert(std::string_view bytes, char* to, bool& isClear) const {
 #ifdef QUILLSHIFT_WIDE
     if (HasWideRegisters())
-        return ConvertWide(bytes, to);
+        return ConvertWide(bytes, to, isClear);
 #endif
-    return ConvertPlainly(bytes, to);
+    return ConvertPlainly(bytes, to, isClear);
 }
 
 } // namespace quillshift::wizard

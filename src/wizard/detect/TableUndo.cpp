@@ -130,10 +130,13 @@ bool TableUndo::Undo(std::string_view bytes, std::string_view& text) {
         return false;
     if (stored_) {
         storedOut_.resize(std::max(storedOut_.size(), 3 * bytes.size() + SetToUtf8::slack));
-        const char* end = stored_->Convert(bytes, storedOut_.data());
+        bool isClear = false;
+        const char* end = stored_->Convert(bytes, storedOut_.data(), isClear);
         if (end == nullptr)
             return false;
         text_ = {storedOut_.data(), static_cast<std::size_t>(end - storedOut_.data())};
+        if (steps_.empty())
+            isClear_ = isClear;
     }
     if (!std::all_of(steps_.begin(), steps_.end(), [&](Step& step) { return Go(step); }))
         return false;
