@@ -12,7 +12,8 @@ namespace quillshift::wizard {
 namespace {
 
 constexpr std::uint32_t reach = 0x2600;
-constexpr std::size_t widest = 4; ///< bytes written at a time
+constexpr std::size_t widest = 4;         ///< bytes written at a time
+constexpr std::size_t pairCount = 0x2000; ///< of two bytes, the first one from 0xC0 to 0xDF
 
 static_assert(std::endian::native == std::endian::little,
               "the lowest byte of a number comes first in memory");
@@ -42,32 +43,41 @@ std::uint32_t ReadersOf(Set set, std::uint8_t byte, std::uint32_t character) {
     return (CharacterOf(set, byte) == character ? windows : 0) | (byte == character ? iso : 0);
 }
 
+constexpr std::uint8_t noCode = 0x80; ///< beside those of `LetterCode`
+
 constexpr std::uint64_t pair = 0x80C0, pairBits = 0xC0E0;
 constexpr std::uint64_t twoPairs = pair << 16 | pair, twoPairsBits = pairBits << 16 | pairBits;
 constexpr std::uint64_t triple = 0x8080E0, tripleBits = 0xC0C0F0;
 
-/// The character of two or three bytes that a word begins with.
-std::uint32_t OfPair(std::uint64_t word) {
-    return static_cast<std::uint32_t>((word & 0x1F) << 6 | (word >> 8 & 0x3F));
-}
+/// The character of three bytes that a word begins with.
 std::uint32_t OfTriple(std::uint64_t word) {
     return static_cast<std::uint32_t>((word & 0xF) << 12 | (word >> 8 & 0x3F) << 6 | (word >> 16 & 0x3F));
 }
 
-/// Takes each character of a text; `reach` for one that no set has. False where it is not UTF-8.
-template <typename Take>
-bool EachCharacter(std::string_view text, const Take& take) {
-    std::size_t at = 0;
-    while (at < text.size()) {
+/// What stands for each pair of bytes in UTF-8: `common` for one that says too long what one byte says.
+template <typename Value>
+std::vector<Value> OfPairs(const std::vector<Value>& ofCharacters, Value common) {
+    std::vector<Value> made(pairCount, common);
+    for (std::uint32_t c = 0x80; c < 0x800; ++c)
+        made[(c >> 6) << 8 | 0x80 | (c & 0x3F)] = ofCharacters[c];
+    return made;
+}
+
+/// Takes each character of a text, `reach` for one that no set has, and a pair by its number among them.
+/// False where it is not UTF-8.
+template <typename Take, typename TakePair>
+bool EachCharacter(std::string_view text, const Take& take, const TakePair& takePair) {
+    for (std::size_t at = 0; at < text.size();) {
         const std::uint64_t word = at + sizeof(std::uint64_t) <= text.size() ? Word(text.data() + at) : 0;
-        if ((word & twoPairsBits) == twoPairs && OfPair(word) >= 0x80 && OfPair(word >> 16) >= 0x80) {
-            take(OfPair(word));
-            take(OfPair(word >> 16));
+        const std::uint64_t swapped = __builtin_bswap64(word);
+        if ((word & twoPairsBits) == twoPairs) {
+            takePair(swapped >> 48 & (pairCount - 1));
+            takePair(swapped >> 32 & (pairCount - 1));
             at += 4;
         } else if (static_cast<std::uint8_t>(text[at]) < 0x80) {
             take(static_cast<std::uint8_t>(text[at++]));
-        } else if ((word & pairBits) == pair && OfPair(word) >= 0x80) {
-            take(OfPair(word));
+        } else if ((word & pairBits) == pair) {
+            takePair(swapped >> 48 & (pairCount - 1));
             at += 2;
         } else if (const std::uint32_t character = OfTriple(word);
                    (word & tripleBits) == triple && character >= 0x800 && character < reach) {
@@ -101,7 +111,7 @@ TableUndo::TableUndo(const Chain& chain) {
     if (chain.stored != Set::Utf8)
         stored_.emplace(chain.stored);
     std::for_each(chain.layers.rbegin(), chain.layers.rend(), [&](const Layer& layer) {
-        Step step{std::vector<Entry>(reach + 1), layer.writtenIn == Set::Utf8, {}};
+        Step step{std::vector<Entry>(reach + 1), {}, layer.writtenIn == Set::Utf8, {}};
         for (std::uint32_t c = 0; c < reach; ++c) {
             const int byte = ByteOf(layer.readAs, static_cast<char16_t>(c));
             const std::uint32_t readers =
@@ -118,6 +128,7 @@ TableUndo::TableUndo(const Chain& chain) {
             }
             step.becomes[c] = EntryOf(becomes, readers);
         }
+        step.ofPairs = OfPairs(step.becomes, Entry{0});
         steps_.push_back(std::move(step));
     });
 }
@@ -160,15 +171,23 @@ double TableUndo::Glance() {
 bool TableUndo::Go(Step& step) {
     step.out.resize(std::max(step.out.size(), 3 * text_.size() + widest));
     char* to = step.out.data();
-    const Entry* becomes = step.becomes.data();
+    const Entry *becomes = step.becomes.data(), *ofPairs = step.ofPairs.data();
     Entry readers = anyReader << readersAt;
-    const auto put = [&](std::uint32_t character) {
-        const Entry entry = becomes[character];
+    const auto putByte = [&](Entry entry) {
+        *to++ = static_cast<char>(entry);
+        readers &= entry;
+    };
+    const auto put = [&](Entry entry) {
         std::memcpy(to, &entry, widest);
         to += entry >> lengthAt & 3;
         readers &= entry;
     };
-    if (!EachCharacter(text_, put) || readers == 0)
+    const auto go = [&](const auto& each) {
+        return EachCharacter(
+            text_, [&](std::uint32_t character) { each(becomes[character]); },
+            [&](std::uint64_t number) { each(ofPairs[number]); });
+    };
+    if (!(step.toBytes ? go(putByte) : go(put)) || readers == 0)
         return false;
     text_ = {step.out.data(), static_cast<std::size_t>(to - step.out.data())};
     return true;
@@ -181,9 +200,17 @@ bool TableUndo::ReadCodes() {
             made[c] = LetterCode(static_cast<char16_t>(c));
         return made;
     }();
+    static const std::vector<std::uint8_t> codeOfPair = OfPairs(codeOf, noCode);
     codes_.resize(std::max(codes_.size(), text_.size()));
-    std::uint8_t* code = codes_.data();
-    hasCodes_ = EachCharacter(text_, [&](std::uint32_t character) { *code++ = codeOf[character]; });
+    std::uint8_t *code = codes_.data(), seen = 0;
+    const auto put = [&](std::uint8_t next) {
+        *code++ = next;
+        seen |= next;
+    };
+    hasCodes_ = EachCharacter(
+                    text_, [&](std::uint32_t character) { put(codeOf[character]); },
+                    [&](std::uint64_t number) { put(codeOfPair[number]); }) &&
+                (seen & noCode) == 0;
     count_ = static_cast<std::size_t>(code - codes_.data());
     return hasCodes_;
 }
