@@ -1,4 +1,5 @@
 #include "harness/Iconv.h"
+#include "wizard/detect/ClearRussian.h"
 #include "wizard/detect/Hypotheses.h"
 #include "wizard/detect/LineRepair.h"
 
@@ -8,6 +9,8 @@
 namespace quillshift::wizard {
 
 namespace {
+
+using namespace std::string_literals;
 
 const std::string russian =
     "Поздно вечером, когда погасли огни, старый смотритель ещё раз обошёл «причал» — №5.\n";
@@ -63,10 +66,64 @@ TEST(TableUndo, KnowsRussian) {
           std::string("аб вг")}) {
         ASSERT_TRUE(tables.Undo(bytes, undone));
         EXPECT_LT(tables.Glance(), 0) << bytes;
+        EXPECT_FALSE(tables.IsClear()) << bytes;
     }
+    const std::string clear = "Поздно вечером, когда погасли огни, старый смотритель обошёл причал — №5.\n";
+    EXPECT_TRUE(IsClearlyRussian(clear));
+    for (const std::string& also :
+         {"\x1B"s, "\x7F"s, "ї"s, "нИн"s, "\xD0"s, "\xE2\x80"s, "•"s, "\xC0\x80"s}) {
+        EXPECT_FALSE(IsClearlyRussian(clear + also)) << also;
+        EXPECT_FALSE(IsClearlyRussian(also + clear)) << also;
+    }
+    const char* const sets[] = {"CP866", "CP1251", "KOI8-R", "ISO-8859-5", "MAC-CYRILLIC"};
+    for (const char* one : sets)
+        for (const char* other : sets)
+            EXPECT_EQ(IsClearlyRussian(Iconv(Iconv("привет, мой самый старый друг из города", "UTF-8", one),
+                                             other, "UTF-8")),
+                      one == other || (one == sets[1] && other == sets[4]) ||
+                          (one == sets[4] && other == sets[1]))
+                << one << ' ' << other;
+    EXPECT_FALSE(IsClearlyRussian("сон") || IsClearlyRussian("«»«»«»«» погасли огни, старый"));
+    EXPECT_FALSE(TableUndo(*ChainFrom("koi8-r>1251")).Undo("\xC0\xA0 and more", undone));
     TableUndo broken{Chain{}};
     EXPECT_FALSE(broken.Undo("При\xD0", undone));
     EXPECT_FALSE(TableUndo(*ChainFrom("utf-16le")).Undo("ab", undone));
+}
+
+// Wide registers and single characters must say and write the same.
+TEST(TableUndo, IsAsPlainAsItIsQuick) {
+    std::mt19937 random(3);
+    int clear = 0, unclear = 0;
+    for (const Set set : {Set::Dos866, Set::Windows1251, Set::Koi8R, Set::Iso5, Set::Mac, Set::Latin}) {
+        const SetToUtf8 table(set);
+        const std::string bytes = Garble({set, {}, {}}, russian + "ЁЛКА, ель\tёлочка\r\n").value_or(russian);
+        for (int i = 0; i < 4000; ++i) {
+            std::string some = bytes.substr(random() % 20);
+            some.resize(random() % (some.size() + 1));
+            some += some.substr(0, random() % 40);
+            for (std::size_t spoilt = random() % 3; spoilt > 0 && !some.empty(); --spoilt)
+                some[random() % some.size()] = static_cast<char>(random());
+            std::string quick(3 * some.size() + SetToUtf8::slack, '\0'), plain = quick;
+            bool isClear = false, isPlainlyClear = true;
+            const char* end = table.Convert(some, quick.data(), isClear);
+            const char* plainEnd = table.ConvertPlainly(some, plain.data(), isPlainlyClear);
+            ASSERT_EQ(end == nullptr, plainEnd == nullptr);
+            ASSERT_EQ(isClear, isPlainlyClear) << some;
+            if (end == nullptr)
+                continue;
+            quick.resize(static_cast<std::size_t>(end - quick.data()));
+            plain.resize(static_cast<std::size_t>(plainEnd - plain.data()));
+            ASSERT_EQ(quick, plain);
+            ++(isClear ? clear : unclear);
+            for (std::size_t cut = 0; cut < 3 && cut <= quick.size(); ++cut) {
+                const std::string_view part =
+                    std::string_view(quick).substr(cut, quick.size() - random() % 3);
+                ASSERT_EQ(IsClearlyRussian(part), IsClearlyRussianPlainly(part)) << part;
+            }
+        }
+    }
+    EXPECT_GT(clear, 1000);
+    EXPECT_GT(unclear, 1000);
 }
 
 // A glance must not say more than a look.

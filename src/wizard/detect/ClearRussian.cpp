@@ -82,9 +82,9 @@ private:
         return static_cast<std::uint32_t>(rests) == (HighBits(bytes) & ~leads);
     }
 
+    RussianSum sum_;
     std::string_view text_;
     const Gains& gains_;
-    RussianSum sum_;
     std::uint64_t rests_ = 0; ///< which of the next bytes belong to a character before them
 };
 

@@ -112,8 +112,8 @@ private:
         return true;
     }
 
-    const SetToUtf8& set_;
     RussianSum sum_;
+    const SetToUtf8& set_;
     bool isClear_ = true;
 };
 
@@ -136,7 +136,7 @@ QUILLSHIFT_WIDE_PART char* SetToUtf8::ConvertOne(const char* bytes, char* to, Lo
         to = WriteEight(eights[2], high >> 16, to);
         return WriteEight(eights[3], high >> 24, to);
     }
-    for (int eight = 0; eight < 4 && to != nullptr; ++eight)
+    for (std::size_t eight = 0; eight < 4 && to != nullptr; ++eight)
         to = (others >> 8 * eight & 0xFF) == 0 ? WriteEight(eights[eight], high >> 8 * eight, to)
                                                : Write({bytes + 8 * eight, 8}, to);
     return to;
