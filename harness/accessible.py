@@ -4,6 +4,8 @@ as the last word, through that one.
     accessible.py list                prints each command below the menu bar: its way there, role, states, keys
     accessible.py names               prints the role and the name of everything that has one
     accessible.py nameless            prints the role of every control in sight that has none
+    accessible.py weigh FILE          listens to all that the text and its surroundings tell, until it is ended, and keeps
+                                      what comes over the bus meanwhile, the answers included
     accessible.py press FILE          presses the commands of the file's lines, and waits for what each does
 
 A window that opens has to have a name at each of its fields. A line of the file: the way to a command, what comes of
@@ -12,6 +14,7 @@ Escape, that closes it, or that text; parted by tabs.
 Ends with 1, and tells why, at what is not there or does not come.
 """
 
+import subprocess
 import sys
 import time
 
@@ -19,7 +22,7 @@ import gi
 import pyatspi
 
 gi.require_version("Atspi", "2.0")
-from gi.repository import Atspi
+from gi.repository import Atspi, Gio
 
 PATIENCE = 20
 NAP = 0.02
@@ -179,14 +182,26 @@ def press_commands(editor, lines):
             wait(name + "another tick", lambda: has(item, pyatspi.STATE_CHECKED) != was)
 
 
+def weigh(file):
+    for event in ("object:text-changed", "object:visible-data-changed", "object:property-change", "object:children-changed"):
+        pyatspi.Registry.registerEventListener(lambda event: None, event)
+    session = Gio.bus_get_sync(Gio.BusType.SESSION)
+    address = session.call_sync("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", None, None, 0, -1).unpack()[0]
+    subprocess.Popen(["dbus-monitor", "--binary", "--address", address], stdout=file)  # ends with the bus
+    pyatspi.Registry.start()
+
+
 task = sys.argv[1]
-program = Program(sys.argv[-1] if len(sys.argv) > 2 and task != "press" else "quillshift")
+program = Program(sys.argv[-1] if len(sys.argv) > 2 and task not in ("press", "weigh") else "quillshift")
 if task == "list":
     list_commands(program)
 elif task == "names":
     list_names(program.application)
 elif task == "nameless":
     list_nameless(program.application)
+elif task == "weigh":
+    with open(sys.argv[2], "wb") as file:
+        weigh(file)
 else:
     with open(sys.argv[2], encoding="utf-8", newline="\n") as file:
         press_commands(program, file.readlines())

@@ -6,6 +6,7 @@
 #include "shell/Catalogue.h"
 #include "shell/Commands.h"
 
+#include <filesystem>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -13,6 +14,8 @@
 
 namespace quillshift::e2e {
 namespace {
+
+namespace fs = std::filesystem;
 
 /// A command that a screen reader presses, and what comes of it: "window" with its title and the button that
 /// closes it, "text" with that of the document, "tick" for another one, or nothing that could be seen.
@@ -145,6 +148,22 @@ TEST_F(Accessibility, NothingButTheLockIsFoundWhileItIsThere) {
     EXPECT_NE(names.find("push button\tВойти\n"), std::string::npos);
     for (const char* hidden : {"frame\t", "menu", "tool bar", "Найти", "secret", "Текст"})
         EXPECT_EQ(names.find(hidden), std::string::npos) << hidden << " is in\n" << names;
+}
+
+// What is told of a text that comes and goes is small, and what is typed is told whole.
+TEST_F(Accessibility, ALongTextIsNotSentOverTheBus) {
+    const fs::path traffic = Path("traffic");
+    const auto listener = reader_.Begin("weigh " + traffic.string());
+    desktop.WaitUntil("somebody listens", [&] { return fs::exists(traffic) && fs::file_size(traffic) != 0; });
+    Put(Path("long.txt"), std::string(2 << 20, 'q'));
+    editor.Open(Path("long.txt"));
+    editor.Choose("MENU:EDIT:CLEAR");
+    editor.Settle();
+    EXPECT_LT(fs::file_size(traffic), 128 << 10);
+    desktop.Type(u"z");
+    desktop.WaitUntil("the letter is told", [&] {
+        return Contents(traffic).find(std::string("\1\0\0\0z\0", 6)) != std::string::npos;
+    });
 }
 
 TEST_F(Accessibility, EveryDirectionIsPressed) {

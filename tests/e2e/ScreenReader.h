@@ -34,13 +34,18 @@ public:
     const Environment& Its() const { return environment_; }
     /// What the script prints; the test fails with what it tells if it fails.
     std::string Ask(const std::string& what) const {
-        const std::string script = (TestsFolder().parent_path() / "harness/accessible.py").string();
-        Process reader("sh",
-                       {"-c", "/usr/bin/python3 " + script + " " + what + " >" + (home_ / "answer").string() +
-                                  " 2>" + (home_ / "failure").string()},
-                       environment_);
-        EXPECT_EQ(reader.WaitForEnd(), 0) << Contents(home_ / "failure");
+        EXPECT_EQ(Begin(what)->WaitForEnd(), 0) << Contents(home_ / "failure");
         return Contents(home_ / "answer");
+    }
+    /// As `Ask`, without waiting for its end.
+    std::unique_ptr<Process> Begin(const std::string& what) const {
+        const std::string script = (TestsFolder().parent_path() / "harness/accessible.py").string();
+        return std::make_unique<Process>(
+            "sh",
+            std::vector<std::string>{"-c", "exec /usr/bin/python3 " + script + " " + what + " >" +
+                                               (home_ / "answer").string() + " 2>" +
+                                               (home_ / "failure").string()},
+            environment_);
     }
 
 private:
