@@ -1,5 +1,7 @@
 #include "commandbar/ItemMeasure.h"
 
+#include "commandbar/PanelControl.h"
+
 #include <algorithm>
 
 namespace quillshift {
@@ -38,7 +40,9 @@ Size MeasureToolbarItem(const ButtonRecord& button, const cMeasureButtonParams& 
     if (button.HasPicture())
         base += upright ? params.IconWidth : params.IconHeight;
     // A panel's width is room along the bar; it makes the bar no deeper.
-    int along = base + (panel && button.Panel != nullptr && !upright ? button.PanelWidth : 0);
+    int along = base;
+    if (panel && button.Panel != nullptr && !upright)
+        along += std::max(button.PanelWidth, button.Panel->LeastWidth());
 
     const int line = LineHeight(params, measurer);
     const bool below =

@@ -18,6 +18,7 @@ frmLicense::frmLicense(const DialogContext& context)
     auto* text = Add<QtTextSurface>("RichTextBox", nullptr, EditingKeys::OfSurface);
     const std::u16string path = context.platform.shell.ProgramFolder() + u"/License.rtf";
     FileText(context.platform.files.Read(path).bytes).LoadInto(*text);
+    text->SetZoom(Larger(100));
     text->setReadOnly(true);
     text->setAccessibleName(windowTitle());
     text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);

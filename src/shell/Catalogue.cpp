@@ -5,7 +5,6 @@
 #include "commandbar/VirtualKeys.h"
 #include "document/modEdit.h"
 
-#include <algorithm>
 #include <array>
 #include <map>
 #include <string>
@@ -310,7 +309,7 @@ void AddCatalogue(const cButtons& buttons, PanelControl& cmbDecode) {
                         std::u16string(entry.ToolTip), entry.ShortcutKey, entry.ShortcutModifiers);
         button.SetTag(std::u16string(entry.ToolTip)); // which stays when the tips are switched off
         if (entry.Style == ButtonStyle::Panel) {
-            button.SetPanelWidth(std::max(kDirectionsWidth, cmbDecode.LeastWidth()));
+            button.SetPanelWidth(kDirectionsWidth);
             button.SetPanelControl(&cmbDecode);
         }
         if (entry.showsCaption)

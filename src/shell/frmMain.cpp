@@ -28,7 +28,8 @@ constexpr std::chrono::milliseconds kPress(50);
 // The list of directions as an item of the recoding toolbar.
 class frmMain::DirectionsPanel final : public PanelControl {
 public:
-    DirectionsPanel(QComboBox& list, QtWindowMessages& windowIds) : list_(list), windowIds_(windowIds) {}
+    DirectionsPanel(QComboBox& list, QtWindowMessages& windowIds, const QtTextMeasurer& texts)
+        : list_(list), windowIds_(windowIds), texts_(texts) {}
 
     bool Visible() const override { return !list_.isHidden(); }
     void SetVisible(bool visible) override { list_.setVisible(visible); }
@@ -37,15 +38,30 @@ public:
         container_ = control;
         list_.setParent(windowIds_.Widget(control));
     }
-    int Height() const override { return list_.height(); }
-    int LeastWidth() const override { return TextScale() > 1 ? list_.sizeHint().width() : 0; }
+    int Height() const override {
+        FollowFont();
+        return list_.height();
+    }
+    int LeastWidth() const override {
+        FollowFont();
+        return TextScale() > 1 ? list_.sizeHint().width() : 0;
+    }
     void Move(const Rect& area) override {
         list_.setGeometry(area.left, area.top, area.Width(), area.Height());
     }
 
 private:
+    // As low as a bar's line of text, whose height the bars take from their font. Each time that they measure
+    // it may be another.
+    void FollowFont() const {
+        constexpr int kListHeight = 21;
+        list_.setFont(texts_.FontOf({.name = u"Tahoma", .points = 8}));
+        list_.resize(list_.width(), std::max(kListHeight, list_.fontMetrics().height() + 6));
+    }
+
     QComboBox& list_;
     QtWindowMessages& windowIds_;
+    const QtTextMeasurer& texts_;
     WindowId container_ = 0;
 };
 
@@ -53,7 +69,7 @@ frmMain::frmMain(QtWindowMessages& windowIds, const QtTextMeasurer& texts)
     : windowIds_(windowIds),
       texts_(texts),
       cmbDecode_(new QComboBox(this)),
-      directionsPanel_(std::make_unique<DirectionsPanel>(*cmbDecode_, windowIds)),
+      directionsPanel_(std::make_unique<DirectionsPanel>(*cmbDecode_, windowIds, texts)),
       cmdBar_{new QtBarWindow(windowIds, texts, this), new QtBarWindow(windowIds, texts, this),
               new QtBarWindow(windowIds, texts, this)},
       picEditor_(new QWidget(this)),
@@ -78,10 +94,6 @@ frmMain::frmMain(QtWindowMessages& windowIds, const QtTextMeasurer& texts)
     richTextBox_->TakeFilesDroppedOn(*this);
     for (int number = 0; number < kDirections; ++number)
         cmbDecode_->addItem(ToQString(DirectionName(DirectionOf(number))));
-    cmbDecode_->setFont(texts.FontOf({.name = u"Tahoma", .points = 8}));
-    // As low as a bar's line of text, whose height the bars take from their font.
-    constexpr int kListHeight = 21;
-    cmbDecode_->resize(cmbDecode_->width(), std::max(kListHeight, cmbDecode_->fontMetrics().height() + 6));
     connect(cmbDecode_, &QComboBox::currentIndexChanged, this, [this] {
         if (OnDirectionChange)
             OnDirectionChange();

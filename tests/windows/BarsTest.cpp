@@ -41,6 +41,25 @@ protected:
     QTextEdit* text = &static_cast<QtTextSurface&>(window.RichTextBox());
 };
 
+TEST_F(BarsTest, FollowAFontThatTheDesktopChangesMeanwhile) {
+    const auto* const list = window.findChild<QComboBox*>();
+    const auto sizes = [&] {
+        QApplication::processEvents();
+        std::vector<int> all{list->height(), list->width()};
+        for (const int bar : {0, 1, 2})
+            all.push_back(Windows()[std::size_t(bar)]->height());
+        return all;
+    };
+    const QFont usual = QApplication::font();
+    const std::vector<int> before = sizes();
+    QApplication::setFont(QFont(usual.family(), 24));
+    for (std::size_t i = 0; i < before.size(); ++i)
+        EXPECT_GT(sizes()[i], before[i]) << i;
+    EXPECT_GE(list->width(), list->sizeHint().width()) << "its rows are cut off";
+    QApplication::setFont(usual);
+    EXPECT_EQ(sizes(), before);
+}
+
 TEST_F(BarsTest, TenThousandRandomEventsLeaveNothingOpenDisabledOrWithoutTheKeyboard) {
     std::mt19937 random(20261124);
     const auto below = [&](int limit) { return std::uniform_int_distribution<int>(0, limit - 1)(random); };
