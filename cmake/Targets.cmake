@@ -6,6 +6,9 @@ target_compile_options(quillshift_options INTERFACE
 # The same bytes wherever it is built.
 target_compile_options(quillshift_options INTERFACE
     $<$<CONFIG:RelWithDebInfo>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.>)
+# The compiler's debug information over a precompiled header differs from run to run. It is stripped, but a build's id
+# would be a hash of it.
+target_link_options(quillshift_options INTERFACE $<$<CONFIG:RelWithDebInfo>:-Wl,--build-id=none>)
 if(QUILLSHIFT_SANITIZE)
     target_compile_options(quillshift_options INTERFACE
         -fsanitize=${QUILLSHIFT_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
