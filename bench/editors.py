@@ -1,17 +1,17 @@
 #!/usr/bin/python3
-"""Times the editor beside the toolkit's bare text widget and two other editors (packages featherpad and mousepad, which
-need not be there), all of them driven by the same X events on one virtual display, one after the other.
+"""Times the editor beside the toolkit's bare text widget and two other editors, which need not be there, all of them
+driven by the same X events on one virtual display, one after the other. `scripts/setup.sh bench` installs what it needs.
 
     bench/editors.py [FOLDER OF THE BUILD] [MEGABYTES ...]     (build/release; 0 1 10 50, 0 is a letter)
 
-Needs the packages xvfb, openbox and python3-xlib. Each program opens a file by Ctrl+O, its path and Enter. What is timed:
+Each program opens a file by Ctrl+O, its path and Enter. What is timed:
 
 open    from Enter to the moment when the middle of the text area looks for the first time as it does at the end
 key     from a key's press to the report of the X server that a place larger than a caret was drawn in the text area;
         the first of 20 keys at that place, the median and the longest
 resize  from the request for another width (ten steps) to the report that two thirds of the window have been drawn
 memory  what the process holds with the file open and at rest
-A dash: not within a minute.
+A dash: not within a minute, or never; one of the editors opens long lines for reading only.
 """
 import os
 import select
@@ -327,14 +327,14 @@ def main():
     folder = tempfile.mkdtemp()
     try:
         print("milliseconds (keys: first/median/longest, resize: median/longest) and megabytes")
-        print(f"{'':15}{'':13}" + "".join(f"{name:>20}" for name in ("open", "memory", *places, "resize")))
+        print(f"{'':15}{'':13}" + "".join(f"{name:>22}" for name in ("open", "memory", *places, "resize")))
         for name, shape, where, resizes in cases:
             path = os.path.join(folder, "text.txt")
             with open(path, "w") as file:
                 file.write(text_of(*shape))
             for title, make in programs(screen, build):
                 columns = measure(screen, make, path, where, resizes)
-                print(f"{name:15}{title:13}" + "".join(f"{columns.get(column, ''):>20}" for column in
+                print(f"{name:15}{title:13}" + "".join(f"{columns.get(column, ''):>22}" for column in
                                                          ("open", "memory", *places, "resize")), flush=True)
     finally:
         shutil.rmtree(folder)

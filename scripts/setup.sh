@@ -9,6 +9,7 @@ test="poppler-utils libgtest-dev libgmock-dev libbenchmark-dev libxtst-dev xvfb 
       x11-xserver-utils cups-client cups-daemon cups-ipp-utils dbus-daemon at-spi2-core python3-pyatspi"
 package="xvfb xdotool gzip dpkg-dev lintian appstream desktop-file-utils"
 clean_root="debootstrap imagemagick"
+bench="xvfb openbox python3-xlib featherpad mousepad enca uchardet python3-chardet"
 lint="clang clang-format clang-tidy libclang-dev libclang-rt-14-dev llvm-dev"
 
 wanted=
@@ -17,6 +18,7 @@ for job in "$@"; do
         build) wanted+=" $build" ;;
         test) wanted+=" $test" ;;
         clean-root) wanted+=" $clean_root" ;;
+        bench) wanted+=" $bench" ;;
         package) wanted+=" $package" ;;
         lint) wanted+=" $lint" ;;
         *) echo "setup: unknown job $job" >&2; exit 2 ;;
