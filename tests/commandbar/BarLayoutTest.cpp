@@ -86,6 +86,7 @@ TEST(MeasureItem, SizesAToolbarItemByWhatItShowsAndWhereTheBarLies) {
         {"split", [](B& b) { b.IconIndex = 0, b.Style = ButtonStyle::Split; }, {35, 24}, {35, 24}, {35, 24}},
         {"drop-down", [](B& b) { b.IconIndex = 0, b.Bar = SomeBar(), b.ShowDropDownInToolbar = true; }, {31, 24}, {31, 24}, {24, 24}},
         {"panel", [](B& b) { b.Style = ButtonStyle::Panel, b.PanelWidth = 168, b.Panel = SomePanel(); }, {176, 21}, {176, 21}, {21, 8}},
+        {"broader panel", [](B& b) { b.Style = ButtonStyle::Panel, b.PanelWidth = 168, b.Panel = SomePanel(200); }, {208, 21}, {208, 21}, {21, 8}},
     };
     // clang-format on
     for (const Case& one : cases) {

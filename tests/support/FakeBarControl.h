@@ -57,11 +57,12 @@ public:
     WindowId Container() const override { return container; }
     void SetContainer(WindowId control) override { container = control; }
     int Height() const override { return 21; }
-    int LeastWidth() const override { return 0; }
+    int LeastWidth() const override { return least; }
     void Move(const Rect& value) override { area = value; }
 
     bool visible = false;
     WindowId container = 0;
+    int least = 0;
     Rect area;
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "commandbar/ItemMeasure.h"
+#include "support/FakeBarControl.h"
 #include "support/RecordingSurface.h"
 
 #include <deque>
@@ -49,9 +50,10 @@ inline cCommandBarInt* SomeBar() {
     static int place = 0;
     return reinterpret_cast<cCommandBarInt*>(&place);
 }
-inline PanelControl* SomePanel() {
-    static int place = 0;
-    return reinterpret_cast<PanelControl*>(&place);
+inline PanelControl* SomePanel(int least = 0) {
+    static FakePanel panel;
+    panel.least = least;
+    return &panel;
 }
 
 } // namespace quillshift
