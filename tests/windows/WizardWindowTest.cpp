@@ -138,6 +138,8 @@ TEST_F(WizardWindow, ListsTenThousandFilesInShortTurnsAndStopsAtEscape) {
 // By what a reader and a keyboard need; the order is that of reading.
 TEST_F(WizardWindow, IsThereForTheKeyboardAndScreenReaders) {
     Make("1.txt", "\xF7\xCF\xD4 \xF7");
+    Make("2.txt", koi);
+    Make("3.txt", text);
     List();
     QStringList names;
     QWidget* widget = &Find<QPushButton>(window, "cmdFiles");
@@ -150,7 +152,7 @@ TEST_F(WizardWindow, IsThereForTheKeyboardAndScreenReaders) {
     EXPECT_EQ(names.join(u' '),
               QStringLiteral("cmdFiles cmdFolder cmdPaste cmdClear lstFiles proposal1Option "
                              "proposal2Option proposal3Option proposal4Option cmbTarget "
-                             "cmdClose"));
+                             "cmdRepair cmdClose"));
     QSet<QString> keys;
     for (const QPushButton* button : window.findChildren<QPushButton*>())
         if (button->isVisible()) {

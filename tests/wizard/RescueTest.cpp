@@ -136,6 +136,7 @@ TEST_F(RescueTest, ListsWhatEachFileIsRepairsTheSureOnesAndBringsThemBack) {
                                           "6.txt: UTF-8 как Windows-1251: надёжно",
                                           "7.txt: возможно, KOI8-R: сомнительно"};
     EXPECT_EQ(Shown(), listed);
+    EXPECT_THAT(NoteOn(rescue_.Rows()[0], false), StartsWith("Прочитать"));
     EXPECT_EQ(StateOf(rescue_), "В списке: 8, можно исправить: 3, сомнительных: 1.");
     rescue_.WriteIn(Target::Windows1251);
     EXPECT_EQ(Shown()[3], "3.txt: Windows-1251: в порядке");
@@ -191,7 +192,10 @@ TEST_F(RescueTest, AChoiceByHandServesTheOtherUnsureFilesOfItsFolderOnly) {
 TEST_F(RescueTest, WhatFailsLosesNothingAndCanBeTriedAgain) {
     const std::string changed = Make("changed.txt", koi), full = Make("full.txt", koi),
                       fine = Make("fine.txt", twice);
+    fs::create_hard_link(fine, root_ / "other");
     List();
+    EXPECT_THAT(NoteOn(rescue_.Rows()[Row("fine.txt")], true), HasSubstr("другие имена"));
+    EXPECT_EQ(NoteOn(rescue_.Rows()[Row("full.txt")], true), "");
     files_.noReport = true;
     Repair();
     EXPECT_THAT(StateOf(rescue_), StartsWith("Отчёт об исправлениях не записывается"));
@@ -235,8 +239,11 @@ TEST_F(RescueTest, AStopInTheMiddleLeavesEachFileAsItWasOrRepaired) {
     EXPECT_GT(repaired, 0U);
     EXPECT_LT(repaired, made_.size());
     EXPECT_THAT(StateOf(rescue_), StartsWith("Остановлено. Исправлено: "));
+    const auto first = std::ranges::find(rescue_.Rows(), Outcome::Repaired, &RescueRow::outcome);
+    Put(first->finding.path, koi); // which is as before, and not brought back
     Return();
     EXPECT_TRUE(IsAsMade());
+    EXPECT_EQ(StateOf(rescue_), "Возвращено: " + Counted(repaired - 1, "файл", "файла", "файлов") + '.');
 }
 
 TEST_F(RescueTest, ATextGoesBackToTheClipboardUnlessANewerOneIsThere) {

@@ -286,7 +286,8 @@ void Rescue::ReturnAll() {
 }
 
 void Rescue::BroughtBack(const Finding& now, Returned returned) {
-    ++(returned == Returned::Restored || returned == Returned::AsBefore ? good_ : left_);
+    if (returned != Returned::AsBefore)
+        ++(returned == Returned::Restored ? good_ : left_);
     Take(now);
     rows_[byPath_[now.path]].returned = returned;
 }

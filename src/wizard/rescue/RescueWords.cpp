@@ -131,6 +131,14 @@ std::string HowSure(const RescueRow& row, Target target) {
     return WouldRepair(row, target) ? "надёжно" : "в порядке";
 }
 
+std::string NoteOn(const RescueRow& row, bool hasProposals) {
+    if (!row.finding.isReadable)
+        return "Прочитать его не удалось.";
+    if (!hasProposals)
+        return "Здесь нечего исправлять.";
+    return row.finding.hasOtherNames ? "У файла есть и другие имена: под ними он изменится тоже." : "";
+}
+
 std::string StateOf(const Rescue& rescue) {
     if (rescue.WhatIsDone() == Doing::Nothing && !rescue.Summary().empty())
         return rescue.Summary();

@@ -17,6 +17,8 @@ std::string TitleOf(const Proposal& proposal);
 std::string NameOf(const RescueRow& row);
 std::string WhatItIs(const RescueRow& row);
 std::string HowSure(const RescueRow& row, Target target);
+/// What is to be known of a row before something is done with it; may be empty.
+std::string NoteOn(const RescueRow& row, bool hasProposals);
 /// How far the work is, what it came to, or what is in the list.
 std::string StateOf(const Rescue& rescue);
 

@@ -121,8 +121,8 @@ QWidget* frmWizard::Files() {
     lstFiles->setTextElideMode(Qt::ElideRight);
     lstFiles->header()->setStretchLastSection(true);
     const int letter = fontMetrics().averageCharWidth();
-    lstFiles->header()->resizeSection(0, 18 * letter);
-    lstFiles->header()->resizeSection(1, 26 * letter);
+    lstFiles->header()->resizeSection(0, 16 * letter);
+    lstFiles->header()->resizeSection(1, 24 * letter);
     lblHint->setAlignment(Qt::AlignCenter);
     lblHint->setWordWrap(true);
     lblHint->setFrameShape(QFrame::StyledPanel);
@@ -149,7 +149,6 @@ QWidget* frmWizard::Proposals() {
     auto* const scroll = new QScrollArea;
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setWidgetResizable(true);
-    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scroll->setFocusPolicy(Qt::NoFocus);
     scroll->setWidget(cards);
     auto* const half = new QWidget;
@@ -172,9 +171,6 @@ QWidget* frmWizard::Work() {
         bar.Segments = true;
         bar.BarColor = SystemColour::Highlight;
     });
-    QSizePolicy place = progressBar->sizePolicy();
-    place.setRetainSizeWhenHidden(true); // nothing moves when it comes and goes
-    progressBar->setSizePolicy(place);
     auto* const work = new QWidget;
     auto* const rows = new QVBoxLayout(work);
     rows->setContentsMargins({});
@@ -184,6 +180,7 @@ QWidget* frmWizard::Work() {
     target->addWidget(lblTarget, 1);
     rows->addLayout(target);
     auto* const state = new QHBoxLayout;
+    state->addStrut(progressBar->sizeHint().height()); // nothing moves when it comes and goes
     state->addWidget(lblState, 1);
     state->addWidget(progressBar);
     rows->addLayout(state);
@@ -395,9 +392,9 @@ void frmWizard::ShowRow() {
     QString source;
     if (row != nullptr)
         source = model_->data(model_->index(static_cast<int>(*number), 0), Qt::ToolTipRole).toString();
-    if (row != nullptr && proposals_.empty())
-        source += QStringLiteral("\nЗдесь нечего исправлять.");
-    lblSource->setText(source);
+    if (row != nullptr)
+        source += u'\n' + QString::fromStdString(NoteOn(*row, !proposals_.empty()));
+    lblSource->setText(source.trimmed());
     cmdCopy->setVisible(isText);
     cmdLikeIt->setVisible(row != nullptr && !isText && !proposals_.empty());
     cmdLikeIt->setEnabled(number && rescue_.HasLikeIt(*number));
