@@ -54,7 +54,7 @@ void OpenInTheSurface(benchmark::State& state) {
         surface.show();
         QApplication::processEvents();
         const double first = MillisecondsOf([&] {
-            surface.LoadPlain(windows1251::Decode(bytes));
+            surface.LoadBytes(bytes);
             surface.repaint();
         });
         state.SetIterationTime(first / 1e3);

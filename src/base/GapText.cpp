@@ -1,11 +1,18 @@
 #include "base/GapText.h"
 
+#include "base/Windows1251.h"
+
 #include <algorithm>
 #include <utility>
 
 namespace quillshift {
 
 GapText::GapText(std::u16string text, std::size_t room) : buffer_(std::move(text)), gapLength_(room) {}
+
+void GapText::Read() const {
+    if (!bytes_.empty())
+        buffer_ = windows1251::Decode(std::exchange(bytes_, {}));
+}
 
 void GapText::MoveGap(std::size_t to) const {
     const auto at = [this](std::size_t place) {
@@ -19,6 +26,7 @@ void GapText::MoveGap(std::size_t to) const {
 }
 
 std::u16string_view GapText::View(std::size_t from, std::size_t length) const {
+    Read();
     length = std::min(length, Length() - from);
     if (from < gap_ && gap_ < from + length)
         MoveGap(gap_ - from < length / 2 ? from : from + length);
@@ -26,6 +34,7 @@ std::u16string_view GapText::View(std::size_t from, std::size_t length) const {
 }
 
 std::u16string GapText::Part(std::size_t from, std::size_t length) const {
+    Read();
     length = std::min(length, Length() - from);
     const std::size_t before = from < gap_ ? std::min(length, gap_ - from) : 0;
     std::u16string part = buffer_.substr(before > 0 ? from : from + gapLength_, before > 0 ? before : length);
@@ -36,6 +45,7 @@ void GapText::Replace(std::size_t from, std::size_t length, std::u16string_view 
     constexpr std::size_t kPart = 64; // of the text, for what comes
     constexpr std::size_t kLeast = 1 << 10;
     constexpr std::size_t kNearEnd = 1 << 16;
+    Read();
     const std::size_t spare = buffer_.capacity() - buffer_.size();
     if (from > gap_ && Length() - from <= kNearEnd && by.size() <= spare) {
         buffer_.replace(from + gapLength_, length, by); // the room stays where it is

@@ -31,7 +31,8 @@ constexpr char16_t FromByte(std::uint8_t byte) {
 /// Nothing for a character that has no byte.
 std::optional<std::uint8_t> ToByte(char16_t character);
 
-std::u16string Decode(std::string_view bytes);
+/// The text stands behind so many units of room.
+std::u16string Decode(std::string_view bytes, std::size_t room = 0);
 /// A character that has no byte becomes "?".
 std::string Encode(std::u16string_view text);
 

@@ -149,7 +149,7 @@ FileContents modDocument::ReadOrThrow(const FileName& path) {
 
 FileText modDocument::TextOf(const FileContents& contents, const FileName& path) {
     FileText text(contents.bytes);
-    if (!text.IsPlain() && text.IsBlank())
+    if (text.IsBlankRich())
         throw FileError({321, u"В файле RTF нет текста"}, path);
     return text;
 }
@@ -300,7 +300,7 @@ bool modDocument::WriteDocument(const FileName& path, bool isPlainSave) {
         return false;
     const Saving::Outcome outcome = saving_.Save(order);
     if (outcome.backedUp)
-        services_.backup.LoadPlain(windows1251::Decode(order.bytes)); // as it was written
+        services_.backup.LoadBytes(order.bytes); // as it was written
     if (outcome.written)
         services_.state.file.reset();
     if (outcome.mark && windows1251::Decode(order.bytes) == text + u"\r\n") // no letter was lost

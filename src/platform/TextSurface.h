@@ -3,6 +3,7 @@
 #include "base/Geometry.h"
 #include "base/RichText.h"
 #include "base/Twips.h"
+#include "base/Windows1251.h"
 
 #include <cstddef>
 #include <functional>
@@ -65,6 +66,8 @@ public:
     /// Replace the contents with those of a file, caret at 0. Raise `Change`, but not `SelChange`: a document
     /// that was just loaded does not count as changed.
     virtual void LoadPlain(std::u16string_view text) = 0;
+    /// As `LoadPlain`, of a text in the fixed reading of files.
+    virtual void LoadBytes(std::string_view bytes) { LoadPlain(windows1251::Decode(bytes)); }
     virtual void LoadRich(const RichText& text) = 0;
 
     virtual std::size_t SelStart() const = 0;

@@ -1,6 +1,7 @@
 // A long text comes into the document bit by bit: nobody who reads or edits it meanwhile may notice.
 
 #include "base/Texts.h"
+#include "base/Windows1251.h"
 #include "document/rtf/RtfReader.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/QtTextSurface.h"
@@ -131,6 +132,25 @@ TEST(TextFillTest, AnswersAsIfAllWereThere) {
     surface.LoadPlain(text);
     surface.verticalScrollBar()->setValue(surface.verticalScrollBar()->maximum());
     EXPECT_EQ(InDocument(surface), surface.Text()) << "what is scrolled to comes at once";
+}
+
+TEST(TextFillTest, ReadsBytesWhetherSeenOrNot) {
+    std::string all;
+    for (int byte = 0; byte < 256; ++byte)
+        all += static_cast<char>(byte);
+    for (const std::string& bytes : {std::string(), std::string("a\r\n\xC6"), std::string("\r\n\n"),
+                                     std::string("a\rb"), std::string("\n"), std::string("b\r"), all})
+        for (const bool isShown : {false, true}) {
+            const std::u16string whole = WithWholeBreaks(windows1251::Decode(bytes));
+            QtTextSurface surface;
+            surface.setVisible(isShown);
+            surface.LoadBytes(bytes);
+            EXPECT_EQ(surface.Length(), whole.size());
+            surface.show();
+            EXPECT_EQ(InDocument(surface), whole) << bytes;
+            QTest::keyClick(&surface, Qt::Key_X);
+            EXPECT_EQ(surface.Text(), u"x" + whole) << bytes;
+        }
 }
 
 TEST(TextFillTest, KeepsFormatsWhereverTheTextIsParted) {

@@ -45,6 +45,7 @@ public:
     std::size_t Length() const override { return mirror_.Length(); }
     void SetText(std::u16string_view text) override;
     void LoadPlain(std::u16string_view text) override;
+    void LoadBytes(std::string_view bytes) override;
     void LoadRich(const RichText& text) override;
 
     std::size_t SelStart() const override;

@@ -2,6 +2,7 @@
 
 #include "base/TextChange.h"
 #include "base/Texts.h"
+#include "base/Windows1251.h"
 #include "platform/qt/QtTextSurface.h"
 #include "platform/qt/TextFill.h"
 
@@ -20,6 +21,8 @@ constexpr std::chrono::milliseconds kSlice = 8ms;
 
 constexpr std::chrono::milliseconds kForAll = 24h;
 
+constexpr std::size_t kRoom = 1 << 16; // for what is typed at the caret, which stands in front
+
 } // namespace
 
 void QtTextSurface::ReplaceAll(GapText text, const std::function<void()>& begin) {
@@ -33,12 +36,15 @@ void QtTextSurface::ReplaceAll(GapText text, const std::function<void()>& begin)
         document()->clear();
         begin();
         mirror_ = std::move(text);
-        Fill(0ms);
+        if (isVisible()) // else when it is shown
+            Fill(0ms);
         setTextCursor(QTextCursor(document()));
         setCurrentCharFormat({});
     }
     noted_ = {};
     FillSoon();
+    if (!OnChange)
+        return;
     const TextChange change = ChangeBetween(old.All(), mirror_.All(), 0);
     went_ = old.Part(change.place, change.removed);
     old = {};
@@ -55,10 +61,17 @@ void QtTextSurface::SetText(std::u16string_view text) {
 }
 
 void QtTextSurface::LoadPlain(std::u16string_view text) {
-    constexpr std::size_t kRoom = 1 << 16; // for what is typed at the caret, which stands in front
     GapText whole(WithWholeBreaks(text, kRoom), kRoom);
     const std::size_t length = whole.Length();
     ReplaceAll(std::move(whole), [&] { fill_->BeginPlain(length); });
+}
+
+// In a surface that is not seen the text may never be asked for.
+void QtTextSurface::LoadBytes(std::string_view bytes) {
+    if (!HasWholeBreaks(bytes))
+        return LoadPlain(windows1251::Decode(bytes));
+    ReplaceAll(isVisible() ? GapText(windows1251::Decode(bytes, kRoom), kRoom) : GapText(std::string(bytes)),
+               [&] { fill_->BeginPlain(bytes.size()); });
 }
 
 void QtTextSurface::LoadRich(const RichText& text) {
@@ -119,6 +132,7 @@ void QtTextSurface::FillBeforeInput() {
 
 void QtTextSurface::showEvent(QShowEvent* event) {
     QTextEdit::showEvent(event);
+    Fill(0ms);
     FillSoon();
 }
 

@@ -27,6 +27,23 @@ bool IsWithinWord(const QTextDocument& document, int begin) {
     return kind(begin) == 0 || kind(begin) == kind(begin - 2);
 }
 
+// By a word, which does not end where a part does.
+void SelectWord(QTextCursor& cursor, bool isNext) {
+    const auto step = isNext ? QTextCursor::NextWord : QTextCursor::PreviousWord;
+    cursor.movePosition(step, QTextCursor::KeepAnchor);
+    const QTextDocument& document = *cursor.document();
+    const int place = cursor.position();
+    if (isNext && cursor.atBlockEnd() && ContinuesLine(cursor.block().next())) {
+        cursor.setPosition(place + 1, QTextCursor::KeepAnchor);
+        if (IsWithinWord(document, place + 1))
+            cursor.movePosition(step, QTextCursor::KeepAnchor);
+    } else if (!isNext && cursor.atBlockStart() && ContinuesLine(cursor.block()) &&
+               IsWithinWord(document, place)) {
+        cursor.setPosition(place - 1, QTextCursor::KeepAnchor);
+        cursor.movePosition(step, QTextCursor::KeepAnchor);
+    }
+}
+
 } // namespace
 
 void QtTextSurface::TidyLines() {
@@ -38,21 +55,27 @@ void QtTextSurface::TidyLines() {
 }
 
 // Two parts meet at a place that is one to the user: the caret is found at the later one's beginning, and
-// goes back from the earlier one's end.
+// goes back from the earlier one's end. What a key erases up to a word's end is selected for it.
 void QtTextSurface::StepOverPart(const QKeyEvent& event) {
     constexpr QKeySequence::StandardKey kBack[] = {
         QKeySequence::MoveToPreviousChar, QKeySequence::SelectPreviousChar, QKeySequence::MoveToPreviousWord,
         QKeySequence::SelectPreviousWord};
     QTextCursor cursor = textCursor();
-    if (!cursor.atBlockStart() || !ContinuesLine(cursor.block()))
-        return;
+    const auto matches = [&](auto key) { return event.matches(key); };
     const bool erases = event.key() == Qt::Key_Backspace && !cursor.hasSelection();
-    if (!erases &&
-        std::none_of(std::begin(kBack), std::end(kBack), [&](auto key) { return event.matches(key); }))
+    const bool erasesNext = matches(QKeySequence::DeleteEndOfWord);
+    const bool erasesWord =
+        !cursor.hasSelection() && (erasesNext || matches(QKeySequence::DeleteStartOfWord));
+    const bool stepsBack = cursor.atBlockStart() && ContinuesLine(cursor.block()) &&
+                           (erases || std::any_of(std::begin(kBack), std::end(kBack), matches));
+    if (!stepsBack && !erasesWord)
         return;
     const QScopedValueRollback replacing(replacing_, true); // nothing moves in the text
-    cursor.setPosition(cursor.position() - 1,
-                       cursor.hasSelection() ? QTextCursor::KeepAnchor : QTextCursor::MoveAnchor);
+    if (stepsBack)
+        cursor.setPosition(cursor.position() - 1,
+                           cursor.hasSelection() ? QTextCursor::KeepAnchor : QTextCursor::MoveAnchor);
+    if (erasesWord)
+        SelectWord(cursor, erasesNext);
     setTextCursor(cursor);
 }
 
