@@ -10,8 +10,10 @@ namespace quillshift {
 GapText::GapText(std::u16string text, std::size_t room) : buffer_(std::move(text)), gapLength_(room) {}
 
 void GapText::Read() const {
-    if (!bytes_.empty())
-        buffer_ = windows1251::Decode(std::exchange(bytes_, {}));
+    if (bytes_.empty())
+        return;
+    buffer_ = windows1251::Decode(bytes_);
+    bytes_ = {};
 }
 
 void GapText::MoveGap(std::size_t to) const {

@@ -38,5 +38,10 @@ TEST(GapTextTest, IsATextWhereverItsRoomIs) {
     }
 }
 
+TEST(GapTextTest, ReadsItsBytesWhoeverAsksFirst) {
+    EXPECT_EQ(GapText(std::string("\xE0\xE1")).Part(1, 1), u"б");
+    EXPECT_EQ(GapText(std::string("\xE0\xE1")).All(), u"аб");
+}
+
 } // namespace
 } // namespace quillshift
