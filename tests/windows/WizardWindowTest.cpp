@@ -163,6 +163,7 @@ TEST_F(WizardWindow, IsThereForTheKeyboardAndScreenReaders) {
     EXPECT_FALSE(Files().accessibleName().isEmpty());
     const QString picture = qEnvironmentVariable("GALLERY");
     if (!picture.isEmpty()) {
+        QCoreApplication::processEvents(); // what is laid out only then
         EXPECT_TRUE(window.grab().save(picture + QStringLiteral("/wizard.png")));
     }
 }

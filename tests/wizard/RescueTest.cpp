@@ -125,6 +125,9 @@ TEST_F(RescueTest, ListsWhatEachFileIsRepairsTheSureOnesAndBringsThemBack) {
     Make("5.bin", std::string(200, '\1') + koi);
     Make("6.txt", Iconv(text, "CP1251", "UTF-8"));
     Make("in/7.txt", few);
+    Make("near/8.txt", koi);
+    Make("near/9.txt", koi);
+    Make("near/a.txt", few);
     rescue_.Add({folder_, folder_ / "none"});
     Finish();
     const std::vector<std::string> listed{"none: : не читается",
@@ -134,10 +137,13 @@ TEST_F(RescueTest, ListsWhatEachFileIsRepairsTheSureOnesAndBringsThemBack) {
                                           "4.txt: пустой файл: в порядке",
                                           "5.bin: не текст: в порядке",
                                           "6.txt: UTF-8 как Windows-1251: надёжно",
-                                          "7.txt: возможно, KOI8-R: сомнительно"};
+                                          "7.txt: возможно, KOI8-R: сомнительно",
+                                          "8.txt: KOI8-R: надёжно",
+                                          "9.txt: KOI8-R: надёжно",
+                                          "a.txt: KOI8-R: надёжно: как соседние"};
     EXPECT_EQ(Shown(), listed);
     EXPECT_THAT(NoteOn(rescue_.Rows()[0], false), StartsWith("Прочитать"));
-    EXPECT_EQ(StateOf(rescue_), "В списке: 8, можно исправить: 3, сомнительных: 1.");
+    EXPECT_EQ(StateOf(rescue_), "В списке: 11, можно исправить: 6, сомнительных: 1.");
     rescue_.WriteIn(Target::Windows1251);
     EXPECT_EQ(Shown()[3], "3.txt: Windows-1251: в порядке");
     Repair();
@@ -150,14 +156,14 @@ TEST_F(RescueTest, ListsWhatEachFileIsRepairsTheSureOnesAndBringsThemBack) {
         EXPECT_EQ(Contents(folder_ / name), text) << name;
         EXPECT_EQ(Sure(name), "исправлен");
     }
-    EXPECT_THAT(StateOf(rescue_), StartsWith("Исправлено: 3 файла. Отчёт: " + (root_ / "state").string()));
+    EXPECT_THAT(StateOf(rescue_), StartsWith("Исправлено: 6 файлов. Отчёт: " + (root_ / "state").string()));
     EXPECT_EQ(rescue_.Repairable(), 0U);
     List(); // what was repaired is clean when it is looked at anew
     EXPECT_EQ(rescue_.Rows().size(), listed.size());
     EXPECT_EQ(Shown()[1], "1.txt: русский текст: в порядке");
     Return();
     EXPECT_TRUE(IsAsMade());
-    EXPECT_EQ(StateOf(rescue_), "Возвращено: 3 файла.");
+    EXPECT_EQ(StateOf(rescue_), "Возвращено: 6 файлов.");
     EXPECT_EQ(Sure("6.txt"), "возвращён");
     EXPECT_FALSE(rescue_.CanReturn());
 }
@@ -222,6 +228,11 @@ TEST_F(RescueTest, AStopInTheMiddleLeavesEachFileAsItWasOrRepaired) {
     for (int i = 0; i < 60; ++i)
         Make(std::to_string(i) + ".txt", koi);
     List();
+    rescue_.AddText(FromUtf8(few));
+    rescue_.AddText(FromUtf8(twice)); // waits
+    EXPECT_THAT(StateOf(rescue_), HasSubstr("В очереди: 1"));
+    Finish();
+    EXPECT_THAT(Shown().back(), "Вставленный текст: KOI8-R как DOS 866: надёжно");
     files_.slow = true;
     rescue_.RepairAll();
     rescue_.Add({folder_}); // waits, and is stopped with the rest

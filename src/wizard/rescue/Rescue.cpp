@@ -280,6 +280,7 @@ void Rescue::ReturnAll() {
             });
         };
         job.ForEach(entries.size(), bringBack);
+        job.Post([this] { Borrow(); }); // each was looked at by itself
         if (isAll && job.Done() == entries.size())
             files_.Retire(report);
     });
