@@ -15,11 +15,12 @@ constexpr std::size_t longestWord = 4000; // of one without ASCII, garbled as of
 constexpr std::size_t debrisBytes = 6000;
 constexpr std::size_t alonesShown = 2;   // ways to leave it alone: a person wants readings to choose from
 constexpr double sureLead = 11;          // bits before the next text
+constexpr double sureLeadOfMany = 15;    // the same of a text that went wrong more than once
 constexpr double sureByText = 3;         // the same by the text alone, whatever the chains cost
 constexpr double mostBitsACharacter = 8; // what costs more is no text that was found
 constexpr double sureLeadOverCase = 18;  // bits before the same text in capitals or small letters
 constexpr double sureLeadOverLonger = 7; // the same where that one's chain is the longer
-constexpr double sureOverAlone = 36;     // bits before the same text as another language
+constexpr double sureOverAlone = 42;     // bits before the same text as another language
 
 /// The same for so many letters: names are much alike in all languages, so that a few prove little and a long
 /// list has to differ all over.
@@ -106,9 +107,9 @@ bool DiffersInCaseOnly(const Candidate& one, const Candidate& other) {
 /// The lead that makes a reading sure. Twice or more garbled, a text in capitals and one in small letters are
 /// a single set apart, and the shorter chain says little; with a longer chain the other is far-fetched.
 double LeadOver(const Candidate& best, const Candidate& rival) {
-    if (!DiffersInCaseOnly(best, rival))
-        return sureLead;
     const std::size_t layers = best.chain.layers.size();
+    if (!DiffersInCaseOnly(best, rival))
+        return layers >= 2 ? sureLeadOfMany : sureLead;
     return layers >= 2                          ? sureLeadOverCase
            : layers < rival.chain.layers.size() ? sureLeadOverLonger
                                                 : sureLead;
