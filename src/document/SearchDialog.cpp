@@ -74,6 +74,7 @@ QComboBox* SearchDialog::AddText(const char* name, const QString& label, std::u1
     box->setInsertPolicy(QComboBox::NoInsert);
     box->setCompleter(nullptr);
     box->setMinimumWidth(260);
+    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon); // whatever was selected
     box->lineEdit()->setMaxLength(std::numeric_limits<int>::max());
     box->setEditText(ToQString(state_.*text));
     connect(box, &QComboBox::editTextChanged, this,

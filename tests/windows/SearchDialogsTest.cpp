@@ -33,6 +33,17 @@ struct SearchDialogs : testing::Test, TestProgram {
     DialogContext context{platform, parts.settings, parts.sounds, nullptr};
 };
 
+TEST_F(SearchDialogs, AreNoWiderForALongSelection) {
+    std::vector<int> widths;
+    for (const std::size_t length : {3U, 3000U}) {
+        parts.search.ReplaceState().wanted = std::u16string(length, u'ж');
+        frmReplace dialog(context, parts.search);
+        dialog.show();
+        widths.push_back(dialog.width());
+    }
+    EXPECT_EQ(widths[0], widths[1]);
+}
+
 TEST_F(SearchDialogs, ReplacingIsDrivenByItsControls) {
     document.SetText(u"fir Fir ёлка");
     document.SetSelLength(3);
