@@ -3,7 +3,6 @@
 #include "wizard/detect/RussianGlance.h"
 #include "wizard/detect/RussianSum.h"
 
-#include <array>
 #include <cstring>
 
 namespace quillshift::wizard {
@@ -17,22 +16,10 @@ bool HasUsualSign(std::string_view text, std::size_t at) {
 
 #ifdef QUILLSHIFT_WIDE
 
-using Gains = std::array<std::uint8_t, 0x60>;
-
-const Gains& AllGains() {
-    static const Gains gains = [] {
-        Gains made{};
-        for (std::size_t i = 0; i < made.size(); ++i)
-            made[i] = RussianSum::GainOf(static_cast<char16_t>(0x400 + i));
-        return made;
-    }();
-    return gains;
-}
-
 /// Looks over a text 32 bytes at a time.
 class WideLook {
 public:
-    explicit WideLook(std::string_view text) : text_(text), gains_(AllGains()) {}
+    explicit WideLook(std::string_view text) : text_(text), gains_(RussianSum::AllGains()) {}
 
     QUILLSHIFT_WIDE bool IsClear() {
         std::size_t at = 0;
@@ -84,7 +71,7 @@ private:
 
     RussianSum sum_;
     std::string_view text_;
-    const Gains& gains_;
+    const RussianSum::Gains& gains_;
     std::uint64_t rests_ = 0; ///< which of the next bytes belong to a character before them
 };
 

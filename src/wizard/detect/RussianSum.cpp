@@ -1,7 +1,6 @@
 #include "wizard/detect/RussianSum.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace quillshift::wizard {
@@ -20,10 +19,9 @@ constexpr int signCost = 4 * part;
 constexpr int wanted = 12 * part, wantedALetter = 5;
 
 constexpr char16_t lettersFrom = 0x400;
-using Gains = std::array<std::uint8_t, 0x60>;
 
-Gains MakeGains() {
-    Gains gains{};
+RussianSum::Gains MakeGains() {
+    RussianSum::Gains gains{};
     for (std::size_t i = 0; i < byOften.size(); ++i) {
         const char16_t small = byOften[i];
         const auto large = static_cast<char16_t>(small == u'ё' ? u'Ё' : small - 0x20);
@@ -40,8 +38,13 @@ Gains MakeGains() {
 
 } // namespace
 
-std::uint8_t RussianSum::GainOf(char16_t character) {
+const RussianSum::Gains& RussianSum::AllGains() {
     static const Gains gains = MakeGains();
+    return gains;
+}
+
+std::uint8_t RussianSum::GainOf(char16_t character) {
+    const Gains& gains = AllGains();
     const std::size_t place = static_cast<std::size_t>(character) - lettersFrom;
     return place < gains.size() ? gains[place] : std::uint8_t{0};
 }

@@ -3,6 +3,7 @@
 #include "wizard/detect/CharacterSets.h"
 #include "wizard/detect/Processor.h"
 
+#include <array>
 #include <bit>
 
 namespace quillshift::wizard {
@@ -10,8 +11,11 @@ namespace quillshift::wizard {
 /// Adds up how a text speaks for Russian, by how often its letters come and in whatever order.
 class RussianSum {
 public:
-    /// What a letter of U+0400 to U+045F gains, in sixteenths of a bit and moved so that no letter gains
+    /// What each letter of U+0400 to U+045F gains, in sixteenths of a bit and moved so that no letter gains
     /// nothing; 0 for what is no Russian letter.
+    using Gains = std::array<std::uint8_t, 0x60>;
+    static const Gains& AllGains();
+    /// The same of any character.
     static std::uint8_t GainOf(char16_t character);
     static bool IsSmall(char16_t letter) { return letter >= u'а'; }
     static bool IsControl(char byte);

@@ -1,4 +1,5 @@
 #include "wizard/detect/CharacterSets.h"
+#include "wizard/detect/Processor.h"
 
 #include <algorithm>
 #include <array>
@@ -16,18 +17,18 @@ using Bytes = const std::uint8_t*;
 
 /// So many bytes beside each other; what is compared is 0xFF where it is true.
 template <std::size_t width>
-struct Wide {
+struct Lane {
     using Unsigned [[gnu::vector_size(width)]] = std::uint8_t;
     using Signed [[gnu::vector_size(width)]] = std::int8_t;
 };
 
 template <std::size_t width>
-[[gnu::always_inline]] inline void Load(typename Wide<width>::Unsigned& wide, Bytes bytes) {
+[[gnu::always_inline]] inline void Load(typename Lane<width>::Unsigned& wide, Bytes bytes) {
     std::memcpy(&wide, bytes, width);
 }
 
 template <std::size_t width>
-[[gnu::always_inline]] inline bool Any(const typename Wide<width>::Unsigned& wide) {
+[[gnu::always_inline]] inline bool Any(const typename Lane<width>::Unsigned& wide) {
     std::array<std::uint64_t, width / sizeof(std::uint64_t)> words{};
     std::memcpy(words.data(), &wide, width);
     std::uint64_t any = 0;
@@ -40,8 +41,8 @@ template <std::size_t width>
 /// character where one is begun, and nowhere else. `end` is `at` and a multiple of the width.
 template <std::size_t width>
 [[gnu::always_inline]] inline bool FollowWell(Bytes at, Bytes end) {
-    using Unsigned = typename Wide<width>::Unsigned;
-    using Signed = typename Wide<width>::Signed;
+    using Unsigned = typename Lane<width>::Unsigned;
+    using Signed = typename Lane<width>::Signed;
     Unsigned wrong{};
     for (; at != end; at += width) {
         Unsigned byte, last, second, third;
@@ -69,15 +70,15 @@ bool FollowWellNarrow(Bytes at, Bytes end) {
     return FollowWell<width / 2>(at, end);
 }
 
-#ifdef __x86_64__
-[[gnu::target("avx2")]] bool FollowWellWide(Bytes at, Bytes end) {
+#ifdef QUILLSHIFT_WIDE
+QUILLSHIFT_WIDE bool FollowWellWide(Bytes at, Bytes end) {
     return FollowWell<width>(at, end);
 }
 #endif
 
 auto FastestHere() {
-#ifdef __x86_64__
-    if (__builtin_cpu_supports("avx2") != 0)
+#ifdef QUILLSHIFT_WIDE
+    if (HasWideRegisters())
         return FollowWellWide;
 #endif
     return FollowWellNarrow;
