@@ -268,6 +268,11 @@ TEST_F(RescueTest, ATextGoesBackToTheClipboardUnlessANewerOneIsThere) {
     Repair();
     EXPECT_EQ(clipboard.text, u"newer");
     clipboard.SetText(garbled);
+    rescue_.RepairAll();
+    clipboard.SetText(u"newer"); // while it is being repaired
+    Finish();
+    EXPECT_EQ(clipboard.text, u"newer");
+    clipboard.SetText(garbled);
     Repair();
     EXPECT_EQ(clipboard.text, right);
     EXPECT_TRUE(clipboard.isRepaired);

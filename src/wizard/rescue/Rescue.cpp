@@ -216,8 +216,12 @@ void Rescue::RepairAll() {
     isShort_ = !held || held->text.size() <= kShortText;
     const auto row = held ? rows_[*textRow] : RescueRow{};
     Begin(files.empty() ? Doing::Reading : Doing::Repairing, [=, this](RescueJob& job) {
-        if (held && ToUtf8(held->text) == *row.text) // nothing newer is pushed out
-            job.Post([this, textRow, text = FromUtf8(AsChosen(row))] { Copied(*textRow, true, text); });
+        if (held && ToUtf8(held->text) == *row.text)
+            job.Post([this, textRow, held, text = FromUtf8(AsChosen(row))] {
+                const auto now = clipboard_.Arrived();
+                if (now && now->text == held->text) // nothing newer is pushed out
+                    Copied(*textRow, true, text);
+            });
         if (!files.empty())
             RepairFiles(job, files);
     });
