@@ -18,6 +18,7 @@
 #include <stdexcept>
 #include <thread>
 #include <unistd.h>
+#include <utility>
 
 namespace quillshift::e2e {
 namespace {
@@ -391,6 +392,16 @@ std::vector<std::uint32_t> Desktop::Pixels(const Rect& area) const {
         for (int x = 0; x < area.Width(); ++x)
             pixels.push_back(static_cast<std::uint32_t>(XGetPixel(image, x, y) & 0xFFFFFFU));
     XDestroyImage(image);
+    return pixels;
+}
+
+std::vector<std::uint32_t> Desktop::StillPixels(const Rect& area) const {
+    std::vector<std::uint32_t> pixels;
+    int still = 0;
+    WaitUntil("the screen is still", [&] {
+        still = std::exchange(pixels, Pixels(area)) == pixels ? still + 1 : 0;
+        return still == 20;
+    });
     return pixels;
 }
 

@@ -86,6 +86,8 @@ public:
     std::vector<Rect> Popups() const;
     /// Red, green and blue of each pixel, red in the high byte, line by line.
     std::vector<std::uint32_t> Pixels(const Rect& area) const;
+    /// The same, when they stay as they are.
+    std::vector<std::uint32_t> StillPixels(const Rect& area) const;
     std::uint32_t Pixel(Point place) const { return Pixels(RectAt(place.x, place.y, 1, 1)).front(); }
     /// Leaves a picture in a PNG file: of a window with its frame, or of the whole screen.
     void TakePicture(const std::filesystem::path& file, XWindow window = 0) const;

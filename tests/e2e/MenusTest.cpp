@@ -55,23 +55,25 @@ TEST_F(Menus, LookTheSameHoweverFastTheyWereOpened) {
     desktop.Move(editor.Window(), {1240 - window.Width(), 100}); // sub-menus open to the left, over shadows
     editor.Settle();
     const Rect all{0, 100, 1280, 500};
-    std::vector<std::uint32_t> looks[2];
-    for (auto& look : looks) {
+    std::vector<std::uint32_t> slow;
+    for (const bool isFast : {false, true}) {
         OpenByKeyboard(8);
-        if (&look == looks)
+        if (!isFast)
             WaitForMenu(1);
         desktop.Press("Left");
-        if (&look == looks)
+        if (!isFast)
             WaitForMenu(1);
         for (const char* key : {"Down", "Down", "Right"})
             desktop.Press(key);
         WaitForMenu(2);
-        look = desktop.Pixels(all);
+        if (isFast)
+            desktop.WaitUntil("the menus look as before", [&] { return desktop.Pixels(all) == slow; });
+        else
+            slow = desktop.StillPixels(all);
         for (int level = 0; level < 3; ++level)
             desktop.Press("Escape");
         WaitUntilClosed();
     }
-    EXPECT_TRUE(looks[0] == looks[1]);
 }
 
 TEST_F(Menus, AnEntryIsTickedByTheMouse) {
