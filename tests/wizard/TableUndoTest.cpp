@@ -2,6 +2,7 @@
 #include "wizard/detect/ClearRussian.h"
 #include "wizard/detect/Hypotheses.h"
 #include "wizard/detect/LineRepair.h"
+#include "wizard/detect/Pieces.h"
 
 #include <gtest/gtest.h>
 #include <random>
@@ -124,6 +125,52 @@ TEST(TableUndo, IsAsPlainAsItIsQuick) {
     }
     EXPECT_GT(clear, 1000);
     EXPECT_GT(unclear, 1000);
+}
+
+// Lines that are undone together must go as each by itself.
+TEST(TableUndo, TakesLinesTogetherAsItTakesEach) {
+    std::mt19937 random(5);
+    int clear = 0, unclear = 0;
+    for (const char* name : {"utf-8", "koi8-r", "mac", "utf-8>1251", "866>1252,utf-8>1251"}) {
+        const Chain chain = *ChainFrom(name);
+        const std::string garbled = Garble(chain, "Поздно вечером, когда погасли огни, смотритель ещё раз "
+                                                  "обошёл причал.\n")
+                                        .value();
+        TableUndo together(chain), alone(chain);
+        for (int i = 0; i < 1000; ++i) {
+            std::string lines;
+            std::vector<std::string> each;
+            for (std::size_t count = 1 + random() % 6; count > 0; --count) {
+                std::string line =
+                    random() % 4 == 0 ? "no Russian" : garbled.substr(0, random() % garbled.size());
+                if (random() % 3 == 0 && !line.empty())
+                    line[random() % line.size()] = static_cast<char>(random());
+                std::replace(line.begin(), line.end(), '\n', ' ');
+                lines += each.emplace_back(line + '\n');
+            }
+            LookedLines looks;
+            std::string_view text, undone;
+            if (!together.UndoLines(lines, text, looks))
+                continue;
+            ASSERT_EQ(looks.Count(), each.size());
+            const bool isWhole = IsUtf8(text);
+            for (std::size_t line = 0; line < each.size(); ++line) {
+                const std::string_view its = text.substr(0, BytesOfLines(text, 1));
+                text.remove_prefix(its.size());
+                // A sign that is cut off may spoil the line behind it, too.
+                const bool isClear = alone.Undo(each[line], undone) && alone.IsClear();
+                const LineLook look = LookOf(IsAscii(each[line]), isClear);
+                ASSERT_TRUE(looks[line] == look || (looks[line] == LineLook::Unclear && !isWhole)) << its;
+                if (isClear) {
+                    ASSERT_EQ(its, undone) << name;
+                }
+                ++(isClear ? clear : unclear);
+            }
+            EXPECT_TRUE(text.empty());
+        }
+    }
+    EXPECT_GT(clear, 2000);
+    EXPECT_GT(unclear, 2000);
 }
 
 // A glance must not say more than a look.

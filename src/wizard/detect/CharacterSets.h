@@ -55,6 +55,7 @@ std::int32_t NextUtf8(std::string_view bytes, std::size_t& at);
 std::int32_t NextLossyUtf8(std::string_view bytes, std::size_t& at);
 void AppendUtf8(std::string& text, std::uint32_t character);
 
+bool IsAscii(std::string_view bytes);
 /// Whether all of the bytes are UTF-8.
 bool IsUtf8(std::string_view bytes);
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "wizard/detect/RussianSum.h"
+
 #include <string_view>
 
 namespace quillshift::wizard {
@@ -9,7 +11,10 @@ namespace quillshift::wizard {
 /// so, letters in order have to be asked. Uses wide registers where the processor has them.
 bool IsClearlyRussian(std::string_view text);
 
-/// The same, a character at a time.
+/// Looks each line of a text of whole lines over.
+void LookAtLines(std::string_view text, LookedLines& lines);
+
+/// The same as `IsClearlyRussian`, a character at a time.
 bool IsClearlyRussianPlainly(std::string_view text);
 
 } // namespace quillshift::wizard

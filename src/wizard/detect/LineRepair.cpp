@@ -1,6 +1,7 @@
 #include "wizard/detect/LineRepair.h"
 
 #include "wizard/detect/Hypotheses.h"
+#include "wizard/detect/Pieces.h"
 
 #include <algorithm>
 #include <numeric>
@@ -12,13 +13,25 @@ namespace {
 constexpr std::size_t linesAsked = 48;      ///< how many lines of an unsure text say which ways there are
 constexpr std::size_t fruitlessLines = 500; ///< so many that say nothing of their own, and no more is asked
 constexpr std::size_t mostWays = 6;
-constexpr double sameWayBits = 4; ///< that a line goes the way of the line before it
-constexpr double aheadBits = 8;   ///< of another way, at a glance
+constexpr std::size_t togetherBytes = 16 << 10; ///< lines are undone at once
+constexpr double sameWayBits = 4;               ///< that a line goes the way of the line before it
+constexpr double aheadBits = 8;                 ///< of another way, at a glance
 
 std::string_view TakeLine(std::string_view& bytes) {
     const std::string_view line = bytes.substr(0, std::min(bytes.find('\n'), bytes.size() - 1) + 1);
     bytes.remove_prefix(line.size());
     return line;
+}
+
+std::string_view TakeLines(std::string_view& bytes, std::size_t count) {
+    const std::string_view lines = bytes.substr(0, BytesOfLines(bytes, count));
+    bytes.remove_prefix(lines.size());
+    return lines;
+}
+
+/// As many of them as are undone at once.
+std::string_view Together(std::string_view lines) {
+    return lines.substr(0, lines.rfind('\n', togetherBytes) + 1);
 }
 
 } // namespace
@@ -55,12 +68,42 @@ std::size_t LineRepair::Apart() const {
 
 void LineRepair::Add(std::string_view lines, std::string& text) {
     while (!lines.empty()) {
-        const std::string_view line = TakeLine(lines);
-        if (IsAscii(line))
-            text += line;
-        else if (!AddByTables(line, text))
-            AddLine(line, text);
+        std::string_view undone, together = ways_.size() == 1 ? Together(lines) : std::string_view();
+        if (!together.empty() && tables_[0].UndoLines(together, undone, looked_)) {
+            lines.remove_prefix(AddTogether(together, undone, text));
+            continue;
+        }
+        if (together.empty())
+            together = lines;
+        lines.remove_prefix(together.size());
+        while (!together.empty())
+            AddOne(TakeLine(together), text);
     }
+}
+
+std::size_t LineRepair::AddTogether(std::string_view lines, std::string_view undone, std::string& text) {
+    const std::size_t all = lines.size();
+    for (std::size_t line = 0; line < looked_.Count() && ways_.size() == 1;) {
+        const std::size_t start = line;
+        for (; line < looked_.Count() && looked_[line] != LineLook::Unclear; ++line)
+            Went(0, looked_[line] == LineLook::Clear ? 1 : 0);
+        const std::string_view clear = TakeLines(lines, line - start), of = TakeLines(undone, line - start);
+        text += of;
+        changed_ = changed_ || clear != of;
+        if (line < looked_.Count()) {
+            TakeLine(undone);
+            AddOne(TakeLine(lines), text);
+            ++line;
+        }
+    }
+    return all - lines.size();
+}
+
+void LineRepair::AddOne(std::string_view line, std::string& text) {
+    if (IsAscii(line))
+        text += line;
+    else if (!AddByTables(line, text))
+        AddLine(line, text);
 }
 
 bool LineRepair::AddByTables(std::string_view line, std::string& text) {
@@ -167,9 +210,13 @@ void LineRepair::AddLine(std::string_view line, std::string& text) {
 void LineRepair::Accept(std::size_t way, std::string_view undone, std::string_view line, std::string& text) {
     previous_ = way;
     text += undone;
-    wentSo_.resize(std::max(wentSo_.size(), way + 1));
-    ++wentSo_[way];
+    Went(way, 1);
     changed_ = changed_ || undone != line;
+}
+
+void LineRepair::Went(std::size_t way, std::size_t lines) {
+    wentSo_.resize(std::max(wentSo_.size(), way + 1));
+    wentSo_[way] += lines;
 }
 
 void LineRepair::Leave(std::string_view line, std::string& text) {

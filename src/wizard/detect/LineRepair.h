@@ -42,6 +42,10 @@ private:
     std::optional<std::size_t> OwnWay(std::string_view line);
     /// The likeliest of the known ways that a line can have gone.
     std::optional<Way> KnownWay(std::string_view line);
+    /// Adds lines that were undone the one known way and looked over, and those that are unclear by
+    /// themselves, until there is another way. Gives how many bytes are done.
+    std::size_t AddTogether(std::string_view lines, std::string_view undone, std::string& text);
+    void AddOne(std::string_view line, std::string& text);
     /// The quick way to what `AddLine` would say: where a line clearly went one of the known ways and no
     /// other.
     bool AddByTables(std::string_view line, std::string& text);
@@ -50,12 +54,14 @@ private:
     void Know(const Chain& way);
     void AddLine(std::string_view line, std::string& text);
     void Accept(std::size_t way, std::string_view undone, std::string_view line, std::string& text);
+    void Went(std::size_t way, std::size_t lines);
     void Leave(std::string_view line, std::string& text);
 
     DetectOptions options_;
     std::vector<Chain> ways_;       ///< that of the verdict first, if there is one
     std::vector<TableUndo> tables_; ///< of each way
     std::vector<Undoing> undone_;   ///< of the line at hand, each text once
+    LookedLines looked_;
     bool byVerdict_ = false;
     bool changed_ = false;
     std::size_t previous_ = 0, fruitless_ = 0, unsure_ = 0;

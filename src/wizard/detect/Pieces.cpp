@@ -1,8 +1,10 @@
 #include "wizard/detect/Pieces.h"
 
 #include "wizard/detect/LineRepair.h"
+#include "wizard/detect/Processor.h"
 
 #include <algorithm>
+#include <bit>
 
 namespace quillshift::wizard {
 
@@ -55,7 +57,34 @@ std::size_t WholeWords(std::string_view bytes) {
     return bytes.size() < longestWhole ? 0 : bytes.size();
 }
 
+#ifdef QUILLSHIFT_WIDE
+/// As far as there are line ends before the last one that is wanted, 32 bytes at a time; takes off what was
+/// found.
+QUILLSHIFT_WIDE std::size_t WideBytesOfLines(std::string_view bytes, std::size_t& count) {
+    std::size_t at = 0;
+    for (; at + sizeof(Wide) <= bytes.size(); at += sizeof(Wide)) {
+        const Wide ends = _mm256_cmpeq_epi8(WideAt(bytes.data() + at), WideAll('\n'));
+        const auto found = static_cast<std::size_t>(std::popcount(HighBits(ends)));
+        if (found >= count)
+            break;
+        count -= found;
+    }
+    return at;
+}
+#endif
+
 } // namespace
+
+std::size_t BytesOfLines(std::string_view bytes, std::size_t count) {
+    std::size_t at = 0;
+#ifdef QUILLSHIFT_WIDE
+    if (HasWideRegisters())
+        at = WideBytesOfLines(bytes, count);
+#endif
+    for (; count > 0 && at < bytes.size(); --count)
+        at = std::min(bytes.find('\n', at), bytes.size() - 1) + 1;
+    return at;
+}
 
 std::size_t WholeLines(const Chain& chain, std::string_view bytes) {
     if (chain.stored == Set::Utf16Le || chain.stored == Set::Utf16Be)

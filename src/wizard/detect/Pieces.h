@@ -11,6 +11,9 @@ std::size_t WholeLines(const Chain& chain, std::string_view bytes);
 /// The same of what is written down in ASCII: no number and no word is cut.
 std::size_t WholePieces(Debris debris, std::string_view bytes);
 
+/// How many bytes so many lines are.
+std::size_t BytesOfLines(std::string_view bytes, std::size_t count);
+
 /// A line of which so many bytes are there is taken in pieces.
 constexpr std::size_t longestWhole = 64 << 10;
 

@@ -13,14 +13,12 @@ constexpr double perThousand[] = {109.7, 84.5, 80.1, 73.5, 67.0, 62.6, 54.7, 47.
                                   32.1,  29.8, 28.1, 26.2, 20.1, 19.0, 17.4, 17.0, 16.5, 15.9, 14.4,
                                   12.1,  9.7,  9.4,  7.3,  6.4,  4.8,  3.6,  3.2,  2.6,  0.4,  0.4};
 
-constexpr int part = 16, moved = 128;
 constexpr double letterBits = 5.5, capitalBits = 4.5;
-constexpr int signCost = 4 * part;
-constexpr int wanted = 12 * part, wantedALetter = 5;
 
 constexpr char16_t lettersFrom = 0x400;
 
-RussianSum::Gains MakeGains() {
+/// `part` and `moved`: see `RussianSum::Gains`.
+RussianSum::Gains MakeGains(int part, int moved) {
     RussianSum::Gains gains{};
     for (std::size_t i = 0; i < byOften.size(); ++i) {
         const char16_t small = byOften[i];
@@ -39,9 +37,16 @@ RussianSum::Gains MakeGains() {
 } // namespace
 
 const RussianSum::Gains& RussianSum::AllGains() {
-    static const Gains gains = MakeGains();
+    static const Gains gains = MakeGains(part, moved);
     return gains;
 }
+
+#ifdef QUILLSHIFT_WIDE
+const WideTable<6>& RussianSum::WideGains() {
+    static const WideTable<6> table(AllGains());
+    return table;
+}
+#endif
 
 std::uint8_t RussianSum::GainOf(char16_t character) {
     const Gains& gains = AllGains();
@@ -52,10 +57,6 @@ std::uint8_t RussianSum::GainOf(char16_t character) {
 bool RussianSum::IsControl(char byte) {
     const auto value = static_cast<std::uint8_t>(byte);
     return (value < 0x20 && byte != '\n' && byte != '\r' && byte != '\t') || value == 0x7F;
-}
-
-bool RussianSum::IsClear() const {
-    return gain_ - moved * letters_ - signCost * signs_ >= wanted + wantedALetter * letters_;
 }
 
 } // namespace quillshift::wizard

@@ -5,8 +5,34 @@
 
 #include <array>
 #include <bit>
+#include <vector>
 
 namespace quillshift::wizard {
+
+#ifdef QUILLSHIFT_WIDE
+/// What 32 bytes say of a text, a bit for each.
+struct WideLook {
+    Wide gains; ///< of each letter, see `RussianSum`
+    std::uint32_t letters, signs;
+    std::uint32_t refused; ///< what Russian has not: controls, capitals inside a word, other signs
+};
+
+/// Finds capitals inside words, 32 bytes after 32 others.
+class InnerCapitals {
+public:
+    explicit InnerCapitals(int bytesALetter) : bytesALetter_(bytesALetter) {}
+
+    std::uint32_t Among(std::uint32_t letters, std::uint32_t small) {
+        const std::uint64_t afterSmall = std::uint64_t{small} << bytesALetter_ | afterSmall_;
+        afterSmall_ = afterSmall >> sizeof(Wide);
+        return static_cast<std::uint32_t>(afterSmall) & letters & ~small;
+    }
+
+private:
+    int bytesALetter_;
+    std::uint64_t afterSmall_ = 0;
+};
+#endif
 
 /// Adds up how a text speaks for Russian, by how often its letters come and in whatever order.
 class RussianSum {
@@ -15,51 +41,141 @@ public:
     /// nothing; 0 for what is no Russian letter.
     using Gains = std::array<std::uint8_t, 0x60>;
     static const Gains& AllGains();
+#ifdef QUILLSHIFT_WIDE
+    static const WideTable<6>& WideGains();
+#endif
     /// The same of any character.
     static std::uint8_t GainOf(char16_t character);
-    static bool IsSmall(char16_t letter) { return letter >= u'а'; }
+    static bool IsSmall(char16_t letter) {
+        return letter >= u'а';
+    }
     static bool IsControl(char byte);
 
     void AddLetter(std::uint8_t gain) {
         gain_ += gain;
         ++letters_;
     }
-    void AddSign() { ++signs_; }
+    void AddSign() {
+        ++signs_;
+    }
     /// Whether all of it is Russian beyond doubt.
-    bool IsClear() const;
+    bool IsClear() const {
+        return gain_ - moved * letters_ - signCost * signs_ >= wanted + wantedALetter * letters_;
+    }
 
 #ifdef QUILLSHIFT_WIDE
-    /// Adds the letters among 32 bytes. `bytesALetter`: what one takes. False for a capital inside a word.
-    QUILLSHIFT_WIDE_PART bool AddWide(Wide gains, std::uint32_t letters, std::uint32_t small,
-                                      int bytesALetter) {
-        const std::uint64_t afterSmall = std::uint64_t{small} << bytesALetter | afterSmall_;
-        afterSmall_ = afterSmall >> sizeof(Wide);
-        letters_ += std::popcount(letters);
+    /// Adds those of 32 bytes that are a part of it, a bit for each.
+    QUILLSHIFT_WIDE_PART void AddWide(const WideLook& look, std::uint32_t bytes) {
+        letters_ += std::popcount(look.letters & bytes);
+        signs_ += std::popcount(look.signs & bytes);
+        isRefused_ = isRefused_ || (look.refused & bytes) != 0;
+        const Wide gains = _mm256_and_si256(look.gains, WideOfBits(bytes));
         wideGain_ = _mm256_add_epi64(wideGain_, _mm256_sad_epu8(gains, _mm256_setzero_si256()));
-        return (afterSmall & letters & ~small) == 0;
     }
-    QUILLSHIFT_WIDE bool IsClearWide() {
+    QUILLSHIFT_WIDE_PART void AddWide(const WideLook& look) {
+        letters_ += std::popcount(look.letters);
+        signs_ += std::popcount(look.signs);
+        isRefused_ = isRefused_ || look.refused != 0;
+        wideGain_ = _mm256_add_epi64(wideGain_, _mm256_sad_epu8(look.gains, _mm256_setzero_si256()));
+    }
+    bool IsRefused() const {
+        return isRefused_;
+    } ///< there is something that Russian has not
+    QUILLSHIFT_WIDE_PART bool IsClearWide() {
         gain_ += _mm256_extract_epi64(wideGain_, 0) + _mm256_extract_epi64(wideGain_, 1) +
                  _mm256_extract_epi64(wideGain_, 2) + _mm256_extract_epi64(wideGain_, 3);
-        return IsClear();
+        return !isRefused_ && IsClear();
     }
-    QUILLSHIFT_WIDE_PART static bool HasControl(Wide bytes) {
+    QUILLSHIFT_WIDE_PART static std::uint32_t Controls(Wide bytes) {
         const Wide blanks = _mm256_or_si256(
             _mm256_or_si256(_mm256_cmpeq_epi8(bytes, WideAll('\n')), _mm256_cmpeq_epi8(bytes, WideAll('\r'))),
             _mm256_cmpeq_epi8(bytes, WideAll('\t')));
         const Wide low = _mm256_cmpeq_epi8(_mm256_min_epu8(bytes, WideAll(0x1F)), bytes);
         const Wide controls =
             _mm256_or_si256(_mm256_andnot_si256(blanks, low), _mm256_cmpeq_epi8(bytes, WideAll(0x7F)));
-        return HighBits(controls) != 0;
+        return HighBits(controls);
     }
 #endif
 
 private:
+    static constexpr int part = 16, moved = 128; // see `Gains`
+    static constexpr int signCost = 4 * part, wanted = 12 * part, wantedALetter = 5;
+
     std::int64_t gain_ = 0, letters_ = 0, signs_ = 0;
-    std::uint64_t afterSmall_ = 0; ///< what the last bytes say of the next ones
 #ifdef QUILLSHIFT_WIDE
     Wide wideGain_{};
+    bool isRefused_ = false;
 #endif
 };
+
+/// What was seen of a line; clear is what is Russian beyond doubt.
+enum class LineLook : std::uint8_t { Ascii, Clear, Unclear };
+
+/// What was seen of each line of a text.
+class LookedLines {
+public:
+    /// Forgets all, and makes room: there are no more lines than bytes.
+    void Start(std::string_view text) {
+        looks_.resize(std::max(looks_.size(), text.size()));
+        count_ = 0;
+    }
+    void Add(LineLook look) { looks_[count_++] = look; }
+    std::size_t Count() const { return count_; }
+    LineLook operator[](std::size_t line) const { return looks_[line]; }
+
+private:
+    std::vector<LineLook> looks_; ///< of which so many are meant
+    std::size_t count_ = 0;
+};
+
+constexpr LineLook LookOf(bool isAscii, bool isClear) {
+    return isAscii ? LineLook::Ascii : isClear ? LineLook::Clear : LineLook::Unclear;
+}
+
+#ifdef QUILLSHIFT_WIDE
+
+/// Adds up a text, 32 bytes at a time, until something is refused.
+class WideText {
+public:
+    bool Wants() const { return !sum_.IsRefused(); }
+    QUILLSHIFT_WIDE_PART void Add(Wide /*bytes*/, const WideLook& look) { sum_.AddWide(look); }
+    QUILLSHIFT_WIDE_PART bool IsClear() { return sum_.IsClearWide(); }
+
+private:
+    RussianSum sum_;
+};
+
+/// Adds up each line of a text, 32 bytes at a time.
+class WideLines {
+public:
+    explicit WideLines(LookedLines& lines) : lines_(lines) {}
+
+    static bool Wants() { return true; }
+    QUILLSHIFT_WIDE_PART void Add(Wide bytes, const WideLook& look) {
+        const std::uint32_t high = HighBits(bytes);
+        std::uint32_t rest = ~0U;
+        for (std::uint32_t ends = HighBits(_mm256_cmpeq_epi8(bytes, WideAll('\n'))); ends != 0;
+             ends &= ends - 1) {
+            const std::uint32_t upTo = ends ^ (ends - 1); // the lowest of them and what is below it
+            sum_.AddWide(look, rest & upTo);
+            lines_.Add(LookOf(((high & rest & upTo) | high_) == 0, sum_.IsClearWide()));
+            rest &= ~upTo;
+            sum_ = {};
+            high_ = 0;
+        }
+        high_ |= high & rest;
+        if (rest == ~0U)
+            sum_.AddWide(look);
+        else
+            sum_.AddWide(look, rest);
+    }
+
+private:
+    LookedLines& lines_;
+    RussianSum sum_;
+    std::uint32_t high_ = 0; ///< of the line at hand
+};
+
+#endif
 
 } // namespace quillshift::wizard

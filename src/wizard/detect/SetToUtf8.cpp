@@ -2,7 +2,6 @@
 
 #include "wizard/detect/ClearRussian.h"
 #include "wizard/detect/RussianGlance.h"
-#include "wizard/detect/RussianSum.h"
 
 #include <bit>
 #include <cstring>
@@ -49,6 +48,7 @@ QUILLSHIFT_WIDE_PART char* WriteEight(__m128i pairs, std::uint32_t bits, char* t
 } // namespace
 
 SetToUtf8::SetToUtf8(Set set) {
+    std::array<std::uint8_t, 0x80> letters{};
     for (std::uint32_t byte = 0; byte < 0x100; ++byte) {
         const char16_t character = CharacterOf(set, static_cast<std::uint8_t>(byte));
         if (ByteOf(set, character) != static_cast<int>(byte))
@@ -57,13 +57,16 @@ SetToUtf8::SetToUtf8(Set set) {
         AppendUtf8(text, character);
         becomes_[byte] = static_cast<std::uint32_t>(text.size()) << lengthAt;
         std::memcpy(&becomes_[byte], text.data(), text.size());
+        codes_[byte] = LetterCode(character);
         if (byte < 0x80)
             continue;
         if (character >= lettersFrom && character < lettersFrom + 0x80)
-            letters_[byte - 0x80] = static_cast<std::uint8_t>(0x80 | (character - lettersFrom));
-        gains_[byte - 0x80] = RussianSum::GainOf(character);
+            letters[byte - 0x80] = static_cast<std::uint8_t>(0x80 | (character - lettersFrom));
         signs_[byte - 0x80] = IsUsualSign(character);
     }
+#ifdef QUILLSHIFT_WIDE
+    letters_ = WideTable<8>(letters);
+#endif
 }
 
 char* SetToUtf8::Write(std::string_view bytes, char* to) const {
@@ -85,44 +88,55 @@ char* SetToUtf8::ConvertPlainly(std::string_view bytes, char* to, bool& isClear)
 
 #ifdef QUILLSHIFT_WIDE
 
-/// What was seen of the bytes.
+/// Looks the bytes over.
 class SetToUtf8::Look {
 public:
     explicit Look(const SetToUtf8& set) : set_(set) {}
 
-    QUILLSHIFT_WIDE bool IsClear() { return isClear_ && sum_.IsClearWide(); }
     /// `places`: of the letters, see `letters_`.
-    QUILLSHIFT_WIDE_PART void Add(const char* from, Wide bytes, Wide places) {
-        const Wide gains = LookUp<0x80, 8>(bytes, set_.gains_.data());
+    QUILLSHIFT_WIDE_PART WideLook At(const char* from, Wide bytes, Wide places) {
+        const Wide gains = gains_.LookUp(_mm256_xor_si256(places, WideAll(0x80)));
         const std::uint32_t letters = ~HighBits(_mm256_cmpeq_epi8(gains, _mm256_setzero_si256()));
         const std::uint32_t small =
             letters & HighBits(_mm256_cmpgt_epi8(places, WideAll(0x80 | (u'а' - lettersFrom - 1))));
-        isClear_ = !RussianSum::HasControl(bytes) && sum_.AddWide(gains, letters, small, 1) &&
-                   AddSigns(from, HighBits(bytes) & ~letters);
+        const std::uint32_t signs = HighBits(bytes) & ~letters;
+        return {gains, letters, signs,
+                RussianSum::Controls(bytes) | capitals_.Among(letters, small) | Unusual(from, signs)};
     }
-    bool MayBeClear() const { return isClear_; }
+
+    QUILLSHIFT_WIDE_PART WideLook AtAscii(Wide bytes) {
+        capitals_.Among(0, 0);
+        return {_mm256_setzero_si256(), 0, 0, RussianSum::Controls(bytes)};
+    }
 
 private:
-    bool AddSigns(const char* from, std::uint32_t signs) {
-        for (; signs != 0; signs &= signs - 1) {
+    std::uint32_t Unusual(const char* from, std::uint32_t signs) const {
+        std::uint32_t unusual = 0;
+        for (; signs != 0; signs &= signs - 1)
             if (!set_.signs_[static_cast<std::uint8_t>(from[std::countr_zero(signs)]) - 0x80U])
-                return false;
-            sum_.AddSign();
-        }
-        return true;
+                unusual |= signs & -signs;
+        return unusual;
     }
 
-    RussianSum sum_;
+    InnerCapitals capitals_{1};
     const SetToUtf8& set_;
-    bool isClear_ = true;
+    const WideTable<6>& gains_ = RussianSum::WideGains();
 };
 
-QUILLSHIFT_WIDE_PART char* SetToUtf8::ConvertOne(const char* bytes, char* to, Look& look) const {
+template <typename Sums>
+QUILLSHIFT_WIDE_PART char* SetToUtf8::ConvertOne(const char* bytes, char* to, Look& look, Sums& sums) const {
     const Wide from = WideAt(bytes);
-    const Wide letters = LookUp<0x80, 8>(from, letters_.data());
-    if (look.MayBeClear())
-        look.Add(bytes, from, letters);
-    const std::uint32_t high = HighBits(from), others = high & ~HighBits(letters);
+    const std::uint32_t high = HighBits(from);
+    if (high == 0) {
+        if (sums.Wants())
+            sums.Add(from, look.AtAscii(from));
+        _mm256_storeu_si256(reinterpret_cast<Wide*>(to), from);
+        return to + sizeof(Wide);
+    }
+    const Wide letters = letters_.LookUp(_mm256_xor_si256(from, WideAll(0x80)));
+    if (sums.Wants())
+        sums.Add(from, look.At(bytes, from, letters));
+    const std::uint32_t others = high & ~HighBits(letters);
     const Wide leads =
         _mm256_or_si256(_mm256_and_si256(_mm256_srli_epi16(letters, 6), WideAll(1)), WideAll(0xD0));
     const Wide first = _mm256_blendv_epi8(from, leads, letters);
@@ -142,20 +156,34 @@ QUILLSHIFT_WIDE_PART char* SetToUtf8::ConvertOne(const char* bytes, char* to, Lo
     return to;
 }
 
-QUILLSHIFT_WIDE char* SetToUtf8::ConvertWide(std::string_view bytes, char* to, bool& isClear) const {
+template <typename Sums>
+QUILLSHIFT_WIDE_PART char* SetToUtf8::ConvertWide(std::string_view bytes, char* to, Sums& sums) const {
     Look look(*this);
     for (; bytes.size() >= sizeof(Wide) && to != nullptr; bytes.remove_prefix(sizeof(Wide)))
-        to = ConvertOne(bytes.data(), to, look);
+        to = ConvertOne(bytes.data(), to, look, sums);
     if (!bytes.empty() && to != nullptr) {
         // What is left is filled up with blanks, each of which becomes one byte.
         char last[sizeof(Wide)];
         std::memset(last, ' ', sizeof last);
         std::memcpy(last, bytes.data(), bytes.size());
-        to = ConvertOne(last, to, look);
+        to = ConvertOne(last, to, look, sums);
         to = to == nullptr ? nullptr : to - (sizeof last - bytes.size());
     }
-    isClear = to != nullptr && look.IsClear();
     return to;
+}
+
+QUILLSHIFT_WIDE char* SetToUtf8::ConvertTextWide(std::string_view bytes, char* to, bool& isClear) const {
+    WideText text;
+    char* const end = ConvertWide(bytes, to, text);
+    isClear = end != nullptr && text.IsClear();
+    return end;
+}
+
+QUILLSHIFT_WIDE char* SetToUtf8::ConvertLinesWide(std::string_view bytes, char* to,
+                                                  LookedLines& lines) const {
+    lines.Start(bytes);
+    WideLines sums(lines);
+    return ConvertWide(bytes, to, sums);
 }
 
 #endif
@@ -163,9 +191,20 @@ QUILLSHIFT_WIDE char* SetToUtf8::ConvertWide(std::string_view bytes, char* to, b
 char* SetToUtf8::Convert(std::string_view bytes, char* to, bool& isClear) const {
 #ifdef QUILLSHIFT_WIDE
     if (HasWideRegisters())
-        return ConvertWide(bytes, to, isClear);
+        return ConvertTextWide(bytes, to, isClear);
 #endif
     return ConvertPlainly(bytes, to, isClear);
+}
+
+char* SetToUtf8::ConvertLines(std::string_view bytes, char* to, LookedLines& lines) const {
+#ifdef QUILLSHIFT_WIDE
+    if (HasWideRegisters())
+        return ConvertLinesWide(bytes, to, lines);
+#endif
+    char* const end = Write(bytes, to);
+    if (end != nullptr)
+        LookAtLines({to, static_cast<std::size_t>(end - to)}, lines);
+    return end;
 }
 
 } // namespace quillshift::wizard

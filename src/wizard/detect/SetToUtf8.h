@@ -1,6 +1,7 @@
 #pragma once
 
 #include "wizard/detect/CharacterSets.h"
+#include "wizard/detect/RussianSum.h"
 
 #include <array>
 
@@ -18,22 +19,33 @@ public:
     /// was written; nullptr where a byte stands for nothing, or for what another byte stands for as well.
     /// `isClear`: whether it is clearly Russian, see `IsClearlyRussian`.
     char* Convert(std::string_view bytes, char* to, bool& isClear) const;
-    /// The same, a byte at a time.
+    /// The same of whole lines, of which each one is looked over by itself.
+    char* ConvertLines(std::string_view bytes, char* to, LookedLines& lines) const;
+    /// The same as `Convert`, a byte at a time.
     char* ConvertPlainly(std::string_view bytes, char* to, bool& isClear) const;
+
+    /// What each byte is, see `LetterCode`.
+    const std::array<std::uint8_t, 0x100>& Codes() const { return codes_; }
 
 private:
     class Look;
 
     char* Write(std::string_view bytes, char* to) const;
-    char* ConvertWide(std::string_view bytes, char* to, bool& isClear) const;
+    char* ConvertTextWide(std::string_view bytes, char* to, bool& isClear) const;
+    char* ConvertLinesWide(std::string_view bytes, char* to, LookedLines& lines) const;
+    template <typename Sums>
+    char* ConvertWide(std::string_view bytes, char* to, Sums& sums) const;
     /// 32 bytes.
-    char* ConvertOne(const char* bytes, char* to, Look& look) const;
+    template <typename Sums>
+    char* ConvertOne(const char* bytes, char* to, Look& look, Sums& sums) const;
 
     std::array<std::uint32_t, 0x100>
-        becomes_{};                            ///< three bytes, the first one lowest, and how many above them
-    std::array<std::uint8_t, 0x80> letters_{}; ///< of U+0400 to U+047F: the place there and 0x80
-    std::array<std::uint8_t, 0x80> gains_{};   ///< see `RussianSum`
-    std::array<bool, 0x80> signs_{};           ///< which are usual ones
+        becomes_{}; ///< three bytes, the first one lowest, and how many above them
+    std::array<std::uint8_t, 0x100> codes_{};
+    std::array<bool, 0x80> signs_{}; ///< which are usual ones
+#ifdef QUILLSHIFT_WIDE
+    WideTable<8> letters_; ///< of bytes from 0x80 on, U+0400 to U+047F: the place there and 0x80
+#endif
 };
 
 } // namespace quillshift::wizard

@@ -34,8 +34,6 @@ std::uint64_t Word(const char* bytes) {
     return word;
 }
 
-constexpr std::uint64_t highBits = 0x8080808080808080;
-
 /// Which readers make this character of a byte.
 std::uint32_t ReadersOf(Set set, std::uint8_t byte, std::uint32_t character) {
     if (set != Set::Latin)
@@ -95,15 +93,6 @@ bool EachCharacter(std::string_view text, const Take& take, const TakePair& take
 
 } // namespace
 
-bool IsAscii(std::string_view bytes) {
-    std::size_t at = 0;
-    for (; at + 8 <= bytes.size(); at += 8)
-        if ((Word(bytes.data() + at) & highBits) != 0)
-            return false;
-    return std::none_of(bytes.begin() + static_cast<std::ptrdiff_t>(at), bytes.end(),
-                        [](char c) { return static_cast<std::uint8_t>(c) >= 0x80; });
-}
-
 TableUndo::TableUndo(const Chain& chain) {
     if (chain.debris || chain.stored == Set::Utf16Le || chain.stored == Set::Utf16Be)
         return;
@@ -134,26 +123,49 @@ TableUndo::TableUndo(const Chain& chain) {
 }
 
 bool TableUndo::Undo(std::string_view bytes, std::string_view& text) {
-    text_ = bytes;
     isClear_.reset();
     hasCodes_ = false;
-    if (!knows_)
-        return false;
-    if (stored_) {
-        storedOut_.resize(std::max(storedOut_.size(), 3 * bytes.size() + SetToUtf8::slack));
+    const auto convert = [&](const SetToUtf8& set, char* to) {
         bool isClear = false;
-        const char* end = stored_->Convert(bytes, storedOut_.data(), isClear);
-        if (end == nullptr)
-            return false;
-        text_ = {storedOut_.data(), static_cast<std::size_t>(end - storedOut_.data())};
+        char* const end = set.Convert(bytes, to, isClear);
         if (steps_.empty())
             isClear_ = isClear;
-    }
-    if (!std::all_of(steps_.begin(), steps_.end(), [&](Step& step) { return Go(step); }))
+        return end;
+    };
+    if (!Go(bytes, convert))
         return false;
     text = text_;
     const bool isUtf8 = steps_.empty() ? stored_.has_value() : !steps_.back().toBytes;
     return isUtf8 || IsClear() || ReadCodes();
+}
+
+bool TableUndo::UndoLines(std::string_view bytes, std::string_view& text, LookedLines& lines) {
+    const auto convert = [&](const SetToUtf8& set, char* to) {
+        bool isClear = false;
+        return steps_.empty() ? set.ConvertLines(bytes, to, lines) : set.Convert(bytes, to, isClear);
+    };
+    if (!Go(bytes, convert))
+        return false;
+    text = text_;
+    if (!stored_ || !steps_.empty())
+        LookAtLines(text, lines);
+    lines_.swap(steps_.empty() ? storedOut_ : steps_.back().out);
+    return true;
+}
+
+template <typename Convert>
+bool TableUndo::Go(std::string_view bytes, const Convert& convert) {
+    text_ = bytes_ = bytes;
+    if (!knows_)
+        return false;
+    if (stored_) {
+        storedOut_.resize(std::max(storedOut_.size(), 3 * bytes.size() + SetToUtf8::slack));
+        const char* const end = convert(*stored_, storedOut_.data());
+        if (end == nullptr)
+            return false;
+        text_ = {storedOut_.data(), static_cast<std::size_t>(end - storedOut_.data())};
+    }
+    return std::all_of(steps_.begin(), steps_.end(), [&](Step& step) { return Take(step); });
 }
 
 bool TableUndo::IsClear() {
@@ -163,12 +175,14 @@ bool TableUndo::IsClear() {
 }
 
 double TableUndo::Glance() {
-    if (!hasCodes_)
+    if (!hasCodes_ && stored_ && steps_.empty())
+        TakeCodes();
+    else if (!hasCodes_)
         ReadCodes();
     return RussianGlance(codes_, count_);
 }
 
-bool TableUndo::Go(Step& step) {
+bool TableUndo::Take(Step& step) {
     step.out.resize(std::max(step.out.size(), 3 * text_.size() + widest));
     char* to = step.out.data();
     const Entry *becomes = step.becomes.data(), *ofPairs = step.ofPairs.data();
@@ -191,6 +205,15 @@ bool TableUndo::Go(Step& step) {
         return false;
     text_ = {step.out.data(), static_cast<std::size_t>(to - step.out.data())};
     return true;
+}
+
+void TableUndo::TakeCodes() {
+    count_ = bytes_.size();
+    codes_.resize(std::max(codes_.size(), count_));
+    const std::array<std::uint8_t, 0x100>& ofBytes = stored_->Codes();
+    std::transform(bytes_.begin(), bytes_.end(), codes_.begin(),
+                   [&](char byte) { return ofBytes[static_cast<std::uint8_t>(byte)]; });
+    hasCodes_ = true;
 }
 
 bool TableUndo::ReadCodes() {

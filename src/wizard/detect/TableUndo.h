@@ -19,6 +19,9 @@ public:
     /// What the chain makes of the bytes where each character surely comes back: what `Lossless` gives. Stays
     /// valid until the next call. False where the tables do not know.
     bool Undo(std::string_view bytes, std::string_view& text);
+    /// The same of whole lines, each with its end, which are looked over one by one. What is unclear in
+    /// `text` need not be UTF-8, nor what `Undo` gives.
+    bool UndoLines(std::string_view bytes, std::string_view& text, LookedLines& lines);
     /// Whether what `Undo` gave last is Russian beyond doubt, see `IsClearlyRussian`.
     bool IsClear();
     /// How plausible it is as Russian, see `RussianGlance`.
@@ -36,13 +39,19 @@ private:
         std::vector<char> out;
     };
 
-    bool Go(Step& step);
+    /// `convert`: from what it is stored in.
+    template <typename Convert>
+    bool Go(std::string_view bytes, const Convert& convert);
+    bool Take(Step& step);
+    /// Notes the codes, of a single-byte set by the bytes.
+    void TakeCodes();
     /// Whether it is UTF-8; notes the codes.
     bool ReadCodes();
 
     std::optional<SetToUtf8> stored_;
-    std::vector<char> storedOut_;
+    std::vector<char> storedOut_, lines_;
     std::vector<Step> steps_;
+    std::string_view bytes_;          ///< as they came
     std::string_view text_;           ///< as it is by now
     std::optional<bool> isClear_;     ///< if it was asked
     std::vector<std::uint8_t> codes_; ///< of its characters
@@ -50,8 +59,5 @@ private:
     bool hasCodes_ = false;
     bool knows_ = false;
 };
-
-/// Whether all of it is ASCII.
-bool IsAscii(std::string_view bytes);
 
 } // namespace quillshift::wizard

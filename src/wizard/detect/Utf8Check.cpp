@@ -93,6 +93,18 @@ bool IsUtf8From(std::size_t at, std::string_view bytes) {
 
 } // namespace
 
+bool IsAscii(std::string_view bytes) {
+    constexpr std::uint64_t highBits = 0x8080808080808080;
+    std::size_t at = 0;
+    for (std::uint64_t word = 0; at + sizeof word <= bytes.size(); at += sizeof word) {
+        std::memcpy(&word, bytes.data() + at, sizeof word);
+        if ((word & highBits) != 0)
+            return false;
+    }
+    return std::none_of(bytes.begin() + static_cast<std::ptrdiff_t>(at), bytes.end(),
+                        [](char c) { return static_cast<std::uint8_t>(c) >= 0x80; });
+}
+
 bool IsUtf8(std::string_view bytes) {
     static const auto followWell = FastestHere();
     const auto first = reinterpret_cast<Bytes>(bytes.data());
