@@ -101,11 +101,11 @@ private:
     static constexpr int part = 16, moved = 128; // see `Gains`
     static constexpr int signCost = 4 * part, wanted = 12 * part, wantedALetter = 5;
 
-    std::int64_t gain_ = 0, letters_ = 0, signs_ = 0;
 #ifdef QUILLSHIFT_WIDE
     Wide wideGain_{};
     bool isRefused_ = false;
 #endif
+    std::int64_t gain_ = 0, letters_ = 0, signs_ = 0;
 };
 
 /// What was seen of a line; clear is what is Russian beyond doubt.
@@ -171,8 +171,8 @@ public:
     }
 
 private:
-    LookedLines& lines_;
     RussianSum sum_;
+    LookedLines& lines_;
     std::uint32_t high_ = 0; ///< of the line at hand
 };
 

@@ -2,6 +2,7 @@
 
 #include "wizard/detect/ClearRussian.h"
 #include "wizard/detect/RussianGlance.h"
+#include "wizard/detect/WideUtf8.h"
 
 #include <algorithm>
 #include <bit>
@@ -12,8 +13,9 @@ namespace quillshift::wizard {
 namespace {
 
 constexpr std::uint32_t reach = 0x2600;
-constexpr std::size_t widest = 4;         ///< bytes written at a time
-constexpr std::size_t pairCount = 0x2000; ///< of two bytes, the first one from 0xC0 to 0xDF
+constexpr std::size_t widest = 4;      ///< bytes written at a time
+constexpr std::size_t usualCount = 10; ///< as many characters at most are in 16 bytes of Russian
+constexpr std::size_t slack = 16;      ///< characters written behind what is meant
 
 static_assert(std::endian::native == std::endian::little,
               "the lowest byte of a number comes first in memory");
@@ -28,12 +30,6 @@ std::uint32_t EntryOf(std::string_view bytes, std::uint32_t readers) {
     return entry;
 }
 
-std::uint64_t Word(const char* bytes) {
-    std::uint64_t word = 0;
-    std::memcpy(&word, bytes, sizeof word);
-    return word;
-}
-
 /// Which readers make this character of a byte.
 std::uint32_t ReadersOf(Set set, std::uint8_t byte, std::uint32_t character) {
     if (set != Set::Latin)
@@ -41,53 +37,47 @@ std::uint32_t ReadersOf(Set set, std::uint8_t byte, std::uint32_t character) {
     return (CharacterOf(set, byte) == character ? windows : 0) | (byte == character ? iso : 0);
 }
 
-constexpr std::uint8_t noCode = 0x80; ///< beside those of `LetterCode`
-
-constexpr std::uint64_t pair = 0x80C0, pairBits = 0xC0E0;
-constexpr std::uint64_t twoPairs = pair << 16 | pair, twoPairsBits = pairBits << 16 | pairBits;
-constexpr std::uint64_t triple = 0x8080E0, tripleBits = 0xC0C0F0;
-
-/// The character of three bytes that a word begins with.
-std::uint32_t OfTriple(std::uint64_t word) {
-    return static_cast<std::uint32_t>((word & 0xF) << 12 | (word >> 8 & 0x3F) << 6 | (word >> 16 & 0x3F));
+/// Takes the characters of a text, as an array of which so many mean something; `reach` stands for one that
+/// no set has. False where it is not UTF-8.
+template <typename Take>
+bool TakePlainly(std::string_view text, std::size_t& at, const Take& take) {
+    const std::int32_t character = NextUtf8(text, at);
+    const auto code = static_cast<std::uint16_t>(std::min(static_cast<std::uint32_t>(character), reach));
+    if (character >= 0)
+        take(&code, 1, 1);
+    return character >= 0;
 }
 
-/// What stands for each pair of bytes in UTF-8: `common` for one that says too long what one byte says.
-template <typename Value>
-std::vector<Value> OfPairs(const std::vector<Value>& ofCharacters, Value common) {
-    std::vector<Value> made(pairCount, common);
-    for (std::uint32_t c = 0x80; c < 0x800; ++c)
-        made[(c >> 6) << 8 | 0x80 | (c & 0x3F)] = ofCharacters[c];
-    return made;
-}
-
-/// Takes each character of a text, `reach` for one that no set has, and a pair by its number among them.
-/// False where it is not UTF-8.
-template <typename Take, typename TakePair>
-bool EachCharacter(std::string_view text, const Take& take, const TakePair& takePair) {
-    for (std::size_t at = 0; at < text.size();) {
-        const std::uint64_t word = at + sizeof(std::uint64_t) <= text.size() ? Word(text.data() + at) : 0;
-        const std::uint64_t swapped = __builtin_bswap64(word);
-        if ((word & twoPairsBits) == twoPairs) {
-            takePair(swapped >> 48 & (pairCount - 1));
-            takePair(swapped >> 32 & (pairCount - 1));
-            at += 4;
-        } else if (static_cast<std::uint8_t>(text[at]) < 0x80) {
-            take(static_cast<std::uint8_t>(text[at++]));
-        } else if ((word & pairBits) == pair) {
-            takePair(swapped >> 48 & (pairCount - 1));
-            at += 2;
-        } else if (const std::uint32_t character = OfTriple(word);
-                   (word & tripleBits) == triple && character >= 0x800 && character < reach) {
-            take(character);
-            at += 3;
-        } else {
-            const std::int32_t other = NextUtf8(text, at);
-            if (other < 0)
-                return false;
-            take(std::min(static_cast<std::uint32_t>(other), reach));
-        }
+#ifdef QUILLSHIFT_WIDE
+/// `take` gets the whole array as well, which costs less than counting.
+template <typename Take>
+QUILLSHIFT_WIDE bool TakeWide(std::string_view text, const Take& take) {
+    WideUtf8 reader(text, reach);
+    for (std::size_t at = 0; at < text.size(); reader.MoveTo(at)) {
+        for (; reader.Read();)
+            if (reader.Count() > usualCount)
+                take(reader.Codes(), WideUtf8::width, reader.Count());
+            else
+                take(reader.Codes(), usualCount, reader.Count());
+        if (reader.IsBroken())
+            return false;
+        at = reader.At();
+        if (at < text.size() && !TakePlainly(text, at, take))
+            return false;
     }
+    return true;
+}
+#endif
+
+template <typename Take>
+bool TakeAll(std::string_view text, const Take& take) {
+#ifdef QUILLSHIFT_WIDE
+    if (HasWideRegisters())
+        return TakeWide(text, take);
+#endif
+    for (std::size_t at = 0; at < text.size();)
+        if (!TakePlainly(text, at, take))
+            return false;
     return true;
 }
 
@@ -100,7 +90,7 @@ TableUndo::TableUndo(const Chain& chain) {
     if (chain.stored != Set::Utf8)
         stored_.emplace(chain.stored);
     std::for_each(chain.layers.rbegin(), chain.layers.rend(), [&](const Layer& layer) {
-        Step step{std::vector<Entry>(reach + 1), {}, layer.writtenIn == Set::Utf8, {}};
+        Step step{std::vector<Entry>(reach + 1), layer.writtenIn == Set::Utf8, {}};
         for (std::uint32_t c = 0; c < reach; ++c) {
             const int byte = ByteOf(layer.readAs, static_cast<char16_t>(c));
             const std::uint32_t readers =
@@ -117,7 +107,6 @@ TableUndo::TableUndo(const Chain& chain) {
             }
             step.becomes[c] = EntryOf(becomes, readers);
         }
-        step.ofPairs = OfPairs(step.becomes, Entry{0});
         steps_.push_back(std::move(step));
     });
 }
@@ -183,25 +172,37 @@ double TableUndo::Glance() {
 }
 
 bool TableUndo::Take(Step& step) {
-    step.out.resize(std::max(step.out.size(), 3 * text_.size() + widest));
+    step.out.resize(std::max(step.out.size(), 3 * text_.size() + slack * widest));
     char* to = step.out.data();
-    const Entry *becomes = step.becomes.data(), *ofPairs = step.ofPairs.data();
+    const Entry* becomes = step.becomes.data();
     Entry readers = anyReader << readersAt;
-    const auto putByte = [&](Entry entry) {
-        *to++ = static_cast<char>(entry);
-        readers &= entry;
+    // What is captured lies in memory: it is touched once for many characters.
+    const auto putBytes = [&, becomes](const std::uint16_t* codes, std::size_t all, std::size_t count) {
+        char* const out = to;
+        Entry both = readers;
+#pragma GCC unroll 16
+        for (std::size_t i = 0; i < all; ++i) {
+            const Entry entry = becomes[codes[i]];
+            out[i] = static_cast<char>(entry);
+            both &= entry;
+        }
+        to = out + count;
+        readers = both;
     };
-    const auto put = [&](Entry entry) {
-        std::memcpy(to, &entry, widest);
-        to += entry >> lengthAt & 3;
-        readers &= entry;
+    const auto put = [&, becomes](const std::uint16_t* codes, std::size_t all, std::size_t count) {
+        char* out = to;
+        Entry both = readers;
+#pragma GCC unroll 16
+        for (std::size_t i = 0; i < all; ++i) {
+            const Entry entry = becomes[codes[i]];
+            std::memcpy(out, &entry, widest);
+            out += i < count ? entry >> lengthAt & 3 : 0;
+            both &= entry;
+        }
+        to = out;
+        readers = both;
     };
-    const auto go = [&](const auto& each) {
-        return EachCharacter(
-            text_, [&](std::uint32_t character) { each(becomes[character]); },
-            [&](std::uint64_t number) { each(ofPairs[number]); });
-    };
-    if (!(step.toBytes ? go(putByte) : go(put)) || readers == 0)
+    if (!(step.toBytes ? TakeAll(text_, putBytes) : TakeAll(text_, put)) || readers == 0)
         return false;
     text_ = {step.out.data(), static_cast<std::size_t>(to - step.out.data())};
     return true;
@@ -223,17 +224,15 @@ bool TableUndo::ReadCodes() {
             made[c] = LetterCode(static_cast<char16_t>(c));
         return made;
     }();
-    static const std::vector<std::uint8_t> codeOfPair = OfPairs(codeOf, noCode);
-    codes_.resize(std::max(codes_.size(), text_.size()));
-    std::uint8_t *code = codes_.data(), seen = 0;
-    const auto put = [&](std::uint8_t next) {
-        *code++ = next;
-        seen |= next;
-    };
-    hasCodes_ = EachCharacter(
-                    text_, [&](std::uint32_t character) { put(codeOf[character]); },
-                    [&](std::uint64_t number) { put(codeOfPair[number]); }) &&
-                (seen & noCode) == 0;
+    codes_.resize(std::max(codes_.size(), text_.size() + slack));
+    std::uint8_t* code = codes_.data();
+    hasCodes_ = TakeAll(text_, [&code, table = codeOf.data()](const std::uint16_t* codes, std::size_t all,
+                                                              std::size_t count) {
+        std::uint8_t* const out = code;
+        for (std::size_t i = 0; i < all; ++i)
+            out[i] = table[codes[i]];
+        code = out + count;
+    });
     count_ = static_cast<std::size_t>(code - codes_.data());
     return hasCodes_;
 }

@@ -34,8 +34,7 @@ private:
     /// Undoes a layer.
     struct Step {
         std::vector<Entry> becomes;
-        std::vector<Entry> ofPairs; ///< the same by the two bytes of a character, from 0xC000 on
-        bool toBytes = false;       ///< what comes out is bytes that have to be UTF-8
+        bool toBytes = false; ///< what comes out is bytes that have to be UTF-8
         std::vector<char> out;
     };
 
