@@ -6,6 +6,8 @@ as the last word, through that one.
     accessible.py nameless            prints the role of every control in sight that has none
     accessible.py weigh FILE          listens to all that the text and its surroundings tell, until it is ended, and keeps
                                       what comes over the bus meanwhile, the answers included
+    accessible.py follow FILE         asks for the text once, and keeps what comes of it by all that is told, and behind
+                                      it where the caret is, until it is ended
     accessible.py press FILE          presses the commands of the file's lines, and waits for what each does
 
 A window that opens has to have a name at each of its fields. A line of the file: the way to a command, what comes of
@@ -14,6 +16,7 @@ Escape, that closes it, or that text; parted by tabs.
 Ends with 1, and tells why, at what is not there or does not come.
 """
 
+import os
 import subprocess
 import sys
 import time
@@ -113,7 +116,7 @@ class Program:
         return thing
 
     def contents(self):
-        return self.first(pyatspi.ROLE_TEXT).queryText().getText(0, -1).rstrip("\n")
+        return self.first(pyatspi.ROLE_TEXT).queryText().getText(0, -1).rstrip("\r\n")
 
     def window(self, title):
         others = below(self.application)[1:]  # the first is the main window
@@ -191,8 +194,35 @@ def weigh(file):
     pyatspi.Registry.start()
 
 
+def follow(editor, file):
+    area = editor.first(pyatspi.ROLE_TEXT).queryText()
+    text, caret = area.getText(0, -1), area.caretOffset
+
+    def keep():
+        with open(file + ".new", "w", encoding="utf-8", newline="") as out:
+            out.write(text + "|" + str(caret))
+        os.rename(file + ".new", file)
+
+    def change(event):
+        nonlocal text
+        came = event.any_data if "insert" in str(event.type) else ""
+        went = 0 if came else event.detail2
+        text = text[:event.detail1] + came + text[event.detail1 + went:]
+        keep()
+
+    def move(event):
+        nonlocal caret
+        caret = event.detail1
+        keep()
+
+    pyatspi.Registry.registerEventListener(change, "object:text-changed")
+    pyatspi.Registry.registerEventListener(move, "object:text-caret-moved")
+    keep()
+    pyatspi.Registry.start()
+
+
 task = sys.argv[1]
-program = Program(sys.argv[-1] if len(sys.argv) > 2 and task not in ("press", "weigh") else "quillshift")
+program = Program(sys.argv[-1] if len(sys.argv) > 2 and task not in ("press", "weigh", "follow") else "quillshift")
 if task == "list":
     list_commands(program)
 elif task == "names":
@@ -202,6 +232,8 @@ elif task == "nameless":
 elif task == "weigh":
     with open(sys.argv[2], "wb") as file:
         weigh(file)
+elif task == "follow":
+    follow(program, sys.argv[2])
 else:
     with open(sys.argv[2], encoding="utf-8", newline="\n") as file:
         press_commands(program, file.readlines())

@@ -166,6 +166,35 @@ TEST_F(Accessibility, ALongTextIsNotSentOverTheBus) {
     EXPECT_LT(fs::file_size(traffic), 128 << 10);
 }
 
+// By positions of the text, also where the document has a long line in parts.
+TEST_F(Accessibility, WhatIsTypedIsToldWhereItIs) {
+    std::string text = "a\r\n" + std::string(45'000, 'q') + "\r\nb";
+    Put(Path("long.txt"), text);
+    editor.Open(Path("long.txt"));
+    const auto listener = reader_.Begin("follow " + Path("told").string());
+    const auto expectTold = [&](std::size_t caret) {
+        const std::string wanted = text + "|" + std::to_string(caret);
+        desktop.WaitUntil("all is told", [&] { return Contents(Path("told")) == wanted; });
+    };
+    expectTold(0);
+    desktop.Press("Ctrl+End");
+    desktop.Press("Up");
+    desktop.Press("End");
+    desktop.Type(u"x");
+    text.insert(text.size() - 3, "x");
+    expectTold(text.size() - 3);
+    desktop.Press("Return");
+    desktop.Press("Shift+Left");
+    text.insert(text.size() - 3, "\r\n");
+    expectTold(text.size() - 5);
+    desktop.Type(u"yz");
+    text.replace(text.size() - 5, 2, "yz");
+    expectTold(text.size() - 3);
+    desktop.Press("Ctrl+Z");
+    text.erase(text.size() - 4, 1);
+    expectTold(text.size() - 3);
+}
+
 TEST_F(Accessibility, EveryDirectionIsPressed) {
     constexpr std::pair<std::string_view, const char*> kSets[] = {{"DOS", "CP866"},
                                                                   {"WIN", "CP1251"},

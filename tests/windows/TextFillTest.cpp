@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QScrollBar>
 #include <QTest>
@@ -33,6 +34,41 @@ std::u16string InDocument(const QtTextSurface& surface) {
 void Wait(const QtTextSurface& surface) {
     while (InDocument(surface).size() < surface.Text().size())
         QApplication::processEvents();
+}
+
+TEST(TextFillTest, AnswersReadersAsIfAllWereThere) {
+    QtTextSurface surface;
+    surface.resize(400, 300);
+    surface.show();
+    surface.LoadPlain(Lines(8000));
+    const QString whole = ToQString(surface.Text());
+    const auto& text = *QAccessible::queryAccessibleInterface(&surface)->textInterface();
+    const auto at = static_cast<int>(whole.indexOf(u"line 7001 of many"));
+    EXPECT_EQ(text.characterCount(), whole.size());
+    EXPECT_EQ(text.text(at, -1), whole.mid(at));
+    using enum QAccessible::TextBoundaryType;
+    struct Case {
+        QAccessible::TextBoundaryType kind;
+        int place;
+        QString before, there, behind;
+    };
+    const QString lines[] = {u"line 7000\r\n"_qs, u"\r\n"_qs, u"line 7001 of many\r\n"_qs};
+    for (const Case& each : {Case{CharBoundary, at, u"\r\n"_qs, u"l"_qs, u"i"_qs},
+                             {WordBoundary, at + 7, u" "_qs, u"7001"_qs, u" "_qs},
+                             {ParagraphBoundary, at + 18, lines[1], lines[2], u"line 7002 of many\r\n"_qs},
+                             {ParagraphBoundary, at - 2, lines[0], lines[1], lines[2]},
+                             {ParagraphBoundary, at - 4, u"line 6999 of many\r\n"_qs, lines[0], lines[1]},
+                             {CharBoundary, 0, {}, u"l"_qs, u"i"_qs},
+                             {WordBoundary, text.characterCount(), u"end"_qs, {}, {}},
+                             {LineBoundary, at, lines[1], lines[2], u"line 7002 of many\r\n"_qs}}) {
+        EXPECT_EQ(InDocument(surface).size() < surface.Length(), true) << "none of it asks for the layout";
+        int begin = 0;
+        int end = 0;
+        EXPECT_EQ(text.textBeforeOffset(each.place, each.kind, &begin, &end), each.before) << each.kind;
+        EXPECT_EQ(text.textAfterOffset(each.place, each.kind, &begin, &end), each.behind) << each.kind;
+        EXPECT_EQ(text.textAtOffset(each.place, each.kind, &begin, &end), each.there) << each.kind;
+        EXPECT_EQ(whole.mid(begin, end - begin), each.there) << each.kind;
+    }
 }
 
 TEST(TextFillTest, LosesNothingOfWhatIsDoneMeanwhile) {

@@ -5,6 +5,7 @@
 #include "platform/qt/PrintLayout.h"
 #include "platform/qt/QtPrinter.h"
 #include "platform/qt/QtText.h"
+#include "platform/qt/TextAccess.h"
 #include "platform/qt/TextFill.h"
 #include "platform/qt/ViewLayout.h"
 
@@ -71,6 +72,7 @@ QtTextSurface::QtTextSurface(QWidget* parent, EditingKeys keys)
     document()->setDocumentLayout(layout_);
     setCursorWidth(caretWidth); // which is the layout's
     connect(layout_, &ViewLayout::viewMoved, this, &QtTextSurface::FollowView);
+    AnnounceTexts();
     setFrameShape(QFrame::NoFrame);
     setAcceptRichText(false);
     document()->setUndoRedoEnabled(keys == EditingKeys::OfSurface);
@@ -98,10 +100,12 @@ std::size_t QtTextSurface::SurfacePosition(int documentPosition) const {
     return lines_->TextPosition(documentPosition);
 }
 
-// What calls from outside name may lie in what is to be filled in yet.
+// What calls from outside name may lie in what is to be filled in yet. What was filled in last may become
+// another line's.
 int QtTextSurface::DocumentPosition(std::size_t surfacePosition) const {
-    FillAll();
     surfacePosition = std::min(surfacePosition, Length());
+    if (surfacePosition + LongLines::kMost > Length() - fill_->Left())
+        FillAll();
     const bool isInside = surfacePosition > 0 && IsInsideCharacter(mirror_.Part(surfacePosition - 1, 2), 1);
     return lines_->DocumentPosition(surfacePosition - (isInside ? 1 : 0));
 }
@@ -145,12 +149,17 @@ void QtTextSurface::MirrorChange(int from, int /*removed*/, int added) {
     textMoved_ = true;
 }
 
+void QtTextSurface::Raise(const TextEdit& edit) {
+    AnnounceEdit(*this, edit);
+    if (OnChange)
+        OnChange(edit);
+}
+
 void QtTextSurface::RaiseChange() {
     if (!std::exchange(textMoved_, false))
         return;
     const std::u16string went = std::exchange(went_, {});
-    if (OnChange)
-        OnChange({.place = place_, .went = went, .came = mirror_.View(place_, came_)});
+    Raise({.place = place_, .went = went, .came = mirror_.View(place_, came_)});
 }
 
 void QtTextSurface::NoteSelection() {
@@ -159,6 +168,7 @@ void QtTextSurface::NoteSelection() {
     const Selection now = CurrentSelection();
     if (std::exchange(noted_, now) == now)
         return;
+    AnnounceSelection(*this);
     if (OnSelChange)
         OnSelChange();
 }
@@ -247,6 +257,7 @@ void QtTextSurface::SetFont(const SurfaceFont& font) {
 
 std::size_t QtTextSurface::PrintRange(Printer& printer, const TwipsRect& rectangle, const TwipsRect& page,
                                       std::size_t from) {
+    FillAll();
     auto& pages = dynamic_cast<QtPrinter&>(printer);
     const PrintSheet sheet = printer.Sheet();
     const auto onDevice = [&](const TwipsRect& twips) {

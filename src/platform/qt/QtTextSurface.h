@@ -84,6 +84,11 @@ public:
 
     void SetFocus() override;
 
+    /// A position in the text, from one in the widget's document.
+    std::size_t SurfacePosition(int documentPosition) const;
+    /// The other way round; completes the document if it does not reach as far yet.
+    int DocumentPosition(std::size_t surfacePosition) const;
+
 protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -110,8 +115,6 @@ private:
     };
 
     bool LeavesToCommands(const QKeyEvent& event) const;
-    std::size_t SurfacePosition(int documentPosition) const;
-    int DocumentPosition(std::size_t surfacePosition) const;
     Selection CurrentSelection() const { return {SelStart(), SelLength()}; }
 
     void ReplaceAll(GapText text, const std::function<void()>& begin);
@@ -124,6 +127,7 @@ private:
     void NoteSelection();
     void OfferSelection() const;
     bool TakeFile(QDropEvent& event);
+    void Raise(const TextEdit& edit);
     void RaiseChange();
     void TidyLines();
     void StepOverPart(const QKeyEvent& event);

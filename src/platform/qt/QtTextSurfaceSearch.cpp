@@ -3,6 +3,7 @@
 #include "platform/qt/LongLines.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/QtTextSurface.h"
+#include "platform/qt/TextAccess.h"
 #include "platform/qt/TextFind.h"
 #include "platform/qt/ViewLayout.h"
 
@@ -70,9 +71,11 @@ void QtTextSurface::ReplaceEach(const std::function<const Replacement*()>& next,
     replacing_ = false;
     noted_ = CurrentSelection();
     for (const Edit& edit : edits)
-        if (OnChange)
-            OnChange({.place = edit.place, .went = edit.went, .came = edit.came});
-    if (!edits.empty() && OnSelChange)
+        Raise({.place = edit.place, .went = edit.went, .came = edit.came});
+    if (edits.empty())
+        return;
+    AnnounceSelection(*this);
+    if (OnSelChange)
         OnSelChange();
 }
 

@@ -1,6 +1,7 @@
 #include "platform/qt/ScreenReaders.h"
 
 #include "platform/qt/QtBarWindow.h"
+#include "platform/qt/TextAccess.h"
 
 #include <QAccessible>
 #include <QAccessibleObject>
@@ -50,32 +51,31 @@ QAccessibleInterface* MakeRoot(const QString& /*className*/, QObject* object) {
 }
 
 /// How many letters an event would send over the bus.
-qsizetype LettersIn(const QAccessibleEvent& event) {
+std::size_t LettersIn(const QAccessibleEvent& event) {
+    const auto size = [](const QString& text) { return static_cast<std::size_t>(text.size()); };
     switch (event.type()) {
     case QAccessible::TextInserted:
-        return static_cast<const QAccessibleTextInsertEvent&>(event).textInserted().size();
+        return size(static_cast<const QAccessibleTextInsertEvent&>(event).textInserted());
     case QAccessible::TextRemoved:
-        return static_cast<const QAccessibleTextRemoveEvent&>(event).textRemoved().size();
+        return size(static_cast<const QAccessibleTextRemoveEvent&>(event).textRemoved());
     case QAccessible::TextUpdated: {
         const auto& update = static_cast<const QAccessibleTextUpdateEvent&>(event);
-        return update.textRemoved().size() + update.textInserted().size();
+        return size(update.textRemoved()) + size(update.textInserted());
     }
     default:
         return 0;
     }
 }
 
-// An event holds what has changed, such as the letters that came. That a window went is told. Of more than a
-// page of letters only that they have changed: whoever wants to read it asks for the part that he is at.
+// An event holds what has changed, such as the letters that came. That a window went is told.
 void PassOn(QAccessibleEvent* event) {
     const bool goes =
         event->type() == QAccessible::ObjectHide || event->type() == QAccessible::ObjectDestroyed;
-    if (!goes && !IsOnScreen(event->object()))
+    if ((!goes && !IsOnScreen(event->object())) || IsToldOfDocument(*event))
         return;
-    constexpr qsizetype kPage = 4000;
     QAccessibleEvent changed(event->object(), QAccessible::VisibleDataChanged);
     QAccessible::installUpdateHandler(nullptr);
-    QAccessible::updateAccessibility(LettersIn(*event) > kPage ? &changed : event);
+    QAccessible::updateAccessibility(LettersIn(*event) > kMostTold ? &changed : event);
     QAccessible::installUpdateHandler(PassOn);
 }
 
