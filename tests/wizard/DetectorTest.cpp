@@ -252,6 +252,13 @@ TEST(Repair, HoldsEveryLineAgainstTheVerdict) {
     repaired = Repair(late, Detect(late));
     EXPECT_EQ(repaired.apart, 1U);
     EXPECT_EQ(repaired.text.size(), 121 * text.size());
+    // "Most" is of those that went a way: ASCII goes none.
+    std::string mixed = koi.substr(0, 3 * text.size() / 2);
+    mixed.resize(mixed.rfind('\n') + 1);
+    const Verdict onKoi = Detect(mixed);
+    for (int i = 0; i < 100; ++i)
+        mixed += i < 90 ? "no Russian\n" : Iconv(text, "UTF-8", "CP866");
+    EXPECT_LT(Repair(mixed, onKoi).apart, 4U);
     // A word that says nothing goes the way of the whole, and another language is left alone line by line.
     const std::string odd = koi + Iconv("ЙЦУКЕН ъъы\n", "UTF-8", "KOI8-R");
     EXPECT_TRUE(Repair(odd, Detect(odd)).text.ends_with("ЙЦУКЕН ъъы\n"));
