@@ -72,7 +72,7 @@ TEST(TableUndo, KnowsRussian) {
     const std::string clear = "Поздно вечером, когда погасли огни, старый смотритель обошёл причал — №5.\n";
     EXPECT_TRUE(IsClearlyRussian(clear));
     for (const std::string& also :
-         {"\x1B"s, "\x7F"s, "ї"s, "нИн"s, "\xD0"s, "\xE2\x80"s, "•"s, "\xC0\x80"s}) {
+         {"\x1B"s, "\x7F"s, "ї"s, "ѡ"s, "нИн"s, "\xD0"s, "\xE2\x80"s, "•"s, "\xC0\x80"s}) {
         EXPECT_FALSE(IsClearlyRussian(clear + also)) << also;
         EXPECT_FALSE(IsClearlyRussian(also + clear)) << also;
     }
@@ -87,7 +87,11 @@ TEST(TableUndo, KnowsRussian) {
     EXPECT_FALSE(IsClearlyRussian("сон") || IsClearlyRussian("«»«»«»«» погасли огни, старый"));
     EXPECT_FALSE(TableUndo(*ChainFrom("koi8-r>1251")).Undo("\xC0\xA0 and more", undone));
     TableUndo broken{Chain{}};
-    EXPECT_FALSE(broken.Undo("При\xD0", undone));
+    for (const char* nothing :
+         {"\xD0", "\xC1\x81", "\xE0\x81\x81", "\xED\xA0\x80", "\xF0\x9F\x98", "\xF8\x80\x80"})
+        for (const std::size_t before : {std::size_t{0}, std::size_t{8}, std::size_t{14}})
+            EXPECT_FALSE(
+                broken.Undo(std::string(before, '-') + nothing + "- смотритель погасил огни", undone));
     EXPECT_FALSE(TableUndo(*ChainFrom("utf-16le")).Undo("ab", undone));
 }
 
