@@ -1,6 +1,6 @@
 #include "wizard/command/Filter.h"
 
-#include "wizard/detect/LineRepair.h"
+#include "wizard/command/LineWriter.h"
 #include "wizard/detect/Pieces.h"
 #include "wizard/detect/Repair.h"
 
@@ -47,7 +47,7 @@ bool ReadBeginning(std::istream& in, std::string& bytes, std::size_t& high) {
 class Stream {
 public:
     Stream(const Options& options, const Talk& talk)
-        : options_(options), talk_(talk), target_(options.target) {}
+        : options_(options), talk_(talk), writer_(talk.out, options.target) {}
 
     int Run(std::istream& in) {
         bool more = true;
@@ -73,6 +73,7 @@ private:
         if (options_.from) {
             chain_ = options_.from;
             debris_ = std::exchange(chain_->debris, std::nullopt);
+            writer_.SetStored(chain_->stored);
         } else if (!more) {
             return Whole();
         } else {
@@ -88,13 +89,12 @@ private:
         const Repaired repaired = Repair(bytes_, verdict, options_.detect);
         unsure_ += repaired.unsure;
         apart_ += repaired.apart;
-        std::optional<std::string> output;
         if (repaired.changed) {
-            const Set stored = verdict.candidates.front().chain.stored;
-            output = isFirst_ ? Output(repaired.text, target_, stored) : Encoded(repaired.text, stored);
-            unfit_ = unfit_ || !output;
+            writer_.SetStored(verdict.candidates.front().chain.stored);
+            writer_.Write(repaired.text, bytes_);
+        } else {
+            writer_.Pass(bytes_);
         }
-        talk_.out << (output ? *output : bytes_);
         return false;
     }
 
@@ -103,9 +103,8 @@ private:
         if (verdict.candidates.empty()) { // ASCII so far
             const std::size_t end = bytes_.rfind('\n', high);
             const std::size_t done = end == bytes_.npos ? high : end + 1;
-            talk_.out << std::string_view(bytes_).substr(0, done);
+            writer_.Pass(std::string_view(bytes_).substr(0, done));
             bytes_.erase(0, done);
-            isFirst_ = false;
             passes_ = done == 0;
             return;
         }
@@ -123,7 +122,9 @@ private:
             candidate.chain.debris.reset();
         const bool isClean = verdict.answer == Answer::Clean;
         passes_ = isClean && (verdict.candidates.front().language == "binary" || !IsUtf8(beginning));
-        target_ = isClean ? Target::Utf8 : target_; // it stays as it is
+        if (isClean)
+            writer_.LeaveAlone();
+        writer_.SetStored(chain.stored);
         const bool isUtf16 = chain.stored == Set::Utf16Le || chain.stored == Set::Utf16Be;
         const bool hasLines = !isUtf16 && (!debris_ || verdict.answer == Answer::Sure);
         if (!hasLines && (verdict.answer != Answer::Sure || !Lossless(chain, beginning))) {
@@ -140,7 +141,7 @@ private:
         if (!chain_ && !passes_)
             return;
         if (passes_) {
-            talk_.out << bytes_;
+            writer_.Pass(bytes_);
             bytes_.clear();
         } else if (debris_) {
             const std::size_t done = isEnd ? bytes_.size() : WholePieces(*debris_, bytes_);
@@ -167,55 +168,11 @@ private:
     }
 
     void Take(std::string_view block) {
-        text_.clear();
-        if (!lines_) {
-            const Undone undone = Undo(*chain_, block);
-            lost_ += undone.lost;
-            WriteIn(undone.text, block);
-        } else if (target_ == Target::Utf8) {
-            lines_->Add(block, text_);
-            Write();
-        } else {
-            TakeEach(block);
-        }
-    }
-
-    /// For another set than UTF-8: what stays as it is must not be written in it.
-    void TakeEach(std::string_view block) {
-        std::size_t start = 0;
-        for (std::size_t at = 0, end = 0; at < block.size(); at = end) {
-            end = std::min(block.find('\n', at), block.size() - 1) + 1;
-            const std::size_t unsureBefore = lines_->Unsure(), size = text_.size();
-            lines_->Add(block.substr(at, end - at), text_);
-            if (lines_->Unsure() == unsureBefore)
-                continue;
-            text_.resize(size);
-            WriteIn(text_, block.substr(start, at - start));
-            talk_.out << block.substr(at, end - at);
-            text_.clear();
-            start = end;
-        }
-        WriteIn(text_, block.substr(start));
-    }
-
-    void WriteIn(const std::string& text, std::string_view bytes) {
-        const auto output = isFirst_ ? Output(text, target_, chain_->stored) : Encoded(text, chain_->stored);
-        isFirst_ = false;
-        unfit_ = unfit_ || !output;
-        talk_.out << (output ? std::string_view(*output) : bytes);
-    }
-
-    /// The charset that is declared stands in the beginning.
-    void Write() {
-        if (isFirst_ && lines_->Changed())
-            talk_.out << *Output(text_, Target::Utf8, Set::Utf8);
-        else
-            talk_.out << text_;
-        isFirst_ = false;
-    }
-
-    std::optional<std::string> Encoded(const std::string& text, Set stored) const {
-        return Encode(SetOf(target_, stored), text);
+        if (lines_)
+            return writer_.Repair(*lines_, block);
+        const Undone undone = Undo(*chain_, block);
+        lost_ += undone.lost;
+        writer_.Write(undone.text, block);
     }
 
     void Tell(Word word) const { talk_.err << "quillshift-wizard: " << Say(word, talk_.language) << '\n'; }
@@ -223,7 +180,7 @@ private:
     int Told() const {
         const std::size_t apart = apart_ + (lines_ ? lines_->Apart() : 0);
         const std::size_t unsureOnes = unsure_ + (lines_ ? lines_->Unsure() : 0);
-        if (unfit_)
+        if (writer_.IsUnfit())
             return talk_.Fail("-", Word::NotRepresentable);
         if (lost_ > 0)
             talk_.err << "quillshift-wizard: " << lost_ << ' ' << Say(Word::Lost, talk_.language) << '\n';
@@ -236,14 +193,12 @@ private:
 
     const Options& options_;
     const Talk& talk_;
-    Target target_;
-    std::string bytes_, plain_, text_; ///< what came in; with the debris undone; as it goes out
-    std::optional<Chain> chain_;       ///< once it is known
+    LineWriter writer_;
+    std::string bytes_, plain_;  ///< what came in; with the debris undone
+    std::optional<Chain> chain_; ///< once it is known
     std::optional<Debris> debris_;
     std::optional<LineRepair> lines_;
     bool passes_ = false;
-    bool isFirst_ = true; ///< nothing is written yet
-    bool unfit_ = false;
     std::size_t unsure_ = 0, apart_ = 0, lost_ = 0;
 };
 
