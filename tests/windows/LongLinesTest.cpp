@@ -2,6 +2,7 @@
 
 #include "platform/qt/LongLines.h"
 
+#include "platform/qt/PrintLayout.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/QtTextSurface.h"
 #include "support/FakeSurface.h"
@@ -10,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QPainter>
 #include <QTest>
 #include <QTextBoundaryFinder>
 #include <QTextDocument>
@@ -102,6 +104,52 @@ TEST_F(LongLinesTest, AreOneLineInAllCalls) {
     }
 }
 
+// As of one paragraph, which the model has: on the screen, in each call, and on paper.
+TEST_F(LongLinesTest, GoOnWithTheirRowsOverTheBorders) {
+    for (const auto& [name, line] : {std::pair("words", Line(50'000, true)),
+                                     {"one word", Line(50'000, false)},
+                                     {"to the left", Line(20, true) + std::u16string(50'000, u'ש')},
+                                     {"from the right", u"ש" + std::u16string(50'000, u'-')}}) {
+        SCOPED_TRACE(name);
+        QtTextSurface model(nullptr, EditingKeys::OfSurface);
+        model.resize(500, 300);
+        model.show();
+        std::vector<std::size_t> pages[2];
+        for (QtTextSurface* const surface : {&model, &real}) {
+            surface->LoadPlain(u"before\r\n" + line + u"\r\nbehind");
+            ASSERT_GT(surface->LineCount(), 300);
+            QImage paper(500, 900, QImage::Format_RGB32);
+            QPainter painter(&paper);
+            PrintLayout layout(*surface->document(), paper, false);
+            for (int at = 0; at < surface->document()->characterCount() - 1;
+                 pages[surface == &real].push_back(surface->SurfacePosition(at)))
+                at = layout.Paint(painter, {0, 0, 400, 800}, at);
+        }
+        EXPECT_EQ(pages[0], pages[1]);
+        for (int row = 0; row < model.LineCount(); row += 60)
+            ASSERT_EQ(real.LineIndex(row), model.LineIndex(row)) << row;
+        real.LoadPlain(model.Text()); // its borders are where they were
+        real.SetSelStart(real.Length());
+        real.SetSelStart(0);
+        for (std::size_t border = 0; border < 2; ++border) {
+            const std::size_t place = Border(border) - 200;
+            for (QtTextSurface* const surface : {&model, &real}) {
+                surface->SetTopPosition(place);
+                QTest::qWait(1);
+            }
+            for (std::size_t at = place; at < std::min(place + 400, real.Length()); ++at) {
+                QPoint seen[2];
+                for (QtTextSurface* const surface : {&model, &real}) {
+                    QTextCursor cursor(surface->document());
+                    cursor.setPosition(surface->DocumentPosition(at));
+                    seen[surface == &real] = surface->cursorRect(cursor).topLeft();
+                }
+                ASSERT_EQ(seen[0], seen[1]) << border << ": " << at;
+            }
+        }
+    }
+}
+
 // The model has an undo of its own, and so its line in one paragraph.
 TEST_F(LongLinesTest, AreOneLineToKeysAndClicks) {
     QtTextSurface model(nullptr, EditingKeys::OfSurface);
@@ -109,7 +157,7 @@ TEST_F(LongLinesTest, AreOneLineToKeysAndClicks) {
     for (QtTextSurface* const surface : {&real, &model})
         surface->LoadPlain(u"before\r\n" + line + u"\r\nbehind");
     ASSERT_LT(real.document()->blockCount(), 5) << "it comes bit by bit";
-    for (int step = 0; step < 200; ++step) {
+    for (int step = 0; step < 80; ++step) {
         const std::size_t at = Border(0) + random.Below(5) - 2;
         constexpr Qt::Key kKeys[] = {Qt::Key_Left, Qt::Key_Right, Qt::Key_Backspace, Qt::Key_Delete,
                                      Qt::Key_X,    Qt::Key_Left,  Qt::Key_Right};
@@ -121,7 +169,12 @@ TEST_F(LongLinesTest, AreOneLineToKeysAndClicks) {
             if (step % 2 == 0)
                 surface->SetSelStart(at);
             QTest::keyClick(surface, key, modifiers);
-            if (step == 60)
+            if (step % 7 == 6) {
+                surface->SetSelLength(3);
+                QTest::keyClick(surface, step % 2 == 0 ? Qt::Key_Delete : Qt::Key_Backspace,
+                                Qt::ControlModifier);
+            }
+            if (step == 40)
                 QTest::keyClick(surface, Qt::Key_Return);
         }
         ASSERT_TRUE(real.Text() == model.Text()) << step << ": " << key << modifiers;
@@ -131,7 +184,10 @@ TEST_F(LongLinesTest, AreOneLineToKeysAndClicks) {
         ASSERT_FALSE(HasFatalFailure()) << step;
     }
     real.LoadPlain(u"before\r\n" + line + u"\r\nbehind");
+    real.SetSelStart(real.Length());
     real.SetSelStart(0);
+    real.SetSelStart(Border(1));
+    real.grab(); // its row is seen
     const std::size_t border = Border(1);
     real.SetSelStart(border);
     for (const auto& [key, isBehind] :

@@ -55,6 +55,18 @@ bool ContinuesLine(const QTextBlock& block) {
     return block.userData() != nullptr;
 }
 
+QTextBlock FirstOfLine(QTextBlock block) {
+    while (ContinuesLine(block))
+        block = block.previous();
+    return block;
+}
+
+QTextBlock LastOfLine(QTextBlock block) {
+    while (ContinuesLine(block.next()))
+        block = block.next();
+    return block;
+}
+
 std::size_t PlaceToPart(std::u16string_view line, std::size_t most) {
     constexpr std::size_t kNear = 1'000;
     constexpr std::size_t kBehind = 64; // a character to a reader is no longer
@@ -164,12 +176,8 @@ std::u16string LongLines::TextBetween(int from, int to) const {
 }
 
 void LongLines::SelectWholeLines(QTextCursor& cursor) const {
-    QTextBlock first = document_.findBlock(cursor.selectionStart());
-    while (ContinuesLine(first))
-        first = first.previous();
-    QTextBlock last = document_.findBlock(cursor.selectionEnd());
-    while (ContinuesLine(last.next()))
-        last = last.next();
+    const QTextBlock first = FirstOfLine(document_.findBlock(cursor.selectionStart()));
+    const QTextBlock last = LastOfLine(document_.findBlock(cursor.selectionEnd()));
     cursor.setPosition(first.position());
     cursor.setPosition(last.position() + LengthOf(last), QTextCursor::KeepAnchor);
 }
@@ -192,6 +200,25 @@ void LongLines::Join(const QTextBlock& block) {
     cursor.setPosition(place + 1, QTextCursor::KeepAnchor);
     cursor.removeSelectedText();
     Follow(place, 0);
+}
+
+void LongLines::MoveBorder(int from, int to) {
+    QTextCursor cursor(&document_);
+    cursor.beginEditBlock();
+    Join(document_.findBlock(from).next());
+    cursor.setPosition(to);
+    Continue(cursor);
+    cursor.endEditBlock();
+}
+
+void LongLines::JoinSelected(const QTextCursor& cursor) {
+    const int begin = cursor.selectionStart();
+    for (QTextBlock block = document_.findBlock(cursor.selectionEnd()); block.position() > begin;) {
+        const int before = block.position() - 1;
+        if (ContinuesLine(block))
+            Join(block);
+        block = document_.findBlock(before);
+    }
 }
 
 void LongLines::Part(const QTextBlock& block) {

@@ -17,6 +17,10 @@ namespace quillshift {
 /// Whether a paragraph goes on with the line of the one before.
 bool ContinuesLine(const QTextBlock& block);
 
+/// The first and the last paragraph of the line to which one belongs.
+QTextBlock FirstOfLine(QTextBlock block);
+QTextBlock LastOfLine(QTextBlock block);
+
 /// The last place at or before `most` where a line may be parted: behind a blank if one is near, never
 /// within what is one character to a reader. More than 0; `most` is less than the line's length.
 std::size_t PlaceToPart(std::u16string_view line, std::size_t most);
@@ -41,6 +45,10 @@ public:
     /// Parts what has become too long about there, and joins what is short. The text stays as it is, and so
     /// do the cursors' places in it.
     void Tidy(int from, int to);
+    /// Lets the part that ends there, and goes on in another one, end at another place of the line.
+    void MoveBorder(int from, int to);
+    /// Makes each line of what the cursor has selected one paragraph, until the next `Tidy` there.
+    void JoinSelected(const QTextCursor& cursor);
     /// Puts a text in the place of what the cursor has selected.
     void Insert(QTextCursor& cursor, const QString& text);
     /// Goes on with the last line in a paragraph of its own.

@@ -55,7 +55,7 @@ std::vector<Word> LongWords(const QString& text) {
 QTextOption OptionOf(const QTextBlock& block) {
     const QTextBlockFormat format = block.blockFormat();
     QTextOption option = block.document()->defaultTextOption();
-    option.setTextDirection(block.textDirection());
+    option.setTextDirection(FirstOfLine(block).textDirection());
     option.setTabs(format.tabPositions()); // which the toolkit scales by the layout's font or device
     const bool hasOwn = format.hasProperty(QTextFormat::BlockAlignment);
     option.setAlignment(
@@ -65,21 +65,26 @@ QTextOption OptionOf(const QTextBlock& block) {
 
 } // namespace
 
+void LayOutParagraph(QTextLayout& layout, const QTextBlock& block, qreal room, qreal scale) {
+    LayOutPiece(layout, block.text(), !ContinuesLine(block), block, room, scale);
+}
+
 // A line that begins in a long word can be broken anywhere, which needs no look at the rest of the word;
 // unless it reaches the word's end, where the rule for words is in force again.
-void LayOutParagraph(QTextLayout& layout, const QTextBlock& block, qreal room, qreal scale) {
+void LayOutPiece(QTextLayout& layout, const QString& text, bool isFirst, const QTextBlock& block, qreal room,
+                 qreal scale) {
     const QTextBlockFormat format = block.blockFormat();
     const QTextOption byWords = OptionOf(block);
     QTextOption anywhere = byWords;
     anywhere.setWrapMode(QTextOption::WrapAnywhere);
-    const std::vector<Word> words = LongWords(block.text());
+    const std::vector<Word> words = LongWords(text);
     // Or each stroke of the caret would itemise it again.
     layout.setCacheEnabled(layout.cacheEnabled() || !words.empty());
     auto word = words.begin();
     const auto measure = [scale](qreal pixels) { return std::trunc(pixels * scale * kUnits) / kUnits; };
     const qreal left = measure(format.leftMargin());
     const qreal width = room - left - measure(format.rightMargin());
-    qreal indent = ContinuesLine(block) ? 0 : measure(format.textIndent());
+    qreal indent = isFirst ? measure(format.textIndent()) : 0;
     qreal y = 0;
     const bool isLeftToRight = byWords.textDirection() != Qt::RightToLeft;
 

@@ -2,6 +2,7 @@
 
 #include <QtGlobal>
 
+class QString;
 class QTextBlock;
 class QTextLayout;
 class QTextLine;
@@ -12,6 +13,9 @@ namespace quillshift {
 /// long its words are; the lines are those of the toolkit's own layout. Its measures, which are logical
 /// pixels, are multiplied by `scale`; the layout brings its own font.
 void LayOutParagraph(QTextLayout& layout, const QTextBlock& block, qreal room, qreal scale);
+/// Likewise a piece of the line to which the paragraph belongs; `isFirst`: the line begins with it.
+void LayOutPiece(QTextLayout& layout, const QString& text, bool isFirst, const QTextBlock& block, qreal room,
+                 qreal scale);
 
 /// From the top of a line to that of the next one.
 qreal LineAdvance(const QTextLine& line);

@@ -137,6 +137,8 @@ private:
 
     void ApplyRightMargin();
     bool BringIntoView(bool toEnd);
+    bool PlaceBorders();
+    void PlaceAllBorders();
     void FollowView(int top);
     void KeepPlace(const std::function<void()>& work);
 

@@ -3,6 +3,7 @@
 #include "platform/qt/LongLines.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/QtTextSurface.h"
+#include "platform/qt/ViewLayout.h"
 
 #include <QKeyEvent>
 #include <QScopedValueRollback>
@@ -52,6 +53,30 @@ void QtTextSurface::TidyLines() {
     const int to = std::exchange(tidyTo_, -1);
     if (from <= to)
         lines_->Tidy(from, to);
+}
+
+// A part of a line ends where a row does, once the rows are seen; answers whether one did not.
+bool QtTextSurface::PlaceBorders() {
+    constexpr int kTries = 8; // more than there are in sight
+    const QScopedValueRollback replacing(replacing_, true);
+    int moved = 0;
+    for (QTextBlock block; moved < kTries && (block = layout_->MisplacedBorder()).isValid(); ++moved)
+        lines_->MoveBorder(block.position(), layout_->PlaceOfBorder(block));
+    return moved > 0;
+}
+
+// Each row depends on those before it in the line.
+void QtTextSurface::PlaceAllBorders() {
+    const QScopedValueRollback replacing(replacing_, true);
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
+        if (ContinuesLine(block.next())) {
+            const int place = layout_->PlaceOfBorder(block);
+            if (place != block.position() + block.length() - 1) {
+                const int begin = block.position();
+                lines_->MoveBorder(begin, place);
+                block = document()->findBlock(begin);
+            }
+        }
 }
 
 // Two parts meet at a place that is one to the user: the caret is found at the later one's beginning, and
@@ -119,22 +144,13 @@ void QtTextSurface::SelectWholeLine() {
     setTextCursor(cursor);
 }
 
-// As one edit. What is put in with its formats has a line for each paragraph.
+// As one edit, with the formats.
 void QtTextSurface::MoveText(QTextCursor& selection, QTextCursor& target) {
-    const int begin = selection.selectionStart();
-    const int end = selection.selectionEnd();
-    const int paragraphs =
-        document()->findBlock(end).blockNumber() - document()->findBlock(begin).blockNumber();
-    const bool isOfLines =
-        static_cast<int>(SurfacePosition(end) - SurfacePosition(begin)) == end - begin + paragraphs;
-    const QTextDocumentFragment moved = selection.selection();
-    const std::u16string text = SelText();
     target.beginEditBlock();
+    lines_->JoinSelected(selection);
+    const QTextDocumentFragment moved = selection.selection();
     lines_->Insert(selection, {});
-    if (isOfLines)
-        target.insertFragment(moved);
-    else
-        lines_->Insert(target, ToQString(text));
+    target.insertFragment(moved);
     target.endEditBlock();
 }
 

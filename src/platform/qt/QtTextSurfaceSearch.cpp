@@ -93,12 +93,14 @@ std::optional<std::size_t> QtTextSurface::LineIndex(int line) const {
         layout_->blockBoundingRect(block);
         return lineStart(block, block.layout()->lineForTextPosition(cursor.positionInBlock()).lineNumber());
     }
+    const_cast<QtTextSurface&>(*this).PlaceAllBorders();
     const auto [block, number] = layout_->FindLine(line);
     return block.isValid() && line >= 0 ? std::optional(lineStart(block, number)) : std::nullopt;
 }
 
 int QtTextSurface::LineCount() const {
     FillAll();
+    const_cast<QtTextSurface&>(*this).PlaceAllBorders();
     constexpr int kMore = std::numeric_limits<int>::max();
     return kMore - layout_->FindLine(kMore).second;
 }

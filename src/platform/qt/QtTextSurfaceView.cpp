@@ -27,9 +27,16 @@ bool QtTextSurface::BringIntoView(bool toEnd) {
     const QSizeF size = layout_->documentSize();
     const QScopedValueRollback following(following_, true); // the bar's range may change
     constexpr int kTries = 3;                               // or end before the place
-    for (int tries = 0, top = -1; top != bar.value() && tries<kTries; ++tries, toEnd = tries> 0) {
-        top = layout_->BringIntoView(bar.value(), viewport()->height(), toEnd);
-        bar.setValue(top);
+    const auto bring = [&] {
+        for (int tries = 0, top = -1; top != bar.value() && tries < kTries; ++tries) {
+            top = layout_->BringIntoView(bar.value(), viewport()->height(), toEnd || tries > 0);
+            bar.setValue(top);
+        }
+    };
+    bring();
+    if (PlaceBorders()) {
+        bring();
+        return true;
     }
     return bar.value() != asked || layout_->documentSize() != size;
 }

@@ -42,57 +42,55 @@ void TextFill::Stop() {
 }
 
 void TextFill::Go(std::u16string_view text, std::chrono::milliseconds time) {
-    const auto end = std::chrono::steady_clock::now() + time;
+    const auto until = std::chrono::steady_clock::now() + time;
     QTextCursor cursor(&document_);
     cursor.movePosition(QTextCursor::End);
     cursor.beginEditBlock();
     do {
         const std::u16string_view rest = text.substr(text.size() - left_);
-        const int begin = cursor.position();
-        left_ -= runs_.empty() ? AddPlain(cursor, rest) : AddRich(cursor, rest);
-        if (!runs_.empty())
-            lines_.Tidy(begin, cursor.position());
-    } while (left_ > 0 && std::chrono::steady_clock::now() < end);
+        const std::size_t end = EndOfPiece(rest);
+        if (isInLine_)
+            lines_.Continue(cursor);
+        if (runs_.empty())
+            cursor.insertText(ToQString(rest.substr(0, end)));
+        else
+            AddRich(cursor, rest.substr(0, end));
+        isInLine_ = end < rest.size() && rest.substr(end, kBreak.size()) != kBreak;
+        left_ -= end;
+    } while (left_ > 0 && std::chrono::steady_clock::now() < until);
     cursor.endEditBlock();
     if (left_ == 0)
         Stop();
 }
 
-std::size_t TextFill::AddPlain(QTextCursor& cursor, std::u16string_view rest) {
+// A line that is too long for a paragraph begins a piece.
+std::size_t TextFill::EndOfPiece(std::u16string_view rest) const {
     const std::u16string_view near =
         lines_.IsParting() ? rest.substr(0, LongLines::kMost + kBreak.size()) : rest;
-    std::size_t end = std::min(near.find(kBreak, kPiece), rest.size());
-    if (lines_.IsParting() && end > LongLines::kMost)
-        end = PlaceToPart(rest, kPiece);
-    if (isInLine_)
-        lines_.Continue(cursor);
-    cursor.insertText(ToQString(rest.substr(0, end)));
-    isInLine_ = end < rest.size() && rest.substr(end, kBreak.size()) != kBreak;
-    return end;
+    const std::size_t end = std::min(near.find(kBreak, kPiece), rest.size());
+    if (!lines_.IsParting() || end <= LongLines::kMost)
+        return end;
+    const std::size_t line = near.rfind(kBreak, kPiece);
+    return line == near.npos || line == 0 ? PlaceToPart(rest, kPiece) : line;
 }
 
-// To the end of a line behind so many units: what follows begins with a break.
-std::size_t TextFill::AddRich(QTextCursor& cursor, std::u16string_view rest) {
-    std::size_t at = 0;
-    for (; run_ < runs_.size(); ++run_) {
-        const QTextCharFormat format = ToQt(runs_[run_].format);
-        std::size_t& length = runs_[run_].length;
-        while (length > 0) {
-            if (rest.substr(at, kBreak.size()) == kBreak) {
-                if (at >= kPiece)
-                    return at;
-                cursor.insertBlock(ToQt(paragraphs_[++paragraph_]), format);
-                at += kBreak.size();
-                length -= kBreak.size();
-                continue;
-            }
-            const std::size_t stop = std::min(rest.substr(0, at + length).find(kBreak, at), at + length);
-            cursor.insertText(ToQString(rest.substr(at, stop - at)), format);
-            length -= stop - at;
-            at = stop;
+void TextFill::AddRich(QTextCursor& cursor, std::u16string_view piece) {
+    while (!piece.empty()) {
+        if (runs_[run_].length == 0) {
+            ++run_;
+            continue;
         }
+        const QTextCharFormat format = ToQt(runs_[run_].format);
+        const bool isBreak = piece.starts_with(kBreak);
+        const std::size_t length =
+            isBreak ? kBreak.size() : std::min({piece.find(kBreak), piece.size(), runs_[run_].length});
+        if (isBreak)
+            cursor.insertBlock(ToQt(paragraphs_[++paragraph_]), format);
+        else
+            cursor.insertText(ToQString(piece.substr(0, length)), format);
+        runs_[run_].length -= length;
+        piece.remove_prefix(length);
     }
-    return at;
 }
 
 } // namespace quillshift

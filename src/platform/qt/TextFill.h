@@ -32,8 +32,8 @@ public:
     void Go(std::u16string_view text, std::chrono::milliseconds time);
 
 private:
-    std::size_t AddPlain(QTextCursor& cursor, std::u16string_view rest);
-    std::size_t AddRich(QTextCursor& cursor, std::u16string_view rest);
+    std::size_t EndOfPiece(std::u16string_view rest) const;
+    void AddRich(QTextCursor& cursor, std::u16string_view piece);
 
     QTextDocument& document_;
     LongLines& lines_;

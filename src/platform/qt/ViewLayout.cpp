@@ -185,6 +185,46 @@ int ViewLayout::BringIntoView(int top, int height, bool toEnd) {
     return answer;
 }
 
+int ViewLayout::PlaceOfBorder(const QTextBlock& block) const {
+    constexpr int kAhead = 2000; // more than a row has
+    const QTextBlock next = block.next();
+    const int end = block.position() + block.length() - 1;
+    QTextLayout forgotten(block);
+    const QTextLayout* layout = block.layout();
+    if (!HasLines(block)) {
+        LayOutParagraph(forgotten, block, LineWidth(), Zoom());
+        layout = &forgotten;
+    }
+    const int begin = layout->lineAt(layout->lineCount() - 1).textStart();
+    const QString text = block.text().mid(begin) + next.text().left(kAhead);
+    const int inside = block.length() - 1 - begin;
+    QList<QTextLayout::FormatRange> formats;
+    for (const auto& [part, from] : {std::pair(block, -begin), {next, inside}})
+        for (QTextLayout::FormatRange range : part.textFormats()) {
+            range.length += std::min(range.start + from, 0);
+            range.start = std::max(range.start + from, 0);
+            if (range.length > 0)
+                formats.append(range);
+        }
+    QTextLayout row(text, document()->defaultFont(), paintDevice());
+    row.setFormats(formats);
+    LayOutPiece(row, text, begin == 0 && !ContinuesLine(block), block, LineWidth(), Zoom());
+    const int length = row.lineAt(0).textLength();
+    return row.lineCount() > 1 ? end + length - inside : end;
+}
+
+QTextBlock ViewLayout::MisplacedBorder() const {
+    QTextBlock block = BlockAt(viewTop_);
+    for (; block.isValid() && blockBoundingRect(block).top() < viewTop_ + viewHeight_; block = block.next())
+        if (const QTextBlock next = block.next();
+            ContinuesLine(next) && block.layout()->preeditAreaText().isEmpty() &&
+            next.layout()->preeditAreaText().isEmpty() &&
+            blockBoundingRect(block).bottom() < viewTop_ + viewHeight_ &&
+            PlaceOfBorder(block) != block.position() + block.length() - 1)
+            return block;
+    return {};
+}
+
 std::pair<QTextBlock, int> ViewLayout::FindLine(int line) {
     QTextBlock block = document()->begin();
     Correct([&] {

@@ -32,6 +32,11 @@ public:
     /// its height, `toEnd` whether the view is to show the end. Answers where the view has to begin for that:
     /// what was in sight and still is stays where it is.
     int BringIntoView(int top, int height, bool toEnd);
+    /// Where in the document a paragraph should end whose line goes on in the next one, so that its last row
+    /// is as long as the line has it.
+    int PlaceOfBorder(const QTextBlock& block) const;
+    /// The first in sight that ends elsewhere; an invalid one if there is none.
+    QTextBlock MisplacedBorder() const;
     /// The paragraph with that line of the text, the first being 0, and the number of the line in it. Behind
     /// the last line: none, and how many lines are missing.
     std::pair<QTextBlock, int> FindLine(int line);
