@@ -42,6 +42,8 @@ Word WordOf(Outcome outcome) {
         return Word::DoesNotFit;
     case Outcome::ChangedMeanwhile:
         return Word::ChangedMeanwhile;
+    case Outcome::Unreadable:
+        return Word::CannotRead;
     case Outcome::Failed:
         break;
     }
@@ -50,7 +52,8 @@ Word WordOf(Outcome outcome) {
 
 int StatusOf(Outcome outcome) {
     const bool isFine = outcome == Outcome::Repaired || outcome == Outcome::LeftAlone;
-    return isFine ? fine : outcome == Outcome::Failed ? trouble : unsure;
+    const bool isTrouble = outcome == Outcome::Failed || outcome == Outcome::Unreadable;
+    return isFine ? fine : isTrouble ? trouble : unsure;
 }
 
 /// What the repairs came to, a line for each file that was not simply left alone.
@@ -76,6 +79,8 @@ Word WordOf(Returned returned) {
         return Word::AsBefore;
     case Returned::Changed:
         return Word::ChangedMeanwhile;
+    case Returned::Gone:
+        return Word::Gone;
     case Returned::NoBackup:
         return Word::NoBackup;
     case Returned::Failed:
@@ -93,9 +98,11 @@ int TellFiles(const std::vector<std::string>& names, const Options& options, con
             status = talk.Fail(finding.path, Word::CannotRead);
             continue;
         }
-        talk.out << (options.json                 ? Json(finding.path, finding.verdict)
-                     : options.task == Task::List ? Listing(finding.path, finding.verdict, talk.language)
-                                                  : Line(finding, talk.language));
+        const std::string line = Line(finding, talk.language);
+        talk.out << (options.json                 ? Json(finding.path, finding.verdict,
+                                         finding.isBorrowed ? finding.chain : std::nullopt)
+                     : options.task == Task::List ? line + Readings(finding.verdict, talk.language)
+                                                  : line);
         status = std::max(status, finding.How() == Answer::Unsure ? unsure : fine);
     }
     return status;

@@ -91,6 +91,7 @@ constexpr struct {
      "изменился тем временем; оставлен как есть"},
     {Word::Restored, "brought back", "возвращён"},
     {Word::AsBefore, "is as it was", "и так прежний"},
+    {Word::Gone, "was removed; not made anew", "удалён; заново не создан"},
     {Word::NoBackup, "its backup has gone or changed", "его копии нет, или она изменилась"},
 };
 

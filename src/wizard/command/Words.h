@@ -31,6 +31,7 @@ enum class Word {
     ChangedMeanwhile,
     Restored,
     AsBefore,
+    Gone,
     NoBackup
 };
 

@@ -59,13 +59,13 @@ void FolderTimes::Keep(const std::string& file) {
 
 Outcome Repairs::Repair(const Finding& finding) {
     if (!finding.isReadable)
-        return Outcome::Failed;
+        return Outcome::Unreadable;
     if (!finding.chain)
         return finding.verdict.answer == Answer::Unsure ? Outcome::LeftUnsure : Outcome::LeftAlone;
     const std::string path = std::filesystem::absolute(finding.path).lexically_normal();
     const FileContents contents = PosixFiles::ReadNative(path);
     if (contents.failure)
-        return Outcome::Failed;
+        return Outcome::Unreadable;
     if (contents.mark != finding.mark)
         return Outcome::ChangedMeanwhile;
     Outcome why = Outcome::LeftUnsure;
@@ -149,7 +149,7 @@ void RemoveBackup(const RepairEntry& entry) {
 Returned BringBack(const RepairEntry& entry, FolderTimes& times) {
     const FileContents now = PosixFiles::ReadNative(entry.path);
     if (now.failure)
-        return Returned::Failed;
+        return now.isFile || now.isUnknown ? Returned::Failed : Returned::Gone;
     times.Keep(entry.path);
     const std::string hash = Sha256(now.bytes);
     Returned returned = hash == entry.before ? Returned::AsBefore : Returned::Changed;

@@ -26,7 +26,8 @@ enum class Outcome {
     LeftUnsure,       ///< no reading is sure and proves lossless
     DoesNotFit,       ///< the set that was asked for can't hold the text
     ChangedMeanwhile, ///< by another program; its work stays
-    Failed            ///< could not be read or written, or the report could not
+    Unreadable,       ///< as when it was removed meanwhile
+    Failed            ///< could not be written, or the report could not
 };
 
 /// Repairs files in their places, each beside a backup of its own and in one step. Mode, owner and links of
@@ -56,6 +57,7 @@ enum class Returned {
     Restored,
     AsBefore, ///< it was never replaced, or is restored already
     Changed,  ///< it has changed since the repair, and stays
+    Gone,     ///< it was removed since, and isn't made anew
     NoBackup, ///< the backup has gone or changed
     Failed
 };

@@ -9,10 +9,14 @@ bool IsIn(const Chain& chain, Target target) {
     return chain.stored == set && chain.layers.empty() && !chain.debris;
 }
 
+bool CanTryAgain(Outcome outcome) {
+    return outcome == Outcome::Failed || outcome == Outcome::Unreadable;
+}
+
 } // namespace
 
 bool WouldRepair(const RescueRow& row, Target target) {
-    if (!row.Way() || row.isCopied || (row.outcome && row.outcome != Outcome::Failed))
+    if (!row.Way() || row.isCopied || (row.outcome && !CanTryAgain(*row.outcome)))
         return false;
     return !IsIn(*row.Way(), row.text ? Target::Utf8 : target);
 }
