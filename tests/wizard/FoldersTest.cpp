@@ -97,6 +97,8 @@ TEST_F(Folders, ARepairComesBackToTheLastByte) {
     EXPECT_EQ(Everything(), before) << "told to look only";
     EXPECT_THAT(out_, HasSubstr("in/shy.txt: sure, koi8-r, as its neighbours\n"));
     EXPECT_THAT(out_, HasSubstr("in/other.txt: sure, koi8-r, has other names, which change with it\n"));
+    EXPECT_EQ(Call({"--json", folder_}), 0);
+    EXPECT_THAT(out_, HasSubstr("in/shy.txt\",\"answer\":\"sure\",\"borrowed\":\"koi8-r\""));
 
     EXPECT_EQ(Write(), 0) << err_;
     EXPECT_THAT(out_,

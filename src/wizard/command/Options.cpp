@@ -57,7 +57,6 @@ bool SetValue(Options& options, std::string_view name, const std::string& value)
         return options.from.has_value();
     }
     options.task = Task::List;
-    options.detect.candidates = std::max<std::size_t>(options.detect.candidates, 2);
     const bool valid = SetNumber(options.list, value, 50) && options.list > 0;
     options.detect.candidates = options.list;
     return valid;

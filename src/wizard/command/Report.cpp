@@ -79,8 +79,8 @@ std::string Line(const Finding& finding, Language language) {
     return line;
 }
 
-std::string Listing(std::string_view name, const Verdict& verdict, Language language) {
-    std::string lines = Line(name, verdict, language);
+std::string Readings(const Verdict& verdict, Language language) {
+    std::string lines;
     for (const Candidate& candidate : verdict.candidates)
         lines.append("  ")
             .append(Number(candidate.bits))
@@ -92,10 +92,13 @@ std::string Listing(std::string_view name, const Verdict& verdict, Language lang
     return lines;
 }
 
-std::string Json(std::string_view name, const Verdict& verdict) {
-    std::string line = "{\"name\":" + Quoted(name) +
-                       ",\"answer\":" + Quoted(Say(WordOf(verdict.answer), Language::English)) +
-                       ",\"readings\":[";
+std::string Json(std::string_view name, const Verdict& verdict, const std::optional<Chain>& borrowed) {
+    const Answer answer = borrowed ? Answer::Sure : verdict.answer;
+    std::string line =
+        "{\"name\":" + Quoted(name) + ",\"answer\":" + Quoted(Say(WordOf(answer), Language::English));
+    if (borrowed)
+        line += ",\"borrowed\":" + Quoted(ToString(*borrowed));
+    line += ",\"readings\":[";
     for (const Candidate& candidate : verdict.candidates) {
         line += line.back() == '[' ? "{" : ",{";
         line += "\"chain\":" + Quoted(ToString(candidate.chain)) +

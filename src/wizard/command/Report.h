@@ -9,8 +9,8 @@ namespace quillshift::wizard {
 std::string Line(const Finding& finding, Language language);
 std::string Line(std::string_view name, const Verdict& verdict, Language language);
 /// A line for each of the likeliest readings: score in bits, chain, beginning.
-std::string Listing(std::string_view name, const Verdict& verdict, Language language);
-/// The verdict as one JSON object on a line.
-std::string Json(std::string_view name, const Verdict& verdict);
+std::string Readings(const Verdict& verdict, Language language);
+/// The verdict as one JSON object on a line; with a chain that a file borrows from its neighbours it is sure.
+std::string Json(std::string_view name, const Verdict& verdict, const std::optional<Chain>& borrowed = {});
 
 } // namespace quillshift::wizard
