@@ -57,8 +57,9 @@ struct WizardWindow : testing::Test, FakePlatform {
         QDragEnterEvent enter({}, Qt::CopyAction, &data, Qt::LeftButton, {});
         QCoreApplication::sendEvent(&window, &enter);
         EXPECT_TRUE(enter.isAccepted());
-        QDropEvent drop({}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QDropEvent drop({}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
         QCoreApplication::sendEvent(&window, &drop);
+        EXPECT_EQ(drop.dropAction(), Qt::CopyAction) << "or the other program deletes its own";
     }
 
     TemporaryFolder root;
@@ -70,16 +71,19 @@ struct WizardWindow : testing::Test, FakePlatform {
 };
 
 TEST_F(WizardWindow, RescuesADroppedFolderAndBringsItBack) {
-    const std::string letter = Make("1.txt", koi), few = Make("2.txt", "\xF7\xCF\xD4 \xF7");
+    const std::string letter = Make("1.txt", koi), few = Make("2.txt", "\xF7\xCF\xD4 \xF7"),
+                      odd = Make("\xF7.txt", Iconv(text, "UTF-8", "CP866"));
     EXPECT_FALSE(Files().isVisible());
     for (const char* name : {"cmdRepair", "cmdReturn", "cmdClear"})
         EXPECT_FALSE(IsOn(name)) << name;
     QMimeData dropped;
-    dropped.setUrls({QUrl::fromLocalFile(QString::fromStdString(root / "letters"))});
+    const QString folder = QString::fromStdString(root / "letters");
+    dropped.setUrls({QUrl::fromLocalFile(folder), QUrl(QStringLiteral("file://") + folder + "/%F7.txt")});
     Show();
     Drop(dropped);
     Wait();
-    ASSERT_EQ(Files().model()->rowCount(), 2);
+    ASSERT_EQ(Files().model()->rowCount(), 3);
+    EXPECT_EQ(Cell(0, 0), QStringLiteral("1.txt"));
     EXPECT_EQ(Cell(0, 1), QStringLiteral("KOI8-R"));
     EXPECT_TRUE(Option(1).isChecked());
     EXPECT_TRUE(
@@ -92,6 +96,7 @@ TEST_F(WizardWindow, RescuesADroppedFolderAndBringsItBack) {
     Wait();
     EXPECT_EQ(Contents(letter), text);
     EXPECT_EQ(Contents(few), "Вот В");
+    EXPECT_EQ(Contents(odd), text);
     EXPECT_FALSE(IsOn("cmdRepair"));
     EXPECT_FALSE(Option(1).isEnabled()) << "it is done";
     messageBox.answers = {BoxAnswer::No, BoxAnswer::Yes};
@@ -103,6 +108,9 @@ TEST_F(WizardWindow, RescuesADroppedFolderAndBringsItBack) {
     EXPECT_TRUE(Files().hasFocus()) << "or the next Enter would close the window";
     EXPECT_EQ(Contents(letter), koi);
     EXPECT_FALSE(IsOn("cmdReturn"));
+    window.List({Make("../other.txt", text)});
+    Wait();
+    EXPECT_EQ(Cell(0, 0), QStringLiteral("letters/1.txt"));
     Press("cmdClear");
     EXPECT_EQ(Files().model()->rowCount(), 0);
 }

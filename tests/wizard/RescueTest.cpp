@@ -65,6 +65,11 @@ protected:
         made_[folder_ / name] = bytes;
         return folder_ / name;
     }
+    void Remove(const std::string& path) {
+        made_.erase(path);
+        fs::remove(path);
+        fs::remove(path + ".bak");
+    }
     void Finish() {
         while (rescue_.WhatIsDone() != Doing::Nothing) {
             rescue_.Poll();
@@ -164,7 +169,7 @@ TEST_F(RescueTest, ListsWhatEachFileIsRepairsTheSureOnesAndBringsThemBack) {
     Return();
     EXPECT_TRUE(IsAsMade());
     EXPECT_EQ(StateOf(rescue_), "Возвращено: 6 файлов.");
-    EXPECT_EQ(Sure("6.txt"), "возвращён");
+    EXPECT_EQ(Shown().back(), "a.txt: KOI8-R: возвращён") << "borrowed anew";
     EXPECT_FALSE(rescue_.CanReturn());
 }
 
@@ -183,7 +188,9 @@ TEST_F(RescueTest, AChoiceByHandServesTheOtherUnsureFilesOfItsFolderOnly) {
     EXPECT_FALSE(rescue_.HasLikeIt(first));
     EXPECT_EQ(Sure("2.txt"), "выбрано вручную");
     EXPECT_EQ(ProposalsOf(rescue_.Rows()[first].finding, Chain{Set::Dos437, {}}).size(), 5U);
+    rescue_.Choose(Row("odd.txt"), ChainFrom("mac>koi8-r@1251"));
     Repair();
+    EXPECT_EQ(Sure("odd.txt"), "оставлен: что-то потерялось бы");
     const std::string chosen = Iconv(Iconv(few, "CP1251", "KOI8-R"), "MAC-CYRILLIC", "UTF-8");
     for (const auto& [name, bytes] : {std::pair{"a/1.txt", chosen},
                                       {"a/2.txt", chosen},
@@ -197,7 +204,8 @@ TEST_F(RescueTest, AChoiceByHandServesTheOtherUnsureFilesOfItsFolderOnly) {
 
 TEST_F(RescueTest, WhatFailsLosesNothingAndCanBeTriedAgain) {
     const std::string changed = Make("changed.txt", koi), full = Make("full.txt", koi),
-                      fine = Make("fine.txt", twice);
+                      fine = Make("fine.txt", twice), gone = Make("gone.txt", koi),
+                      removed = Make("removed.txt", koi);
     fs::create_hard_link(fine, root_ / "other");
     List();
     EXPECT_THAT(NoteOn(rescue_.Rows()[Row("fine.txt")], true), HasSubstr("другие имена"));
@@ -209,19 +217,24 @@ TEST_F(RescueTest, WhatFailsLosesNothingAndCanBeTriedAgain) {
     files_.noReport = false;
     files_.fails = {full};
     Make("changed.txt", koi + koi);
+    Remove(gone);
     Repair();
+    EXPECT_EQ(Sure("gone.txt"), "больше не читается");
     EXPECT_EQ(Sure("changed.txt"), "оставлен: изменился тем временем");
     EXPECT_EQ(Sure("full.txt"), "не записывается");
-    EXPECT_THAT(StateOf(rescue_), StartsWith("Исправлено: 1 файл, осталось как есть: 2. Отчёт: "));
+    EXPECT_THAT(StateOf(rescue_), StartsWith("Исправлено: 2 файла, осталось как есть: 3. Отчёт: "));
     EXPECT_EQ(Contents(changed), koi + koi);
-    EXPECT_EQ(rescue_.Repairable(), 1U);
+    EXPECT_EQ(rescue_.Repairable(), 2U);
     files_.fails = {fine};
+    Remove(removed);
     Return();
+    EXPECT_EQ(Sure("removed.txt"), "не возвращён: его удалили");
     EXPECT_EQ(Sure("fine.txt"), "не возвращён: не записывается");
     EXPECT_TRUE(rescue_.CanReturn());
     files_.fails.clear();
     Return();
     EXPECT_TRUE(IsAsMade());
+    EXPECT_FALSE(rescue_.CanReturn()) << "what was removed is no reason to keep the report";
 }
 
 TEST_F(RescueTest, AStopInTheMiddleLeavesEachFileAsItWasOrRepaired) {
@@ -267,6 +280,7 @@ TEST_F(RescueTest, ATextGoesBackToTheClipboardUnlessANewerOneIsThere) {
     clipboard.SetText(u"newer");
     Repair();
     EXPECT_EQ(clipboard.text, u"newer");
+    EXPECT_THAT(StateOf(rescue_), HasSubstr("другой текст"));
     clipboard.SetText(garbled);
     rescue_.RepairAll();
     clipboard.SetText(u"newer"); // while it is being repaired

@@ -211,15 +211,16 @@ void Rescue::RepairAll() {
         files.emplace_back(i, rows_[i].finding);
         files.back().second.chain = rows_[i].Way();
     }
-    if (files.empty() && !held)
+    if (files.empty() && !textRow)
         return;
-    isShort_ = !held || held->text.size() <= kShortText;
-    const auto row = held ? rows_[*textRow] : RescueRow{};
+    const auto row = textRow ? rows_[*textRow] : RescueRow{};
+    isShort_ = !textRow || row.text->size() <= kShortText;
     Begin(files.empty() ? Doing::Reading : Doing::Repairing, [=, this](RescueJob& job) {
-        if (held && ToUtf8(held->text) == *row.text)
-            job.Post([this, textRow, held, text = FromUtf8(AsChosen(row))] {
+        if (textRow)
+            job.Post([this, textRow, held, text = FromUtf8(AsChosen(row)), pasted = FromUtf8(*row.text)] {
                 const auto now = clipboard_.Arrived();
-                if (now && now->text == held->text) // nothing newer is pushed out
+                isPushed_ = !held || held->text != pasted || !now || now->text != pasted;
+                if (!isPushed_) // nothing newer is pushed out
                     Copied(*textRow, true, text);
             });
         if (!files.empty())
@@ -302,6 +303,7 @@ void Rescue::BroughtBack(const Finding& now, Returned returned) {
 void Rescue::Begin(Doing doing, std::function<void(RescueJob&)> work) {
     doing_ = doing;
     good_ = left_ = 0;
+    isPushed_ = false;
     summary_.clear();
     job_ = std::make_unique<RescueJob>([this, work = std::move(work)](RescueJob& job) {
         work(job);
@@ -347,8 +349,12 @@ void Rescue::SumUp() {
         summary_ += stopped ? "Просмотрены не все файлы." : "";
         return;
     }
-    if (doing_ == Doing::Reading)
+    const char* const pushed =
+        isPushed_ ? "В буфере обмена другой текст; исправленный туда положит «Копировать исправленное»." : "";
+    if (doing_ == Doing::Reading) {
+        summary_ += pushed;
         return;
+    }
     if (news_.noReport) {
         summary_ = "Отчёт об исправлениях не записывается, поэтому ничего не исправлено.";
         return;
@@ -358,6 +364,7 @@ void Rescue::SumUp() {
     if (left_ > 0)
         summary_ += ", осталось как есть: " + std::to_string(left_);
     summary_ += doing_ == Doing::Repairing ? ". Отчёт: " + report_ : ".";
+    summary_ += isPushed_ ? std::string(". ") + pushed : "";
 }
 
 } // namespace quillshift::wizard

@@ -92,7 +92,8 @@ private:
     Doing doing_ = Doing::Nothing;
     News news_;
     bool canReturn_;
-    bool isShort_ = true; ///< the text that is being read
+    bool isShort_ = true;   ///< the text that is being read
+    bool isPushed_ = false; ///< from the clipboard, so that the repaired text did not go back there
     std::string report_, summary_;
     std::size_t good_ = 0, left_ = 0; ///< files of the running work that came out well, or stayed
     std::unique_ptr<RescueJob> job_;  ///< last, so that it ends first

@@ -37,6 +37,8 @@ const char* WordOf(Outcome outcome, bool byHand) {
         return "оставлен: не помещается в набор";
     case Outcome::ChangedMeanwhile:
         return "оставлен: изменился тем временем";
+    case Outcome::Unreadable:
+        return "больше не читается";
     case Outcome::Failed:
         break;
     }
@@ -51,6 +53,8 @@ const char* WordOf(Returned returned) {
         return "и так прежний";
     case Returned::Changed:
         return "не возвращён: изменился тем временем";
+    case Returned::Gone:
+        return "не возвращён: его удалили";
     case Returned::NoBackup:
         return "не возвращён: его копии нет";
     case Returned::Failed:
@@ -136,6 +140,8 @@ std::string NoteOn(const RescueRow& row, bool hasProposals) {
         return "Прочитать его не удалось.";
     if (!hasProposals)
         return "Здесь нечего исправлять.";
+    if (row.outcome == Outcome::Repaired)
+        return "Уже исправлен; прежний вид вернёт «Вернуть как было».";
     return row.finding.hasOtherNames ? "У файла есть и другие имена: под ними он изменится тоже." : "";
 }
 

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QRadioButton>
+#include <QStyle>
 
 namespace quillshift::wizard {
 
@@ -57,6 +58,7 @@ ProposalCard::ProposalCard(const char* name, QWidget* parent)
     QFont bold = font();
     bold.setBold(true);
     option_->setFont(bold);
+    option_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum); // its title goes by the room there is
     auto* const rows = new QGridLayout(this);
     rows->addWidget(option_, 0, 0, 1, 2);
     rows->addWidget(Caption("Было:"), 1, 0);
@@ -69,15 +71,35 @@ ProposalCard::ProposalCard(const char* name, QWidget* parent)
 
 void ProposalCard::Show(const Proposal& proposal) {
     proposal_ = proposal;
-    const QString title = QString::fromStdString(TitleOf(proposal));
-    option_->setText(QString(title).replace(u'&', QStringLiteral("&&")));
-    option_->setAccessibleName(title);
+    option_->setAccessibleName(QString::fromStdString(TitleOf(proposal)));
+    ShowTitle();
     option_->setAccessibleDescription(QStringLiteral("Было: ") + TextOf(proposal.before) +
                                       QStringLiteral(" Станет: ") + TextOf(proposal.after));
     ShowTexts();
 }
 
+// On so many lines as it needs: one that went wrong three times has a long one.
+void ProposalCard::ShowTitle() {
+    const QFontMetrics metrics(option_->font());
+    const int room = layout()->contentsRect().width() -
+                     style()->pixelMetric(QStyle::PM_ExclusiveIndicatorWidth) -
+                     style()->pixelMetric(QStyle::PM_RadioButtonLabelSpacing);
+    QString title, line;
+    for (const QString& part : option_->accessibleName().split(QStringLiteral(", "))) {
+        const bool isFirst = line.isEmpty();
+        const bool fits = isFirst || metrics.horizontalAdvance(line + QStringLiteral(", ") + part) <= room;
+        title += isFirst ? QString() : fits ? QStringLiteral(", ") : QStringLiteral(",\n");
+        title += part;
+        line = isFirst || !fits ? part : line + QStringLiteral(", ") + part;
+    }
+    option_->setText(title.replace(u'&', QStringLiteral("&&")));
+}
+
 void ProposalCard::ShowTexts() {
+    QPalette readable; // also when it is done
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text})
+        readable.setColor(QPalette::Disabled, role, palette().color(QPalette::Active, role));
+    option_->setPalette(readable);
     const bool isDark = palette().color(QPalette::Window).lightness() < 128;
     before_->setText(Marked(proposal_.before, isDark ? QColor(0x5C2B2B) : QColor(0xFBD9D3)));
     after_->setText(Marked(proposal_.after, isDark ? QColor(0x24502F) : QColor(0xCDEFD2)));
@@ -96,6 +118,11 @@ void ProposalCard::changeEvent(QEvent* event) {
     QFrame::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
         ShowTexts();
+}
+
+void ProposalCard::resizeEvent(QResizeEvent* event) {
+    QFrame::resizeEvent(event);
+    ShowTitle();
 }
 
 } // namespace quillshift::wizard

@@ -26,8 +26,10 @@ signals:
 protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void ShowTitle();
     void ShowTexts();
 
     QRadioButton* option_;

@@ -24,8 +24,12 @@ public:
     void Reset();
 
 private:
+    QString Shown(const RescueRow& row, bool whole) const;
+    bool Narrow(std::size_t first);
+
     const Rescue& rescue_;
     int shown_ = 0;
+    std::optional<std::string> common_; ///< the folder all files are in, by its bytes
 };
 
 } // namespace quillshift::wizard

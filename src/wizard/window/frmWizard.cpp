@@ -33,18 +33,26 @@ namespace quillshift::wizard {
 namespace {
 
 constexpr std::chrono::milliseconds kBetweenLooks(60);
-constexpr QSize kFirstSize(920, 660);
+constexpr QSize kFirstSize(920, 660), kLeastSize(560, 420);
 
 std::string NativeName(const QString& path) {
     return QFile::encodeName(path).toStdString();
 }
 
+// By their bytes, as names of old disks are no UTF-8.
 std::vector<std::string> NativeNames(const QList<QUrl>& urls) {
     std::vector<std::string> names;
     for (const QUrl& url : urls)
         if (url.isLocalFile())
-            names.push_back(NativeName(url.toLocalFile()));
+            names.push_back(
+                QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1()).toStdString());
     return names;
+}
+
+// Never as a move, after which the other program would delete what it gave.
+void AcceptAsCopy(QDropEvent& event) {
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
 }
 
 // One that takes what room there is, however long its words are.
@@ -94,7 +102,9 @@ frmWizard::frmWizard(const DialogContext& context, Rescue& rescue)
     rows->addWidget(Sources());
     rows->addWidget(halves, 1);
     rows->addWidget(Work());
-    resize(kFirstSize.boundedTo(screen()->availableSize() * 0.95));
+    const QSize most = screen()->availableSize() * 0.95;
+    setMinimumSize(kLeastSize.boundedTo(most));
+    resize(kFirstSize.boundedTo(most));
     ConnectAll();
     ChooseTarget();
     ShowRow();
@@ -118,11 +128,11 @@ QWidget* frmWizard::Files() {
     lstFiles->setRootIsDecorated(false);
     lstFiles->setUniformRowHeights(true);
     lstFiles->setAllColumnsShowFocus(true);
-    lstFiles->setTextElideMode(Qt::ElideRight);
+    lstFiles->setTextElideMode(Qt::ElideMiddle); // the end of a name tells more than its folder
     lstFiles->header()->setStretchLastSection(true);
     const int letter = fontMetrics().averageCharWidth();
-    lstFiles->header()->resizeSection(0, 16 * letter);
-    lstFiles->header()->resizeSection(1, 24 * letter);
+    lstFiles->header()->resizeSection(0, 20 * letter);
+    lstFiles->header()->resizeSection(1, 22 * letter);
     lblHint->setAlignment(Qt::AlignCenter);
     lblHint->setWordWrap(true);
     lblHint->setFrameShape(QFrame::StyledPanel);
@@ -255,11 +265,15 @@ void frmWizard::TakeText(std::u16string text) {
 
 void frmWizard::dragEnterEvent(QDragEnterEvent* event) {
     if (event->mimeData()->hasUrls() || event->mimeData()->hasText())
-        event->acceptProposedAction();
+        AcceptAsCopy(*event);
+}
+
+void frmWizard::dragMoveEvent(QDragMoveEvent* event) {
+    AcceptAsCopy(*event);
 }
 
 void frmWizard::dropEvent(QDropEvent* event) {
-    event->acceptProposedAction();
+    AcceptAsCopy(*event);
     const std::vector<std::string> names = NativeNames(event->mimeData()->urls());
     if (!names.empty())
         List(names);
@@ -386,7 +400,7 @@ void frmWizard::ShowRow() {
             continue;
         cards_[i]->Show(proposals_[i]);
         cards_[i]->Option().setChecked(proposals_[i].chain == row->Way());
-        cards_[i]->setEnabled(row->outcome != Outcome::Repaired);
+        cards_[i]->Option().setEnabled(row->outcome != Outcome::Repaired);
     }
     const bool isText = row != nullptr && row->text;
     QString source;
