@@ -316,28 +316,5 @@ TEST_F(PaintedControl, FindsTheColoursAsNewAndTheThemeDetectedIfItIsTheFirst) {
     EXPECT_FALSE(second.UseStyleColor(kHot));
 }
 
-TEST(MeasureParams, TellWhatAPaintedItemWasMeasuredUnder) {
-    FakeIcons icons;
-    const B button;
-    const B* const buttons[] = {&button};
-    const I info{.Right = 20, .Bottom = 24};
-    BarView bar;
-    bar.window = 7;
-    bar.font.bold = true;
-    bar.icons = &icons;
-    bar.buttons = buttons;
-    bar.items = {&info, 1};
-    cMeasureButtonParams measured{
-        .Window = 7, .Font = bar.font, .IconWidth = 16, .IconHeight = 16, .Height = 24};
-    for (const DisplayMode mode : {DisplayMode::Toolbar, DisplayMode::PopupMenu}) {
-        bar.mode = measured.Mode = mode;
-        measured.Height = IsMenu(mode) ? 0 : 24;
-        cMeasureButtonParams told;
-        EXPECT_FALSE(told.CompareTo(measured));
-        told.FromDrawButtonParams(DrawParamsOf(bar, 0));
-        EXPECT_TRUE(told.CompareTo(measured));
-    }
-}
-
 } // namespace
 } // namespace quillshift

@@ -1,18 +1,9 @@
 #include "commandbar/PopupPlacing.h"
 #include "commandbar/cMonitor.h"
 
-#include <gmock/gmock.h>
-
-#include <ostream>
+#include <gtest/gtest.h>
 
 namespace quillshift {
-
-void PrintTo(const PopupPlace& place, std::ostream* out) {
-    const Rect& r = place.rect;
-    *out << r.left << "," << r.top << " to " << r.right << "," << r.bottom << ", direction "
-         << static_cast<int>(place.direction) << ", anchor " << place.anchorPosition << " size "
-         << place.anchorSize << ", monitor " << place.monitor;
-}
 
 namespace {
 

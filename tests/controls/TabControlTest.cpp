@@ -4,7 +4,6 @@
 #include "support/RecordingSurface.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <utility>
 

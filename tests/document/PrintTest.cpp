@@ -2,7 +2,6 @@
 #include "support/TestProgram.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace quillshift {
 namespace {

@@ -195,33 +195,5 @@ TEST_F(Accessibility, WhatIsTypedIsToldWhereItIs) {
     expectTold(text.size() - 3);
 }
 
-TEST_F(Accessibility, EveryDirectionIsPressed) {
-    constexpr std::pair<std::string_view, const char*> kSets[] = {{"DOS", "CP866"},
-                                                                  {"WIN", "CP1251"},
-                                                                  {"KOI", "KOI8-R"},
-                                                                  {"ISO", "ISO-8859-5"},
-                                                                  {"MAC", "MAC-CYRILLIC"}};
-    for (const auto& [source, sourceSet] : kSets) {
-        const std::string bytes = Iconv("мост", "UTF-8", sourceSet);
-        const std::string text = Iconv(bytes, "CP1251", "UTF-8");
-        Put(Path("text.txt"), bytes);
-        editor.Open(Path("text.txt"));
-        std::vector<std::string> texts;
-        std::vector<std::string> keys;
-        std::vector<Press> presses;
-        texts.reserve(5);
-        keys.reserve(5);
-        for (const auto& [target, targetSet] : kSets) {
-            if (target == source)
-                continue;
-            keys.push_back("MENU:DECODE:" + std::string(source) + ":" + source[0] + target[0]);
-            texts.push_back(Iconv(Iconv(bytes, sourceSet, targetSet), "CP1251", "UTF-8"));
-            presses.push_back({keys.back(), "text", texts.back()});
-            presses.push_back({"MENU:DECODE:UNDO", "text", text});
-        }
-        PressAll(presses);
-    }
-}
-
 } // namespace
 } // namespace quillshift::e2e

@@ -4,7 +4,6 @@
 #include "shell/Catalogue.h"
 
 #include <algorithm>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -29,17 +28,6 @@ protected:
             menus = Open();
         } while (menus.size() != count);
         return menus.back();
-    }
-    // Waits until one menu is open whose left edge is as wanted.
-    Rect WaitForMenu(const std::function<bool(int left)>& isWanted) {
-        Rect menu;
-        desktop.WaitUntil("the wanted menu is open", [&] {
-            const std::vector<Rect> menus = Open();
-            menu = menus.empty() ? Rect() : menus.front();
-            return menus.size() == 1 && isWanted(menu.left);
-        });
-        editor.Settle();
-        return menu;
     }
     void WaitUntilClosed() {
         desktop.WaitUntil("all menus are closed", [&] { return Open().empty(); });

@@ -1,7 +1,5 @@
 #include "e2e/EditorTest.h"
 
-#include "harness/Iconv.h"
-
 #include <sys/resource.h>
 #include <sys/stat.h>
 
@@ -39,14 +37,6 @@ TEST_F(Document, NamesAreCompletedUnlessThereIsSuchAFileAndOnlyFilesAreRead) {
         editor.Settle();
     }
     EXPECT_EQ(Saved(), "x\r\n\r\n");
-}
-
-TEST_F(Document, RtfIsShownAndSavedAsItsPlainText) {
-    std::string expected = Iconv(Contents(Sample("rtf/letter.txt")), "UTF-8", "CP1251");
-    for (std::size_t at = 0; (at = expected.find('\n', at)) != std::string::npos; at += 2)
-        expected.insert(at, 1, '\r');
-    editor.Start().Open(Sample("rtf/letter.rtf"));
-    EXPECT_TRUE(Saved() == expected + "\r\n");
 }
 
 TEST_F(Document, AFullDiskAndALimitAreReportedAndTheTextCanBeSavedElsewhere) {

@@ -1,8 +1,8 @@
 #include "e2e/BarsTest.h"
+#include "e2e/ScreenReader.h"
 
 #include "harness/Iconv.h"
 
-#include <functional>
 #include <string>
 
 namespace quillshift::e2e {
@@ -16,22 +16,7 @@ TEST_F(Menus, EachOpensByKeyboardAndMouseAndClosesByEveryRoad) {
                                          "MENU:SERVICE", "MENU:DECODE", "MENU:HELP"};
     editor.Set(Setting::SaveChange, u"0").Start();
     const Rect window = desktop.Place(editor.Window());
-    const std::function<void(Point)> roads[] = {[&](Point /*heading*/) {
-                                                    desktop.ClickOnPanel({1270, 790});
-                                                },
-                                                [&](Point /*heading*/) {
-                                                    desktop.Press("Escape");
-                                                    desktop.Press("Escape");
-                                                },
-                                                [&](Point heading) { desktop.Click(heading); },
-                                                [&](Point /*heading*/) {
-                                                    desktop.Press("Alt"); // goes back to the headings
-                                                    desktop.Press("Escape");
-                                                },
-                                                [&](Point /*heading*/) {
-                                                    desktop.Click({window.left + 300, window.top + 500});
-                                                }};
-    for (const auto& close : roads) {
+    for (const std::string road : {"desktop", "text", "heading", "Escape", "Alt"}) {
         int right = window.left;
         for (int heading = 0; heading < 9; ++heading) {
             const Point place = Heading(heading);
@@ -42,7 +27,16 @@ TEST_F(Menus, EachOpensByKeyboardAndMouseAndClosesByEveryRoad) {
             EXPECT_EQ(menu.left, place.x - 12) << heading;
             EXPECT_EQ(menu.top, window.top + 21) << heading;
             EXPECT_EQ(menu.Height(), HeightOfMenu(kHeadings[heading])) << heading;
-            close(place);
+            if (road == "desktop") {
+                desktop.ClickOnPanel({1270, 790});
+            } else if (road == "text") {
+                desktop.Click({window.left + 300, window.top + 500});
+            } else if (road == "heading") {
+                desktop.Click(place);
+            } else { // each of the two goes back to the headings
+                desktop.Press(road);
+                desktop.Press("Escape");
+            }
             WaitUntilClosed();
         }
         ExpectTypingGoesToTheText();
@@ -115,7 +109,7 @@ TEST_F(Menus, CloseWhenAnotherWindowTakesTheKeyboardAndWithTheirOwn) {
     EXPECT_TRUE(desktop.Popups().empty());
 }
 
-TEST_F(Menus, AShortcutFiresOnceAndNotWhileAMenuIsOpen) {
+TEST_F(Menus, AShortcutFiresOnceInEachLayout) {
     editor.Set(Setting::SaveChange, u"0").Start();
     desktop.Type(u"q");
     editor.Settle();
@@ -136,15 +130,6 @@ TEST_F(Menus, AShortcutFiresOnceAndNotWhileAMenuIsOpen) {
     editor.Settle();
     EXPECT_TRUE(Open().empty());
     desktop.UseLayout(0);
-    OpenByKeyboard(0);
-    WaitForMenu(1);
-    desktop.Press("F9");
-    desktop.Press("Ctrl+o");
-    editor.Settle();
-    EXPECT_EQ(desktop.Windows().size(), 1U);
-    desktop.Press("Escape");
-    desktop.Press("Escape");
-    WaitUntilClosed();
     ExpectTypingGoesToTheText();
 }
 
@@ -158,6 +143,58 @@ TEST_F(Menus, KeepEveryKeyFromTheTextAndGiveThemToAQuestion) {
     desktop.WaitUntil("the menu has gone", [&] { return Open().empty(); });
     editor.Settle();
     EXPECT_EQ(Saved(), "\r\n");
+}
+
+TEST_F(Menus, WhatANarrowWindowHasNoRoomForIsInOne) {
+    editor.Set(Setting::SaveChange, u"0").Set(Setting::UseLargeIcons, u"1").Start();
+    desktop.Type(u"q");
+    desktop.Press("Ctrl+a");
+    desktop.Resize(editor.Window(), {400, 500});
+    desktop.WaitUntil("the window is narrow", [&] { return desktop.Place(editor.Window()).Width() == 400; });
+    editor.Settle();
+    const Rect window = desktop.Place(editor.Window());
+    const int below = window.top + 2 * 21 + 2 + 29; // two rows of headings, a line, and the bar
+    desktop.Click({window.right - 7, below - 1});
+    WaitForMenu(1);
+    desktop.Press("Down");
+    desktop.Press("Return"); // cuts
+    WaitUntilClosed();
+    EXPECT_EQ(Saved(), "\r\n");
+}
+
+class DesktopsWishes : public BarsTest {
+protected:
+    // The ground of the menu bar, where no heading is.
+    std::uint32_t Ground() const {
+        const Rect window = desktop.Place(editor.Window());
+        return desktop.Pixel({window.right - 4, window.top + 4});
+    }
+    void WaitForGround(std::uint32_t wanted) {
+        desktop.WaitUntil("the bars have another ground", [&] { return Ground() == wanted; });
+    }
+};
+
+TEST_F(DesktopsWishes, BlackAndWhiteComesAndGoes) {
+    const ScreenReader bus(desktop, editor.home.Path());
+    editor.environment = bus.Needs();
+    const std::string wish = "org.freedesktop.appearance/contrast=uint32 ";
+    Put(Path("wishes"), wish + "0\n");
+    const Process portal(
+        "/usr/bin/python3",
+        {(TestsFolder().parent_path() / "harness/portal.py").string(), Path("wishes").string()}, bus.Its());
+    editor.Start();
+    const std::uint32_t usual = Ground();
+    Put(Path("wishes"), wish + "1\n");
+    WaitForGround(0xFFFFFF);
+    Put(Path("wishes"), wish + "1\norg.freedesktop.appearance/color-scheme=uint32 1\n");
+    WaitForGround(0);
+    OpenByKeyboard(1);
+    const Rect menu = WaitForMenu(1);
+    EXPECT_EQ(desktop.Pixel({menu.right - 3, menu.bottom - 3}), 0);
+    EXPECT_EQ(desktop.Pixel({menu.right - 1, menu.bottom - 3}), 0xFFFFFF) << "its edge";
+    desktop.Press("Escape");
+    Put(Path("wishes"), wish + "0\n");
+    WaitForGround(usual);
 }
 
 } // namespace

@@ -97,16 +97,5 @@ TEST_F(RecoveryInTheProgram, TheListThrowsAwayAndLeavesForLater) {
     EXPECT_EQ(Saved(), "\r\n");
 }
 
-TEST_F(RecoveryInTheProgram, ADamagedFileIsToldAndStays) {
-    std::filesystem::create_directories(Folder());
-    Put(Folder() / "0123456789abcdef.text", "quillshift recovery 1\ndamaged");
-    editor.Launch();
-    editor.AnswerBox(BoxAnswer::Ok);
-    editor.Settle();
-    EXPECT_TRUE(std::filesystem::exists(Folder() / "0123456789abcdef.text.damaged"));
-    desktop.Type(u"x");
-    EXPECT_EQ(Saved(), "x\r\n");
-}
-
 } // namespace
 } // namespace quillshift::e2e

@@ -26,41 +26,6 @@ TEST_F(StartAndEnd, AStartWithoutAStoreTellsItsNoticeAndFillsIt) {
     }
 }
 
-// Splash, welcome, getting started and the dialog for opening, one after another; then each of the two
-// closed.
-TEST_F(StartAndEnd, TheWholeStartLeadsToADocumentAndACloseBoxEndsIt) {
-    const std::u16string welcome = u"Morvane Quillshift 3.0 - Приветствие...";
-    const std::u16string workBegin = u"Morvane Quillshift 3.0 - Приступая к работе...";
-    Put(Path("letter.txt"), "letter");
-    for (const Setting step : {Setting::Splash, Setting::Welcome, Setting::WorkBegin})
-        editor.Store().Switch(step, true);
-    editor.Launch();
-    const auto splash = [&] { return desktop.Find(u"Morvane Quillshift 3.0") != 0; };
-    desktop.WaitUntil("the splash is there", splash);
-    EXPECT_EQ(desktop.Windows().size(), 1U);
-    editor.SettleIn(welcome);
-    EXPECT_FALSE(splash());
-    desktop.Press("Escape");
-    editor.SettleIn(workBegin);
-    EXPECT_EQ(desktop.Windows().size(), 1U);
-    desktop.Press("Up");
-    desktop.Press("Return");
-    editor.AnswerFileDialog(u"Открытие документа", Path("letter.txt"));
-    editor.Settle();
-    EXPECT_EQ(Saved(), "letter\r\n");
-    desktop.AskToClose(editor.Window());
-    editor.WaitForEnd();
-
-    editor.Store().Switch(Setting::Splash, false);
-    for (const std::u16string& last : {welcome, workBegin}) {
-        editor.Launch();
-        editor.SettleIn(last);
-        desktop.AskToClose(desktop.Active());
-        EXPECT_EQ(editor.WaitForEnd(), 0);
-        editor.Store().Switch(Setting::Welcome, false);
-    }
-}
-
 TEST_F(StartAndEnd, ASecondCopyIsRefusedAndTheStoreIsItsOwnersAlone) {
     namespace fs = std::filesystem;
     const fs::path folder = editor.home / "data/quillshift";

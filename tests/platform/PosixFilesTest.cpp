@@ -3,7 +3,6 @@
 #include "harness/Calls.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <fcntl.h>
 #include <sys/file.h>

@@ -3,7 +3,6 @@
 #include "harness/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <sys/resource.h>
 #include <sys/stat.h>

@@ -1,8 +1,8 @@
 #include "platform/posix/SdlSound.h"
 #include "harness/TemporaryFolder.h"
+#include "support/IconFiles.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <chrono>
@@ -18,27 +18,13 @@ namespace fs = std::filesystem;
 
 // A wave file of one value all through, so that a listener knows whose sample it hears.
 void PutWave(const fs::path& file, std::int16_t sample, int seconds) {
-    constexpr std::uint32_t kRate = 44100;
-    const std::uint32_t size = kRate * 2 * static_cast<std::uint32_t>(seconds);
-    std::string bytes;
-    const auto add = [&](std::uint32_t value, int count) {
-        for (; count > 0; --count, value >>= 8U)
-            bytes.push_back(static_cast<char>(value & 0xFFU));
-    };
-    bytes += "RIFF";
-    add(36 + size, 4);
-    bytes += "WAVEfmt ";
-    add(16, 4);
-    add(1, 2); // PCM
-    add(1, 2); // channels
-    add(kRate, 4);
-    add(kRate * 2, 4);
-    add(2, 2);
-    add(16, 2);
-    bytes += "data";
-    add(size, 4);
-    for (std::uint32_t i = 0; i < size; i += 2)
-        add(static_cast<std::uint16_t>(sample), 2);
+    constexpr unsigned kRate = 44100;
+    const unsigned size = kRate * 2 * static_cast<unsigned>(seconds);
+    std::string bytes = "RIFF" + Little(36 + size, 4) + "WAVEfmt " + Little(16, 4) + // PCM, one channel
+                        Little(1, 2) + Little(1, 2) + Little(kRate, 4) + Little(kRate * 2, 4) + Little(2, 2) +
+                        Little(16, 2) + "data" + Little(size, 4);
+    for (unsigned i = 0; i < size; i += 2)
+        bytes += Little(static_cast<std::uint16_t>(sample), 2);
     Put(file, bytes);
 }
 

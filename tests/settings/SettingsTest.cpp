@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <limits>
 #include <sstream>
 
 namespace quillshift {
@@ -26,40 +27,67 @@ std::string Listing(FakeSettings& backend) {
     return lines.str();
 }
 
+// What only a person's work gives is absent at first, and there it is neither on nor off.
 TEST(Settings, AFirstStoreHoldsTheStoredList) {
     FakeSettings backend;
     Settings settings(backend);
     WriteFirstValues(settings, {u"/program", u"The printer", {{1}, {2}, {3}, {4}}});
+    for (const SettingRow& row : SettingRows())
+        if (row.type == ValueType::Text && !settings.Find(row.setting)) {
+            EXPECT_TRUE(settings.Is(row.setting, u"") && !settings.Is(row.setting)) << row.name;
+            settings.Set(row.setting, u"absent");
+            EXPECT_FALSE(settings.Is(row.setting)) << row.name << ": only \"1\" is on";
+        }
     std::ifstream file(TestsFolder() / "settings/stored/first-values.txt");
     std::string expected((std::istreambuf_iterator<char>(file)), {});
     EXPECT_EQ(Listing(backend), expected);
 }
 
-// The values that only a person's work gives have no line in the list: here their constants meet their names.
-TEST(Settings, NamesWhatOnlyTheUserGives) {
-    const std::string root = R"(Software\Morvane Tolric\Quillshift 3.0\)";
-    const std::tuple<Setting, std::string, std::string> cases[] = {
-        {Setting::WindowState, "Preferences", "WindowState"},
-        {Setting::FullScreenLeft, "Preferences", "FullScreenLeft"},
-        {Setting::FullScreenTop, "Preferences", "FullScreenTop"},
-        {Setting::FolderDocuments, "Preferences", "FolderDocuments"},
-        {Setting::BackupFolder, "Preferences", "BackupFolder"},
-        {Setting::SaveFileName, "Preferences", "SaveFileName"},
-        {Setting::Recovery, "Preferences", "Recovery"},
-        {Setting::User, R"(Preferences\Locked)", "User"},
-        {Setting::Password, R"(Preferences\Locked)", "Password"},
-        {Setting::Tip, R"(Preferences\Locked)", "Tip"},
-        {Setting::ClipboardText, "Clipboard", "ClipboardText"}};
+constexpr Hive kHive = Hive::CurrentUser;
+constexpr std::string_view kPath = "Path";
+
+TEST(SettingsStore, KeepsTypesApart) {
     FakeSettings backend;
-    Settings settings(backend);
-    for (const auto& [setting, path, name] : cases) {
-        EXPECT_TRUE(settings.Is(setting, u"")) << name << ": absent equals the empty text";
-        EXPECT_FALSE(settings.Is(setting)) << name;
-        EXPECT_EQ(settings.Find(setting), std::nullopt) << name;
-        settings.Set(setting, u"2");
-        EXPECT_EQ(backend.Read(root + path, name), (StoredValue{ValueType::Text, "2"})) << name;
-        EXPECT_FALSE(settings.Is(setting)) << name << ": only \"1\" is on";
-    }
+    SettingsStore store(backend);
+    store.WriteDword(kHive, kPath, "Splash", -2);
+    EXPECT_EQ(backend.Read(kPath, "Splash")->data, std::string("\xFE\xFF\xFF\xFF"));
+    EXPECT_EQ(store.ReadDword(kHive, kPath, "splash"), -2);
+    EXPECT_EQ(store.ReadString(kHive, kPath, "Splash"), std::nullopt);
+
+    store.WriteString(kHive, kPath, "Text", u"1111");
+    EXPECT_EQ(store.ReadDword(kHive, kPath, "Text"), 0);
+    EXPECT_EQ(store.ReadDword(kHive, kPath, "Nowhere"), 0);
+    backend.Write(kPath, "Short", {ValueType::Number, "\x01\x01\x01"});
+    EXPECT_EQ(store.ReadDword(kHive, kPath, "Short"), 0);
+}
+
+TEST(SettingsStore, TextsAreStoredAsWindows1251) {
+    FakeSettings backend;
+    SettingsStore store(backend);
+    store.WriteString(kHive, kPath, "TextExample", u"Ёж, \u4E2D");
+    EXPECT_EQ(backend.Read(kPath, "TextExample")->data, "\xA8\xE6, ?");
+    EXPECT_EQ(store.ReadString(kHive, kPath, "TextExample"), u"Ёж, ?");
+    backend.Write(kPath, "Cut", {ValueType::Text, std::string("ab\0cd", 5)});
+    EXPECT_EQ(store.ReadString(kHive, kPath, "Cut"), u"ab");
+}
+
+TEST(SettingsStore, NumbersInTexts) {
+    const std::pair<std::u16string_view, float> cases[] = {
+        {u"", 0},        {u"мм", 0},         {u"12345.5", 12345.5F},
+        {u" 20 мм", 20}, {u"-7.25", -7.25F}, {u"+3", 3},
+        {u".5", 0.5F},   {u"inf", 0},        {u"-nan", 0},
+        {u"--1", 0},     {u"1,5", 1},        {u"1e99", 0},
+        {u"\u4E2D1", 0}, {u"-", 0},          {u"+-1", 0},
+    };
+    for (const auto& [text, number] : cases)
+        EXPECT_EQ(NumberIn(text), number) << std::string(text.begin(), text.end());
+
+    EXPECT_EQ(DecimalText(100000), u"100000");
+    EXPECT_EQ(DecimalText(0.1F), u"0.1");
+    EXPECT_EQ(DecimalText(std::numeric_limits<float>::quiet_NaN()), u"0");
+    for (const float number : {-1234.567F, std::numeric_limits<float>::max(),
+                               std::numeric_limits<float>::denorm_min(), 16777216.0F})
+        EXPECT_EQ(NumberIn(DecimalText(number)), number);
 }
 
 } // namespace

@@ -57,21 +57,6 @@ TEST_F(MainBarsTest, TheToolbarsAndTheTextOpenTheirMenuOnARightClickAndTheMenuNo
     EXPECT_EQ(clicked, std::vector<std::string>(2, "MENU:VIEW:TOOLBARS:TBSTANDART"));
 }
 
-TEST(TheBarsOptions, AreAppliedAtTheStart) {
-    for (const char16_t* option : {u"1", u"0"}) {
-        const bool on = option[0] == u'1';
-        TestProgram test;
-        test.Set(Setting::HideInfrequently, option).Set(Setting::UseLargeIcons, option);
-        test.Set(Setting::ShowToolTips, option).Start();
-        test.timers.Tick();
-        EXPECT_EQ(test.toolkit.HideInfrequentlyUsed, !on);
-        EXPECT_EQ(test.window.windows[1].place.Height(), on ? 29 : 25);
-        EXPECT_EQ(test.window.windows[2].place.Height(), on ? 29 : 25);
-        EXPECT_EQ(test.Button("TOOLBAR:NEW").ToolTip().empty(), !on);
-        EXPECT_EQ(test.Button("TOOLBAR2:UNDO").ToolTip().empty(), !on);
-    }
-}
-
 TEST_F(MainBarsTest, TheToolbarsAreAsHighAsTheirIconsWant) {
     for (const auto& [icons, height] : {std::pair{ToolBarIcons::Large, 29}, {ToolBarIcons::Small, 25}})
         for (const int bar : {1, 2}) {

@@ -1,5 +1,12 @@
+#include "base/Windows1251.h"
+#include "controls/ProgressBar.h"
 #include "document/frmDocumentProperties.h"
 #include "document/frmInsertTimeAndDate.h"
+#include "harness/Iconv.h"
+#include "recoding/frmDecode.h"
+#include "recoding/frmDecoding.h"
+#include "shell/ProgramDialogs.h"
+#include "support/FailureOf.h"
 #include "support/FindControl.h"
 #include "support/TestProgram.h"
 
@@ -9,11 +16,15 @@
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QTest>
+#include <QTimer>
 
 namespace quillshift {
 namespace {
 
+/// The real dialogs over a program whose main window is a fake.
 struct DocumentDialogs : testing::Test {
     TestProgram test;
     ProgramParts& parts = (test.Start(), test.program.Parts());
@@ -99,6 +110,131 @@ TEST_F(DocumentDialogs, PropertiesOfNoFileOrARemovedOneArePlaceholders) {
     test.files.files[u"/d/a.txt"] = "a";
     test.fileDialog.FileName = u"/d/a.txt";
     EXPECT_EQ(Text(frmDocumentProperties(context), "lblDate0"), QStringLiteral("<Неизвестно>"));
+}
+
+using RecodingDialogs = DocumentDialogs;
+
+// Recodes a letter of the source's alphabet by each pair, against the system's own conversion.
+TEST_F(RecodingDialogs, RecodesByThePairThatIsChosenAndByNoneOfOneSet) {
+    constexpr std::pair<const char*, const char*> kSets[] = {{"DOS", "CP866"},
+                                                             {"WIN", "CP1251"},
+                                                             {"KOI", "KOI8-R"},
+                                                             {"ISO", "ISO-8859-5"},
+                                                             {"MAC", "MACCYRILLIC"}};
+    frmDecode dialog(context, parts.job);
+    dialog.show();
+    EXPECT_TRUE(Find<QRadioButton>(dialog, "OptionDOS1").isChecked());
+    EXPECT_TRUE(Find<QRadioButton>(dialog, "OptionWIN2").isChecked());
+    EXPECT_FALSE(Find<QRadioButton>(dialog, "OptionDOS2").isEnabled());
+    for (const auto& [source, sourceSet] : kSets)
+        for (const auto& [target, targetSet] : kSets) {
+            const std::u16string before = windows1251::Decode(Iconv("Жук", "UTF-8", sourceSet));
+            test.window.document.SetText(before);
+            Find<QRadioButton>(dialog, (std::string("Option") + source + "1").c_str()).setChecked(true);
+            Find<QRadioButton>(dialog, (std::string("Option") + target + "2").c_str()).setChecked(true);
+            for (const auto& [other, set] : kSets)
+                EXPECT_EQ(
+                    Find<QRadioButton>(dialog, (std::string("Option") + other + "2").c_str()).isEnabled(),
+                    other != source);
+            const auto shown = test.dialogs->shown.size();
+            QTest::keyClick(&dialog, Qt::Key_Return);
+            EXPECT_EQ(test.dialogs->shown.size() - shown, source == target ? 0U : 1U);
+            const std::u16string after = windows1251::Decode(Iconv("Жук", "UTF-8", targetSet));
+            EXPECT_EQ(test.window.document.Text(), source == target ? before : after) << source << target;
+        }
+}
+
+TEST_F(RecodingDialogs, PlayTheirSoundsAtLoadMovePressAndUnload) {
+    for (const SoundEvent& event : kSoundEvents) {
+        test.settings.Switch(event.on, true);
+        test.settings.Set(event.path, event.defaultFile);
+    }
+    {
+        frmDecode dialog(context, parts.job);
+        dialog.show();
+        QTest::mouseMove(&Find<QPushButton>(dialog, "cmdCancel"));
+        QTest::mouseClick(&Find<QPushButton>(dialog, "cmdCancel"), Qt::RightButton);
+    }
+    EXPECT_EQ(test.sound.played, (std::vector<std::u16string>{u"FormLoad.wav", u"ButtonMove.wav",
+                                                              u"ButtonClick.wav", u"FormUnload.wav"}));
+}
+
+TEST_F(RecodingDialogs, StayAboveOthersWhereTheMainWindowDoes) {
+    for (const bool above : {false, true}) {
+        test.settings.Switch(Setting::TopMost, above);
+        const frmDecode dialog(context, parts.job);
+        EXPECT_EQ(dialog.windowFlags().testFlag(Qt::WindowStaysOnTopHint), above);
+    }
+}
+
+TEST_F(RecodingDialogs, BeginAnewEachTimeThatTheyAreShown) {
+    QWidget owner;
+    ProgramDialogs dialogs(parts, owner);
+    for (int time = 0; time < 2; ++time) {
+        QTimer::singleShot(0, [] {
+            QWidget& dialog = *QApplication::activeModalWidget();
+            EXPECT_TRUE(Find<QRadioButton>(dialog, "OptionDOS1").isChecked());
+            Find<QRadioButton>(dialog, "OptionKOI1").setChecked(true);
+            dialog.close();
+        });
+        dialogs.Show(DialogKind::Decode, 0);
+    }
+}
+
+// Only the job closes its dialog: Escape and the close box ask.
+TEST_F(RecodingDialogs, TheProgressDialogAsksBeforeItStops) {
+    frmDecoding dialog(context, parts.job);
+    EXPECT_EQ(Find<QLineEdit>(dialog, "txtPath").text(), QStringLiteral("Документ не сохранен"));
+    dialog.show();
+    test.messageBox.answers = {BoxAnswer::No, BoxAnswer::No, BoxAnswer::No};
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+    dialog.close();
+    QTest::mouseClick(&Find<QPushButton>(dialog, "cmdCancel"), Qt::LeftButton);
+    EXPECT_EQ(test.messageBox.shown.size(), 3U);
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_FALSE(parts.recoding.StopRequested);
+    test.messageBox.answers = {BoxAnswer::Yes};
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+    EXPECT_TRUE(parts.recoding.StopRequested);
+}
+
+TEST(ProgressBarTest, InvertsTheLabelUnderTheFilledPart) {
+    ProgressBar bar;
+    bar.resize(200, 24);
+    bar.SetText(u"MMMMMMMM");
+    bar.SetValue(50);
+    const QImage image = bar.grab().toImage();
+    EXPECT_EQ(image.pixelColor(2, 2), QColor(0, 0, 128));
+    EXPECT_EQ(image.pixelColor(197, 2), QColor(Qt::white));
+    const auto shows = [&](QColor colour, int from, int to) {
+        for (int x = from; x < to; ++x)
+            for (int y = 0; y < image.height(); ++y)
+                if (image.pixelColor(x, y) == colour)
+                    return true;
+        return false;
+    };
+    EXPECT_TRUE(shows(QColor(255, 255, 127), 60, 99)) << "the inverse of the label's black";
+    EXPECT_TRUE(shows(QColor(Qt::black), 101, 140));
+    EXPECT_FALSE(shows(QColor(Qt::black), 0, 99));
+}
+
+TEST(ProgressBarTest, ReckonsPercentagesAndRefusesAnEmptyWhole) {
+    ProgressBar bar;
+    bar.SetTotalValue(-1); // has no effect without `CalculatePercentage`
+    bar.SetCalculatePercentage(true);
+    EXPECT_EQ(bar.TotalValue(), 100);
+    bar.SetTotalValue(8);
+    bool reached = false;
+    QMetaObject::invokeMethod(
+        &bar, [&] { reached = true; }, Qt::QueuedConnection);
+    bar.SetValue(1);
+    EXPECT_TRUE(reached) << "a step lets events through, such as a stop";
+    EXPECT_EQ(bar.Label(), u" 13%");
+    const Error error = FailureOf([&] { bar.SetTotalValue(0); });
+    EXPECT_EQ(static_cast<unsigned>(error.Number()), 0x800403E9U);
+    EXPECT_EQ(error.Source(), u"spbProgressBar");
+    bar.SetCalculatePercentage(false);
+    EXPECT_EQ(bar.TotalValue(), 0);
 }
 
 } // namespace

@@ -13,11 +13,20 @@
 namespace quillshift {
 namespace {
 
-TEST(FullScreenWindows, StandWhereTheyAreToldAndKeepThePlaceOfTheSmallOneUnlessItIsMinimised) {
-    TestProgram test;
-    test.Set(Setting::FullScreenLeft, u"3000").Set(Setting::FullScreenTop, u"1500").Start();
-    ProgramParts& parts = test.program.Parts();
-    for (const bool minimised : {true, false}) {
+TEST(FullScreenWindows, StandWhereTheyAreToldKeepThePlaceOfTheSmallOneAndHaveOneRoadOut) {
+    const std::function<void(frmFScreen&, frmFScreenB&)> roads[] = {
+        [](frmFScreen& screen, frmFScreenB&) { screen.close(); },
+        [](frmFScreen&, frmFScreenB& bar) { bar.close(); },
+        [](frmFScreen&, frmFScreenB& bar) { QTest::keyClick(&bar, Qt::Key_Escape); },
+        [](frmFScreen&, frmFScreenB& bar) { QTest::keyClick(&bar, Qt::Key_Return); }};
+    for (const auto& road : roads) {
+        const bool minimised = &road == roads;
+        const bool lost = &road == &roads[1];
+        TestProgram test;
+        test.Set(Setting::FullScreenLeft, lost ? u"99000" : u"3000")
+            .Set(Setting::FullScreenTop, u"1500")
+            .Start();
+        ProgramParts& parts = test.program.Parts();
         frmFScreen screen({parts.platform, parts.settings, parts.sounds, nullptr}, parts.fullScreen);
         screen.setWindowState(Qt::WindowNoState);
         screen.resize(1000, 600);
@@ -28,7 +37,7 @@ TEST(FullScreenWindows, StandWhereTheyAreToldAndKeepThePlaceOfTheSmallOneUnlessI
         EXPECT_EQ(surface.lineWrapColumnOrWidth(), 951);
         EXPECT_EQ(surface.Font(), (SurfaceFont{u"Tahoma", 8.25F}));
         auto& bar = *screen.findChild<frmFScreenB*>();
-        EXPECT_EQ(bar.pos(), QPoint(200, 100));
+        EXPECT_EQ(bar.pos(), QPoint(lost ? 0 : 200, 100)) << "within reach";
         EXPECT_TRUE(bar.isVisible() && bar.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
         EXPECT_FALSE(bar.windowFlags().testFlag(Qt::WindowCloseButtonHint));
         bar.move(210, 120);
@@ -38,28 +47,10 @@ TEST(FullScreenWindows, StandWhereTheyAreToldAndKeepThePlaceOfTheSmallOneUnlessI
         EXPECT_FALSE(bar.isVisible());
         EXPECT_EQ(parts.settings.Text(Setting::FullScreenLeft), minimised ? u"3000" : u"3150");
         EXPECT_EQ(parts.settings.Text(Setting::FullScreenTop), minimised ? u"1500" : u"1800");
-        screen.close(); // the mode ends before its text goes
-        EXPECT_FALSE(parts.fullScreen.IsOn());
-    }
-}
-
-TEST(FullScreenWindows, HaveOneRoadOut) {
-    const std::function<void(frmFScreen&, frmFScreenB&)> roads[] = {
-        [](frmFScreen& screen, frmFScreenB&) { screen.close(); },
-        [](frmFScreen&, frmFScreenB& bar) { bar.close(); },
-        [](frmFScreen&, frmFScreenB& bar) { QTest::keyClick(&bar, Qt::Key_Escape); },
-        [](frmFScreen&, frmFScreenB& bar) { QTest::keyClick(&bar, Qt::Key_Return); }};
-    for (const auto& road : roads) {
-        TestProgram test;
-        test.Set(Setting::FullScreenLeft, u"99000").Start();
-        ProgramParts& parts = test.program.Parts();
-        frmFScreen screen({parts.platform, parts.settings, parts.sounds, nullptr}, parts.fullScreen);
         screen.show();
-        auto& bar = *screen.findChild<frmFScreenB*>();
-        EXPECT_LT(bar.x(), 1280) << "within reach";
         QTest::keyClick(&screen, Qt::Key_Escape);
         EXPECT_TRUE(parts.fullScreen.IsOn());
-        road(screen, bar);
+        road(screen, bar); // the mode ends before its text goes
         EXPECT_FALSE(parts.fullScreen.IsOn()) << &road - roads;
     }
 }

@@ -7,7 +7,6 @@
 #include "support/TestProgram.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <QAction>
 #include <QApplication>

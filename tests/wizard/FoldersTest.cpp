@@ -6,7 +6,6 @@
 #include "wizard/files/Walk.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <map>
 #include <sstream>

@@ -8,7 +8,6 @@
 #include "wizard/rescue/RescueWords.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <set>
 #include <thread>
