@@ -114,10 +114,21 @@ TEST_F(LongLinesTest, GoOnWithTheirRowsOverTheBorders) {
         QtTextSurface model(nullptr, EditingKeys::OfSurface);
         model.resize(500, 300);
         model.show();
+        const auto load = [text = u"before\r\n" + line + u"\r\nbehind"](QtTextSurface& surface) {
+            surface.LoadPlain(text);
+            surface.SetSelStart(text.size());
+            QTextCursor bold(surface.document());
+            bold.setPosition(surface.DocumentPosition(0));
+            bold.setPosition(surface.DocumentPosition(text.size()), QTextCursor::KeepAnchor);
+            QTextCharFormat format;
+            format.setFontWeight(QFont::Bold);
+            bold.mergeCharFormat(format);
+            surface.SetSelStart(0);
+        };
         std::vector<std::size_t> pages[2];
         for (QtTextSurface* const surface : {&model, &real}) {
-            surface->LoadPlain(u"before\r\n" + line + u"\r\nbehind");
-            ASSERT_GT(surface->LineCount(), 300);
+            load(*surface);
+            ASSERT_TRUE(surface->LineIndex(300));
             QImage paper(500, 900, QImage::Format_RGB32);
             QPainter painter(&paper);
             PrintLayout layout(*surface->document(), paper, false);
@@ -128,9 +139,8 @@ TEST_F(LongLinesTest, GoOnWithTheirRowsOverTheBorders) {
         EXPECT_EQ(pages[0], pages[1]);
         for (int row = 0; row < model.LineCount(); row += 60)
             ASSERT_EQ(real.LineIndex(row), model.LineIndex(row)) << row;
-        real.LoadPlain(model.Text()); // its borders are where they were
-        real.SetSelStart(real.Length());
-        real.SetSelStart(0);
+        EXPECT_EQ(real.LineCount(), model.LineCount());
+        load(real); // its borders are where they were
         for (std::size_t border = 0; border < 2; ++border) {
             const std::size_t place = Border(border) - 200;
             for (QtTextSurface* const surface : {&model, &real}) {
@@ -171,8 +181,10 @@ TEST_F(LongLinesTest, AreOneLineToKeysAndClicks) {
             QTest::keyClick(surface, key, modifiers);
             if (step % 7 == 6) {
                 surface->SetSelLength(3);
+                const std::size_t rest = surface->Length() - surface->SelLength();
                 QTest::keyClick(surface, step % 2 == 0 ? Qt::Key_Delete : Qt::Key_Backspace,
                                 Qt::ControlModifier);
+                ASSERT_EQ(surface->Length(), rest) << "not a word beyond what is selected";
             }
             if (step == 40)
                 QTest::keyClick(surface, Qt::Key_Return);

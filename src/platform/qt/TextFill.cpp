@@ -81,9 +81,9 @@ void TextFill::AddRich(QTextCursor& cursor, std::u16string_view piece) {
             continue;
         }
         const QTextCharFormat format = ToQt(runs_[run_].format);
+        const std::u16string_view ofRun = piece.substr(0, runs_[run_].length);
         const bool isBreak = piece.starts_with(kBreak);
-        const std::size_t length =
-            isBreak ? kBreak.size() : std::min({piece.find(kBreak), piece.size(), runs_[run_].length});
+        const std::size_t length = isBreak ? kBreak.size() : std::min(ofRun.find(kBreak), ofRun.size());
         if (isBreak)
             cursor.insertBlock(ToQt(paragraphs_[++paragraph_]), format);
         else
