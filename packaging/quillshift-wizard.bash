@@ -4,7 +4,12 @@ _quillshift_wizard() {
     local sets="866 1251 koi8-r koi8-u iso-8859-5 mac utf-8 utf-16le utf-16be 1252 437 1253"
     case $before in
     --to) COMPREPLY=($(compgen -W "utf-8 1251 keep" -- "$current")) ;;
-    --from | --exclude) COMPREPLY=($(compgen -W "$sets" -- "$current")) ;;
+    --from) COMPREPLY=($(compgen -W "$sets" -- "$current")) ;;
+    --exclude) # a list; what stands before its last comma stays
+        local done=""
+        [[ $current == *,* ]] && done=${current%,*},
+        COMPREPLY=($(compgen -P "$done" -W "$sets" -- "${current##*,}"))
+        ;;
     --depth) COMPREPLY=($(compgen -W "0 1 2 3" -- "$current")) ;;
     --list) COMPREPLY=() ;;
     *)

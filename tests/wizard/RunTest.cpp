@@ -115,6 +115,7 @@ TEST(Run, StreamsWhatIsLongerThanItsBeginning) {
 TEST(Run, TellsWhatItFound) {
     EXPECT_EQ(RunOn(koi, {"--detect"}).out, "-: sure, koi8-r\n");
     EXPECT_EQ(RunOn("plain", {"--detect"}).out, "-: clean\n");
+    EXPECT_EQ(std::ranges::count(RunOn(koi, {"--list", "1"}).out, '\n'), 2) << "heading and reading";
     const std::string listing = RunOn(koi, {"--list", "3"}).out;
     EXPECT_EQ(std::count(listing.begin(), listing.end(), '\n'), 4);
     EXPECT_NE(listing.find("\tkoi8-r\tСтарая мельница"), std::string::npos);

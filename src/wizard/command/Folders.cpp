@@ -99,10 +99,11 @@ int TellFiles(const std::vector<std::string>& names, const Options& options, con
             continue;
         }
         const std::string line = Line(finding, talk.language);
-        talk.out << (options.json                 ? Json(finding.path, finding.verdict,
+        talk.out << (options.json ? Json(finding.path, finding.verdict,
                                          finding.isBorrowed ? finding.chain : std::nullopt)
-                     : options.task == Task::List ? line + Readings(finding.verdict, talk.language)
-                                                  : line);
+                     : options.task == Task::List
+                         ? line + Readings(finding.verdict, options.list, talk.language)
+                         : line);
         status = std::max(status, finding.How() == Answer::Unsure ? unsure : fine);
     }
     return status;

@@ -1,6 +1,8 @@
 #include "wizard/command/Report.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <span>
 
 namespace quillshift::wizard {
 
@@ -79,9 +81,10 @@ std::string Line(const Finding& finding, Language language) {
     return line;
 }
 
-std::string Readings(const Verdict& verdict, Language language) {
+std::string Readings(const Verdict& verdict, std::size_t most, Language language) {
     std::string lines;
-    for (const Candidate& candidate : verdict.candidates)
+    for (const Candidate& candidate :
+         std::span(verdict.candidates).first(std::min(most, verdict.candidates.size())))
         lines.append("  ")
             .append(Number(candidate.bits))
             .append("\t")

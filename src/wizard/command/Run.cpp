@@ -36,10 +36,10 @@ private:
         if (!bytes)
             return talk_.Fail(name, Word::CannotRead);
         const Verdict verdict = Detect(*bytes, options_.detect);
-        talk_.out << (options_.json ? Json(name, verdict)
-                      : options_.task == Task::List
-                          ? Line(name, verdict, talk_.language) + Readings(verdict, talk_.language)
-                          : Line(name, verdict, talk_.language));
+        talk_.out << (options_.json                 ? Json(name, verdict)
+                      : options_.task == Task::List ? Line(name, verdict, talk_.language) +
+                                                          Readings(verdict, options_.list, talk_.language)
+                                                    : Line(name, verdict, talk_.language));
         return verdict.answer == Answer::Unsure ? unsure : fine;
     }
 

@@ -44,7 +44,6 @@ QLabel* TextLabel() {
 QLabel* Caption(const char* text) {
     auto* const label = new QLabel(QString::fromUtf8(text));
     label->setAlignment(Qt::AlignTop | Qt::AlignRight);
-    label->setForegroundRole(QPalette::PlaceholderText);
     return label;
 }
 
