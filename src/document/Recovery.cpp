@@ -13,6 +13,7 @@ constexpr std::chrono::milliseconds kSoon = 1s;
 constexpr std::chrono::milliseconds kAfterFailure = 10s;
 constexpr std::size_t kMostEdits = 256;
 constexpr std::size_t kLeastGrowth = std::size_t{64} << 10U;
+constexpr std::size_t kPiece = std::size_t{1} << 20U; // between two events
 
 std::optional<std::string> Shorten(std::string_view bytes) {
     const auto left = ReadRecoveryFile(bytes);
@@ -22,7 +23,9 @@ std::optional<std::string> Shorten(std::string_view bytes) {
 } // namespace
 
 Recovery::Recovery(const Services& services)
-    : services_(services), text_(&services.document), timer_(services.timers.Make([this] { Flush(); })) {
+    : services_(services),
+      text_(&services.document),
+      timer_(services.timers.Make([this] { FlushBitByBit(); })) {
     services_.store.OnFailure = [this] {
         if (LacksText() && !timer_->IsRunning())
             timer_->StartOnce(kAfterFailure);
@@ -34,6 +37,7 @@ Recovery::Recovery(const Services& services)
 void Recovery::Edited(const TextSurface& surface, const TextEdit& edit) {
     if (&surface != text_ || edit.went == edit.came)
         return;
+    copy_.Follow(edit);
     if (!needsWhole_)
         Gather(edit);
     NoteChange();
@@ -71,6 +75,7 @@ void Recovery::Gather(const TextEdit& edit) {
 
 void Recovery::ForgetEdits() {
     edits_.clear();
+    copy_ = {};
     gathered_ = 0;
     needsWhole_ = true;
 }
@@ -92,20 +97,39 @@ void Recovery::SetLocked(bool isLocked) {
 
 // --- Writing
 
+bool Recovery::NeedsText() const {
+    return needsWhole_ || LacksText();
+}
+
+// A long text is copied between the events: at once it would hold up a key.
+void Recovery::FlushBitByBit() {
+    if (IsOn() && NeedsText()) {
+        CopyPiece();
+        if (copy_.Length() < text_->Length()) {
+            timer_->StartOnce(0ms);
+            return;
+        }
+    }
+    Flush();
+}
+
+void Recovery::CopyPiece() {
+    copy_.Append(text_->Part(copy_.Length(), kPiece));
+}
+
 // What a failed write left out is in none of the edits to come.
 void Recovery::Flush() {
     timer_->Stop();
-    const bool lacksText = LacksText();
-    if (!std::exchange(isUnwritten_, false) && !lacksText)
+    if (!std::exchange(isUnwritten_, false) && !LacksText())
         return;
     if (!IsOn()) {
         ForgetEdits();
         RemoveAll();
-    } else if (text_->Text().empty()) { // nothing that could be lost
+    } else if (text_->Length() == 0) { // nothing that could be lost
         ForgetEdits();
         if (std::exchange(hasWritten_, false))
             services_.store.Remove();
-    } else if (needsWhole_ || lacksText) {
+    } else if (NeedsText()) {
         WriteWhole();
     } else {
         WriteEdits();
@@ -113,8 +137,10 @@ void Recovery::Flush() {
 }
 
 void Recovery::WriteWhole() {
+    while (copy_.Length() < text_->Length())
+        CopyPiece();
     services_.store.Replace(
-        [text = std::u16string(text_->Text()), place = Place()] { return RecoveryFile(text, place); });
+        [copy = std::move(copy_), place = Place()] { return RecoveryFile(copy.Joined(), place); });
     ForgetEdits();
     needsWhole_ = false;
     hasWritten_ = true;
@@ -158,7 +184,7 @@ void Recovery::FlushAndWait() {
 // --- What becomes of a text
 
 void Recovery::KeepReplaced() {
-    if (!isUnsaved_ || text_->Text().empty() || !IsOn())
+    if (!isUnsaved_ || text_->Length() == 0 || !IsOn())
         return;
     Flush();
     services_.store.SetAside();

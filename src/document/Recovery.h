@@ -2,6 +2,7 @@
 
 #include "document/DocumentState.h"
 #include "document/RecoveryFormat.h"
+#include "document/TextCopy.h"
 #include "platform/RecoveryStore.h"
 #include "platform/TextSurface.h"
 #include "platform/Timer.h"
@@ -62,6 +63,9 @@ private:
     bool LacksText() const { return hasWritten_ && isUnsaved_ && services_.store.HasFailed(); }
     void Gather(const TextEdit& edit);
     void ForgetEdits();
+    bool NeedsText() const;
+    void FlushBitByBit();
+    void CopyPiece();
     void WriteWhole();
     void WriteEdits();
     void RemoveAll();
@@ -76,6 +80,7 @@ private:
     bool hasWritten_ = false;  ///< there may be a file
     bool leavesTrace_ = false; ///< there may be something of this copy
     std::vector<Edit> edits_;  ///< not written yet, if the whole isn't needed
+    TextCopy copy_;            ///< of the text, if the whole is needed; follows the edits
     std::size_t gathered_ = 0; ///< characters in them
     std::size_t appended_ = 0; ///< edits behind the whole text in the file ...
     std::size_t grown_ = 0;    ///< ... and their bytes

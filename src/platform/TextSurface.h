@@ -59,6 +59,10 @@ public:
     virtual std::u16string_view Text() const = 0;
     /// The length of `Text`, which costs nothing right after an edit, too.
     virtual std::size_t Length() const { return Text().size(); }
+    /// A piece of `Text`, as far as there is one; a long text isn't moved about for it.
+    virtual std::u16string Part(std::size_t from, std::size_t length) const {
+        return std::u16string(Text().substr(from, length));
+    }
     /// Replaces everything, drops all formatting and puts the caret at 0. Raises `Change` and `SelChange`,
     /// also for an equal text.
     virtual void SetText(std::u16string_view text) = 0;

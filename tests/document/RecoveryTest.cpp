@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+#include <vector>
+
 namespace quillshift {
 namespace {
 
@@ -89,6 +92,35 @@ TEST_F(RecoveryTest, ManyEditsAreShortened) {
     }
     EXPECT_EQ(store.rewrites, 2);
     EXPECT_LT(store.file->size(), longest / 3);
+}
+
+TEST_F(RecoveryTest, ALongTextIsWrittenAsItIsAfterEditsWhileItIsCopied) {
+    std::u16string text(3 << 20, u'.');
+    for (std::size_t at = 0; at < text.size(); ++at)
+        text[at] = static_cast<char16_t>(u' ' + at % 8191);
+    Type(text);
+    test.timers.Tick();
+    EXPECT_FALSE(store.file) << "the window waits for all of it";
+    const std::size_t piece = 1 << 20;
+    for (const auto& [place, length] : std::vector<std::pair<std::size_t, std::size_t>>{
+             {5, 1}, {2 * piece, 9}, {piece - 3, 7}, {piece + 9, 0}, {0, 2 * piece}, {7, 0}}) {
+        document.SetSelStart(place);
+        document.SetSelLength(length);
+        Type(u"new");
+        test.timers.Tick();
+    }
+    for (int ticks = 0; ticks < 4 && !store.file; ++ticks)
+        test.timers.Tick();
+    ASSERT_TRUE(store.file);
+    EXPECT_TRUE(TextIn(store.file) == document.Text());
+    Type(u"more");
+    EXPECT_TRUE(Written() == document.Text());
+    EXPECT_EQ(store.wholes, 1);
+    document.LoadPlain(text);
+    test.timers.Tick();
+    Type(u"last");
+    window.OnDeactivate();
+    EXPECT_TRUE(TextIn(store.file) == document.Text()) << "at once, when the user turns away";
 }
 
 TEST_F(RecoveryTest, AFailedWriteIsMadeUpForByTheWholeText) {

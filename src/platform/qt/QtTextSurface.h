@@ -43,6 +43,9 @@ public:
 
     std::u16string_view Text() const override { return mirror_.All(); }
     std::size_t Length() const override { return mirror_.Length(); }
+    std::u16string Part(std::size_t from, std::size_t length) const override {
+        return mirror_.Part(from, length);
+    }
     void SetText(std::u16string_view text) override;
     void LoadPlain(std::u16string_view text) override;
     void LoadBytes(std::string_view bytes) override;
