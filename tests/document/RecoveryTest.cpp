@@ -103,7 +103,7 @@ TEST_F(RecoveryTest, ALongTextIsWrittenAsItIsAfterEditsWhileItIsCopied) {
     EXPECT_FALSE(store.file) << "the window waits for all of it";
     const std::size_t piece = 1 << 20;
     for (const auto& [place, length] : std::vector<std::pair<std::size_t, std::size_t>>{
-             {5, 1}, {2 * piece, 9}, {piece - 3, 7}, {piece + 9, 0}, {0, 2 * piece}, {7, 0}}) {
+             {5, 1}, {2 * piece, 9}, {piece - 3, 7}, {7, 4}, {piece + 9, 0}}) {
         document.SetSelStart(place);
         document.SetSelLength(length);
         Type(u"new");
