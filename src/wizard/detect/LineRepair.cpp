@@ -91,8 +91,11 @@ std::size_t LineRepair::AddTogether(std::string_view lines, std::string_view und
         text += of;
         changed_ = changed_ || clear != of;
         if (line < looked_.Count()) {
-            TakeLine(undone);
-            AddOne(TakeLine(lines), text);
+            const std::string_view unclear = TakeLine(lines), its = TakeLine(undone);
+            if (tables_[0].IsPlausible(unclear, its))
+                Accept(0, its, unclear, text);
+            else
+                AddOne(unclear, text);
             ++line;
         }
     }

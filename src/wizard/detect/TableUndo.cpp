@@ -164,11 +164,22 @@ bool TableUndo::IsClear() {
 }
 
 double TableUndo::Glance() {
-    if (!hasCodes_ && stored_ && steps_.empty())
-        TakeCodes();
-    else if (!hasCodes_)
-        ReadCodes();
+    if (!hasCodes_)
+        NoteCodes();
     return RussianGlance(codes_, count_);
+}
+
+bool TableUndo::IsPlausible(std::string_view line, std::string_view undone) {
+    bytes_ = line;
+    text_ = undone;
+    return NoteCodes() && RussianGlance(codes_, count_) >= 0;
+}
+
+bool TableUndo::NoteCodes() {
+    if (!stored_ || !steps_.empty())
+        return ReadCodes();
+    TakeCodes();
+    return true;
 }
 
 bool TableUndo::Take(Step& step) {

@@ -26,6 +26,8 @@ public:
     bool IsClear();
     /// How plausible it is as Russian, see `RussianGlance`.
     double Glance();
+    /// Whether a line that `UndoLines` has undone is plausible at a glance.
+    bool IsPlausible(std::string_view line, std::string_view undone);
 
 private:
     /// What a character up to U+25FF becomes: at most three bytes, the first one lowest, and above them how
@@ -42,9 +44,11 @@ private:
     template <typename Convert>
     bool Go(std::string_view bytes, const Convert& convert);
     bool Take(Step& step);
-    /// Notes the codes, of a single-byte set by the bytes.
+    /// Notes the codes; false where it is not UTF-8.
+    bool NoteCodes();
+    /// The same of a single-byte set, by the bytes.
     void TakeCodes();
-    /// Whether it is UTF-8; notes the codes.
+    /// The same of any text.
     bool ReadCodes();
 
     std::optional<SetToUtf8> stored_;
