@@ -176,8 +176,9 @@ TEST(TextFillTest, ReadsBytesWhetherSeenOrNot) {
     std::string all;
     for (int byte = 0; byte < 256; ++byte)
         all += static_cast<char>(byte);
-    for (const std::string& bytes : {std::string(), std::string("a\r\n\xC6"), std::string("\r\n\n"),
-                                     std::string("a\rb"), std::string("\n"), std::string("b\r"), all})
+    for (const std::string& bytes :
+         {std::string(), std::string("a\r\n\xC6"), std::string("\r\n\n"), std::string("a\rb"),
+          std::string("\n"), std::string("b\r"), std::string("a\n\r\r\nb\rc\r\r"), all})
         for (const bool isShown : {false, true}) {
             const std::u16string whole = WithWholeBreaks(windows1251::Decode(bytes));
             QtTextSurface surface;
