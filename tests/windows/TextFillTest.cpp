@@ -215,8 +215,9 @@ TEST(TextFillTest, KeepsFormatsWhereverTheTextIsParted) {
             paragraph += block.blockNumber() > 0 && !ContinuesLine(block) ? 1 : 0;
             EXPECT_LE(block.length(), static_cast<int>(LongLines::kMost) + 1);
             EXPECT_EQ(block.blockFormat().leftMargin(), ToPixels(rich.paragraphs[paragraph].leftIndent));
+            const QString text = block.text();
             for (const QTextLayout::FormatRange& range : block.textFormats()) {
-                const QString part = block.text().mid(range.start, range.length);
+                const QString part = text.mid(range.start, range.length);
                 EXPECT_EQ(range.format.fontWeight() == QFont::Bold, part.contains("bold"));
                 EXPECT_EQ(range.format.fontItalic(), part.contains("slanted")) << part.toStdString();
             }
