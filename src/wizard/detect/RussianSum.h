@@ -64,23 +64,21 @@ public:
     }
 
 #ifdef QUILLSHIFT_WIDE
-    /// Adds those of 32 bytes that are a part of it, a bit for each.
-    QUILLSHIFT_WIDE_PART void AddWide(const WideLook& look, std::uint32_t bytes) {
-        letters_ += std::popcount(look.letters & bytes);
-        signs_ += std::popcount(look.signs & bytes);
-        isRefused_ = isRefused_ || (look.refused & bytes) != 0;
-        const Wide gains = _mm256_and_si256(look.gains, WideOfBits(bytes));
-        wideGain_ = _mm256_add_epi64(wideGain_, _mm256_sad_epu8(gains, _mm256_setzero_si256()));
-    }
     QUILLSHIFT_WIDE_PART void AddWide(const WideLook& look) {
         letters_ += std::popcount(look.letters);
         signs_ += std::popcount(look.signs);
         isRefused_ = isRefused_ || look.refused != 0;
         wideGain_ = _mm256_add_epi64(wideGain_, _mm256_sad_epu8(look.gains, _mm256_setzero_si256()));
     }
+    /// The same of those of the 32 bytes that are a part of it, a bit for each.
+    QUILLSHIFT_WIDE_PART void AddWide(const WideLook& look, std::uint32_t bytes) {
+        AddWide({_mm256_and_si256(look.gains, WideOfBits(bytes)), look.letters & bytes, look.signs & bytes,
+                 look.refused & bytes});
+    }
+    /// Whether there is something that Russian has not.
     bool IsRefused() const {
         return isRefused_;
-    } ///< there is something that Russian has not
+    }
     QUILLSHIFT_WIDE_PART bool IsClearWide() {
         gain_ += _mm256_extract_epi64(wideGain_, 0) + _mm256_extract_epi64(wideGain_, 1) +
                  _mm256_extract_epi64(wideGain_, 2) + _mm256_extract_epi64(wideGain_, 3);
