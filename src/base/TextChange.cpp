@@ -1,5 +1,7 @@
 #include "base/TextChange.h"
 
+#include "base/GapText.h"
+
 #include <algorithm>
 #include <cstring>
 #include <string>
@@ -10,31 +12,68 @@ namespace {
 // Texts of megabytes differ by a letter, so all but the last block is compared at the memory's speed.
 constexpr std::size_t kBlock = 512;
 
-bool SameBlock(const char16_t* a, const char16_t* b) {
-    return std::memcmp(a, b, kBlock * sizeof(char16_t)) == 0;
+std::u16string_view PieceOf(std::u16string_view text, std::size_t from, std::size_t length) {
+    return text.substr(from, length);
 }
 
-std::size_t CommonFront(std::u16string_view a, std::u16string_view b) {
-    const std::size_t limit = std::min(a.size(), b.size());
-    std::size_t same = 0;
-    while (same + kBlock <= limit && SameBlock(a.data() + same, b.data() + same))
-        same += kBlock;
-    while (same < limit && a[same] == b[same])
-        ++same;
-    return same;
+std::u16string PieceOf(const GapText& text, std::size_t from, std::size_t length) {
+    return text.Part(from, length);
 }
 
-std::size_t CommonBack(std::u16string_view a, std::u16string_view b) {
-    const std::size_t limit = std::min(a.size(), b.size());
-    const auto behind = [](std::u16string_view text, std::size_t count) {
-        return text.data() + text.size() - count;
-    };
-    std::size_t same = 0;
-    while (same + kBlock <= limit && SameBlock(behind(a, same + kBlock), behind(b, same + kBlock)))
-        same += kBlock;
-    while (same < limit && *behind(a, same + 1) == *behind(b, same + 1))
-        ++same;
-    return same;
+std::size_t LengthOf(std::u16string_view text) {
+    return text.size();
+}
+
+std::size_t LengthOf(const GapText& text) {
+    return text.Length();
+}
+
+bool AreSame(std::u16string_view a, std::u16string_view b) {
+    return std::memcmp(a.data(), b.data(), a.size() * sizeof(char16_t)) == 0;
+}
+
+template <typename Text>
+std::size_t CommonFront(const Text& a, const Text& b, std::size_t limit) {
+    for (std::size_t same = 0; same < limit; same += kBlock) {
+        const std::size_t length = std::min(kBlock, limit - same);
+        const auto one = PieceOf(a, same, length);
+        const auto other = PieceOf(b, same, length);
+        if (!AreSame(one, other))
+            return same + static_cast<std::size_t>(
+                              std::mismatch(one.begin(), one.end(), other.begin()).first - one.begin());
+    }
+    return limit;
+}
+
+template <typename Text>
+std::size_t CommonBack(const Text& a, const Text& b, std::size_t limit) {
+    for (std::size_t same = 0; same < limit; same += kBlock) {
+        const std::size_t length = std::min(kBlock, limit - same);
+        const auto one = PieceOf(a, LengthOf(a) - same - length, length);
+        const auto other = PieceOf(b, LengthOf(b) - same - length, length);
+        if (!AreSame(one, other))
+            return same + static_cast<std::size_t>(
+                              std::mismatch(one.rbegin(), one.rend(), other.rbegin()).first - one.rbegin());
+    }
+    return limit;
+}
+
+template <typename Text>
+bool IsInside(const Text& text, std::size_t place) {
+    return place > 0 && IsInsideCharacter(PieceOf(text, place - 1, 2), 1);
+}
+
+template <typename Text>
+TextChange Between(const Text& from, const Text& to, std::size_t caret) {
+    const std::size_t length = LengthOf(from);
+    const std::size_t other = LengthOf(to);
+    std::size_t back = CommonBack(from, to, std::min(length, other - std::min(caret, other)));
+    while (IsInside(from, length - back) || IsInside(to, other - back))
+        --back;
+    std::size_t front = CommonFront(from, to, std::min(length, other) - back);
+    while (IsInside(from, front) || IsInside(to, front))
+        --front;
+    return {.place = front, .removed = length - front - back, .added = other - front - back};
 }
 
 } // namespace
@@ -60,14 +99,11 @@ Halves CutHalves(std::u16string_view text, const TextChange& change, std::u16str
 }
 
 TextChange ChangeBetween(std::u16string_view from, std::u16string_view to, std::size_t caret) {
-    std::size_t back = CommonBack(from, to.substr(std::min(caret, to.size())));
-    while (IsInsideCharacter(from, from.size() - back) || IsInsideCharacter(to, to.size() - back))
-        --back;
-    const std::size_t limit = std::min(from.size(), to.size()) - back;
-    std::size_t front = CommonFront(from.substr(0, limit), to.substr(0, limit));
-    while (IsInsideCharacter(from, front) || IsInsideCharacter(to, front))
-        --front;
-    return {.place = front, .removed = from.size() - front - back, .added = to.size() - front - back};
+    return Between(from, to, caret);
+}
+
+TextChange ChangeBetween(const GapText& from, const GapText& to) {
+    return Between(from, to, 0);
 }
 
 } // namespace quillshift

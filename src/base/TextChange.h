@@ -5,6 +5,8 @@
 
 namespace quillshift {
 
+class GapText;
+
 /// What turns one text into another: from `place` on, `removed` characters of the first give way to `added`
 /// characters of the second.
 struct TextChange {
@@ -19,6 +21,8 @@ struct TextChange {
 /// lies inside a character. What stands before `caret` in the second text does not count as behind the
 /// change.
 TextChange ChangeBetween(std::u16string_view from, std::u16string_view to, std::size_t caret);
+/// Looks at no more of the texts than it needs.
+TextChange ChangeBetween(const GapText& from, const GapText& to);
 
 /// Whether a place lies inside what is one to a reader: CR LF, or the two halves of a surrogate pair.
 bool IsInsideCharacter(std::u16string_view text, std::size_t place);

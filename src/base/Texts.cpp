@@ -1,7 +1,6 @@
 #include "base/Texts.h"
 
 #include <algorithm>
-#include <tuple>
 
 namespace quillshift {
 namespace {
@@ -34,15 +33,6 @@ std::u16string WithWholeBreaks(std::u16string_view text, std::size_t room) {
         from = at + (text.substr(at, 2) == u"\r\n" ? 2 : 1);
     }
     return whole;
-}
-
-bool HasWholeBreaks(std::string_view bytes) {
-    for (const auto& [one, other, by] : {std::tuple('\r', '\n', 1), {'\n', '\r', -1}})
-        for (std::size_t at = 0; (at = bytes.find(one, at)) != bytes.npos; ++at)
-            if (const auto beside = at + static_cast<std::size_t>(by);
-                beside >= bytes.size() || bytes[beside] != other)
-                return false;
-    return true;
 }
 
 std::u16string Quotable(std::u16string_view text) {

@@ -45,11 +45,7 @@ std::optional<std::uint8_t> ToByte(char16_t character) {
     return kInverse[character];
 }
 
-std::u16string Decode(std::string_view bytes, std::size_t room) {
-    constexpr std::size_t kSlack = 64; // a part of what is long, for what is typed into it
-    std::u16string text;
-    text.reserve(room > 0 ? room + bytes.size() + bytes.size() / kSlack : bytes.size());
-    text.resize(room);
+void DecodeBehind(std::u16string& text, std::string_view bytes) {
     std::array<char16_t, 4096> part{}; // new memory is what takes the time: it is gone through once
     for (std::size_t begin = 0; begin < bytes.size(); begin += part.size()) {
         const std::string_view some = bytes.substr(begin, part.size());
@@ -57,6 +53,12 @@ std::u16string Decode(std::string_view bytes, std::size_t room) {
                        [](char byte) { return kAll[static_cast<std::uint8_t>(byte)]; });
         text.append(part.data(), some.size());
     }
+}
+
+std::u16string Decode(std::string_view bytes) {
+    std::u16string text;
+    text.reserve(bytes.size());
+    DecodeBehind(text, bytes);
     return text;
 }
 

@@ -31,8 +31,9 @@ constexpr char16_t FromByte(std::uint8_t byte) {
 /// Nothing for a character that has no byte.
 std::optional<std::uint8_t> ToByte(char16_t character);
 
-/// The text stands behind so many units of room.
-std::u16string Decode(std::string_view bytes, std::size_t room = 0);
+std::u16string Decode(std::string_view bytes);
+/// Puts what the bytes mean behind a text.
+void DecodeBehind(std::u16string& text, std::string_view bytes);
 /// A character that has no byte becomes "?".
 std::string Encode(std::u16string_view text);
 

@@ -39,8 +39,7 @@ enum class DialogSounds { LoadAndUnload, None };
 
 /// What every dialog does the same way: it takes its place above other windows as `TopMost` says and plays
 /// the load sound before it fills its fields, and plays the unload sound when it is unloaded. It has the one
-/// font of all dialogs, and captions without a mnemonic get one when it is shown. Where the screen has no
-/// room for all of it, it scrolls.
+/// font of all dialogs, and captions without a mnemonic get one when it is shown.
 class Dialog : public QDialog {
     Q_OBJECT
 
@@ -83,7 +82,6 @@ protected:
 
 private:
     void Play(const SoundEvent& event);
-    void FitTheScreen();
 
     DialogContext context_;
     DialogSounds sounds_;

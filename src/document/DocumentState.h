@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/PlainBytes.h"
 #include "platform/FileSystem.h"
 
 #include <cstddef>
@@ -7,18 +8,25 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <variant>
 
 namespace quillshift {
 
-/// A file as this run read or wrote it last, and a digest of the text that it showed for it then.
-struct KnownFile {
+/// A file as this run read or wrote it last, and the text that it showed for it then.
+class KnownFile {
+public:
+    KnownFile(std::u16string_view thePath, const FileMark& theMark, const PlainBytes& text);
+    /// Keeps a digest alone.
     KnownFile(std::u16string_view thePath, const FileMark& theMark, std::u16string_view text);
+
+    bool HasText(std::u16string_view text) const;
+    bool operator==(const KnownFile&) const = default;
 
     std::u16string path;
     FileMark mark;
-    std::size_t digest;
 
-    bool operator==(const KnownFile&) const = default;
+private:
+    std::variant<PlainBytes, std::size_t> text_;
 };
 
 /// What the program remembers of the document besides its text.

@@ -2,13 +2,15 @@
 
 #include "document/rtf/RtfReader.h"
 
+#include <utility>
+
 namespace quillshift {
 
-FileText::FileText(std::string_view bytes) {
+FileText::FileText(std::string bytes) {
     if (IsRtf(bytes))
         text_ = ReadRtf(bytes);
     else
-        text_ = bytes;
+        text_ = PlainBytes(std::move(bytes));
 }
 
 bool FileText::IsBlankRich() const {
@@ -17,7 +19,7 @@ bool FileText::IsBlankRich() const {
 }
 
 void FileText::LoadInto(TextSurface& surface) const {
-    if (const auto* plain = std::get_if<std::string_view>(&text_))
+    if (const PlainBytes* plain = Plain())
         surface.LoadBytes(*plain);
     else
         surface.LoadRich(std::get<RichText>(text_));

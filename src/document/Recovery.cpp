@@ -53,7 +53,7 @@ void Recovery::NoteChange() {
 // An edit that touches the last one becomes one with it.
 void Recovery::Gather(const TextEdit& edit) {
     gathered_ += edit.came.size();
-    if (gathered_ > std::max(kLeastGrowth, text_->Length())) {
+    if (gathered_ >= std::max(kLeastGrowth, text_->Length())) {
         ForgetEdits();
         return;
     }

@@ -1,9 +1,29 @@
 #include "document/ReopenOffer.h"
 
+#include "base/Windows1251.h"
+
+#include <functional>
+
 namespace quillshift {
+namespace {
+
+std::size_t Digest(std::u16string_view text) {
+    return std::hash<std::u16string_view>()(text);
+}
+
+} // namespace
+
+KnownFile::KnownFile(std::u16string_view thePath, const FileMark& theMark, const PlainBytes& text)
+    : path(thePath), mark(theMark), text_(text) {}
 
 KnownFile::KnownFile(std::u16string_view thePath, const FileMark& theMark, std::u16string_view text)
-    : path(thePath), mark(theMark), digest(std::hash<std::u16string_view>()(text)) {}
+    : path(thePath), mark(theMark), text_(Digest(text)) {}
+
+bool KnownFile::HasText(std::u16string_view text) const {
+    if (const auto* digest = std::get_if<std::size_t>(&text_))
+        return *digest == Digest(text);
+    return windows1251::Decode(std::get<PlainBytes>(text_).View()) == text;
+}
 
 void ReopenOffer::Look() {
     if (!services_.state.file || !underWay_.insert(services_.state.file->path).second)
@@ -28,8 +48,7 @@ void ReopenOffer::Compare(const KnownFile& known, const std::optional<FileMark>&
 }
 
 bool ReopenOffer::HasTextOf(const KnownFile& known) const {
-    return services_.state.file == known &&
-           KnownFile(known.path, known.mark, services_.document.Text()).digest == known.digest;
+    return services_.state.file == known && known.HasText(services_.document.Text());
 }
 
 } // namespace quillshift

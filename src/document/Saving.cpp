@@ -1,5 +1,6 @@
 #include "document/Saving.h"
 
+#include "base/PlainBytes.h"
 #include "base/Windows1251.h"
 
 #include <functional>
@@ -7,26 +8,9 @@
 namespace quillshift {
 namespace {
 
-std::size_t Digest(std::string_view bytes) {
-    return std::hash<std::string_view>()(bytes);
-}
-
-// As a surface makes them of single ones.
-std::u16string WithWholeBreaks(std::u16string_view text) {
-    std::u16string whole;
-    whole.reserve(text.size());
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        const bool isBreak = text[at] == u'\r' || text[at] == u'\n';
-        whole += isBreak ? std::u16string_view(u"\r\n") : text.substr(at, 1);
-        if (text.substr(at).starts_with(u"\r\n"))
-            ++at;
-    }
-    return whole;
-}
-
 // An RTF file has its own bytes for text here: its formatting is in no backup.
 bool HasText(std::string_view bytes, std::u16string_view text) {
-    return WithWholeBreaks(windows1251::Decode(bytes)) == text;
+    return windows1251::Decode(PlainBytes(std::string(bytes)).View()) == text;
 }
 
 Expected ExpectedOf(const FileContents& found) {
@@ -54,17 +38,16 @@ Error FileError(const FileFailure& failure, std::u16string_view path) {
 
 // --- What this run knows of its files
 
+std::size_t Saving::Digest(std::string_view bytes) {
+    return std::hash<std::string_view>()(bytes);
+}
+
 void Saving::DocumentChanged() {
     for (auto& [path, known] : known_)
         known.isOurs = false;
 }
 
-void Saving::DocumentLoaded(const std::u16string& path, const FileContents& contents) {
-    DocumentChanged();
-    known_[path] = {Digest(contents.bytes), false};
-}
-
-void Saving::DocumentRestored(const std::u16string& path, std::uint64_t digest) {
+void Saving::DocumentLoaded(const std::u16string& path, std::uint64_t digest) {
     DocumentChanged();
     known_[path] = {static_cast<std::size_t>(digest), false};
 }

@@ -34,10 +34,9 @@ public:
 
     /// Another document takes the place of the one that this run wrote files for.
     void DocumentChanged();
-    /// A file was loaded as the document.
-    void DocumentLoaded(const std::u16string& path, const FileContents& contents);
-    /// A document was loaded that an earlier run had worked on, when the file's contents had this digest.
-    void DocumentRestored(const std::u16string& path, std::uint64_t digest);
+    static std::size_t Digest(std::string_view bytes);
+    /// A document was loaded for whose text the file's contents had this digest, perhaps in an earlier run.
+    void DocumentLoaded(const std::u16string& path, std::uint64_t digest);
     /// Of the contents that this run knows of a file; 0 if it knows none.
     std::uint64_t KnownDigest(const std::u16string& path) const;
 

@@ -24,7 +24,7 @@ std::u16string Result(std::size_t count, const Replacements& found) {
 } // namespace
 
 void Search::ShowFind() {
-    if (services_.document.Text().empty()) {
+    if (services_.document.Length() == 0) {
         services_.messageBox.Inform(u"Документ не содержит текста!");
         return;
     }

@@ -6,6 +6,8 @@
 #include "document/Caption.h"
 #include "document/FileText.h"
 
+#include <utility>
+
 namespace quillshift {
 namespace {
 
@@ -147,8 +149,8 @@ FileContents modDocument::ReadOrThrow(const FileName& path) {
     return contents;
 }
 
-FileText modDocument::TextOf(const FileContents& contents, const FileName& path) {
-    FileText text(contents.bytes);
+FileText modDocument::TextOf(std::string bytes, const FileName& path) {
+    FileText text(std::move(bytes));
     if (text.IsBlankRich())
         throw FileError({321, u"В файле RTF нет текста"}, path);
     return text;
@@ -157,16 +159,21 @@ FileText modDocument::TextOf(const FileContents& contents, const FileName& path)
 // The file is read whole before a surface is touched, so that a failure changes nothing.
 bool modDocument::LoadBoth() {
     const FileName path = services_.platform.fileDialog.FileName;
-    const FileContents contents = ReadOrThrow(path);
-    const FileText text = TextOf(contents, path);
+    FileContents contents = ReadOrThrow(path);
+    const std::size_t digest = Saving::Digest(contents.bytes);
+    const FileText text = TextOf(std::move(contents.bytes), path);
     BeforeReplacing();
     text.LoadInto(services_.document);
     text.LoadInto(services_.backup);
-    saving_.DocumentLoaded(path, contents);
-    services_.state.file.emplace(path, contents.mark, services_.document.Text());
-    NoteFile(path, !text.IsPlain());
+    saving_.DocumentLoaded(path, digest);
+    const PlainBytes* const plain = text.Plain();
+    if (plain != nullptr)
+        services_.state.file.emplace(path, contents.mark, *plain);
+    else
+        services_.state.file.emplace(path, contents.mark, services_.document.Text());
+    NoteFile(path, plain == nullptr);
     services_.recovery.Settled();
-    return text.IsPlain();
+    return plain != nullptr;
 }
 
 // What nobody has agreed to lose is kept.
@@ -195,7 +202,7 @@ void modDocument::Restore(const RecoveredText& left) {
     const FileContents contents = services_.platform.files.Read(place.path);
     if (!contents.failure)
         FileText(contents.bytes).LoadInto(services_.backup);
-    saving_.DocumentRestored(place.path, place.knownDigest);
+    saving_.DocumentLoaded(place.path, place.knownDigest);
     NoteFile(place.path, place.isRich);
     ApplyCaptionRule();
 }
@@ -231,7 +238,7 @@ bool modDocument::ImportRtfFile(std::u16string_view filter, std::u16string_view 
         dialog.FileName.clear();
         if (!dialog.ShowOpen())
             return;
-        TextOf(ReadOrThrow(dialog.FileName), dialog.FileName).LoadInto(services_.import);
+        TextOf(ReadOrThrow(dialog.FileName).bytes, dialog.FileName).LoadInto(services_.import);
         services_.state.ReopenAvailable = true;
         imported = true;
         // On the present document: the imported text arrives only after it.
@@ -245,7 +252,7 @@ void modDocument::InsertImported() {
     TextSurface& import = services_.import;
     import.SetFocus();
     import.SetSelStart(0);
-    import.SetSelLength(import.Text().size());
+    import.SetSelLength(import.Length());
     services_.copy(import.SelText());
 
     services_.paste();
@@ -267,7 +274,7 @@ void modDocument::InsertTextFile() {
         TextSurface& inserted = services_.inserted;
         FileText(ReadOrThrow(dialog.FileName).bytes).LoadInto(inserted);
         inserted.SetSelStart(0);
-        inserted.SetSelLength(inserted.Text().size());
+        inserted.SetSelLength(inserted.Length());
         const std::u16string text = inserted.SelText();
         if (text.empty())
             return;
@@ -300,7 +307,7 @@ bool modDocument::WriteDocument(const FileName& path, bool isPlainSave) {
         return false;
     const Saving::Outcome outcome = saving_.Save(order);
     if (outcome.backedUp)
-        services_.backup.LoadBytes(order.bytes); // as it was written
+        services_.backup.LoadBytes(PlainBytes(order.bytes)); // as it was written
     if (outcome.written)
         services_.state.file.reset();
     if (outcome.mark && windows1251::Decode(order.bytes) == text + u"\r\n") // no letter was lost

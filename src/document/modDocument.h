@@ -72,7 +72,7 @@ private:
     bool MayDropText();
     void Report(const std::function<void()>& routine);
     void LoadChosen();
-    FileText TextOf(const FileContents& contents, const FileName& path);
+    FileText TextOf(std::string bytes, const FileName& path);
     bool LoadBoth();
     void NameFile(const FileName& path);
     void BeforeReplacing();

@@ -76,7 +76,7 @@ void modEdit::SelectAll() {
     TextSurface& document = services_.document;
     document.SetFocus();
     document.SetSelStart(0);
-    document.SetSelLength(document.Text().size());
+    document.SetSelLength(document.Length());
 }
 
 void modEdit::SelectionTo(LetterCase letterCase) {

@@ -205,7 +205,7 @@ void modPrint::DrawPages(TextSurface& surface, const PrintMargins& margins, Job&
     const TwipsRect area{left, top, sheet.width - margins.right - sheet.left - left,
                          sheet.height - margins.bottom - sheet.top - top};
     const TwipsRect page{0_twips, 0_twips, sheet.scaleWidth, sheet.scaleHeight};
-    const std::size_t length = surface.Text().size();
+    const std::size_t length = surface.Length();
     const double all = std::max(1.0, static_cast<double>(length)) * printer.Passes();
     for (int pass = 0; pass < printer.Passes(); ++pass) {
         std::size_t from = 0;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/GapText.h"
 #include "base/Geometry.h"
 #include "base/RichText.h"
 #include "base/Twips.h"
@@ -43,7 +44,7 @@ struct Replacement {
 struct TextEdit {
     std::size_t place = 0;
     std::u16string_view went;
-    std::u16string_view came;
+    TextPiece came;
 };
 
 /// A rich-text editing control, and the only door to the text in it.
@@ -71,7 +72,7 @@ public:
     /// that was just loaded does not count as changed.
     virtual void LoadPlain(std::u16string_view text) = 0;
     /// As `LoadPlain`, of a text in the fixed reading of files.
-    virtual void LoadBytes(std::string_view bytes) { LoadPlain(windows1251::Decode(bytes)); }
+    virtual void LoadBytes(const PlainBytes& bytes) { LoadPlain(windows1251::Decode(bytes.View())); }
     virtual void LoadRich(const RichText& text) = 0;
 
     virtual std::size_t SelStart() const = 0;

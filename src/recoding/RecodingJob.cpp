@@ -63,7 +63,7 @@ void RecodingJob::StartAndReport(Direction direction) {
 void RecodingJob::RunRecodingJob() {
     services_.gatherText();
     RecodingState& state = services_.state;
-    if (services_.document.Text().empty()) {
+    if (services_.document.Length() == 0) {
         services_.messageBox.Inform(u"Нет текста для перекодирования !");
         return;
     }
@@ -96,17 +96,17 @@ void RecodingJob::Detach(const DecodingView& view) {
 
 RecodingJob::Walk RecodingJob::WalkTheBar() {
     RecodingState& state = services_.state;
-    const std::size_t steps = WalkSteps(services_.document.Text().size());
+    const std::size_t steps = WalkSteps(services_.document.Length());
     for (std::size_t i = 0; i <= steps && !state.StopRequested; ++i) {
         // Events ran at the last step, so the text may have changed, or be gone.
-        const auto length = static_cast<float>(services_.document.Text().size());
+        const auto length = static_cast<float>(services_.document.Length());
         if (length == 0)
             return Walk::Stopped;
         if (view_ != nullptr)
             view_->SetProgress(static_cast<float>(i) / (length / 10) * 100);
     }
     // The last step ran events, too.
-    if (std::exchange(state.StopRequested, false) || services_.document.Text().empty())
+    if (std::exchange(state.StopRequested, false) || services_.document.Length() == 0)
         return Walk::Stopped;
     return Walk::Finished;
 }

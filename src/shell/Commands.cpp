@@ -36,7 +36,7 @@ void ShowBar(ProgramParts& parts, int bar, std::string_view key) {
 }
 
 void ChoosePair(ProgramParts& parts, int /*argument*/, std::string_view /*key*/) {
-    if (parts.window.RichTextBox().Text().empty())
+    if (parts.window.RichTextBox().Length() == 0)
         parts.platform.messageBox.Inform(u"Документ не содержит текста!");
     else
         parts.dialogs->Show(DialogKind::Decode);

@@ -82,7 +82,7 @@ void Program::ConnectSurface() {
 
 void Program::OnDirectionChange() {
     parts_.fullScreen.End();
-    if (!parts_.settings.Is(Setting::DecodeAtCodeChange) || parts_.window.RichTextBox().Text().empty())
+    if (!parts_.settings.Is(Setting::DecodeAtCodeChange) || parts_.window.RichTextBox().Length() == 0)
         return;
     parts_.settings.Set(Setting::DefaultCode, WholeNumberText(parts_.window.Direction()));
     parts_.platform.messageBox.Attempt([this] { parts_.job.StartDecode(); });

@@ -178,12 +178,14 @@ TEST(TextFillTest, ReadsBytesWhetherSeenOrNot) {
         all += static_cast<char>(byte);
     for (const std::string& bytes :
          {std::string(), std::string("a\r\n\xC6"), std::string("\r\n\n"), std::string("a\rb"),
-          std::string("\n"), std::string("b\r"), std::string("a\n\r\r\nb\rc\r\r"), all})
+          std::string("\n"), std::string("b\r"), std::string(130, 'x') + "\n" + std::string(99, 'y'),
+          std::string(63, 'x') + "\r" + std::string(64, 'y') + "\r\n", std::string(64, 'x') + "\nz",
+          std::string("a\n\r\r\nb\rc\r\r"), all})
         for (const bool isShown : {false, true}) {
             const std::u16string whole = WithWholeBreaks(windows1251::Decode(bytes));
             QtTextSurface surface;
             surface.setVisible(isShown);
-            surface.LoadBytes(bytes);
+            surface.LoadBytes(PlainBytes(bytes));
             EXPECT_EQ(surface.Length(), whole.size());
             surface.show();
             EXPECT_EQ(InDocument(surface), whole) << bytes;

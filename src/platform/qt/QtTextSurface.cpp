@@ -159,7 +159,7 @@ void QtTextSurface::RaiseChange() {
     if (!std::exchange(textMoved_, false))
         return;
     const std::u16string went = std::exchange(went_, {});
-    Raise({.place = place_, .went = went, .came = mirror_.View(place_, came_)});
+    Raise({.place = place_, .went = went, .came = {mirror_, place_, came_}});
 }
 
 void QtTextSurface::NoteSelection() {

@@ -48,7 +48,7 @@ public:
     }
     void SetText(std::u16string_view text) override;
     void LoadPlain(std::u16string_view text) override;
-    void LoadBytes(std::string_view bytes) override;
+    void LoadBytes(const PlainBytes& bytes) override;
     void LoadRich(const RichText& text) override;
 
     std::size_t SelStart() const override;

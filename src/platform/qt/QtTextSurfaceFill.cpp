@@ -2,7 +2,6 @@
 
 #include "base/TextChange.h"
 #include "base/Texts.h"
-#include "base/Windows1251.h"
 #include "platform/qt/QtTextSurface.h"
 #include "platform/qt/TextFill.h"
 
@@ -23,25 +22,6 @@ constexpr std::chrono::milliseconds kSlice = 8ms;
 constexpr std::chrono::milliseconds kForAll = 24h;
 
 constexpr std::size_t kRoom = 1 << 16; // for what is typed at the caret, which stands in front
-
-// As that of a text, a line at a time: what is new in memory takes the time, and bytes are half as many.
-std::string WithWholeBreaks(std::string_view bytes) {
-    constexpr std::string_view kBreak = "\r\n";
-    std::string whole;
-    whole.reserve(bytes.size() + static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), '\n')));
-    while (!bytes.empty()) {
-        const std::size_t end = std::min(bytes.find('\n'), bytes.size());
-        std::string_view row = bytes.substr(0, end);
-        const bool isEnded = end < bytes.size();
-        bytes.remove_prefix(end + (isEnded ? 1 : 0));
-        if (isEnded && row.ends_with('\r'))
-            row.remove_suffix(1);
-        for (std::size_t at = 0; (at = row.find('\r')) != row.npos; row.remove_prefix(at + 1))
-            whole.append(row.substr(0, at)).append(kBreak);
-        whole.append(row).append(isEnded ? kBreak : "");
-    }
-    return whole;
-}
 
 } // namespace
 
@@ -65,7 +45,7 @@ void QtTextSurface::ReplaceAll(GapText text, const std::function<void()>& begin)
     FillSoon();
     if (!OnChange)
         return;
-    const TextChange change = ChangeBetween(old.All(), mirror_.All(), 0);
+    const TextChange change = ChangeBetween(old, mirror_);
     went_ = old.Part(change.place, change.removed);
     old = {};
     place_ = change.place;
@@ -87,16 +67,8 @@ void QtTextSurface::LoadPlain(std::u16string_view text) {
 }
 
 // In a surface that is not seen the text may never be asked for.
-void QtTextSurface::LoadBytes(std::string_view bytes) {
-    std::string whole = HasWholeBreaks(bytes) ? std::string() : WithWholeBreaks(bytes);
-    if (!whole.empty())
-        bytes = whole;
-    const std::size_t length = bytes.size();
-    GapText text = isVisible()     ? GapText(windows1251::Decode(bytes, kRoom), kRoom)
-                   : whole.empty() ? GapText(std::string(bytes))
-                                   : GapText(std::move(whole));
-    whole = {};
-    ReplaceAll(std::move(text), [&] { fill_->BeginPlain(length); });
+void QtTextSurface::LoadBytes(const PlainBytes& bytes) {
+    ReplaceAll(GapText(bytes, isVisible() ? kRoom : 0), [&] { fill_->BeginPlain(bytes.View().size()); });
 }
 
 void QtTextSurface::LoadRich(const RichText& text) {
@@ -111,7 +83,7 @@ void QtTextSurface::Fill(std::chrono::milliseconds time) {
         QTextCursor caret = textCursor();
         const int anchor = caret.anchor();
         const int position = caret.position();
-        fill_->Go(mirror_.View(Length() - fill_->Left(), fill_->Left()), time);
+        fill_->Go(mirror_, time);
         if (std::max(textCursor().anchor(), textCursor().position()) > std::max(anchor, position)) {
             caret.setPosition(anchor); // what comes to where it stands takes it along
             caret.setPosition(position, QTextCursor::KeepAnchor);

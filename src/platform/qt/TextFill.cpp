@@ -1,5 +1,6 @@
 #include "platform/qt/TextFill.h"
 
+#include "base/GapText.h"
 #include "platform/qt/LongLines.h"
 #include "platform/qt/QtText.h"
 #include "platform/qt/QtTextFormats.h"
@@ -41,13 +42,13 @@ void TextFill::Stop() {
     paragraphs_ = {};
 }
 
-void TextFill::Go(std::u16string_view text, std::chrono::milliseconds time) {
+void TextFill::Go(const GapText& text, std::chrono::milliseconds time) {
     const auto until = std::chrono::steady_clock::now() + time;
     QTextCursor cursor(&document_);
     cursor.movePosition(QTextCursor::End);
     cursor.beginEditBlock();
     do {
-        const std::u16string_view rest = text.substr(text.size() - left_);
+        const std::u16string_view rest = text.View(text.Length() - left_, Ahead());
         const std::size_t end = EndOfPiece(rest);
         if (isInLine_)
             lines_.Continue(cursor);
@@ -63,15 +64,18 @@ void TextFill::Go(std::u16string_view text, std::chrono::milliseconds time) {
         Stop();
 }
 
+// How much of what is left tells where a piece ends.
+std::size_t TextFill::Ahead() const {
+    return lines_.IsParting() ? LongLines::kMost + kBreak.size() : left_;
+}
+
 // A line that is too long for a paragraph begins a piece.
 std::size_t TextFill::EndOfPiece(std::u16string_view rest) const {
-    const std::u16string_view near =
-        lines_.IsParting() ? rest.substr(0, LongLines::kMost + kBreak.size()) : rest;
-    const std::size_t end = std::min(near.find(kBreak, kPiece), rest.size());
+    const std::size_t end = std::min(rest.find(kBreak, kPiece), rest.size());
     if (!lines_.IsParting() || end <= LongLines::kMost)
         return end;
-    const std::size_t line = near.rfind(kBreak, kPiece);
-    return line == near.npos || line == 0 ? PlaceToPart(rest, kPiece) : line;
+    const std::size_t line = rest.rfind(kBreak, kPiece);
+    return line == rest.npos || line == 0 ? PlaceToPart(rest, kPiece) : line;
 }
 
 void TextFill::AddRich(QTextCursor& cursor, std::u16string_view piece) {

@@ -12,6 +12,7 @@ class QTextDocument;
 
 namespace quillshift {
 
+class GapText;
 class LongLines;
 
 /// Fills an empty document with a text bit by bit, from front to back, whole lines or parts of long ones at a
@@ -27,11 +28,12 @@ public:
 
     /// How much of the text is not in the document, in 16-bit units.
     std::size_t Left() const { return left_; }
-    /// Fills in the next lines, and more until the time is over. `text` ends with what is left; its breaks
-    /// are CR LF.
-    void Go(std::u16string_view text, std::chrono::milliseconds time);
+    /// Fills in the next lines, and more until the time is over. `text` ends with what is left, and is looked
+    /// at no further than what comes into the document; its breaks are CR LF.
+    void Go(const GapText& text, std::chrono::milliseconds time);
 
 private:
+    std::size_t Ahead() const;
     std::size_t EndOfPiece(std::u16string_view rest) const;
     void AddRich(QTextCursor& cursor, std::u16string_view piece);
 
