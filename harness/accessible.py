@@ -8,6 +8,7 @@ as the last word, through that one.
                                       what comes over the bus meanwhile, the answers included
     accessible.py follow FILE         asks for the text once, and keeps what comes of it by all that is told, and behind
                                       it where the caret is, until it is ended
+    accessible.py heed FILE           keeps the names of what gets the keyboard or is selected, until it is ended
     accessible.py press FILE          presses the commands of the file's lines, and waits for what each does
 
 A window that opens has to have a name at each of its fields. A line of the file: the way to a command, what comes of
@@ -221,8 +222,20 @@ def follow(editor, file):
     pyatspi.Registry.start()
 
 
+def heed(file):
+    with open(file, "w", encoding="utf-8") as out:
+        def keep(event):
+            if event.detail1 == 1:
+                print(str(event.type).split(":")[-1] + "\t" + event.source.name, file=out, flush=True)
+
+        for state in ("focused", "selected"):
+            pyatspi.Registry.registerEventListener(keep, "object:state-changed:" + state)
+        print("ready", file=out, flush=True)
+        pyatspi.Registry.start()
+
+
 task = sys.argv[1]
-program = Program(sys.argv[-1] if len(sys.argv) > 2 and task not in ("press", "weigh", "follow") else "quillshift")
+program = Program(sys.argv[-1] if len(sys.argv) > 2 and task not in ("press", "weigh", "follow", "heed") else "quillshift")
 if task == "list":
     list_commands(program)
 elif task == "names":
@@ -234,6 +247,8 @@ elif task == "weigh":
         weigh(file)
 elif task == "follow":
     follow(program, sys.argv[2])
+elif task == "heed":
+    heed(sys.argv[2])
 else:
     with open(sys.argv[2], encoding="utf-8", newline="\n") as file:
         press_commands(program, file.readlines())

@@ -30,9 +30,15 @@ BarRole qsCommandBar::Role() const {
     return mainMenu_ ? BarRole::MenuBar : BarRole::ToolBar;
 }
 
+// A menu is called as the item is that opens it elsewhere.
 std::u16string qsCommandBar::Title() const {
     const cCommandBarInt* const shown = ShownBar();
-    return shown != nullptr ? shown->Title : std::u16string();
+    if (shown == nullptr)
+        return {};
+    for (const auto& [key, button] : bars_.Model().Buttons())
+        if (button->Bar == shown)
+            return WithoutMnemonic(button->Caption);
+    return shown->Title;
 }
 
 /// The item of the control below that has opened this popup.
@@ -138,7 +144,8 @@ void qsCommandBar::AnnounceHot(ItemIndex index) const {
         control = bars_.Find(control->parent_);
         path.insert(path.begin(), control->buttons_[*opener]->Key);
     }
-    control->window_.AnnounceItem(path);
+    if (bars_.IsNewlyHot(control->Window(), path))
+        control->window_.AnnounceItem(path);
 }
 
 // --- Pressing

@@ -125,8 +125,8 @@ void qsCommandBar::LeaveToStrip(Step step) {
 
 void qsCommandBar::WalkAndOpen(Step step) {
     const ItemIndex next = WalkStrip(records_, items_, CurrentItem(items_), step);
-    bars_.Tracking().CloseMenusOf(Window());
     MakeHot(next);
+    bars_.Tracking().CloseMenusOf(Window());
     if (next && buttons_[*next]->Bar != nullptr)
         OpenItem(*next, false);
 }

@@ -13,6 +13,7 @@
 #include <functional>
 #include <optional>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace quillshift {
@@ -68,6 +69,10 @@ public:
     /// A control for one more popup, marked in use: one from the pool, or a new one of the host's. Null if
     /// the host gives none.
     qsCommandBar* ObtainPopup();
+    /// Whether this is another item than the one of the call before.
+    bool IsNewlyHot(WindowId control, const BarPath& path) {
+        return std::exchange(hot_, {control, path}) != std::pair(control, path);
+    }
 
 private:
     void RepaintAll();
@@ -96,6 +101,7 @@ private:
     mHooks hooks_;
     std::vector<qsCommandBar*> controls_; // in order of registration
     std::vector<qsCommandBar*> pool_;     // those of them ever taken for a popup
+    std::pair<WindowId, BarPath> hot_;    // the item that was announced last
 };
 
 } // namespace quillshift

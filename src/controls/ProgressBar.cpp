@@ -2,9 +2,11 @@
 
 #include "base/Error.h"
 #include "base/Texts.h"
+#include "controls/ProgressBarAccess.h"
 #include "platform/qt/Appearance.h"
 #include "platform/qt/QtText.h"
 
+#include <QAccessible>
 #include <QCoreApplication>
 #include <QPainter>
 
@@ -16,10 +18,13 @@ namespace quillshift {
 ProgressBar::ProgressBar(QWidget* parent) : QWidget(parent) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFont(DialogFont());
+    AnnounceProgressBars();
 }
 
 void ProgressBar::SetValue(float value) {
     value_ = value;
+    QAccessibleValueChangeEvent event(this, Percentage());
+    QAccessible::updateAccessibility(&event);
     Redraw();
 }
 

@@ -33,13 +33,13 @@ public:
 
     /// The text on the bar: `Text` and, if `ShowStatus` is on, the whole percentage.
     std::u16string Label() const;
+    double Percentage() const;
     QSize sizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    double Percentage() const;
     void Redraw();
 
     float value_ = 0;

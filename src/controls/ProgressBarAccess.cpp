@@ -1,5 +1,6 @@
 #include "controls/ProgressBarAccess.h"
 
+#include "controls/ProgressBar.h"
 #include "controls/ProgressBarWidget.h"
 
 #include <QAccessibleWidget>
@@ -7,27 +8,47 @@
 namespace quillshift {
 namespace {
 
-class BarInterface final : public QAccessibleWidget, public QAccessibleValueInterface {
+class BarInterface : public QAccessibleWidget, public QAccessibleValueInterface {
 public:
-    explicit BarInterface(ProgressBarWidget& bar) : QAccessibleWidget(&bar, QAccessible::ProgressBar) {}
+    explicit BarInterface(QWidget& bar) : QAccessibleWidget(&bar, QAccessible::ProgressBar) {}
 
     void* interface_cast(QAccessible::InterfaceType type) override {
         return type == QAccessible::ValueInterface ? static_cast<QAccessibleValueInterface*>(this)
                                                    : QAccessibleWidget::interface_cast(type);
     }
-    QVariant currentValue() const override { return Bar().Value; }
-    QVariant minimumValue() const override { return Bar().Min; }
-    QVariant maximumValue() const override { return Bar().Max; }
     QVariant minimumStepSize() const override { return 1; }
     void setCurrentValue(const QVariant& /*value*/) override {} // it only shows
+};
+
+class WidgetInterface final : public BarInterface {
+public:
+    explicit WidgetInterface(ProgressBarWidget& bar) : BarInterface(bar), bar_(bar) {}
+
+    QVariant currentValue() const override { return bar_.Bar().Value; }
+    QVariant minimumValue() const override { return bar_.Bar().Min; }
+    QVariant maximumValue() const override { return bar_.Bar().Max; }
 
 private:
-    const qsProgressBar& Bar() const { return static_cast<ProgressBarWidget*>(widget())->Bar(); }
+    const ProgressBarWidget& bar_;
+};
+
+class PercentageInterface final : public BarInterface {
+public:
+    explicit PercentageInterface(ProgressBar& bar) : BarInterface(bar), bar_(bar) {}
+
+    QVariant currentValue() const override { return bar_.Percentage(); }
+    QVariant minimumValue() const override { return 0; }
+    QVariant maximumValue() const override { return 100; }
+
+private:
+    const ProgressBar& bar_;
 };
 
 QAccessibleInterface* Make(const QString& /*className*/, QObject* object) {
-    auto* const bar = dynamic_cast<ProgressBarWidget*>(object);
-    return bar != nullptr ? new BarInterface(*bar) : nullptr;
+    if (auto* const bar = dynamic_cast<ProgressBarWidget*>(object))
+        return new WidgetInterface(*bar);
+    auto* const bar = qobject_cast<ProgressBar*>(object);
+    return bar != nullptr ? new PercentageInterface(*bar) : nullptr;
 }
 
 } // namespace

@@ -21,6 +21,7 @@ frmDecoding::frmDecoding(const DialogContext& context, RecodingJob& job)
     txtPath->setReadOnly(true);
     txtPath->setMinimumWidth(320);
     progressBar->SetCalculatePercentage(false);
+    progressBar->setAccessibleName(QStringLiteral("Выполнено"));
 
     auto* details = new QGroupBox(QStringLiteral("Подробности:"));
     auto* rows = new QGridLayout(details);

@@ -34,6 +34,10 @@ protected:
     }
 
     std::string Ask(const std::string& what) const { return reader_.Ask(what); }
+    Point Middle() const {
+        const Rect window = desktop.Place(editor.Window());
+        return {(window.left + window.right) / 2, (window.top + window.bottom) / 2};
+    }
 
     void PressAll(const std::vector<Press>& presses) {
         std::string lines;
@@ -66,7 +70,7 @@ TEST_F(Accessibility, EveryCommandIsFoundInItsMenu) {
         const bool enabled = IsEnabled(entry.action.command, {});
         const bool checked = entry.action.command == Command::ShowBar;
         expected.push_back(Way(entry.Key) + "\tmenu item\t" + (enabled ? "enabled" : "") +
-                           (checked ? " checked\t" : "\t") + (enabled ? ToUtf8(keys.ShortcutText()) : ""));
+                           (checked ? " checked\t" : "\t") + ToUtf8(keys.ShortcutText()));
     }
     std::istringstream lines(Ask("list"));
     std::vector<std::string> found;
@@ -75,6 +79,48 @@ TEST_F(Accessibility, EveryCommandIsFoundInItsMenu) {
     std::ranges::sort(expected);
     std::ranges::sort(found);
     EXPECT_EQ(found, expected);
+}
+
+TEST_F(Accessibility, TheKeyboardIsFollowedThroughTheMenus) {
+    const auto listener = reader_.Begin("heed " + Path("heard").string());
+    std::string heard;
+    const auto expectHeard = [&](const std::string& what) {
+        heard += what;
+        desktop.WaitUntil(what + " is heard", [&] { return Contents(Path("heard")) == heard; });
+    };
+    const auto item = [](const std::string& name) {
+        return "focused\t" + name + "\nselected\t" + name + "\n";
+    };
+    expectHeard("ready\n");
+    desktop.Press("Alt");
+    expectHeard(item("Файл"));
+    desktop.Press("Down");
+    expectHeard(item("Создать"));
+    desktop.Press("Up"); // to the last one
+    expectHeard(item("Выход"));
+    desktop.Press("Escape");
+    expectHeard(item("Файл"));
+    desktop.Press("Left");
+    expectHeard(item("Справка"));
+    desktop.Press("Escape");
+    expectHeard("focused\tТекст\n");
+}
+
+// By its window, whose parts stand in it as they are seen.
+TEST_F(Accessibility, TheWindowIsReadFromTopToBottom) {
+    const std::string names = Ask("names");
+    std::size_t place = 0;
+    for (const char* part : {"frame\tMorvane Quillshift 3.0", "menu bar\tМеню", "tool bar\tСтандартная",
+                             "tool bar\tПерекодирование", "combo box\tDOS 866 -> Windows 1251",
+                             "push button\tПерекодировать", "push button\tОстановить", "text\tТекст"}) {
+        place = names.find(part, place);
+        ASSERT_NE(place, std::string::npos) << part << " is not where it should be in\n" << names;
+    }
+    EXPECT_EQ(names.find("frame\t"), names.rfind("frame\t"));
+    desktop.Click(Middle(), 3);
+    desktop.WaitUntil("the menu has its name", [&] {
+        return Ask("names").find("popup menu\tПравка\nmenu item\tОтменить") < names.size();
+    });
 }
 
 TEST_F(Accessibility, EveryCommandIsPressed) {

@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QLineEdit>
@@ -230,6 +231,9 @@ TEST(ProgressBarTest, ReckonsPercentagesAndRefusesAnEmptyWhole) {
     bar.SetValue(1);
     EXPECT_TRUE(reached) << "a step lets events through, such as a stop";
     EXPECT_EQ(bar.Label(), u" 13%");
+    QAccessibleInterface* const told = QAccessible::queryAccessibleInterface(&bar);
+    EXPECT_EQ(told->role(), QAccessible::ProgressBar);
+    EXPECT_EQ(told->valueInterface()->currentValue().toDouble(), 12.5);
     const Error error = FailureOf([&] { bar.SetTotalValue(0); });
     EXPECT_EQ(static_cast<unsigned>(error.Number()), 0x800403E9U);
     EXPECT_EQ(error.Source(), u"spbProgressBar");

@@ -84,24 +84,10 @@ public:
         const bool isUnnamed = which == QAccessible::Name && own.isEmpty() && listener != nullptr;
         return isUnnamed ? ToQString(listener->Title()) : own;
     }
-    // The controls on the bar follow its items.
-    int childCount() const override {
-        return static_cast<int>(ItemsBelow(Bar(), {}).size()) + QAccessibleWidget::childCount();
-    }
-    QAccessibleInterface* child(int index) const override {
-        const auto items = ItemsBelow(Bar(), {});
-        const int count = static_cast<int>(items.size());
-        if (index < 0 || index >= count)
-            return QAccessibleWidget::child(index - count);
-        return Of({items[static_cast<std::size_t>(index)].key}, false);
-    }
+    int childCount() const override { return static_cast<int>(Children().size()); }
+    QAccessibleInterface* child(int index) const override { return Children().value(index); }
     int indexOfChild(const QAccessibleInterface* child) const override {
-        const auto items = ItemsBelow(Bar(), {});
-        for (std::size_t i = 0; i < items.size(); ++i)
-            if (Of({items[i].key}, false) == child)
-                return static_cast<int>(i);
-        const int index = QAccessibleWidget::indexOfChild(child);
-        return index < 0 ? index : index + static_cast<int>(items.size());
+        return static_cast<int>(Children().indexOf(child));
     }
     QAccessibleInterface* childAt(int x, int y) const override {
         for (const BarItem& item : ItemsBelow(Bar(), {}))
@@ -120,6 +106,21 @@ public:
     }
 
 private:
+    // The controls on the bar stand among its items as they are seen.
+    QList<QAccessibleInterface*> Children() const {
+        QList<QAccessibleInterface*> all;
+        for (const BarItem& item : ItemsBelow(Bar(), {}))
+            all.append(Of({item.key}, false));
+        for (int i = 0; i < QAccessibleWidget::childCount(); ++i) {
+            QAccessibleInterface* const control = QAccessibleWidget::child(i);
+            const auto behind = std::ranges::find_if(all, [&](const QAccessibleInterface* item) {
+                return !item->rect().isEmpty() && item->rect().left() > control->rect().left();
+            });
+            all.insert(behind, control);
+        }
+        return all;
+    }
+
     mutable std::map<std::pair<BarPath, bool>, QAccessible::Id> known_;
 };
 
@@ -233,9 +234,10 @@ QAccessible::State ItemInterface::state() const {
     return state;
 }
 
+// Also of what is greyed, whose shortcut is told with its action.
 QStringList ItemInterface::actionNames() const {
     const auto item = Item();
-    if (!item || !item->enabled)
+    if (!item)
         return {};
     return {item->opensMenu ? showMenuAction() : pressAction()};
 }

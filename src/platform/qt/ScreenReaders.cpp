@@ -6,6 +6,7 @@
 #include <QAccessible>
 #include <QAccessibleObject>
 #include <QApplication>
+#include <QFrame>
 #include <QWidget>
 
 namespace quillshift {
@@ -46,8 +47,27 @@ private:
     }
 };
 
-QAccessibleInterface* MakeRoot(const QString& /*className*/, QObject* object) {
-    return object == qApp ? new ScreenRoot : nullptr;
+/// A widget of no kind of its own. The toolkit takes a window for a part of one, and lines and boxes for
+/// windows. What is asked for early gets its parent or its shape later.
+class PlainInterface final : public QAccessibleWidget {
+public:
+    explicit PlainInterface(QWidget& plain) : QAccessibleWidget(&plain) {}
+
+    QAccessible::Role role() const override {
+        const auto* const frame = qobject_cast<const QFrame*>(widget());
+        if (frame == nullptr)
+            return widget()->windowType() == Qt::Window ? QAccessible::Window : QAccessible::Client;
+        const QFrame::Shape shape = frame->frameShape();
+        return shape == QFrame::HLine || shape == QFrame::VLine ? QAccessible::Separator
+                                                                : QAccessible::Grouping;
+    }
+};
+
+QAccessibleInterface* Make(const QString& className, QObject* object) {
+    if (object == qApp)
+        return new ScreenRoot;
+    const bool isPlain = className == QLatin1String("QWidget") || className == QLatin1String("QFrame");
+    return isPlain ? new PlainInterface(*static_cast<QWidget*>(object)) : nullptr;
 }
 
 /// How many letters an event would send over the bus.
@@ -71,7 +91,8 @@ std::size_t LettersIn(const QAccessibleEvent& event) {
 void PassOn(QAccessibleEvent* event) {
     const bool goes =
         event->type() == QAccessible::ObjectHide || event->type() == QAccessible::ObjectDestroyed;
-    if ((!goes && !IsOnScreen(event->object())) || IsToldOfDocument(*event))
+    if ((!goes && !IsOnScreen(event->object())) || !IsWindowOfItsOwn(event->object()) ||
+        IsToldOfDocument(*event))
         return;
     QAccessibleEvent changed(event->object(), QAccessible::VisibleDataChanged);
     QAccessible::installUpdateHandler(nullptr);
@@ -82,7 +103,7 @@ void PassOn(QAccessibleEvent* event) {
 } // namespace
 
 void ShowScreenReadersTheScreenAlone() {
-    QAccessible::installFactory(MakeRoot);
+    QAccessible::installFactory(Make);
     QAccessible::installUpdateHandler(PassOn);
 }
 

@@ -16,6 +16,7 @@
 #include "platform/qt/QtScreens.h"
 #include "platform/qt/QtShell.h"
 #include "platform/qt/QtTimers.h"
+#include "platform/qt/ScreenReaders.h"
 #include "wizard/rescue/DiskFiles.h"
 #include "wizard/window/frmWizard.h"
 
@@ -32,6 +33,7 @@ int Run(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("quillshift-rescue"));
     QApplication::setDesktopFileName(QStringLiteral("quillshift-rescue"));
     DressUp(application);
+    ShowScreenReadersTheScreenAlone();
     PosixFiles files;
     QApplication::setWindowIcon(ReadIcon(files, QCoreApplication::applicationDirPath() +
                                                     QStringLiteral("/Data/icons/menu/Wizard.ico")));
