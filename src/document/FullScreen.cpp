@@ -24,11 +24,17 @@ void FullScreen::Begin() {
 }
 
 void FullScreen::Attach(TextSurface& screen) {
+    history_ = {};
+    history_.Record({}); // what is there at first can be gone back to
+    screen.OnUndoKey = [this, &screen](bool isRedo) {
+        isRedo ? history_.RedoEdit(screen) : history_.UndoEdit(screen);
+    };
     screen.LoadPlain(services_.document.Text());
     screen_ = &screen;
     hasWritten_ = false;
     screen.OnChange = [this](const TextEdit& edit) {
         hasWritten_ = true;
+        history_.Record(edit);
         services_.edited(*screen_, edit);
     };
     services_.follow(screen);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/UndoHistory.h"
 #include "platform/Dialogs.h"
 #include "platform/TextSurface.h"
 
@@ -46,7 +47,8 @@ private:
     Services services_;
     TextSurface* screen_ = nullptr;
     Place before_;            ///< where the document stood
-    bool hasWritten_ = false; ///< something was edited in the mode
+    UndoHistory history_;     ///< of what is edited in the mode
+    bool hasWritten_ = false; ///< something was
 };
 
 } // namespace quillshift

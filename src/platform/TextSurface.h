@@ -144,8 +144,11 @@ public:
     /// The text was edited; all that one key, call or drop does is one edit. Where everything was replaced,
     /// it is what differs. What it views holds until the call returns.
     std::function<void(const TextEdit& edit)> OnChange;
-    std::function<void()> OnSelChange;                  ///< caret or selection have changed
-    std::function<void()> OnKeyDown;                    ///< a key went down, also by auto-repeat
+    std::function<void()> OnSelChange; ///< caret or selection have changed
+    std::function<void()> OnKeyDown;   ///< a key went down, also by auto-repeat
+    /// A key for undo, or redo, went down in a surface that serves such keys itself. Who has set this before
+    /// a text comes keeps what is to undo; else the surface does.
+    std::function<void(bool isRedo)> OnUndoKey;
     std::function<void()> OnKeyPress;                   ///< a key gave a character
     std::function<void(Point screen)> OnRightMouseDown; ///< the right button went down there
     /// A file was dropped, the first of them if there were several. Raised only once the drop is over, so

@@ -55,5 +55,36 @@ TEST(FullScreenWindows, StandWhereTheyAreToldKeepThePlaceOfTheSmallOneAndHaveOne
     }
 }
 
+TEST(FullScreenWindows, UndoWhatIsWrittenInThemAndNoMoreAlsoInALongLine) {
+    const std::u16string line = u"before\r\n" + std::u16string(70'000, u'x');
+    TestProgram test;
+    test.Start();
+    ProgramParts& parts = test.program.Parts();
+    parts.window.RichTextBox().SetText(line);
+    frmFScreen screen({parts.platform, parts.settings, parts.sounds, nullptr}, parts.fullScreen);
+    screen.show();
+    auto& surface = Find<QtTextSurface>(screen, "FSRTB");
+    surface.SetSelStart(40'000);
+    QTest::keyClick(&surface, Qt::Key_Y);
+    QTest::keyClick(&surface, Qt::Key_Z);
+    const auto undo = [&](Qt::KeyboardModifiers more = {}) {
+        QTest::keyClick(&surface, Qt::Key_Z, Qt::ControlModifier | more);
+        return std::u16string(surface.Part(40'000, 2));
+    };
+    EXPECT_EQ(undo(), u"yx");
+    EXPECT_EQ(undo(), u"xx");
+    EXPECT_EQ(undo(), u"xx");
+    EXPECT_TRUE(surface.Text() == line);
+    EXPECT_EQ(undo(Qt::ShiftModifier), u"yx");
+    EXPECT_GT(surface.document()->blockCount(), 3) << "the line is in parts, as in the main window";
+    surface.setReadOnly(true);
+    EXPECT_EQ(undo(), u"yx");
+    parts.fullScreen.End();
+    EXPECT_EQ(parts.window.RichTextBox().Length(), line.size() + 1);
+    surface.setReadOnly(false);
+    undo(); // the mode is over, and its window still there
+    EXPECT_EQ(parts.window.RichTextBox().Length(), line.size() + 1);
+}
+
 } // namespace
 } // namespace quillshift

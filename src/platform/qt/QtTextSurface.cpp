@@ -75,8 +75,8 @@ QtTextSurface::QtTextSurface(QWidget* parent, EditingKeys keys)
     AnnounceTexts();
     setFrameShape(QFrame::NoFrame);
     setAcceptRichText(false);
-    document()->setUndoRedoEnabled(keys == EditingKeys::OfSurface);
-    lines_->SetParting(keys == EditingKeys::OfCommands);
+    document()->setUndoRedoEnabled(HasOwnUndo());
+    lines_->SetParting(!HasOwnUndo());
     moreFill_.setSingleShot(true);
     connect(&moreFill_, &QTimer::timeout, this, &QtTextSurface::FillMore);
     connect(document(), &QTextDocument::contentsChange, this,
@@ -287,6 +287,15 @@ bool QtTextSurface::LeavesToCommands(const QKeyEvent& event) const {
     return keys_ == EditingKeys::OfCommands && IsEditingKey(event);
 }
 
+bool QtTextSurface::LeavesUndo(const QKeyEvent& event) const {
+    const bool isRedo = event.matches(QKeySequence::Redo);
+    if (!OnUndoKey || !(isRedo || event.matches(QKeySequence::Undo)))
+        return false;
+    if (!isReadOnly())
+        OnUndoKey(isRedo);
+    return true;
+}
+
 bool QtTextSurface::event(QEvent* event) {
     // Not accepted, an offered shortcut goes to the program's commands.
     if (event->type() == QEvent::ShortcutOverride && LeavesToCommands(*static_cast<QKeyEvent*>(event))) {
@@ -304,6 +313,8 @@ void QtTextSurface::keyPressEvent(QKeyEvent* event) {
         event->ignore();
         return;
     }
+    if (LeavesUndo(*event))
+        return;
     if (IsZoomBack(*event)) {
         SetZoom(100);
         return;

@@ -20,7 +20,7 @@ class ViewLayout;
 /// Who serves the keys of clipboard, undo and select-all in a surface.
 enum class EditingKeys {
     OfCommands, ///< the program's commands, to which the surface leaves them
-    OfSurface,  ///< the surface itself, with an undo of its own
+    OfSurface,  ///< the surface itself; undo, too, unless `OnUndoKey` is set
 };
 
 /// The text surface on Qt's rich-text widget.
@@ -117,7 +117,9 @@ private:
         bool operator==(const Selection&) const = default;
     };
 
+    bool HasOwnUndo() const { return keys_ == EditingKeys::OfSurface && !OnUndoKey; }
     bool LeavesToCommands(const QKeyEvent& event) const;
+    bool LeavesUndo(const QKeyEvent& event) const;
     Selection CurrentSelection() const { return {SelStart(), SelLength()}; }
 
     void ReplaceAll(GapText text, const std::function<void()>& begin);

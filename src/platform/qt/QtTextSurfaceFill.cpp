@@ -2,6 +2,7 @@
 
 #include "base/TextChange.h"
 #include "base/Texts.h"
+#include "platform/qt/LongLines.h"
 #include "platform/qt/QtTextSurface.h"
 #include "platform/qt/TextFill.h"
 
@@ -33,6 +34,7 @@ void QtTextSurface::ReplaceAll(GapText text, const std::function<void()>& begin)
         setTextCursor(QTextCursor());
         fill_->Stop();
         document()->setUndoRedoEnabled(false);
+        lines_->SetParting(!HasOwnUndo());
         document()->clear();
         begin();
         mirror_ = std::move(text);
@@ -92,7 +94,7 @@ void QtTextSurface::Fill(std::chrono::milliseconds time) {
     }
     // Only now there is something to undo; turned off and on, the document forgets what there was.
     if (fill_->Left() == 0)
-        document()->setUndoRedoEnabled(keys_ == EditingKeys::OfSurface);
+        document()->setUndoRedoEnabled(HasOwnUndo());
 }
 
 void QtTextSurface::FillSoon() {
@@ -121,8 +123,7 @@ void QtTextSurface::FillBeforeInput() {
         return;
     const QTextCursor caret = textCursor();
     const QScrollBar& bar = *verticalScrollBar();
-    if (keys_ == EditingKeys::OfSurface ||
-        std::max(caret.position(), caret.anchor()) > document()->characterCount() - kReach ||
+    if (HasOwnUndo() || std::max(caret.position(), caret.anchor()) > document()->characterCount() - kReach ||
         bar.value() > bar.maximum() - 2 * viewport()->height())
         FillAll();
 }
