@@ -9,6 +9,7 @@
 #include <QAbstractTextDocumentLayout>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QTextBlock>
 #include <QTextDocument>
 
 #include <algorithm>
@@ -211,12 +212,20 @@ std::u16string TextToTypeIn(const benchmark::State& state) {
     return windows1251::Decode(bytes);
 }
 
-// Letters typed at the start (0), the middle (1) or the end (2) of so many megabytes, each from the event to
-// the paint. The first and the longest one count: the first may have something to catch up on.
+// The start, the middle and the end of a text, and where the first part of a long line meets the second.
+enum Place { AtStart, InMiddle, AtEnd, AtBorder };
+
+int PlaceToTypeAt(const QTextDocument& document, std::int64_t place) {
+    return place == AtBorder ? document.begin().next().position()
+                             : (document.characterCount() - 1) / 2 * static_cast<int>(place);
+}
+
+// Letters typed at a place of so many megabytes, each from the event to the paint. The first and the longest
+// one count: the first may have something to catch up on.
 template <typename Edit>
 void TypeLetters(benchmark::State& state, Edit& edit) {
     QTextCursor cursor = edit.textCursor();
-    cursor.setPosition((edit.document()->characterCount() - 1) / 2 * static_cast<int>(state.range(1)));
+    cursor.setPosition(PlaceToTypeAt(*edit.document(), state.range(1)));
     edit.setTextCursor(cursor);
     edit.ensureCursorVisible();
     QApplication::processEvents();
@@ -256,13 +265,13 @@ void KeysInTheBareWidget(benchmark::State& state) {
     TypeLetters(state, widget);
 }
 BENCHMARK(KeysInTheSurface)
-    ->ArgsProduct({{1, 10, 50}, {0, 1, 2}, {InLines}})
-    ->ArgsProduct({{1}, {0, 1, 2}, {OneLine, OneWord}})
+    ->ArgsProduct({{1, 10, 50}, {AtStart, InMiddle, AtEnd}, {InLines}})
+    ->ArgsProduct({{1}, {AtStart, InMiddle, AtEnd, AtBorder}, {OneLine, OneWord}})
     ->Unit(benchmark::kMillisecond)
     ->Iterations(30);
 BENCHMARK(KeysInTheBareWidget)
-    ->ArgsProduct({{1, 10}, {0, 1, 2}, {InLines}})
-    ->ArgsProduct({{1}, {1}, {OneLine}})
+    ->ArgsProduct({{1, 10}, {AtStart, InMiddle, AtEnd}, {InLines}})
+    ->ArgsProduct({{1}, {InMiddle}, {OneLine}})
     ->Unit(benchmark::kMillisecond)
     ->Iterations(5);
 

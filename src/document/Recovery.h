@@ -16,7 +16,8 @@
 namespace quillshift {
 
 /// Keeps the unsaved text in a file, so that it outlives a crash, a kill or a power cut. What is new is
-/// written within a second, or at once when the user turns away; with nothing new nothing runs.
+/// written within a second, of a very long text a little later, or at once when the user turns away; with
+/// nothing new nothing runs.
 class Recovery {
 public:
     struct Services {
