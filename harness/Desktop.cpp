@@ -259,6 +259,36 @@ void Desktop::HoldClipboard() {
     XSync(display_, False);
 }
 
+// One setting, a number: in the order of bytes, with the number of the change before both.
+void Desktop::TellDensity(int dotsPerInch) {
+    if (settings_ == 0) {
+        settings_ = XCreateSimpleWindow(display_, DefaultRootWindow(display_), 0, 0, 1, 1, 0, 0, 0);
+        XSetSelectionOwner(display_, Atom("_XSETTINGS_S0"), settings_, CurrentTime);
+    }
+    ++settingsChanges_;
+    std::string told;
+    const auto add = [&told](std::uint32_t number) {
+        for (int byte = 0; byte < 4; ++byte)
+            told += static_cast<char>(number >> 8 * byte & 0xFF);
+    };
+    add(0); // the low byte comes first
+    add(settingsChanges_);
+    add(1);
+    add(7U << 16); // a number, with a name of so many letters
+    told += std::string("Xft/DPI") + '\0';
+    add(settingsChanges_);
+    add(static_cast<std::uint32_t>(dotsPerInch) * 1024);
+    const unsigned long name = Atom("_XSETTINGS_SETTINGS");
+    XChangeProperty(display_, settings_, name, name, 8, PropModeReplace,
+                    reinterpret_cast<const unsigned char*>(told.data()), static_cast<int>(told.size()));
+    XSync(display_, False);
+}
+
+void Desktop::CutOff(XWindow window) {
+    XKillClient(display_, window);
+    XSync(display_, False);
+}
+
 void Desktop::ClickOnPanel(Point place) {
     XSetWindowAttributes attributes{};
     attributes.override_redirect = True;

@@ -60,10 +60,15 @@ public:
     void Move(XWindow window, Point place);
     void Minimise(XWindow window);
     void Maximise(XWindow window);
+    /// Tells programs as the desktop's settings do how many dots make an inch. They listen if it was told
+    /// before they started.
+    void TellDensity(int dotsPerInch);
     /// Takes the clipboard, and answers nobody who asks for what is on it.
     void HoldClipboard();
     /// Empties it, as another program does.
     void EmptyClipboard();
+    /// Cuts the program of a window off from the server, as its end does.
+    void CutOff(XWindow window);
     /// Gives a window the keyboard, as its entry in a list of windows does; restores a minimised one.
     void Activate(XWindow window);
 
@@ -118,6 +123,8 @@ private:
     std::unique_ptr<Process> server_;
     std::unique_ptr<Process> windowManager_;
     _XDisplay* display_ = nullptr;
+    XWindow settings_ = 0;
+    std::uint32_t settingsChanges_ = 0;
 };
 
 } // namespace quillshift::e2e

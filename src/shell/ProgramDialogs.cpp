@@ -196,6 +196,8 @@ Dialog& ProgramDialogs::Loaded(DialogKind kind, int argument) {
     const Stand stand = RowOf(kind).stand;
     if (stand == Stand::Beside) {
         HearShortcuts(*dialog, parts_.bars);
+        for (Dialog* const below : dialog->findChildren<Dialog*>())
+            HearShortcuts(*below, parts_.bars);
         QObject::connect(dialog.get(), &QDialog::finished, [this, kind] { Close(kind); });
     }
     if (stand == Stand::Kept)

@@ -82,6 +82,18 @@ TEST_F(FullScreenMode, HasItsOwnEditingKeysAndOneRoadOutForAll) {
 
 constexpr std::u16string_view kLock = u"Morvane Quillshift 3.0";
 
+TEST_F(FullScreenMode, LocksFromItsSmallWindow) {
+    editor.Set(Setting::Password, u"tajna").Start();
+    Enter();
+    desktop.Activate(desktop.Find(kBar));
+    editor.SettleIn(kBar);
+    desktop.Press("Ctrl+l");
+    desktop.WaitUntil("the lock stands alone", [&] {
+        const auto windows = desktop.Windows();
+        return windows.size() == 1 && windows[0] != editor.Window() && desktop.Title(windows[0]) == kLock;
+    });
+}
+
 using Lock = BarsTest;
 
 TEST_F(Lock, StandsAloneOnTheScreenAndGivesAllBack) {

@@ -174,6 +174,30 @@ protected:
     }
 };
 
+TEST_F(DesktopsWishes, AnotherScaleIsFollowedAtOnce) {
+    desktop.TellDensity(96);
+    editor.Set(Setting::SaveChange, u"0").Start();
+    const std::uint32_t ground = Ground();
+    const int width = desktop.Place(editor.Window()).Width();
+    desktop.Type(u"text");
+    desktop.Press("Ctrl+f"); // whose window can't be resized
+    desktop.WaitForWindow(u"Найти");
+    const int dialog = desktop.Place(desktop.Active()).Width();
+    for (const int percent : {150, 100}) {
+        editor.SettleIn(u"Найти");
+        desktop.TellDensity(96 * percent / 100);
+        desktop.WaitUntil("the windows have the new size", [&] {
+            return std::abs(desktop.Place(editor.Window()).Width() - width * percent / 100) < 5 &&
+                   std::abs(desktop.Place(desktop.Active()).Width() - dialog * percent / 100) < 5;
+        });
+        WaitForGround(ground);
+        const Rect place = desktop.Place(editor.Window());
+        desktop.WaitUntil("the text's ground is there", [&] {
+            return desktop.Pixel({place.right - 30, place.top + 200}) == 0xFFFFFF;
+        });
+    }
+}
+
 TEST_F(DesktopsWishes, BlackAndWhiteComesAndGoes) {
     const ScreenReader bus(desktop, editor.home.Path());
     editor.environment = bus.Needs();

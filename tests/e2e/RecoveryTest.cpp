@@ -76,6 +76,15 @@ TEST_F(RecoveryInTheProgram, ASignalKeepsTheTextAndAsksNobody) {
     }
 }
 
+TEST_F(RecoveryInTheProgram, TheDisplaysEndKeepsTheText) {
+    editor.Start();
+    desktop.Type(u"last words");
+    editor.Settle();
+    desktop.CutOff(editor.Window());
+    editor.WaitForEnd();
+    WaitUntilKept("last words");
+}
+
 TEST_F(RecoveryInTheProgram, TheListThrowsAwayAndLeavesForLater) {
     editor.Start();
     desktop.Type(u"unwanted");

@@ -22,7 +22,10 @@ TEST(Appearance, FindsWhatEachDesktopCallsItsWishes) {
         {{{gnome, {{"enable-animations", true}}}}, {}},
         {{{gnome, {{"enable-animations", false}}}}, {.calm = true}},
         {{{appearance, {{"reduced-motion", 1U}}}}, {.calm = true}},
-        {{{"org.kde.kdeglobals.KDE", {{"AnimationDurationFactor", "0"}}}}, {.calm = true}}};
+        {{{"org.kde.kdeglobals.KDE", {{"AnimationDurationFactor", "0"}}}}, {.calm = true}},
+        {{{gnome, {{"text-scaling-factor", 1.25}}}}, {.textFactor = 1.25}},
+        {{{gnome, {{"text-scaling-factor", 0.0}}}}, {}},
+        {{{"org.kde.kdeglobals.General", {{"font", "Noto Sans,14,-1,5,50,0,0,0,0,0"}}}}, {.points = 14}}};
     for (const auto& [settings, wishes] : cases)
         EXPECT_EQ(WishesIn(settings), wishes) << &settings - &cases[0].first;
 }
@@ -47,6 +50,19 @@ TEST(Appearance, FollowsWishesAndGoesBack) {
     EXPECT_GT(motion(), 0);
     for (const Qt::UIEffect effect : {Qt::UI_General, Qt::UI_FadeTooltip})
         QApplication::setEffectEnabled(effect, false);
+}
+
+TEST(Appearance, TextFollowsTheDesktopAndGoesBack) {
+    const QFont usual = QApplication::font();
+    const double scale = TextScale();
+    Looks looks;
+    looks.Follow({.points = 18});
+    EXPECT_NEAR(TextScale(), 2, 0.1);
+    looks.Follow({.points = 18, .textFactor = 1.5});
+    EXPECT_NEAR(TextScale(), 3, 0.1);
+    looks.Follow({});
+    EXPECT_EQ(TextScale(), scale);
+    QApplication::setFont(usual);
 }
 
 TEST(Appearance, TextGrowsWithTheDesktopsFontAndNeverShrinks) {

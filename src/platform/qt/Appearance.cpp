@@ -4,6 +4,7 @@
 #include "platform/qt/DesktopWatch.h"
 #include "platform/qt/Looks.h"
 #include "platform/qt/QtText.h"
+#include "platform/qt/ScreenScale.h"
 
 #include <QApplication>
 #include <QBuffer>
@@ -69,6 +70,7 @@ void DressUp(QApplication& application) {
     ShowFontRelatives();
     auto* const looks = new Looks(&application);
     QObject::connect(new DesktopWatch(&application), &DesktopWatch::Changed, looks, &Looks::Follow);
+    FollowScaleOfScreens(application);
 }
 
 // The toolkit's grey for what is disabled falls below 2:1; a middle one has over 3:1 on light and dark alike.

@@ -11,8 +11,9 @@ namespace quillshift {
 class FileSystem;
 
 /// How the program's windows look and speak, whatever the desktop is set to: Russian texts of the toolkit,
-/// near relatives of the fonts that are asked for, greyed text that can be read; in black and white and
-/// without motion where the desktop asks for it, also later. To be called once.
+/// near relatives of the fonts that are asked for, greyed text that can be read; in black and white, without
+/// motion, with larger text and at another scale where the desktop asks for it, also later. To be called
+/// once.
 void DressUp(QApplication& application);
 
 /// Dates and sizes in the file dialog, too. To be called before the application is made.

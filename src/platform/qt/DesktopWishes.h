@@ -7,11 +7,13 @@
 
 namespace quillshift {
 
-/// What the desktop asks of all programs' looks, besides its palette and font.
+/// What the desktop asks of all programs' looks, besides what the toolkit knows of its palette and font.
 struct DesktopWishes {
     bool highContrast = false;
     bool dark = false;
-    bool calm = false; ///< nothing moves by itself
+    bool calm = false;     ///< nothing moves by itself
+    double points = 0;     ///< of the desktop's font, where it tells them; 0 elsewhere
+    double textFactor = 1; ///< of the usual size; where there is X, its density holds it
 
     bool operator==(const DesktopWishes&) const = default;
 };

@@ -3,6 +3,7 @@
 #include "platform/qt/Appearance.h"
 
 #include <QApplication>
+#include <QFontInfo>
 #include <QPalette>
 #include <QProxyStyle>
 #include <QStyle>
@@ -53,7 +54,8 @@ constexpr Qt::UIEffect kEffects[] = {Qt::UI_AnimateMenu,    Qt::UI_FadeMenu,    
 
 } // namespace
 
-Looks::Looks(QObject* parent) : QObject(parent), style_(QApplication::style()->name()) {
+Looks::Looks(QObject* parent)
+    : QObject(parent), style_(QApplication::style()->name()), font_(QApplication::font()) {
     Follow({});
 }
 
@@ -68,6 +70,17 @@ void Looks::Follow(const DesktopWishes& wishes) {
     const bool dark = wishes.dark || desktop.color(QPalette::Window).lightness() < 128;
     QApplication::setPalette(contrast && !told ? HighContrastPalette(dark) : Readable({}));
     LetEffectsRest(wishes.calm);
+    const bool hasX = QGuiApplication::platformName() == QLatin1String("xcb");
+    Write(wishes.points, hasX ? 1 : wishes.textFactor);
+}
+
+// A desktop that says nothing of it keeps what the toolkit has found.
+void Looks::Write(double points, double factor) {
+    if (std::exchange(text_, {points, factor}) == std::pair(points, factor))
+        return;
+    QFont font = font_;
+    font.setPointSizeF((points > 0 ? points : QFontInfo(font_).pointSizeF()) * factor);
+    QApplication::setFont(font);
 }
 
 void Looks::Wear(const QString& style, bool still) {

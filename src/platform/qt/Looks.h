@@ -2,6 +2,7 @@
 
 #include "platform/qt/DesktopWishes.h"
 
+#include <QFont>
 #include <QList>
 #include <QObject>
 #include <QString>
@@ -22,8 +23,11 @@ public:
 private:
     void Wear(const QString& style, bool still);
     void LetEffectsRest(bool rest);
+    void Write(double points, double factor);
 
-    QString style_; // the desktop's
+    QString style_; // the desktop's, as is the font
+    QFont font_;
+    std::pair<double, double> text_{0, 1};
     std::pair<QString, bool> worn_{style_, false};
     QList<Qt::UIEffect> resting_;
 };
