@@ -1,10 +1,12 @@
 #include "controls/Dialog.h"
 
 #include "controls/FieldNames.h"
+#include "controls/FittingArea.h"
 #include "controls/Mnemonics.h"
 #include "platform/qt/Appearance.h"
 
 #include <QKeyEvent>
+#include <QVBoxLayout>
 #include <QWindow>
 
 namespace quillshift {
@@ -33,11 +35,37 @@ void Dialog::BringUp() {
 }
 
 bool Dialog::event(QEvent* event) {
-    if (event->type() == QEvent::Show) {
+    const bool shows = event->type() == QEvent::Show;
+    if (shows) {
         NameFieldsByLabels(*this);
         GiveMnemonics(*this);
     }
+    if (layout() != nullptr && !isMaximized()) {
+        if (shows)
+            resize(size().boundedTo(RoomOnScreen(*this)));
+        if (shows || (event->type() == QEvent::LayoutRequest && isVisible()))
+            FitTheScreen();
+    }
     return QDialog::event(event);
+}
+
+// All that is in it becomes the contents of one part that scrolls, with its layout.
+void Dialog::FitTheScreen() {
+    const QSize least = minimumSize().expandedTo(layout()->totalMinimumSize());
+    if (least.boundedTo(RoomOnScreen(*this)) == least)
+        return;
+    QWidget* const focus = focusWidget();
+    auto* const all = new QWidget(this);
+    all->setLayout(layout());
+    auto* const area = new FittingArea(all);
+    setMinimumSize(0, 0);
+    setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    auto* const only = new QVBoxLayout(this);
+    only->setContentsMargins({});
+    only->addWidget(area);
+    resize(area->sizeHint());
+    if (focus != nullptr)
+        focus->setFocus();
 }
 
 void Dialog::keyPressEvent(QKeyEvent* event) {

@@ -39,7 +39,8 @@ enum class DialogSounds { LoadAndUnload, None };
 
 /// What every dialog does the same way: it takes its place above other windows as `TopMost` says and plays
 /// the load sound before it fills its fields, and plays the unload sound when it is unloaded. It has the one
-/// font of all dialogs, and captions without a mnemonic get one when it is shown.
+/// font of all dialogs, and captions without a mnemonic get one when it is shown. Where the screen has no
+/// room for all of it, it scrolls.
 class Dialog : public QDialog {
     Q_OBJECT
 
@@ -82,6 +83,7 @@ protected:
 
 private:
     void Play(const SoundEvent& event);
+    void FitTheScreen();
 
     DialogContext context_;
     DialogSounds sounds_;

@@ -1,5 +1,6 @@
 #include "controls/PagedDialog.h"
 
+#include "controls/FittingArea.h"
 #include "platform/qt/QtTabStrip.h"
 #include "platform/qt/QtText.h"
 
@@ -26,10 +27,12 @@ PagedDialog::PagedDialog(const DialogContext& context, const QString& title, con
     connect(cmdApply, &QPushButton::clicked, this, &PagedDialog::Apply);
 }
 
+// The tabs and the buttons stay in sight where a page has to scroll.
 void PagedDialog::AddPage(QWidget* page) {
+    constexpr int kLinesAround = 7;
     const DialogPage& row = rows_[static_cast<std::size_t>(pages_->count())];
     page->setObjectName(QLatin1String(row.panel));
-    pages_->addWidget(page);
+    pages_->addWidget(new FittingArea(page, kLinesAround * fontMetrics().height()));
     tabs_.AddTab(row.caption, -1, -1, row.key, row.data);
 }
 

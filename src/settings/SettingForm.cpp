@@ -88,16 +88,17 @@ SettingForm::MakePage(SettingPage page,
             i + 1 < fields_.size() && fields_[i + 1].label.empty() && fields_[i + 1].frame == field.frame;
         if (field.label.empty() && rows->count() > 0) {
             At(field.name).setAccessibleName(ToQString(fields_[i - 1].label)); // the box that switches it
-            rows->addWidget(control, rows->rowCount() - 1, 1);
+            rows->addWidget(control, rows->rowCount() - 1, 1, 1, kWholeRow - 1);
         } else if (isNamed || field.label.empty()) {
             rows->addWidget(control, rows->rowCount(), 0, 1, hasNeighbour ? 1 : kWholeRow);
         } else {
             const int row = rows->rowCount();
             auto* label = new QLabel(ToQString(field.label));
             label->setBuddy(&At(field.name));
+            const bool hasUnit = field.Has(setting_flag::kMillimetres);
             rows->addWidget(label, row, 0);
-            rows->addWidget(control, row, 1);
-            if (field.Has(setting_flag::kMillimetres))
+            rows->addWidget(control, row, 1, 1, hasUnit ? 1 : kWholeRow - 1);
+            if (hasUnit)
                 rows->addWidget(new QLabel(QStringLiteral("мм")), row, 2);
         }
     }

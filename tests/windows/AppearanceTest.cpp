@@ -65,6 +65,17 @@ TEST(Appearance, TextFollowsTheDesktopAndGoesBack) {
     QApplication::setFont(usual);
 }
 
+// Of black the toolkit makes black shades.
+TEST(Appearance, BlackAndWhiteHasEdgesThatAreSeen) {
+    for (const auto ground : {Qt::black, Qt::white}) {
+        const QPalette palette = Readable(QPalette(ground, ground));
+        EXPECT_NE(palette.color(QPalette::Dark), palette.color(QPalette::Window));
+        EXPECT_NE(palette.color(QPalette::Light), palette.color(QPalette::Window));
+    }
+    const QPalette usual(QColor(239, 239, 239));
+    EXPECT_EQ(Readable(usual).color(QPalette::Dark), usual.color(QPalette::Dark));
+}
+
 TEST(Appearance, TextGrowsWithTheDesktopsFontAndNeverShrinks) {
     const QFont usual = QApplication::font();
     for (const auto& [points, dialogs] : {std::pair(6, 8.0), {9, 8.0}, {18, 16.0}}) {

@@ -11,6 +11,7 @@
 #include <QKeySequence>
 #include <QLabel>
 #include <QLayout>
+#include <QScreen>
 #include <QSet>
 
 #include <filesystem>
@@ -57,6 +58,7 @@ struct AllDialogs : testing::TestWithParam<DialogKind> {
         const int pages = dialog->findChild<QWidget*>(QStringLiteral("tabSettings")) != nullptr ? 8 : 1;
         for (int page = 1; page <= pages; ++page) {
             dialog->TurnTo(page);
+            QCoreApplication::processEvents(); // what is laid out only then
             const QString number = pages > 1 ? QString::number(page) : QString();
             EXPECT_TRUE(dialog->grab().save(folder + u'/' + name + number + QStringLiteral(".png")));
         }
@@ -130,6 +132,20 @@ TEST_P(AllDialogs, AreWalkedByTabAsTheyAreRead) {
             << next->objectName().toStdString() << " is reached behind " << last->objectName().toStdString();
         last = next;
     }
+}
+
+TEST_P(AllDialogs, StayOnTheScreenAndCutNoCaptionHoweverLargeTheTextIs) {
+    const QFont usual = QApplication::font();
+    QApplication::setFont(QFont(usual.family(), 36));
+    dialog.reset();
+    dialog = ProgramDialogs(parts, owner).Make(GetParam());
+    dialog->show();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(dialog->size().boundedTo(dialog->screen()->availableSize()), dialog->size());
+    for (const QAbstractButton* button : Visible<QAbstractButton>())
+        EXPECT_EQ(button->size().expandedTo(button->minimumSizeHint()), button->size())
+            << button->text().toStdString();
+    QApplication::setFont(usual);
 }
 
 INSTANTIATE_TEST_SUITE_P(Program, AllDialogs, testing::ValuesIn(ProgramDialogs::Kinds()));

@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QMimeData>
 #include <QRadioButton>
+#include <QScreen>
 #include <QTest>
 #include <QTreeView>
 
@@ -174,6 +175,22 @@ TEST_F(WizardWindow, IsThereForTheKeyboardAndScreenReaders) {
         QCoreApplication::processEvents(); // what is laid out only then
         EXPECT_TRUE(window.grab().save(picture + QStringLiteral("/wizard.png")));
     }
+}
+
+TEST_F(WizardWindow, CutsNoCaptionHoweverLargeTheTextIs) {
+    const QFont usual = QApplication::font();
+    QApplication::setFont(QFont(usual.family(), 30));
+    frmWizard large({platform, settings, sounds, nullptr}, rescue);
+    large.show();
+    large.List({Make("1.txt", "\xF7\xCF\xD4 \xF7")});
+    Wait();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Find<QPushButton>(large, "cmdLikeIt").isVisible(); }));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(large.size().boundedTo(large.screen()->availableSize()), large.size());
+    for (const QPushButton* button : large.findChildren<QPushButton*>())
+        EXPECT_TRUE(!button->isVisible() || button->width() >= button->minimumSizeHint().width())
+            << button->text().toStdString();
+    QApplication::setFont(usual);
 }
 
 } // namespace

@@ -74,13 +74,17 @@ void DressUp(QApplication& application) {
 }
 
 // The toolkit's grey for what is disabled falls below 2:1; a middle one has over 3:1 on light and dark alike.
-// Its blue of links is for light ground.
+// Its blue of links is for light ground. The shades that edges are drawn in, it makes of the ground: black
+// has none.
 QPalette Readable(QPalette palette) {
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         palette.setColor(QPalette::Disabled, role, QColor(128, 128, 128));
     const int ground = palette.color(QPalette::Window).lightness();
     if (ground < kMiddle && palette.color(QPalette::Link).lightness() <= kMiddle)
         palette.setColor(QPalette::Link, QColor(110, 170, 255));
+    if (IsHighContrast(palette))
+        for (const auto role : {QPalette::Light, QPalette::Mid, QPalette::Dark, QPalette::Shadow})
+            palette.setColor(role, palette.color(QPalette::Active, QPalette::WindowText));
     return palette;
 }
 

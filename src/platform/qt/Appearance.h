@@ -23,7 +23,7 @@ void WriteDatesInRussian();
 /// be anything.
 QIcon ReadIcon(FileSystem& files, const QString& path);
 
-/// A desktop's colours with greyed text and links that can be read.
+/// A desktop's colours with greyed text and links that can be read, and edges that can be seen.
 QPalette Readable(QPalette palette);
 
 /// Whether these are the colours of a desktop whose users need black and white.

@@ -2,6 +2,7 @@
 
 #include "base/Utf8.h"
 #include "controls/ProgressBarWidget.h"
+#include "platform/qt/Appearance.h"
 #include "platform/qt/FileKinds.h"
 #include "platform/qt/QtFolderDialog.h"
 #include "platform/qt/QtText.h"
@@ -19,7 +20,6 @@
 #include <QLabel>
 #include <QMimeData>
 #include <QRadioButton>
-#include <QScreen>
 #include <QScrollArea>
 #include <QShortcut>
 #include <QSplitter>
@@ -33,7 +33,8 @@ namespace quillshift::wizard {
 namespace {
 
 constexpr std::chrono::milliseconds kBetweenLooks(60);
-constexpr QSize kFirstSize(920, 660), kLeastSize(560, 420);
+constexpr QSize kFirstSize(920, 660);
+constexpr int kLeastList = 200;
 
 std::string NativeName(const QString& path) {
     return QFile::encodeName(path).toStdString();
@@ -98,13 +99,12 @@ frmWizard::frmWizard(const DialogContext& context, Rescue& rescue)
     halves->addWidget(Files());
     halves->addWidget(Proposals());
     halves->setSizes({kFirstSize.width() / 2, kFirstSize.width() / 2});
+    halves->setMinimumHeight(Larger(kLeastList));
     auto* const rows = new QVBoxLayout(this);
     rows->addWidget(Sources());
     rows->addWidget(halves, 1);
     rows->addWidget(Work());
-    const QSize most = screen()->availableSize() * 0.95;
-    setMinimumSize(kLeastSize.boundedTo(most));
-    resize(kFirstSize.boundedTo(most));
+    resize(Larger(kFirstSize.width()), Larger(kFirstSize.height()));
     ConnectAll();
     ChooseTarget();
     ShowRow();
@@ -187,8 +187,9 @@ QWidget* frmWizard::Work() {
     auto* const target = new QHBoxLayout;
     target->addWidget(LabelFor(cmbTarget, QStringLiteral("Записывать файлы в &набор:")));
     target->addWidget(cmbTarget);
-    target->addWidget(lblTarget, 1);
+    target->addStretch();
     rows->addLayout(target);
+    rows->addWidget(lblTarget);
     auto* const state = new QHBoxLayout;
     state->addStrut(progressBar->sizeHint().height()); // nothing moves when it comes and goes
     state->addWidget(lblState, 1);
