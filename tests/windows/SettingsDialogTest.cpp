@@ -8,6 +8,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
@@ -340,7 +341,7 @@ TEST_F(SettingsDialog, BrowsesForFoldersAndSoundsWithoutTouchingTheDocument) {
     EXPECT_FALSE(IsMarked("txtKeyDown"));
 }
 
-// By the mouse and the keys; the strip keeps the keys that are its own.
+// By the mouse, the keys and a screen reader; the strip keeps the keys that are its own.
 TEST_F(SettingsDialog, TurnsPagesByHandAndStaysAtEscape) {
     Load();
     dialog->show();
@@ -348,6 +349,9 @@ TEST_F(SettingsDialog, TurnsPagesByHandAndStaysAtEscape) {
     QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.tabRect(2).center());
     EXPECT_TRUE(At("picView").isVisible() && !At("picGeneral").isVisible());
     EXPECT_EQ(dialog->focusWidget(), &bar);
+    QAccessible::queryAccessibleInterface(&bar)->child(3)->actionInterface()->doAction(
+        QAccessibleActionInterface::pressAction());
+    EXPECT_TRUE(At("picSave").isVisible());
     for (const auto& [key, page] : {std::pair(Qt::Key_End, "picSounds"),
                                     {Qt::Key_Up, "picLocked"},
                                     {Qt::Key_Return, "picLocked"},

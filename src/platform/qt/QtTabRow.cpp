@@ -18,6 +18,11 @@ QtTabRow::QtTabRow(QtTabStrip& strip) : QTabBar(&strip), strip_(strip) {
     setDrawBase(false);
     setExpanding(false);
     setUsesScrollButtons(true);
+    // So do assistive programs, and nobody else but the strip.
+    connect(this, &QTabBar::currentChanged, this, [this](int index) {
+        strip_.SelectByHand(first_ + index);
+        setCurrentIndex(strip_.Selection() - first_);
+    });
 }
 
 // --- What a person does

@@ -9,6 +9,7 @@
 #include <QLayout>
 #include <QPainter>
 #include <QPixmap>
+#include <QSignalBlocker>
 #include <QStyleOptionTabWidgetFrame>
 
 #include <algorithm>
@@ -214,6 +215,7 @@ void QtTabStrip::Fill(const std::vector<int>& firsts) {
 }
 
 void QtTabStrip::FillRow(QtTabRow& row, int first, int end) {
+    const QSignalBlocker unasked(row);
     while (row.count() > 0)
         row.removeTab(row.count() - 1);
     row.setShape(ShapeOf(styles_.align));
