@@ -29,7 +29,7 @@ PagedDialog::PagedDialog(const DialogContext& context, const QString& title, con
 
 // The tabs and the buttons stay in sight where a page has to scroll.
 void PagedDialog::AddPage(QWidget* page) {
-    constexpr int kLinesAround = 7;
+    constexpr int kLinesAround = 9;
     const DialogPage& row = rows_[static_cast<std::size_t>(pages_->count())];
     page->setObjectName(QLatin1String(row.panel));
     pages_->addWidget(new FittingArea(page, kLinesAround * fontMetrics().height()));

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QPalette>
 #include <QStyle>
 
@@ -63,6 +64,21 @@ TEST(Appearance, TextFollowsTheDesktopAndGoesBack) {
     looks.Follow({});
     EXPECT_EQ(TextScale(), scale);
     QApplication::setFont(usual);
+}
+
+TEST(Appearance, BoxesToTickAreSeenInTheDark) {
+    Looks looks;
+    looks.Follow({.dark = true});
+    QApplication::setPalette(QPalette(QColor(45, 45, 48), QColor(45, 45, 48)));
+    QCheckBox box;
+    box.resize(box.sizeHint());
+    const QImage image = box.grab().toImage();
+    int lightest = 0;
+    for (int x = 0; x < image.width(); ++x)
+        for (int y = 0; y < image.height(); ++y)
+            lightest = std::max(lightest, image.pixelColor(x, y).lightness());
+    EXPECT_GT(lightest, 120) << "its edge";
+    looks.Follow({});
 }
 
 // Of black the toolkit makes black shades.

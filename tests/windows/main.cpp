@@ -13,6 +13,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     quillshift::DressUp(application);
     if (qEnvironmentVariableIsSet("DARK")) {
+        quillshift::Looks().Follow({.dark = true});
         QPalette dark(QColor(45, 45, 48), QColor(45, 45, 48));
         for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
             dark.setColor(QPalette::Disabled, role, QColor(128, 128, 128));

@@ -8,6 +8,7 @@
 #include <QProxyStyle>
 #include <QStyle>
 #include <QStyleFactory>
+#include <QStyleOptionButton>
 
 namespace quillshift {
 namespace {
@@ -33,8 +34,12 @@ QPalette HighContrastPalette(bool dark) {
     return palette;
 }
 
+bool IsDark(const QPalette& palette) {
+    return palette.color(QPalette::Window).lightness() < 128;
+}
+
 // A style in which nothing moves by itself where that is wished, and greyed text has no double, which in
-// black and white would be as strong as the text.
+// black and white would be as strong as the text. Boxes to tick have edges that are seen in the dark, too.
 class PlainStyle final : public QProxyStyle {
 public:
     PlainStyle(const QString& style, bool still) : QProxyStyle(style), still_(still) {}
@@ -43,6 +48,17 @@ public:
                   QStyleHintReturn* returned) const override {
         const bool isOff = hint == SH_EtchDisabledText || (still_ && hint == SH_Widget_Animation_Duration);
         return isOff ? 0 : QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+    // Their edges are a shade of the window's ground, darker than that.
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override {
+        const auto* const box = qstyleoption_cast<const QStyleOptionButton*>(option);
+        const bool isBox = element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton;
+        if (!isBox || box == nullptr || !IsDark(option->palette))
+            return QProxyStyle::drawPrimitive(element, option, painter, widget);
+        QStyleOptionButton edged = *box;
+        edged.palette.setColor(QPalette::Window, QColor(205, 205, 205));
+        QProxyStyle::drawPrimitive(element, &edged, painter, widget);
     }
 
 private:
@@ -66,8 +82,9 @@ void Looks::Follow(const DesktopWishes& wishes) {
     const QPalette desktop = QApplication::palette();
     const bool told = IsHighContrast(desktop);
     const bool contrast = told || wishes.highContrast;
-    Wear(contrast && style_ == QLatin1String("fusion") ? QStringLiteral("windows") : style_, wishes.calm);
-    const bool dark = wishes.dark || desktop.color(QPalette::Window).lightness() < 128;
+    const bool dark = wishes.dark || IsDark(desktop);
+    Wear(contrast && style_ == QLatin1String("fusion") ? QStringLiteral("windows") : style_, wishes.calm,
+         dark);
     QApplication::setPalette(contrast && !told ? HighContrastPalette(dark) : Readable({}));
     LetEffectsRest(wishes.calm);
     const bool hasX = QGuiApplication::platformName() == QLatin1String("xcb");
@@ -83,10 +100,10 @@ void Looks::Write(double points, double factor) {
     QApplication::setFont(font);
 }
 
-void Looks::Wear(const QString& style, bool still) {
-    if (std::exchange(worn_, {style, still}) == std::pair(style, still))
+void Looks::Wear(const QString& style, bool still, bool dark) {
+    if (std::exchange(worn_, {style, still, dark}) == std::tuple(style, still, dark))
         return;
-    const bool plain = still || style != style_;
+    const bool plain = still || dark || style != style_;
     QApplication::setStyle(plain ? new PlainStyle(style, still) : QStyleFactory::create(style));
 }
 

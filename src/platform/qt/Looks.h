@@ -7,6 +7,7 @@
 #include <QObject>
 #include <QString>
 
+#include <tuple>
 #include <utility>
 
 namespace quillshift {
@@ -21,14 +22,14 @@ public:
     void Follow(const DesktopWishes& wishes);
 
 private:
-    void Wear(const QString& style, bool still);
+    void Wear(const QString& style, bool still, bool dark);
     void LetEffectsRest(bool rest);
     void Write(double points, double factor);
 
     QString style_; // the desktop's, as is the font
     QFont font_;
     std::pair<double, double> text_{0, 1};
-    std::pair<QString, bool> worn_{style_, false};
+    std::tuple<QString, bool, bool> worn_{style_, false, false};
     QList<Qt::UIEffect> resting_;
 };
 
