@@ -5,7 +5,7 @@
 #include "platform/posix/PosixRecoveryStore.h"
 #include "platform/qt/QtTextSurface.h"
 #include "platform/qt/QtTimers.h"
-#include "support/FakeSettings.h"
+#include "support/FakePlatform.h"
 
 #include <benchmark/benchmark.h>
 

@@ -150,7 +150,15 @@ void Desktop::Send(unsigned code, bool down) const {
     XSync(display_, False);
 }
 
-void Desktop::Press(std::string_view chord) {
+void Desktop::Press(std::string_view chords) {
+    while (!chords.empty()) {
+        const std::string_view chord = chords.substr(0, chords.find(' '));
+        PressOne(chord);
+        chords.remove_prefix(std::min(chord.size() + 1, chords.size()));
+    }
+}
+
+void Desktop::PressOne(std::string_view chord) const {
     std::vector<unsigned> codes;
     while (!chord.empty()) {
         const auto plus = chord.find('+', 1);

@@ -41,8 +41,8 @@ public:
 
     // Hands
 
-    /// One key with its modifiers, such as "Ctrl+Shift+S", "Alt" or "Return".
-    void Press(std::string_view chord);
+    /// One key after another with its modifiers, such as "Alt Down" or "Ctrl+Shift+S".
+    void Press(std::string_view chords);
     /// Latin and Russian text, on a keyboard with both layouts.
     void Type(std::u16string_view text);
     /// The keyboard layout in force: 0 Latin, 1 Russian.
@@ -110,6 +110,7 @@ private:
     void StartServer(Size size);
     void StartWindowManager();
     void SetKeyboardLayouts();
+    void PressOne(std::string_view chord) const;
     void WaitUntilQuiet(const std::vector<const Process*>& programs) const;
     void Send(unsigned code, bool down) const;
     std::vector<unsigned long> Property(XWindow window, const char* name) const;

@@ -86,12 +86,25 @@ void Editor::SettleIn(std::u16string_view title) {
     SettleWhere(ToUtf8(title), [&](XWindow window) { return desktop_.Title(window) == title; });
 }
 
+void Editor::Press(std::string_view chords, std::u16string_view title) {
+    desktop_.Press(chords);
+    if (title.empty())
+        Settle();
+    else
+        SettleIn(title);
+}
+
 int Editor::WaitForEnd() {
     desktop_.WaitUntil("the program ends", [this] { return !Runs(); });
     return program_->ExitCode().value();
 }
 
-void Editor::Choose(std::string_view commandKey) {
+int Editor::Close() {
+    desktop_.AskToClose(window_);
+    return WaitForEnd();
+}
+
+Editor& Editor::Choose(std::string_view commandKey) {
     const std::vector<int> places = MenuPlaces(commandKey);
     if (places.empty())
         throw std::runtime_error("no command " + std::string(commandKey));
@@ -106,6 +119,7 @@ void Editor::Choose(std::string_view commandKey) {
             desktop_.Press("Return");
     }
     desktop_.Press("Return");
+    return *this;
 }
 
 void Editor::AnswerFileDialog(std::u16string_view title, const std::filesystem::path& file) {
@@ -128,8 +142,7 @@ void Editor::AnswerFileDialog(std::u16string_view title, const std::filesystem::
     });
     if (asks) {
         SettleIn(title);
-        desktop_.Press("Left");
-        desktop_.Press("Return");
+        desktop_.Press("Left Return");
     }
     desktop_.WaitUntilGone(title);
 }
@@ -140,15 +153,20 @@ void Editor::Open(const std::filesystem::path& file) {
     Settle();
 }
 
-void Editor::SaveAs(const std::filesystem::path& file) {
-    std::filesystem::remove(file);
+Editor& Editor::SaveUnder(const std::filesystem::path& file) {
     desktop_.Press("Ctrl+Shift+s");
     AnswerFileDialog(u"Сохранение документа", file);
+    return *this;
+}
+
+void Editor::SaveAs(const std::filesystem::path& file) {
+    std::filesystem::remove(file);
+    SaveUnder(file);
     desktop_.WaitUntil("the file is there", [&] { return std::filesystem::exists(file); });
     Settle();
 }
 
-void Editor::AnswerBox(BoxAnswer answer) {
+Editor& Editor::AnswerBox(BoxAnswer answer) {
     XWindow box = 0;
     SettleWhere("a message box", [&](XWindow window) {
         box = window;
@@ -157,14 +175,13 @@ void Editor::AnswerBox(BoxAnswer answer) {
     if (answer == BoxAnswer::Cancel) {
         desktop_.Press("Escape");
     } else {
-        if (answer == BoxAnswer::No)
-            desktop_.Press("Tab");
-        desktop_.Press("Return");
+        desktop_.Press(answer == BoxAnswer::No ? "Tab Return" : "Return");
     }
     desktop_.WaitUntil("the message box is gone", [&] {
         const auto windows = desktop_.Windows();
         return std::find(windows.begin(), windows.end(), box) == windows.end();
     });
+    return *this;
 }
 
 } // namespace quillshift::e2e

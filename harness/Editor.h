@@ -38,18 +38,24 @@ public:
     void Settle();
     /// As `Settle`, with a dialog.
     void SettleIn(std::u16string_view title);
+    /// Presses keys, and settles in the main window or in a dialog.
+    void Press(std::string_view chords, std::u16string_view title = {});
     /// Waits for the program's end and gives its exit code.
     int WaitForEnd();
+    /// Asks its window to close, and waits.
+    int Close();
 
     /// Opens the menus down to a command and chooses it, by the keyboard.
-    void Choose(std::string_view commandKey);
+    Editor& Choose(std::string_view commandKey);
     void Open(const std::filesystem::path& file);
-    /// Saves under a name and waits until the file is there, as a new one or anew.
+    /// Saves under a name, whatever comes of it.
+    Editor& SaveUnder(const std::filesystem::path& file);
+    /// The same, and waits until the file is there, as a new one or anew.
     void SaveAs(const std::filesystem::path& file);
     /// Waits for a dialog by its title, types a path and confirms it; also that an existing file is replaced.
     void AnswerFileDialog(std::u16string_view title, const std::filesystem::path& file);
     /// Waits for a message box and answers it by the keyboard.
-    void AnswerBox(BoxAnswer answer);
+    Editor& AnswerBox(BoxAnswer answer);
 
 private:
     Desktop& desktop_;

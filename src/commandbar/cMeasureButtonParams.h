@@ -2,7 +2,6 @@
 
 #include "base/Geometry.h"
 #include "commandbar/BarTypes.h"
-#include "commandbar/cDrawButtonParams.h"
 #include "platform/Surface.h"
 
 #include <cstddef>
@@ -23,20 +22,6 @@ struct cMeasureButtonParams {
     TextPosition ButtonTextPosition = TextPosition::BesideIcon;
     int Width = 0;
 
-    /// What an item that is painted so was measured under; the client's width isn't told there and stays.
-    void FromDrawButtonParams(const cDrawButtonParams& item) {
-        const Size icon = IconSizeOf(item.Icons);
-        *this = {.Window = item.Window,
-                 .Font = item.Font,
-                 .IconWidth = icon.width,
-                 .IconHeight = icon.height,
-                 .Height = IsMenu(item.Mode) ? 0 : item.Height,
-                 .RightToLeft = item.RightToLeft,
-                 .Mode = item.Mode,
-                 .Orientation = item.Orientation,
-                 .ButtonTextPosition = item.ButtonTextPosition,
-                 .Width = Width};
-    }
     void FromMeasureButtonParams(const cMeasureButtonParams& other) { *this = other; }
 
     /// Whether an item measures the same under both; the client's width plays no part in that.

@@ -164,28 +164,60 @@ TEST_F(Bars, RepaintWhatHasChanged) {
     const Rect heading = RectAt(0, 0, 600, strip.place.Height());
     const Rect cut = AreaOf(tools->Items()[0]);
     const cCommandBar title = tools->CommandBars().Item("TOOLS");
-    struct Case {
-        const char* what;
-        std::function<void()> change;
-        std::vector<Rect> onMenu, onTools;
-    };
-    for (const Case& c : {Case{"state", [&] { Button("Cut").SetEnabled(false); }, {}, {cut}},
-                          {"state of a heading", [&] { Button("Edit").SetEnabled(true); }, {heading}, {}},
-                          {"pointer", [&] { Run("over:Paste"); }, {}, {AreaOf(tools->Items()[4])}},
-                          {"title", [&] { title.SetTitle(u"Tools"); }, {}, {whole}},
-                          {"style", [&] { toolkit.SetStyle(BarStyle::System); }, {heading}, {whole}},
-                          {"same style", [&] { toolkit.SetStyle(BarStyle::System); }, {}, {}},
-                          {"colour", [&] { menu->SetCustomColor(1, Colour{}); }, {heading}, {whole}},
-                          {"layout", [&] { Button("List").SetIconIndex(2); }, {}, {whole}},
-                          {"off", [&] { tools->SetRedraw(false), Button("List").SetIconIndex(3); }, {}, {}},
-                          {"on", [&] { tools->SetRedraw(true); }, {}, {whole}}}) {
+    using Areas = std::vector<Rect>;
+    const std::tuple<const char*, std::function<void()>, Areas, Areas> cases[] = {
+        // on the menu, and on the toolbar
+        {"state", [&] { Button("Cut").SetEnabled(false); }, {}, {cut}},
+        {"state of a heading", [&] { Button("Edit").SetEnabled(true); }, {heading}, {}},
+        {"pointer", [&] { Run("over:Paste"); }, {}, {AreaOf(tools->Items()[4])}},
+        {"title", [&] { title.SetTitle(u"Tools"); }, {}, {whole}},
+        {"style", [&] { toolkit.SetStyle(BarStyle::System); }, {heading}, {whole}},
+        {"same style", [&] { toolkit.SetStyle(BarStyle::System); }, {}, {}},
+        {"colour", [&] { menu->SetCustomColor(1, Colour{}); }, {heading}, {whole}},
+        {"layout", [&] { Button("List").SetIconIndex(2); }, {}, {whole}},
+        {"off", [&] { tools->SetRedraw(false), Button("List").SetIconIndex(3); }, {}, {}},
+        {"on", [&] { tools->SetRedraw(true); }, {}, {whole}}};
+    for (const auto& [what, change, onMenu, onTools] : cases) {
         strip.repainted.clear();
         bar.repainted.clear();
-        c.change();
-        EXPECT_EQ(strip.repainted, c.onMenu) << c.what;
-        EXPECT_EQ(bar.repainted, c.onTools) << c.what;
-        EXPECT_EQ(bar.painted, tools->Redraw()) << c.what;
+        change();
+        EXPECT_EQ(strip.repainted, onMenu) << what;
+        EXPECT_EQ(bar.repainted, onTools) << what;
+        EXPECT_EQ(bar.painted, tools->Redraw()) << what;
     }
+}
+
+TEST_F(Bars, ShowTheirTicksAndTheStyleThatIsChosen) {
+    const auto painted = [this] {
+        RecordingSurface surface;
+        WindowOf(*tools).listener->OnPaint(surface, {0, 0, 200, 24});
+        return surface.drawn;
+    };
+    std::set<std::vector<std::string>> pictures{painted()};
+    Button("Cut").SetChecked(true);
+    pictures.insert(painted());
+    for (const BarStyle style : {BarStyle::OfficeXP, BarStyle::Dark, BarStyle::System}) {
+        toolkit.SetStyle(style);
+        pictures.insert(painted());
+    }
+    EXPECT_EQ(pictures.size(), 5U) << "each is another";
+}
+
+TEST_F(Bars, FindTheColoursAsNewAndTheThemeDetectedIfTheyAreTheFirst) {
+    constexpr int kHot = static_cast<int>(Slot::HotFillStart);
+    mCommandBars fresh{{system, messages, subclass, colours, theme, platform.timers}};
+    fresh.SetCustomColor(kHot, Rgb(1, 2, 3));
+    theme.name = u"Metallic";
+    EXPECT_EQ(fresh.Colours().ThemeColour(), ThemeColour::None) << "nobody has asked yet";
+    messages.Open(4);
+    FakeBarWindow window(4, 1, {});
+    const qsCommandBar first(fresh, window);
+    EXPECT_EQ(fresh.Colours().ThemeColour(), ThemeColour::Metallic);
+    EXPECT_TRUE(first.UseStyleColor(kHot));
+    fresh.SetCustomColor(kHot, Rgb(1, 2, 3));
+    messages.Open(5);
+    FakeBarWindow another(5, 1, {});
+    EXPECT_FALSE(qsCommandBar(fresh, another).UseStyleColor(kHot));
 }
 
 TEST_F(Bars, AreMeasuredAnewWhenTheDesktopHasOtherLetters) {

@@ -4,8 +4,6 @@
 
 #include <gmock/gmock.h>
 
-#include <functional>
-
 namespace quillshift {
 namespace {
 
@@ -106,38 +104,35 @@ TEST(AButton, StaysOneRecordOnTwoBars) {
 }
 
 TEST(AChange, IsAnnouncedByItsKindAndOnlyWhenItIsOne) {
-    struct Case {
-        const char* what;
-        std::function<void(const cButton&)> change;
-        const char* notice; ///< null for none
+    using Change = std::function<void(const cButton&)>;
+    const std::tuple<const char*, Change, const char*> cases[] = {
+        // null for no notice
+        {"icon", [](const cButton& b) { b.SetIconIndex(2); }, "BAR 4 A"},
+        {"swatch", [](const cButton& b) { b.SetColorBox(Rgb(1, 2, 3)); }, "BAR 4 A"},
+        {"hidden", [](const cButton& b) { b.SetVisible(false); }, "BAR 4 A"},
+        {"panel width", [](const cButton& b) { b.SetPanelWidth(168); }, "BAR 4 A"},
+        {"no panel", [](const cButton& b) { b.SetPanelControl(nullptr); }, "BAR 4 A"},
+        {"caption", [](const cButton& b) { b.SetShowCaptionInToolbar(true); }, "BAR 4 A"},
+        {"arrow", [](const cButton& b) { b.SetShowDropDownInToolbar(true); }, "BAR 4 A"},
+        {"disabled", [](const cButton& b) { b.SetEnabled(false); }, "BAR 5 A"},
+        {"locked", [](const cButton& b) { b.SetLocked(true); }, "BAR 5 A"},
+        {"checked", [](const cButton& b) { b.SetChecked(true); }, "BAR 6 A"},
+        {"as before", [](const cButton& b) { b.SetEnabled(true); }, nullptr},
+        {"tip", [](const cButton& b) { b.SetToolTip(u"tip"); }, nullptr},
+        {"shortcut", [](const cButton& b) { b.SetShortcutKey(65); }, nullptr},
+        {"sub-bar", [](const cButton& b) { b.SetBar(std::nullopt); }, nullptr},
     };
     const cMeasureButtonParams params;
-    for (const Case& c : {
-             Case{"icon", [](const cButton& b) { b.SetIconIndex(2); }, "BAR 4 A"},
-             Case{"swatch", [](const cButton& b) { b.SetColorBox(Rgb(1, 2, 3)); }, "BAR 4 A"},
-             Case{"hidden", [](const cButton& b) { b.SetVisible(false); }, "BAR 4 A"},
-             Case{"panel width", [](const cButton& b) { b.SetPanelWidth(168); }, "BAR 4 A"},
-             Case{"no panel", [](const cButton& b) { b.SetPanelControl(nullptr); }, "BAR 4 A"},
-             Case{"caption", [](const cButton& b) { b.SetShowCaptionInToolbar(true); }, "BAR 4 A"},
-             Case{"arrow", [](const cButton& b) { b.SetShowDropDownInToolbar(true); }, "BAR 4 A"},
-             Case{"disabled", [](const cButton& b) { b.SetEnabled(false); }, "BAR 5 A"},
-             Case{"locked", [](const cButton& b) { b.SetLocked(true); }, "BAR 5 A"},
-             Case{"checked", [](const cButton& b) { b.SetChecked(true); }, "BAR 6 A"},
-             Case{"as before", [](const cButton& b) { b.SetEnabled(true); }, nullptr},
-             Case{"tip", [](const cButton& b) { b.SetToolTip(u"tip"); }, nullptr},
-             Case{"shortcut", [](const cButton& b) { b.SetShortcutKey(65); }, nullptr},
-             Case{"sub-bar", [](const cButton& b) { b.SetBar(std::nullopt); }, nullptr},
-         }) {
+    for (const auto& [what, change, notice] : cases) {
         TestBars test;
         const cButton button = test.Bar("BAR", {"A"}, ButtonStyle::Check).Buttons().Item(1);
         test.Show("BAR");
         MeasureCache& measured = test.model.FindButton("A")->Measured;
         measured.Add(params, {10, 20});
-        c.change(button);
-        const std::vector<std::string> expected =
-            c.notice ? std::vector<std::string>{c.notice} : std::vector<std::string>{};
-        EXPECT_EQ(test.control.Notices(), expected) << c.what;
-        EXPECT_TRUE(!c.notice || c.notice[4] != '4' || !measured.Find(params)) << c.what;
+        change(button);
+        EXPECT_EQ(test.control.Notices(), std::vector<std::string>(notice ? 1 : 0, notice ? notice : ""))
+            << what;
+        EXPECT_TRUE(!notice || notice[4] != '4' || !measured.Find(params)) << what;
     }
 }
 
@@ -239,22 +234,17 @@ TEST(ABar, MayHangBelowItself) {
 }
 
 TEST(AShortcutsText, NamesModifiersInOneOrderAndThenTheKey) {
-    struct Case {
-        int key;
-        int modifiers;
-        const char16_t* text;
-    };
     using namespace modifier;
-    for (const Case& c :
+    using Case = std::tuple<int, int, std::u16string>;
+    for (const auto& [key, modifiers, text] :
          {Case{46, kShift | kCtrl, u"Ctrl+Shift+Del"}, Case{'S', kAlt | kShift | kCtrl, u"Ctrl+Shift+Alt+S"},
           Case{'7', kAlt, u"Alt+7"}, Case{FunctionKey(4), 0, u"F4"},
           Case{FunctionKey(12), kCtrl, u"Ctrl+F12"}, Case{33, 0, u"Page up"},
           Case{0x61, kCtrl, u"Ctrl+Num 1"}, Case{0, kCtrl, u""}, Case{7, kCtrl, u""}}) {
         cButtonInt button("B");
         button.ToolTip = u"Tip";
-        button.ShortcutKey = static_cast<std::int16_t>(c.key);
-        button.ShortcutModifiers = c.modifiers;
-        const std::u16string text = c.text;
+        button.ShortcutKey = static_cast<std::int16_t>(key);
+        button.ShortcutModifiers = modifiers;
         EXPECT_EQ(button.ShortcutText(), text);
         EXPECT_EQ(button.FullToolTip(), text.empty() ? u"Tip" : u"Tip (" + text + u")");
         button.ToolTip.clear();
@@ -263,18 +253,14 @@ TEST(AShortcutsText, NamesModifiersInOneOrderAndThenTheKey) {
 }
 
 TEST(AMnemonic, IsTheCharacterBehindTheFirstMark) {
-    struct Case {
-        const char16_t* caption;
-        int key;
-        bool matches;
-    };
-    for (const Case& c :
+    using Case = std::tuple<const char16_t*, char, bool>;
+    for (const auto& [caption, key, matches] :
          {Case{u"&Open", 'O', true}, Case{u"Save &as", 'A', true}, Case{u"&1. file", '1', true},
           Case{u"Open", 'O', false}, Case{u"Open&", 'O', false}, Case{u"&Open &as", 'A', false},
-          Case{u"A && B", 'B', false}, Case{u"A && B", 0, false}}) {
+          Case{u"A && B", 'B', false}, Case{u"A && B", '\0', false}}) {
         cButtonInt button("B");
-        button.Caption = c.caption;
-        EXPECT_EQ(button.HasMnemonic(c.key), c.matches) << c.key;
+        button.Caption = caption;
+        EXPECT_EQ(button.HasMnemonic(key), matches) << key;
     }
 }
 

@@ -1,20 +1,16 @@
-// Everything that bars and menus draw, in each style, against a stored list of drawing calls.
+// Everything that bars and menus draw, in each style, against a stored list of drawing calls; their colours.
 
 #include "commandbar/BarPainter.h"
+#include "commandbar/Contrast.h"
 #include "commandbar/cMenuDropShadow.h"
-#include "commandbar/qsCommandBar.h"
+#include "commandbar/mCommandBarColours.h"
 #include "support/DrawnList.h"
-#include "support/FakeBarWindow.h"
-#include "support/FakeDesktop.h"
-#include "support/FakePlatform.h"
-#include "support/FakeWindowMessages.h"
+#include "support/FailureOf.h"
+#include "support/FakeBarControl.h"
 #include "support/Pixels.h"
-#include "support/TestBar.h"
-#include "support/TestsFolder.h"
+#include "support/RecordingSurface.h"
 
 #include <gtest/gtest.h>
-
-#include <set>
 
 namespace quillshift {
 namespace {
@@ -38,22 +34,23 @@ struct Variant {
     void (*make)(B&, I&);
 };
 
+void Caption(B& b, const char16_t* caption) {
+    b.Caption = caption;
+    b.ShowCaptionInToolbar = true;
+}
+
 constexpr Variant kItems[] = {
     {"icon", [](B& b, I&) { b.IconIndex = 7; }},
-    {"icon and caption",
-     [](B& b, I&) { b.IconIndex = 7, b.Caption = u"&Stop", b.ShowCaptionInToolbar = true; }},
-    {"caption", [](B& b, I&) { b.Caption = u"&Stop", b.ShowCaptionInToolbar = true; }},
+    {"icon and caption", [](B& b, I&) { b.IconIndex = 7, Caption(b, u"&Stop"); }},
+    {"caption", [](B& b, I&) { Caption(b, u"&Stop"); }},
     {"colour", [](B& b, I&) { b.ColorBox = Rgb(1, 2, 3), b.Caption = u"hidden"; }},
     {"sub-bar", [](B& b, I&) { b.Bar = SomeBar(), b.ShowDropDownInToolbar = true; }},
-    {"heading", [](B& b, I&) { b.Bar = SomeBar(), b.Caption = u"&File", b.ShowCaptionInToolbar = true; }},
+    {"heading", [](B& b, I&) { b.Bar = SomeBar(), Caption(b, u"&File"); }},
     {"split", [](B& b, I&) { b.Style = ButtonStyle::Split, b.IconIndex = 7; }},
     {"split with caption",
-     [](B& b, I&) {
-         b.Style = ButtonStyle::Split, b.IconIndex = 7, b.Caption = u"&Stop", b.ShowCaptionInToolbar = true;
-     }},
+     [](B& b, I&) { b.Style = ButtonStyle::Split, b.IconIndex = 7, Caption(b, u"&Stop"); }},
     {"control", [](B& b, I&) { b.Style = ButtonStyle::Panel, b.Panel = SomePanel(), b.IconIndex = 7; }},
-    {"panel",
-     [](B& b, I&) { b.Style = ButtonStyle::Panel, b.Caption = u"Name", b.ShowCaptionInToolbar = true; }},
+    {"panel", [](B& b, I&) { b.Style = ButtonStyle::Panel, Caption(b, u"Name"); }},
     {"separator", [](B& b, I&) { b.Style = ButtonStyle::Separator; }},
 };
 
@@ -252,7 +249,7 @@ TEST_P(DrawnBars, AreAsStored) {
     if (GetParam().style == BarStyle::OfficeXP)
         ListShadows(); // the same in all
     ListColours();
-    ExpectAsStored(TestsFolder() / "commandbar/drawn" / (std::string(GetParam().name) + ".txt"), list);
+    ExpectAsStored("commandbar/drawn/" + std::string(GetParam().name) + ".txt", list);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -264,56 +261,101 @@ INSTANTIATE_TEST_SUITE_P(
                     StyleCase{
                         "SystemByTheTable", BarStyle::System, {}, {.Gradients = false, .Themes = false}}));
 
-/// A control on a fake desktop.
-class PaintedControl : public testing::Test {
+class CommandBarColours : public testing::Test {
 protected:
-    std::vector<std::string> Painted() {
-        RecordingSurface surface;
-        window.listener->OnPaint(surface, {0, 0, 200, 24});
-        return surface.drawn;
+    void ExpectContrast(Slot slot, std::optional<Colour> ground, double least) const {
+        if (ground) {
+            EXPECT_GE(Contrast(colours.Of(slot).value(), *ground), least) << static_cast<int>(slot);
+        }
+    }
+    void ExpectReadable() const {
+        const ColourPair shared = colours.SharedGround();
+        for (const auto& ground :
+             {colours.Of(Slot::BarFillStart), colours.Of(Slot::BarFillEnd), shared.start, shared.end}) {
+            ExpectContrast(Slot::ToolbarText, ground, 4.5);
+            ExpectContrast(Slot::DisabledText, ground, 3);
+        }
+        for (const Slot fill : {Slot::BarFillStart, Slot::BarFillEnd, Slot::MenuFillStart})
+            ExpectContrast(Slot::IconDisabled, colours.Of(fill), 3);
+        for (const Slot fill : {Slot::MenuFillStart, Slot::MenuFillEnd})
+            ExpectContrast(Slot::MenuDisabledText, colours.Of(fill), 3);
+        ExpectContrast(Slot::ToolbarText, colours.Of(Slot::DisabledText), 1.3); // still another
+        EXPECT_LE(Brightness(colours.Of(Slot::Shadow).value()), 0.2);
     }
 
-    FakePlatform platform;
-    FakeWindowMessages messages;
-    FakeBarSystem system;
     FakeSystemColours desktop;
     FakeTheme theme;
-    MSubclass subclass{messages, u"test"};
-    mCommandBars toolkit{{system, messages, subclass, desktop, theme, platform.timers}};
-    FakeBarWindow window = (messages.Open(1), messages.Open(2), FakeBarWindow(2, 1, {0, 0, 200, 24}));
+    mCommandBarColours colours{desktop, theme};
 };
 
-TEST_F(PaintedControl, ShowsItsTicksAndTheStyleThatIsChosen) {
-    qsCommandBar control(toolkit, window);
-    const cButton tick = control.Buttons().Add("TICK", -1, u"", ButtonStyle::Check);
-    const cCommandBar bar = control.CommandBars().Add("BAR");
-    bar.Buttons().Add(tick);
-    control.SetToolbar(bar);
-    std::set<std::vector<std::string>> pictures{Painted()};
-    tick.SetChecked(true);
-    pictures.insert(Painted());
-    for (const BarStyle style : {BarStyle::OfficeXP, BarStyle::Dark, BarStyle::System}) {
-        window.repainted.clear();
-        toolkit.SetStyle(style);
-        EXPECT_EQ(window.repainted.size(), 1U);
-        pictures.insert(Painted());
+TEST_F(CommandBarColours, CanBeReadInEveryStyleAndThemeOnEveryDesktop) {
+    EXPECT_NEAR(Contrast(Rgb(0, 0, 0), Rgb(255, 255, 255)), 21, 1e-9);
+    EXPECT_NEAR(Contrast(Rgb(255, 255, 255), Rgb(119, 119, 119)), 4.48, 0.005);
+    EXPECT_NEAR(Contrast(Rgb(255, 0, 0), Rgb(0, 0, 255)), 2.15, 0.005);
+    for (const char* const kind : {"grey", "dark", "dark with light edges"}) {
+        if (kind[0] == 'd')
+            desktop.MakeDark();
+        if (std::string_view(kind).ends_with("edges"))
+            for (const auto edge : {SystemColour::Highlight3D, SystemColour::DarkShadow3D})
+                desktop.colours[edge] = Rgb(151, 151, 151);
+        for (const char16_t* const name : {u"", u"NormalColor", u"Metallic", u"Homestead"})
+            for (const int style : {0, 1, 2, 3}) {
+                SCOPED_TRACE(kind + std::to_string(style));
+                theme.name = name;
+                colours.SetStyle(static_cast<BarStyle>(style));
+                colours.Start();
+                ExpectReadable();
+            }
     }
-    EXPECT_EQ(pictures.size(), 5U) << "each is another";
 }
 
-TEST_F(PaintedControl, FindsTheColoursAsNewAndTheThemeDetectedIfItIsTheFirst) {
-    constexpr int kHot = static_cast<int>(Slot::HotFillStart);
-    toolkit.SetCustomColor(kHot, Rgb(1, 2, 3));
-    theme.name = u"Metallic";
-    EXPECT_EQ(toolkit.Colours().ThemeColour(), ThemeColour::None) << "nobody has asked yet";
-    const qsCommandBar first(toolkit, window);
-    EXPECT_EQ(toolkit.Colours().ThemeColour(), ThemeColour::Metallic);
-    EXPECT_TRUE(first.UseStyleColor(kHot));
-    toolkit.SetCustomColor(kHot, Rgb(1, 2, 3));
-    messages.Open(3);
-    FakeBarWindow another(3, 1, {});
-    const qsCommandBar second(toolkit, another);
-    EXPECT_FALSE(second.UseStyleColor(kHot));
+TEST_F(CommandBarColours, AreBlackAndWhiteInEveryStyleWhereTheDesktopIs) {
+    const Colour black = Rgb(0, 0, 0);
+    const Colour white = Rgb(255, 255, 255);
+    for (const auto& [ground, text] : {std::pair(black, white), std::pair(white, black)})
+        for (const int style : {0, 1, 2, 3}) {
+            SCOPED_TRACE(style + (ground == white ? 10 : 0));
+            desktop.MakeHighContrast(ground, text);
+            theme.name = u"Homestead";
+            colours.SetStyle(static_cast<BarStyle>(style));
+            colours.Start();
+            ExpectReadable();
+            for (const Slot line : {Slot::ToolbarText, Slot::Border, Slot::HotBorder, Slot::SeparatorDark})
+                for (const Slot fill : {Slot::BarFillStart, Slot::CheckedFillEnd})
+                    ExpectContrast(line, colours.Of(fill), 21);
+            for (const Slot fill : {Slot::MenuFillStart, Slot::TickFillStart, Slot::HotTickFillEnd})
+                ExpectContrast(Slot::MenuText, colours.Of(fill), 21);
+            for (const Slot fill : {Slot::HotFillStart, Slot::PressedFillEnd})
+                ExpectContrast(Slot::HotText, colours.Of(fill), 21);
+            ExpectContrast(Slot::MenuHotText, colours.Of(Slot::MenuHotFillStart), 21);
+        }
+}
+
+TEST_F(CommandBarColours, StandUnderAnOverrideUntilItIsLiftedAndCanComeBack) {
+    constexpr auto kHot = static_cast<int>(Slot::HotFillStart);
+    const Colour red = Rgb(255, 0, 0);
+    const auto scheme = colours.Of(Slot::HotFillStart);
+    colours.SetCustomColor(kHot, red);
+    EXPECT_FALSE(colours.UseStyleColor(kHot));
+    EXPECT_EQ(colours.Of(Slot::MenuHotFillStart), red) << "slots that refer to it follow";
+    EXPECT_EQ(colours.SchemeColor(kHot), scheme);
+    colours.SetUseStyleColor(kHot, true);
+    EXPECT_EQ(colours.StyleColor(kHot), scheme);
+    colours.SetUseStyleColor(kHot, false);
+    EXPECT_EQ(colours.StyleColor(kHot), red);
+    for (const int slot : {0, 31})
+        EXPECT_EQ(colours.StyleColor(slot), Rgb(0, 0, 0)) << "a number without a slot";
+    for (const int slot : {-1, 32})
+        EXPECT_EQ(FailureOf([&] { colours.StyleColor(slot); }).Number(), 9) << slot;
+}
+
+TEST(Blend, RoundsToTheNearest) {
+    for (int n = 0; n <= 255; ++n)
+        for (int level = 0; level <= 255; ++level) {
+            const double exact = n * level / 255.0 + (255 - n) * 100 / 255.0;
+            const auto red = static_cast<std::uint8_t>(level);
+            ASSERT_NEAR(Blend(Rgb(red, 0, 0), Rgb(100, 0, 0), n).Red(), exact, 0.5);
+        }
 }
 
 } // namespace

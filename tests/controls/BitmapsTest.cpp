@@ -4,14 +4,9 @@
 #include "controls/bitmaps/pcMemDC.h"
 #include "controls/qsProgressBar.h"
 #include "support/DrawnList.h"
-#include "support/FakeDesktop.h"
 #include "support/Pixels.h"
 #include "support/RecordingSurface.h"
-#include "support/TestsFolder.h"
 
-#include <gtest/gtest.h>
-
-#include <limits>
 #include <span>
 
 namespace quillshift {
@@ -110,7 +105,7 @@ TEST(Bitmaps, AreAsStored) {
     ListCopies(list);
     ListChanges<cAlphaDIBSection>(kAlphaChanges, list);
     ListChanges<pcDibSection>(kProgressChanges, list);
-    ExpectAsStored(TestsFolder() / "controls/drawn/Bitmaps.txt", list);
+    ExpectAsStored("controls/drawn/Bitmaps.txt", list);
 }
 
 TEST(Bitmaps, SaveAFileOfKnownBytes) {
@@ -192,7 +187,7 @@ TEST_F(ProgressBarTest, IsPaintedInEachStyleAsStored) {
     theme.missingPart = 3;
     bar.Picture = bar.BarPicture = {};
     add("a theme that fails on the way", {100, 20});
-    ExpectAsStored(TestsFolder() / "controls/drawn/qsProgressBar.txt", list);
+    ExpectAsStored("controls/drawn/qsProgressBar.txt", list);
 }
 
 TEST_F(ProgressBarTest, HoldsWhatIsDoneBetweenNothingAndAll) {

@@ -6,9 +6,8 @@
 #include "support/FakePlatform.h"
 #include "support/FakeWindowMessages.h"
 
-#include <gmock/gmock.h>
-
 #include <deque>
+#include <gmock/gmock.h>
 
 namespace quillshift {
 namespace {
@@ -41,28 +40,24 @@ struct MSubclassTest : testing::Test {
 
 TEST_F(MSubclassTest, TheFirstClientDecidesWhenTheOldHandlerRuns) {
     using Calls = std::vector<std::string>;
-    struct Case {
-        MessageResponse response;
-        Calls alone, together;
-        MessageValue answer;
-    };
-    second.response = MessageResponse::Consume; // is never asked while there is a first
-    for (const Case& c : {Case{MessageResponse::Consume, {"first"}, {"second", "first"}, 1},
-                          Case{MessageResponse::After,
-                               {"first", "old"},
-                               {"second", "first", "old"},
-                               FakeWindowMessages::kOldAnswer},
-                          Case{MessageResponse::Before, {"old", "first"}, {"second", "old", "first"}, 1}}) {
-        first.response = c.response;
+    using enum MessageResponse;
+    const std::tuple<MessageResponse, Calls, Calls, MessageValue> cases[] = {
+        // who is called alone, and together
+        {Consume, {"first"}, {"second", "first"}, 1},
+        {After, {"first", "old"}, {"second", "first", "old"}, FakeWindowMessages::kOldAnswer},
+        {Before, {"old", "first"}, {"second", "old", "first"}, 1}};
+    second.response = Consume; // is never asked while there is a first
+    for (const auto& [response, alone, together, answered] : cases) {
+        first.response = response;
         hooks.AttachMessage(first, kWindow, kMessage);
         hooks.AttachMessage(first, kWindow, 5);
         hooks.DetachMessage(first, kWindow, 5);
         hooks.DetachMessage(second, kWindow, kMessage); // which is on none
-        EXPECT_EQ(Sent(kMessage), c.alone);
-        EXPECT_EQ(answer, c.answer);
+        EXPECT_EQ(Sent(kMessage), alone);
+        EXPECT_EQ(answer, answered);
         hooks.AttachMessage(second, kWindow, kMessage);
-        EXPECT_EQ(Sent(kMessage), c.together);
-        EXPECT_EQ(answer, c.answer);
+        EXPECT_EQ(Sent(kMessage), together);
+        EXPECT_EQ(answer, answered);
         EXPECT_EQ(hooks.CurrentMessage(), kMessage);
         EXPECT_THAT(Sent(kMessage + 1), ElementsAre("old")) << "a message that nobody is on";
         hooks.DetachMessage(first, kWindow, kMessage);
@@ -77,18 +72,14 @@ TEST_F(MSubclassTest, RefusesWhatItCantHook) {
     windows.Open(kForeign);
     windows.foreign = {kForeign};
     hooks.AttachMessage(first, kWindow, kMessage);
-    struct Case {
-        WindowId window;
-        int number;
-        std::u16string text;
-    };
-    for (const Case& c :
-         {Case{99, 13083, u"Invalid window"}, Case{kForeign, 13084, u"Can't modify external window"},
-          Case{kWindow, 13082, u"Message already handled by another class"}}) {
-        const Error error = FailureOf([&] { hooks.AttachMessage(first, c.window, kMessage); });
-        EXPECT_EQ(error.Number(), Based(c.number));
+    for (const auto& [window, number, text] :
+         {std::tuple(WindowId{99}, 13083, u"Invalid window"),
+          {kForeign, 13084, u"Can't modify external window"},
+          {kWindow, 13082, u"Message already handled by another class"}}) {
+        const Error error = FailureOf([&, to = window] { hooks.AttachMessage(first, to, kMessage); });
+        EXPECT_EQ(error.Number(), Based(number));
         EXPECT_EQ(error.Source(), u"program.WindowProc");
-        EXPECT_EQ(error.Description(), c.text);
+        EXPECT_EQ(error.Description(), text);
     }
     GSubclass twin(hooks);
     EXPECT_EQ(FailureOf([&] { twin.AttachMessage(first, kWindow, kMessage); }).Number(), Based(13082))
@@ -106,12 +97,9 @@ TEST_F(MSubclassTest, LetsGoOfAWindowThatIsDestroyed) {
     EXPECT_TRUE(windows.PropertiesOf(kWindow).empty());
 }
 
-struct CTimerTest : testing::Test {
+TEST(CTimerTest, RaisesItsEventUntilItIsSwitchedOff) {
     FakeTimers timers;
     MTimer table{timers, u"program"};
-};
-
-TEST_F(CTimerTest, RaisesItsEventUntilItIsSwitchedOff) {
     CTimer timer(table);
     int ticks = 0;
     timer.ThatTime = [&] {

@@ -1,11 +1,8 @@
 #include "controls/TabControl.h"
 #include "support/FailureOf.h"
-#include "support/FakeDesktop.h"
 #include "support/RecordingSurface.h"
 
 #include <gmock/gmock.h>
-
-#include <utility>
 
 namespace quillshift {
 namespace {
@@ -22,7 +19,7 @@ public:
         selection = -1;
     }
     void SetFlatSeparators(bool on) override { separators = on; }
-    void SetFont(const FontSpec& value) override { font = value; }
+    void SetFont(const FontSpec&) override {}
     void SetPadding(int x, int y) override { padding = {x, y}; }
     void SetImages(const TabImages& value) override { images = value; }
     void Repaint() override { ++repaints; }
@@ -70,7 +67,6 @@ public:
     }
     TabStyles styles;
     bool separators = false;
-    FontSpec font;
     Size padding;
     TabImages images;
     int repaints = 0;

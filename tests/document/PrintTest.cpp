@@ -109,12 +109,11 @@ TEST_F(Print, ShowsItsDialogFirstUnlessItIsNotWanted) {
 }
 
 TEST_F(Print, AsksWhatToDoWithARefusedPropertyAndReportsFailures) {
-    for (const auto& [refused, told] : {std::pair("paper", "размер бумаги"),
-                                        {"quality", "качество печати"},
-                                        {"colours", "тип печати"},
-                                        {"orientation", "ориентация"},
-                                        {"font", "шрифт"},
-                                        {"paper copies", "размер бумаги, количество копий."}}) {
+    using Case = std::pair<const char*, const char*>;
+    for (const auto& [refused, told] :
+         {Case{"paper", "размер бумаги"}, Case{"quality", "качество печати"}, Case{"colours", "тип печати"},
+          Case{"orientation", "ориентация"}, Case{"font", "шрифт"},
+          Case{"paper copies", "размер бумаги, количество копий."}}) {
         printer.refused = refused;
         EXPECT_FALSE(Prints()) << refused;
         EXPECT_THAT(ToUtf8(test.LastBox()), HasSubstr(told));
@@ -142,8 +141,7 @@ TEST_F(Print, IsCancelledWithoutATraceAndKeepsTheTextAsItIs) {
         test.fileDialog.chosen = {u"/e/out.pdf"};
         test.progress.dueEach = dueEach;
         test.progress.atStep = [&] {
-            test.clipboard.Hold(u"new");
-            test.timers.Tick();
+            test.Copied(u"new");
             test.program.Run("MENU:FILE:PRINT");
             EXPECT_EQ(window.document.Text(), u"ten chars.and five");
             return false;
@@ -155,8 +153,7 @@ TEST_F(Print, IsCancelledWithoutATraceAndKeepsTheTextAsItIs) {
         EXPECT_TRUE(test.messageBox.shown.empty());
         test.timers.Tick();
         EXPECT_EQ(window.document.Text(), u"new");
-        test.clipboard.Hold(u"old");
-        test.timers.Tick();
+        test.Copied(u"old");
     }
     EXPECT_EQ(window.document.layoutsForgotten, 2);
 }

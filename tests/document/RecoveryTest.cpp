@@ -1,13 +1,12 @@
 #include "document/Recovery.h"
+#include "base/Utf8.h"
+#include "document/RecoveryFormat.h"
 #include "support/TestProgram.h"
-
-#include <gtest/gtest.h>
-
-#include <utility>
-#include <vector>
 
 namespace quillshift {
 namespace {
+
+using namespace std::string_literals;
 
 struct RecoveryTest : testing::Test {
     TestProgram test;
@@ -104,8 +103,7 @@ TEST_F(RecoveryTest, ALongTextIsWrittenAsItIsAfterEditsWhileItIsCopied) {
     const std::size_t piece = 1 << 20;
     for (const auto& [place, length] : std::vector<std::pair<std::size_t, std::size_t>>{
              {5, 1}, {2 * piece, 9}, {piece - 3, 7}, {7, 4}, {piece + 9, 0}}) {
-        document.SetSelStart(place);
-        document.SetSelLength(length);
+        document.Select(place, length);
         Type(u"new");
         test.timers.Tick();
     }
@@ -154,10 +152,6 @@ TEST_F(RecoveryTest, AFailedWriteIsMadeUpForByTheWholeText) {
 
 // What becomes of the text that was typed, by what replaces or saves it.
 TEST(RecoveryRules, ATextGoesOnceItIsSavedOrLetGoAndIsKeptWhenReplacedUnasked) {
-    struct Case {
-        std::vector<std::string> run; ///< commands, or what is named below
-        std::u16string file, kept;    ///< what is in them then
-    };
     const std::u16string typed = u"typed old";
     const std::map<std::string, std::function<void(TestProgram&)>> others{
         {"ask", [](TestProgram& t) { t.Set(Setting::SaveChange, u"1"); }},
@@ -174,31 +168,33 @@ TEST(RecoveryRules, ATextGoesOnceItIsSavedOrLetGoAndIsKeptWhenReplacedUnasked) {
         {"in a save",
          [](TestProgram& t) { t.files.beforeReplace = [&t] { t.window.document.SetText(u"taken in"); }; }},
         {"another text", [](TestProgram& t) { t.window.document.SetText(u"another"); }}};
-    const Case cases[] = {{{"MENU:FILE:SAVEAS"}, u"none", u"none"},
-                          {{"full disk", "MENU:FILE:SAVEAS"}, typed, u"none"},
-                          {{"in a save", "MENU:FILE:SAVEAS", "wait"}, u"taken in", u"none"},
-                          {{"MENU:FILE:NEW"}, u"none", typed},
-                          {{"ask", "MENU:FILE:NEW"}, typed, u"none"},
-                          {{"ask", "No", "MENU:FILE:NEW"}, u"none", u"none"},
-                          {{"MENU:FILE:OPEN"}, u"none", typed},
-                          {{"no file", "MENU:FILE:OPEN"}, typed, u"none"},
-                          {{"ask", "No", "MENU:FILE:OPEN"}, u"none", u"none"},
-                          {{"MENU:FILE:REOPEN"}, u"none", typed},
-                          {{"ask", "No", "no file", "MENU:FILE:OPEN", "MENU:FILE:REOPEN"}, u"none", typed},
-                          {{"MENU:EDIT:CLEAR", "wait"}, u"none", typed},
-                          {{"MENU:EDIT:CLEAR", "MENU:FILE:SAVEAS"}, u"none", typed},
-                          {{"MENU:EDIT:CLEAR", "another text", "MENU:EDIT:CLEAR"}, u"none", u"another"},
-                          {{"MENU:EDIT:CLEAR", "close"}, u"none", u"none"},
-                          {{"MENU:EDIT:CLEAR", "MENU:EDIT:CLEAR", "wait"}, u"none", typed},
-                          {{"clear here", "wait"}, u"none", u"none"},
-                          {{"MENU:FILE:SAVEAS", "lock"}, u"none", u"none"},
-                          {{"copy", "wait", "wait"}, u"new", typed},
-                          {{"accumulate", "copy", "wait", "wait"}, typed + u"\r\nnew", u"none"},
-                          {{"MENU:FILE:SAVEAS", "MENU:FILE:NEW"}, u"none", u"none"},
-                          {{"close"}, u"none", u"none"},
-                          {{"ask", "close"}, typed, u"none"},
-                          {{"off", "wait"}, u"none", u"none"}};
-    for (const Case& c : cases) {
+    // Commands or what is named above, and what is in the file and in the one that is kept then.
+    const std::tuple<std::vector<std::string>, std::u16string, std::u16string> cases[] = {
+        {{"MENU:FILE:SAVEAS"}, u"none", u"none"},
+        {{"full disk", "MENU:FILE:SAVEAS"}, typed, u"none"},
+        {{"in a save", "MENU:FILE:SAVEAS", "wait"}, u"taken in", u"none"},
+        {{"MENU:FILE:NEW"}, u"none", typed},
+        {{"ask", "MENU:FILE:NEW"}, typed, u"none"},
+        {{"ask", "No", "MENU:FILE:NEW"}, u"none", u"none"},
+        {{"MENU:FILE:OPEN"}, u"none", typed},
+        {{"no file", "MENU:FILE:OPEN"}, typed, u"none"},
+        {{"ask", "No", "MENU:FILE:OPEN"}, u"none", u"none"},
+        {{"MENU:FILE:REOPEN"}, u"none", typed},
+        {{"ask", "No", "no file", "MENU:FILE:OPEN", "MENU:FILE:REOPEN"}, u"none", typed},
+        {{"MENU:EDIT:CLEAR", "wait"}, u"none", typed},
+        {{"MENU:EDIT:CLEAR", "MENU:FILE:SAVEAS"}, u"none", typed},
+        {{"MENU:EDIT:CLEAR", "another text", "MENU:EDIT:CLEAR"}, u"none", u"another"},
+        {{"MENU:EDIT:CLEAR", "close"}, u"none", u"none"},
+        {{"MENU:EDIT:CLEAR", "MENU:EDIT:CLEAR", "wait"}, u"none", typed},
+        {{"clear here", "wait"}, u"none", u"none"},
+        {{"MENU:FILE:SAVEAS", "lock"}, u"none", u"none"},
+        {{"copy", "wait", "wait"}, u"new", typed},
+        {{"accumulate", "copy", "wait", "wait"}, typed + u"\r\nnew", u"none"},
+        {{"MENU:FILE:SAVEAS", "MENU:FILE:NEW"}, u"none", u"none"},
+        {{"close"}, u"none", u"none"},
+        {{"ask", "close"}, typed, u"none"},
+        {{"off", "wait"}, u"none", u"none"}};
+    for (const auto& [run, file, kept] : cases) {
         TestProgram test;
         test.Set(Setting::ClipboardDetect, u"1").Start();
         test.OpenFile(u"/d/a.txt", " old");
@@ -206,15 +202,15 @@ TEST(RecoveryRules, ATextGoesOnceItIsSavedOrLetGoAndIsKeptWhenReplacedUnasked) {
         test.timers.Tick();
         test.fileDialog.chosen = {u"/d/a.txt"};
         std::string all;
-        for (const std::string& step : c.run) {
+        for (const std::string& step : run) {
             all += step + ", ";
             if (const auto other = others.find(step); other != others.end())
                 other->second(test);
             else
                 test.program.Run(step);
         }
-        EXPECT_EQ(RecoveryTest::TextIn(test.recovery.file), c.file) << all;
-        EXPECT_EQ(RecoveryTest::TextIn(test.recovery.kept), c.kept) << all;
+        EXPECT_EQ(RecoveryTest::TextIn(test.recovery.file), file) << all;
+        EXPECT_EQ(RecoveryTest::TextIn(test.recovery.kept), kept) << all;
     }
 }
 
@@ -275,6 +271,90 @@ TEST_F(RecoveryTest, FollowsTheSurfaceThatIsEditedAndTellsThatItIsLocked) {
     EXPECT_TRUE(ReadRecoveryFile(*store.file)->place.isLocked);
     recovery.Follow(document);
     EXPECT_EQ(Written(), u"not followed");
+}
+
+/// A program whose document stands somewhere, to be seen on the whole screen.
+struct FullScreenTest : testing::Test, TestProgram {
+    FullScreenTest() {
+        Set(Setting::ClipboardDetect, u"1")
+            .Set(Setting::DecodeClipboard, u"0")
+            .Set(Setting::Accumulate, u"1");
+        Start();
+        timers.Tick();
+    }
+    void Begin() {
+        window.document.SetText(kText);
+        window.document.SetSelStart(5);
+        window.document.SetTopPosition(5);
+        program.Run("MENU:VIEW:FULLSCREEN");
+    }
+    std::u16string Recovered() {
+        program.SaveWhatIsNew();
+        return ReadRecoveryFile(recovery.file.value_or(""))->text;
+    }
+    static constexpr const char16_t* kText = u"one\r\ntwo\r\nthree";
+    FullScreen& mode = program.Parts().fullScreen;
+    FakeSurface& Screen() { return dialogs->fullScreen->surface; }
+};
+
+TEST_F(FullScreenTest, BringsTextCaretAndScrollBackAsOneStep) {
+    using Place = std::array<std::size_t, 3>; // caret, length of the selection, scroll
+    for (const auto& [written, left, after] : {std::tuple(u""s, Place{0, 0, 0}, Place{5, 0, 5}),
+                                               {u""s, {0, 0, 10}, {0, 0, 10}},
+                                               {u"x"s, {0, 0, 0}, {0, 0, 0}},
+                                               {u"zero\r\nhalf "s, {6, 4, 6}, {6, 4, 6}}}) {
+        Begin();
+        EXPECT_EQ(Screen().SelStart(), 0U);
+        EXPECT_TRUE(window.document.readOnly && !program.Parts().MayInterrupt());
+        Screen().SetSelText(written);
+        Screen().Select(left[0], left[1]);
+        Screen().SetTopPosition(left[2]);
+        program.Parts().document.DocumentModified = false;
+        program.Run("TOOLBAR:FULLSCREEN"); // leads back to it
+        EXPECT_EQ(dialogs->hidings, 1) << "no dialog stands over the text, or works on what is stale";
+        EXPECT_EQ(Recovered(), written + kText);
+        mode.End();
+        const FakeSurface& document = window.document;
+        EXPECT_EQ(document.Text(), written + kText);
+        EXPECT_EQ((Place{document.SelStart(), document.SelLength(), document.TopPosition()}), after);
+        EXPECT_TRUE(program.Parts().document.DocumentModified && !document.readOnly);
+        EXPECT_TRUE(dialogs->hidings == 0 && !dialogs->fullScreen);
+        if (!written.empty())
+            program.Run("MENU:EDIT:UNDO");
+        EXPECT_EQ(document.Text(), kText);
+        EXPECT_EQ(Recovered(), kText);
+    }
+}
+
+TEST_F(FullScreenTest, EndsBeforeAnybodyUsesTheDocument) {
+    const std::pair<const char*, std::function<void()>> roads[] = {
+        {"new", [this] { program.Run("MENU:EDIT:SELECTALL"); }},
+        {"new\r\ncopied", [this] { clipboard.Hold(u"copied"), timers.Tick(); }},
+        {"dropped", [this] { window.document.OnFileDrop(u"/d/file"); }},
+        {"new", [this] { window.OnDirectionChange(); }},
+        {"new", [this] { window.OnClose(); }}};
+    files.files[u"/d/file"] = "dropped";
+    for (const auto& [after, road] : roads) {
+        Begin();
+        Screen().SetText(u"new");
+        messageBox.answers = {BoxAnswer::No};
+        road();
+        EXPECT_EQ(ToUtf8(window.document.Text()), after) << &road - &roads->second;
+        EXPECT_TRUE(!mode.IsOn() && !dialogs->fullScreen);
+    }
+}
+
+// A walk that was begun before lets commands through.
+TEST_F(FullScreenTest, AJobRecodesWhatWasWrittenMeanwhile) {
+    window.document.SetText(u"before");
+    dialogs->atStep = [this] {
+        if (!mode.IsOn()) {
+            program.Run("MENU:VIEW:FULLSCREEN");
+            Screen().SetText(u"\u040F");
+        }
+    };
+    program.Run("MENU:DECODE:DOS:DW");
+    EXPECT_EQ(window.document.Text(), u"П");
 }
 
 } // namespace

@@ -6,10 +6,6 @@
 #include "support/RandomText.h"
 #include "support/TestProgram.h"
 
-#include <gtest/gtest.h>
-
-#include <functional>
-
 namespace quillshift {
 namespace {
 
@@ -55,31 +51,15 @@ TEST(Replacements, AreThoseOfARunByHand) {
 struct SearchTest : testing::Test, TestProgram {
     std::string After(char what) {
         messageBox.shown.clear();
-        switch (what) {
-        case 'O':
-            program.Run("MENU:FIND:FIND");
-            break;
-        case 'o':
-            program.Run("TOOLBAR:REPLACE");
-            break;
-        case 'F':
-            search.Find(search.FindState());
-            break;
-        case 'f':
-            search.Find(search.ReplaceState());
-            break;
-        case 'N':
-            program.Run("MENU:FIND:FINDNEXT");
-            break;
-        case 'r':
-            search.Replace();
-            break;
-        case 'A':
-            search.ReplaceAll();
-            break;
-        default:
-            ADD_FAILURE();
-        }
+        const std::map<char, std::function<void()>> doings{
+            {'O', [this] { program.Run("MENU:FIND:FIND"); }},
+            {'o', [this] { program.Run("TOOLBAR:REPLACE"); }},
+            {'F', [this] { search.Find(search.FindState()); }},
+            {'f', [this] { search.Find(search.ReplaceState()); }},
+            {'N', [this] { program.Run("MENU:FIND:FINDNEXT"); }},
+            {'r', [this] { search.Replace(); }},
+            {'A', [this] { search.ReplaceAll(); }}};
+        doings.at(what)();
         std::string told =
             std::to_string(document.SelStart()) + "+" + std::to_string(document.SelLength()) + " ";
         (told += search.FindState().goesOn ? 'G' : '-') += search.ReplaceState().goesOn ? 'g' : '-';
@@ -90,7 +70,8 @@ struct SearchTest : testing::Test, TestProgram {
                     ToUtf8(box.text);
         return told;
     }
-    void Expect(std::initializer_list<std::pair<char, const char*>> steps) {
+    using Step = std::pair<char, const char*>;
+    void Expect(std::initializer_list<Step> steps) {
         int number = 0;
         for (const auto& [what, after] : steps)
             EXPECT_EQ(After(what), after) << what << ", step " << ++number;
@@ -101,59 +82,44 @@ struct SearchTest : testing::Test, TestProgram {
 };
 
 TEST_F(SearchTest, EachButtonGoesItsWay) {
-    Expect({{'O', "0+0 -- i:Документ не содержит текста!"}});
+    Expect({Step{'O', "0+0 -- i:Документ не содержит текста!"}});
     document.SetText(u"Ель, ель и ели: ЕЛЬ");
-    document.SetSelStart(5);
-    document.SetSelLength(3);
-    Expect({{'O', "5+3 --"},
-            {'F', "0+3 G-"},
-            {'F', "5+3 G-"},
-            {'F', "16+3 G-"},
-            {'F', "16+3 -- i:Поиск завершен!"},
-            {'N', "16+3 -- i:Текст не найден!"},
-            {'F', "0+3 G-"},
-            {'N', "5+3 G-"},
-            {'o', "5+3 G-"},
-            {'f', "0+3 Gg"},
-            {'o', "0+3 Gg"},
-            {'O', "0+3 Gg"}});
+    document.Select(5, 3);
+    Expect({Step{'O', "5+3 --"}, Step{'F', "0+3 G-"}, Step{'F', "5+3 G-"}, Step{'F', "16+3 G-"},
+            Step{'F', "16+3 -- i:Поиск завершен!"}, Step{'N', "16+3 -- i:Текст не найден!"},
+            Step{'F', "0+3 G-"}, Step{'N', "5+3 G-"}, Step{'o', "5+3 G-"}, Step{'f', "0+3 Gg"},
+            Step{'o', "0+3 Gg"}, Step{'O', "0+3 Gg"}});
     EXPECT_EQ(search.FindState().wanted, u"ель") << "what is open keeps its state";
     search.FindState().options = FindOptions::MatchCase;
     search.ReplaceState().replacement = u"Ёлка";
-    Expect({{'F', "5+3 Gg"},
-            {'F', "5+3 -g i:Поиск завершен!"},
-            {'r', "17+3 -g"},
-            {'r', "21+0 -- !:Поиск завершен!"},
-            {'f', "0+3 -g"}});
+    Expect({Step{'F', "5+3 Gg"}, Step{'F', "5+3 -g i:Поиск завершен!"}, Step{'r', "17+3 -g"},
+            Step{'r', "21+0 -- !:Поиск завершен!"}, Step{'f', "0+3 -g"}});
     EXPECT_EQ(document.Text(), u"Ель, Ёлка и ели: Ёлка");
-    document.SetSelStart(9);
-    document.SetSelLength(4);
+    document.Select(9, 4);
     search.ReplaceState().replacement = u"";
-    Expect({{'r', "9+0 -- !:Поиск завершен!"}});
+    Expect({Step{'r', "9+0 -- !:Поиск завершен!"}});
     EXPECT_EQ(document.Text(), u"Ель, Ёлкали: Ёлка") << "what is no match is replaced, too";
 }
 
 TEST_F(SearchTest, FindNextWithoutTheDialogTakesWhatIsSelected) {
     document.SetText(u"два раз два, раз");
-    Expect({{'N', "0+0 -- i:Текст не найден!"}});
+    Expect({Step{'N', "0+0 -- i:Текст не найден!"}});
     document.SetSelLength(3);
-    Expect({{'N', "8+3 --"}, {'N', "8+3 -- i:Текст не найден!"}});
+    Expect({Step{'N', "8+3 --"}, Step{'N', "8+3 -- i:Текст не найден!"}});
     document.SetSelStart(0);
-    Expect({{'N', "0+3 --"}});
-    document.SetSelStart(4);
-    document.SetSelLength(3);
-    Expect({{'N', "13+3 --"}});
+    Expect({Step{'N', "0+3 --"}});
+    document.Select(4, 3);
+    Expect({Step{'N', "13+3 --"}});
     EXPECT_EQ(sound.played, std::vector<std::u16string>());
     EXPECT_GT(document.focused, 0);
 }
 
 TEST_F(SearchTest, ReplacingAllAsksCountsAndEnds) {
     document.SetText(u"aXbxc");
-    document.SetSelStart(1);
-    document.SetSelLength(1);
+    document.Select(1, 1);
     const std::string question = " ?:Вы действительно хотите заменить ''X'' на ''"
                                  "yy'' во всем документе?";
-    Expect({{'o', "1+1 --"}, {'f', "1+1 -g"}});
+    Expect({Step{'o', "1+1 --"}, Step{'f', "1+1 -g"}});
     search.ReplaceState().replacement = u"yy";
     EXPECT_EQ(After('A'), "1+1 -g" + question);
     messageBox.answers = {BoxAnswer::Yes, BoxAnswer::Yes};
@@ -210,8 +176,7 @@ TEST(GoToLine, ReadsNumbersAsPeopleWriteThem) {
     enum { kOwn = 9, kNone = -1, kNoNumber = -2 };
     const auto expect = [&](std::initializer_list<std::u16string> texts, int place) {
         for (const std::u16string& text : texts) {
-            document.SetSelStart(9);
-            document.SetSelLength(1);
+            document.Select(9, 1);
             box.shown.clear();
             document.focused = 0;
             EXPECT_EQ(lines.Go(text), place >= 0) << ToUtf8(text);

@@ -1,7 +1,5 @@
 #include "support/TestProgram.h"
 
-#include <gtest/gtest.h>
-
 namespace quillshift {
 namespace {
 
@@ -9,10 +7,15 @@ struct modDocumentTest : testing::Test {
     TestProgram test;
     FakeMainView& window = test.Start();
 
-    void Dispatch(std::string_view key) { test.program.Run(key); }
-    void SaveAs(std::u16string_view path) {
+    // With these answers to the questions that come; else the user presses Escape.
+    using Answers = std::deque<BoxAnswer>;
+    void Dispatch(std::string_view key, const Answers& answers = {}) {
+        test.messageBox.answers = answers;
+        test.program.Run(key);
+    }
+    void SaveAs(std::u16string_view path, const Answers& answers = {}) {
         test.fileDialog.chosen.emplace_back(path);
-        Dispatch("MENU:FILE:SAVEAS");
+        Dispatch("MENU:FILE:SAVEAS", answers);
     }
     std::string File(std::u16string_view path) { return test.files.files[std::u16string(path)]; }
 };
@@ -44,14 +47,12 @@ TEST_F(modDocumentTest, AsksBeforeAChangedTextIsDropped) {
     Dispatch("MENU:FILE:NEW"); // Escape
     EXPECT_EQ(window.document.Text(), u"x");
 
-    test.messageBox.answers = {BoxAnswer::No};
-    Dispatch("MENU:FILE:NEW");
+    Dispatch("MENU:FILE:NEW", {BoxAnswer::No});
     EXPECT_EQ(window.document.Text(), u"");
 
     window.document.SetText(u"x");
-    test.messageBox.answers = {BoxAnswer::Yes};
     test.fileDialog.chosen = {u"/d/x.txt"};
-    Dispatch("MENU:FILE:NEW");
+    Dispatch("MENU:FILE:NEW", {BoxAnswer::Yes});
     EXPECT_EQ(File(u"/d/x.txt"), "x\r\n");
     EXPECT_EQ(window.document.Text(), u"x") << "Yes saves and stops";
     EXPECT_FALSE(test.program.Parts().document.DocumentModified);
@@ -248,9 +249,8 @@ TEST_F(modDocumentTest, WhatAnotherWroteIsReplacedOnlyAfterAQuestion) {
     EXPECT_TRUE(test.files.trash.empty());
     EXPECT_TRUE(test.program.Parts().document.DocumentModified);
 
-    test.messageBox.answers = {BoxAnswer::Yes, BoxAnswer::Yes};
     test.files.beforeReplace = [&] { test.files.files[u"/d/a.txt"] = "theirs again"; };
-    Dispatch("MENU:FILE:SAVE");
+    Dispatch("MENU:FILE:SAVE", {BoxAnswer::Yes, BoxAnswer::Yes});
     EXPECT_EQ(File(u"/d/a.txt"), "mine\r\n");
     ASSERT_FALSE(test.files.trash.empty());
     EXPECT_EQ(test.files.trash.back(), (std::pair<std::u16string, std::string>(u"/d/a.txt", "theirs again")));
@@ -263,19 +263,15 @@ TEST_F(modDocumentTest, WhatAnotherWroteIsReplacedOnlyAfterAQuestion) {
 }
 
 // What goes to the trash when a text is saved over a file that holds `there`, after it was opened from there
-// (`opened`) and with or without a backup, which replaces an older one.
+// or not, and with or without a backup, which replaces an older one.
 TEST_F(modDocumentTest, WhatNoBackupHoldsGoesToTheTrash) {
-    const struct {
-        const char* there;
-        bool opened;
-        bool backup;
-        std::vector<std::u16string> trashed;
-    } cases[] = {{"one\ntwo", true, true, {u"/d/a.txt.bak"}},
-                 {"one", true, false, {u"/d/a.txt"}},
-                 {"one", false, true, {u"/d/a.txt", u"/d/a.txt.bak"}},
-                 {"{\\rtf1 one}", true, true, {u"/d/a.txt", u"/d/a.txt.bak"}},
-                 {"new\r\n", false, false, {}},
-                 {"", false, false, {}}};
+    const std::tuple<const char*, bool, bool, std::vector<std::u16string>> cases[] = {
+        {"one\ntwo", true, true, {u"/d/a.txt.bak"}},
+        {"one", true, false, {u"/d/a.txt"}},
+        {"one", false, true, {u"/d/a.txt", u"/d/a.txt.bak"}},
+        {"{\\rtf1 one}", true, true, {u"/d/a.txt", u"/d/a.txt.bak"}},
+        {"new\r\n", false, false, {}},
+        {"", false, false, {}}};
     for (const auto& [there, opened, backup, trashed] : cases) {
         test.Set(Setting::CreateBackup, backup ? u"1" : u"0").Set(Setting::CreateBackupIn, u"1");
         Dispatch("MENU:FILE:NEW");
@@ -320,82 +316,61 @@ TEST_F(modDocumentTest, AFullTrashIsAskedAboutBeforeAnythingChanges) {
     }
     test.files.unreadable = {u"/d/b.txt"};
     test.files.files = {{u"/d/b.txt", "old"}};
-    test.messageBox.answers = {BoxAnswer::Yes};
-    SaveAs(u"/d/b.txt");
+    SaveAs(u"/d/b.txt", {BoxAnswer::Yes});
     EXPECT_EQ(File(u"/d/b.txt"), "new\r\n");
     EXPECT_EQ(test.messageBox.shown.size(), 3U);
 }
 
 // Whether the file is offered anew after another program changed it and something more was done.
 TEST_F(modDocumentTest, AFileThatAnotherChangedIsOfferedAnewAsLongAsTheTextIsTheFilesOwn) {
-    auto& text = window.document;
     const auto type = [&](std::u16string_view typed) {
-        text.SetSelStart(0);
-        text.SetSelText(typed);
+        window.document.SetSelStart(0);
+        window.document.SetSelText(typed);
     };
-    const auto another = [&] { test.files.times[u"/d/a.txt"] += 1; };
-    const struct {
-        const char* what;
-        std::function<void()> before, meanwhile; // before the look, and before it is told
-        bool offered;
-    } cases[] = {{"nothing", [] {}, [] {}, false},
-                 {"changed", another, [] {}, true},
-                 {"the same change", [] {}, [] {}, false},
-                 {"changed in the look", [] {}, another, true},
-                 {"gone", [&] { test.files.files.erase(u"/d/a.txt"); }, [] {}, false},
-                 {"the caret was moved",
-                  [&] {
-                      test.files.files[u"/d/a.txt"] = "longer";
-                      text.SetSelStart(2);
-                  },
-                  [] {}, true},
-                 {"typed",
-                  [&] {
-                      another();
-                      type(u"x");
-                  },
-                  [] {}, false},
-                 {"taken back", [] {}, [&] { test.program.Run("MENU:EDIT:UNDO"); }, true},
-                 {"not now",
-                  [&] {
-                      another();
-                      window.isFree = false;
-                  },
-                  [] {}, false},
-                 {"in a walk",
-                  [&] {
-                      window.isFree = true;
-                      test.program.Parts().recoding.walking = true;
-                  },
-                  [] {}, false},
-                 {"then", [&] { test.program.Parts().recoding.walking = false; }, [] {}, true},
-                 {"saved in the look", [] {},
-                  [&] {
-                      type(u"y");
-                      test.messageBox.answers = {BoxAnswer::Yes};
-                      Dispatch("MENU:FILE:SAVE");
-                      another();
-                  },
-                  false},
-                 {"changed since", [] {}, [] {}, true},
-                 {"letters were lost",
-                  [&] {
-                      type(u"\u65E5");
-                      test.messageBox.answers = {BoxAnswer::Yes};
-                      Dispatch("MENU:FILE:SAVE");
-                      another();
-                  },
-                  [] {}, false},
-                 {"another document", [&] { Dispatch("MENU:FILE:NEW"); }, [] {}, false}};
+    bool& walking = test.program.Parts().recoding.walking;
+    const std::map<std::string, std::function<void()>> steps{
+        {"another program", [&] { test.files.times[u"/d/a.txt"] += 1; }},
+        {"longer", [&] { test.files.files[u"/d/a.txt"] = "longer"; }},
+        {"gone", [&] { test.files.files.erase(u"/d/a.txt"); }},
+        {"caret", [&] { window.document.SetSelStart(2); }},
+        {"type", [&] { type(u"x"); }},
+        {"type what is lost", [&] { type(u"\u65E5"); }},
+        {"take back", [&] { Dispatch("MENU:EDIT:UNDO"); }},
+        {"save", [&] { Dispatch("MENU:FILE:SAVE", {BoxAnswer::Yes}); }},
+        {"not free", [&] { window.isFree = false; }},
+        {"free, but walking", [&] { window.isFree = walking = true; }},
+        {"walked", [&] { walking = false; }},
+        {"new document", [&] { Dispatch("MENU:FILE:NEW"); }}};
+    using Steps = std::vector<const char*>;
+    const std::tuple<Steps, Steps, bool> cases[] = {
+        // before the look, before it is told, and whether it is
+        {{}, {}, false},
+        {{"another program"}, {}, true},
+        {{}, {}, false}, // the same change
+        {{}, {"another program"}, true},
+        {{"gone"}, {}, false},
+        {{"longer", "caret"}, {}, true},
+        {{"another program", "type"}, {}, false},
+        {{}, {"take back"}, true},
+        {{"another program", "not free"}, {}, false},
+        {{"free, but walking"}, {}, false},
+        {{"walked"}, {}, true},
+        {{}, {"type", "save", "another program"}, false},
+        {{}, {}, true}, // of what has changed since
+        {{"type what is lost", "save", "another program"}, {}, false},
+        {{"new document"}, {}, false}};
     SaveAs(u"/d/a.txt");
     test.OpenFile(u"/d/a.txt", "text");
-    for (const auto& [what, before, meanwhile, offered] : cases) {
-        before();
+    for (const auto& row : cases) {
+        const auto& [before, meanwhile, offered] = row;
+        for (const char* step : before)
+            steps.at(step)();
         window.OnActivate();
-        meanwhile();
+        for (const char* step : meanwhile)
+            steps.at(step)();
         test.messageBox.shown.clear();
         test.background.DoAll(); // Escape
-        EXPECT_EQ(test.messageBox.shown.size(), offered ? 1U : 0U) << what;
+        EXPECT_EQ(test.messageBox.shown.size(), offered ? 1U : 0U) << "row " << &row - cases;
     }
 }
 
@@ -424,19 +399,15 @@ TEST_F(modDocumentTest, AsksBeforeCharactersAreLost) {
     SaveAs(u"/d/a.txt");
     EXPECT_TRUE(test.files.files.empty());
     EXPECT_NE(test.LastBox().find(u"всего: 2, например «\u4E2D»"), std::u16string::npos);
-    test.messageBox.answers = {BoxAnswer::Yes};
-    SaveAs(u"/d/a.txt");
+    SaveAs(u"/d/a.txt", {BoxAnswer::Yes});
     EXPECT_EQ(File(u"/d/a.txt"), "a??\r\n");
 }
 
 TEST_F(modDocumentTest, ImportInsertsAtTheCaretAndKeepsTheSelection) {
     window.document.SetText(u"onetwo");
-    window.document.SetSelStart(3);
-    window.document.SetSelLength(3);
-    test.files.files[u"/d/i.rtf"] = "middle";
+    window.document.Select(3, 3);
     test.fileDialog.FileName = u"/d/before.txt";
-    test.fileDialog.chosen = {u"/d/i.rtf"};
-    Dispatch("MENU:FILE:IMPORT:RTF");
+    test.OpenFile(u"/d/i.rtf", "middle", "MENU:FILE:IMPORT:RTF");
     EXPECT_EQ(window.document.Text(), u"onemiddletwo");
     EXPECT_EQ(window.document.SelStart(), 0U);
     EXPECT_EQ(test.clipboard.text, u"middle");
@@ -447,9 +418,7 @@ TEST_F(modDocumentTest, ImportInsertsAtTheCaretAndKeepsTheSelection) {
 TEST_F(modDocumentTest, AnImportRecodesTheDocumentBeforeItsOwnTextComes) {
     test.Set(Setting::StartAtImport, u"1").Set(Setting::DefaultCode, u"0");
     window.document.SetText(u"\u040F");
-    test.files.files[u"/d/i.rtf"] = "\x8F";
-    test.fileDialog.chosen = {u"/d/i.rtf"};
-    Dispatch("MENU:FILE:IMPORT:RTF");
+    test.OpenFile(u"/d/i.rtf", "\x8F", "MENU:FILE:IMPORT:RTF");
     EXPECT_EQ(window.document.Text(), u"\u040FП");
 }
 

@@ -7,10 +7,6 @@
 #include "shell/Commands.h"
 
 #include <filesystem>
-#include <sstream>
-#include <string>
-#include <string_view>
-#include <vector>
 
 namespace quillshift::e2e {
 namespace {
@@ -187,7 +183,7 @@ TEST_F(Accessibility, NothingButTheLockIsFoundWhileItIsThere) {
     editor.Set(Setting::Password, u"tajna");
     desktop.Type(u"secret");
     editor.Settle();
-    PressAll({{"MENU:FIND:FIND", ""}, {"MENU:SERVICE:LOCKED", ""}});
+    PressAll({{"MENU:FIND:FIND", ""}, Press{"MENU:SERVICE:LOCKED", ""}});
     editor.SettleIn(u"Morvane Quillshift 3.0");
     const std::string names = Ask("names");
     EXPECT_NE(names.find("dialog\tMorvane Quillshift 3.0\n"), std::string::npos) << names;
@@ -203,9 +199,7 @@ TEST_F(Accessibility, ALongTextIsNotSentOverTheBus) {
     desktop.WaitUntil("somebody listens", [&] { return fs::exists(traffic) && fs::file_size(traffic) != 0; });
     Put(Path("long.txt"), std::string(2 << 20, 'q'));
     editor.Open(Path("long.txt"));
-    desktop.Press("Ctrl+A");
-    desktop.Press("BackSpace");
-    editor.Settle();
+    editor.Press("Ctrl+A BackSpace");
     desktop.Type(u"z");
     desktop.WaitUntil("the letter is told",
                       [&] { return Contents(traffic).find("insert") != std::string::npos; });
@@ -223,14 +217,11 @@ TEST_F(Accessibility, WhatIsTypedIsToldWhereItIs) {
         desktop.WaitUntil("all is told", [&] { return Contents(Path("told")) == wanted; });
     };
     expectTold(0);
-    desktop.Press("Ctrl+End");
-    desktop.Press("Up");
-    desktop.Press("End");
+    desktop.Press("Ctrl+End Up End");
     desktop.Type(u"x");
     text.insert(text.size() - 3, "x");
     expectTold(text.size() - 3);
-    desktop.Press("Return");
-    desktop.Press("Shift+Left");
+    desktop.Press("Return Shift+Left");
     text.insert(text.size() - 3, "\r\n");
     expectTold(text.size() - 5);
     desktop.Type(u"yz");

@@ -3,10 +3,6 @@
 #include "e2e/EditorTest.h"
 #include "shell/Catalogue.h"
 
-#include <algorithm>
-#include <string>
-#include <vector>
-
 namespace quillshift::e2e {
 
 /// A test of the main window's menus and toolbars in the real program.
@@ -48,32 +44,25 @@ protected:
         WaitUntilClosed();
         return {menu.left + 12, menu.top - 10};
     }
-    // Where the row of a command stands in the menu that shows it.
-    static Point Row(const Rect& menu, std::string_view key) {
-        int y = menu.top + 1;
-        for (const CatalogueEntry& entry : Catalogue()) {
-            if (ParentKey(entry.Key) != ParentKey(key))
-                continue;
-            if (entry.Key == key)
-                break;
-            y += entry.Style == ButtonStyle::Separator ? 3 : 24;
-        }
-        return {menu.left + 40, y + 12};
-    }
-    // How high the menu below a key is, by its entries.
-    static int HeightOfMenu(std::string_view key) {
+    // How high the menu below a key is, by its entries, or what of them stands above one of them.
+    static int HeightOfMenu(std::string_view menu, std::string_view end = {}) {
         int height = 2;
         for (const CatalogueEntry& entry : Catalogue())
-            if (ParentKey(entry.Key) == key)
+            if (entry.Key == end)
+                return height;
+            else if (ParentKey(entry.Key) == menu)
                 height += entry.Style == ButtonStyle::Separator ? 3 : 24;
         return height;
+    }
+    // Where the row of a command stands in the menu that shows it.
+    static Point Row(const Rect& menu, std::string_view key) {
+        return {menu.left + 40, menu.top + HeightOfMenu(ParentKey(key), key) + 11};
     }
     void ExpectTypingGoesToTheText() {
         desktop.Type(u"q");
         const std::string saved = Saved();
         EXPECT_EQ(saved, "q\r\n");
-        desktop.Press("BackSpace");
-        editor.Settle();
+        editor.Press("BackSpace");
     }
 };
 

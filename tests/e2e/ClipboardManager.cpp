@@ -1,7 +1,6 @@
 #include "e2e/ClipboardManager.h"
 
 #include <X11/Xutil.h>
-
 #include <unistd.h>
 
 namespace quillshift::e2e {

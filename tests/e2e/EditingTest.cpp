@@ -1,46 +1,31 @@
 #include "e2e/BarsTest.h"
 
-#include "harness/Iconv.h"
-
 namespace quillshift::e2e {
 namespace {
 
 class Editing : public BarsTest {
 protected:
     Editing() { editor.Set(Setting::SaveChange, u"0"); }
-    void Press(std::initializer_list<const char*> keys) {
-        for (const char* const key : keys)
-            desktop.Press(key);
-    }
-    std::string Bytes(const std::string& text) { return Iconv(text + "\r\n", "UTF-8", "CP1251"); }
 };
 
 TEST_F(Editing, IsDoneByShortcutsOldChordsAndTheMenuAtTheMouse) {
     editor.Start();
     desktop.Type(u"Ёж 2");
     desktop.Press("Alt+x"); // no mnemonic, and no letter for the text
-    const std::pair<std::vector<const char*>, const char*> cases[] = {
-        {{"Ctrl+z", "Ctrl+z"}, "Ёж"},
-        {{"F4"}, "Ёж "},
-        {{"Ctrl+a", "Ctrl+c", "Ctrl+v"}, "Ёж Ёж "},
-        {{"Alt+BackSpace"}, "Ёж "},
-        {{"Ctrl+Shift+z"}, "Ёж Ёж "},
-        {{"Ctrl+a", "Ctrl+x"}, ""},
-        {{"Shift+Insert"}, "Ёж Ёж "},
-        {{"Ctrl+a", "Shift+Delete"}, ""},
-        {{"Ctrl+v"}, "Ёж Ёж "},
-        {{"Ctrl+k"}, ""}};
-    for (const auto& [keys, text] : cases) {
-        for (const char* chord : keys)
-            desktop.Press(chord);
-        EXPECT_EQ(Saved(), Bytes(text)) << keys.back();
+    using Case = std::pair<const char*, const char*>;
+    for (const auto& [keys, text] :
+         {Case{"Ctrl+z Ctrl+z", "Ёж"}, Case{"F4", "Ёж "}, Case{"Ctrl+a Ctrl+c Ctrl+v", "Ёж Ёж "},
+          Case{"Alt+BackSpace", "Ёж "}, Case{"Ctrl+Shift+z", "Ёж Ёж "}, Case{"Ctrl+a Ctrl+x", ""},
+          Case{"Shift+Insert", "Ёж Ёж "}, Case{"Ctrl+a Shift+Delete", ""}, Case{"Ctrl+v", "Ёж Ёж "},
+          Case{"Ctrl+k", ""}}) {
+        desktop.Press(keys);
+        EXPECT_EQ(Saved(), Bytes(text)) << keys;
     }
     desktop.Type(u"x");
     const Rect window = desktop.Place(editor.Window());
     desktop.Click({window.left + 300, window.top + 300}, 3);
     WaitForMenu(1);
-    desktop.Press("Up");
-    desktop.Press("Return"); // the last entry clears
+    desktop.Press("Up Return"); // the last entry clears
     EXPECT_EQ(Saved(), Bytes(""));
 }
 
@@ -61,9 +46,7 @@ TEST_F(Editing, AnIndentGoesAndStopsAtTheMargin) {
 TEST_F(Editing, AMovedSelectionIsOneStepAndASelectedTextIsForTheMiddleButton) {
     editor.Start();
     desktop.Type(u"abc def");
-    desktop.Press("Home");
-    desktop.Press("Ctrl+Shift+Right");
-    editor.Settle();
+    editor.Press("Home Ctrl+Shift+Right");
     const Rect window = desktop.Place(editor.Window());
     const Point selected{window.left + 16, window.top + 91};
     desktop.HoldButton(selected);
@@ -76,14 +59,11 @@ TEST_F(Editing, AMovedSelectionIsOneStepAndASelectedTextIsForTheMiddleButton) {
     EXPECT_EQ(Saved(), Bytes("defabc "));
     desktop.Press("Ctrl+z");
     EXPECT_EQ(Saved(), Bytes("abc def"));
-    desktop.Press("Ctrl+a");
-    editor.Settle();
+    editor.Press("Ctrl+a");
     desktop.Click({window.left + 300, window.top + 300}, 2);
     editor.Settle();
     EXPECT_EQ(Saved(), Bytes("abc defabc def")) << "what a command selects, the middle button puts in";
-    desktop.Press("Ctrl+z");
-    desktop.Press("Ctrl+k");
-    editor.Settle();
+    editor.Press("Ctrl+z Ctrl+k");
     desktop.Press("Ctrl+z");
     EXPECT_EQ(Saved(), Bytes("abc def"));
 }
@@ -93,39 +73,30 @@ using Searching = Editing;
 TEST_F(Searching, IsDoneByTheKeyboardAlone) {
     editor.Start();
     desktop.Type(u"Ель да ель, а не ельник");
-    Press({"Ctrl+f"});
-    editor.SettleIn(u"Найти");
+    editor.Press("Ctrl+f", u"Найти");
     desktop.Type(u"ЕЛЬ");
-    Press({"Return"});
-    editor.Settle(); // the window has the keyboard again
-    Press({"F3"});
-    editor.Settle();
+    editor.Press("Return"); // the window has the keyboard again
+    editor.Press("F3");
     desktop.Type(u"дуб");
     editor.Settle();
     EXPECT_EQ(Saved(), Bytes("Ель да дуб, а не ельник"));
-    Press({"Ctrl+h"});
-    editor.SettleIn(u"Найти и заменить");
+    editor.Press("Ctrl+h", u"Найти и заменить");
     desktop.Type(u"ель");
-    Press({"Tab"});
+    desktop.Press("Tab");
     desktop.Type(u"вяз");
-    Press({"Tab", "space", "Return"}); // a whole word
+    desktop.Press("Tab space Return"); // a whole word
     editor.Settle();
-    Press({"Ctrl+h"});
-    editor.SettleIn(u"Найти и заменить");
-    Press({"Tab", "Tab", "space", "Tab", "Tab", "Tab", "Tab", "space"}); // any word, everywhere
+    editor.Press("Ctrl+h", u"Найти и заменить");
+    desktop.Press("Tab Tab space Tab Tab Tab Tab space"); // any word, everywhere
     editor.AnswerBox(BoxAnswer::Yes);
-    editor.AnswerBox(BoxAnswer::Ok);
-    editor.SettleIn(u"Найти и заменить");
-    Press({"Escape"});
-    editor.Settle();
+    editor.AnswerBox(BoxAnswer::Ok).SettleIn(u"Найти и заменить");
+    editor.Press("Escape");
     EXPECT_EQ(Saved(), Bytes("вяз да дуб, а не вязник"));
-    Press({"Ctrl+z"});
+    desktop.Press("Ctrl+z");
     EXPECT_EQ(Saved(), Bytes("вяз да дуб, а не ельник")) << "each is a step of its own";
 
-    Press({"Home", "Return", "Ctrl+g"});
-    editor.SettleIn(u"Перейти...");
-    Press({"1", "Return"});
-    editor.Settle();
+    editor.Press("Home Return Ctrl+g", u"Перейти...");
+    editor.Press("1 Return");
     desktop.Type(u"x");
     EXPECT_EQ(Saved(), Bytes("x\r\nвяз да дуб, а не ельник"));
 }
@@ -133,13 +104,12 @@ TEST_F(Searching, IsDoneByTheKeyboardAlone) {
 TEST_F(Searching, ADialogStepsAsideAndGoesWithItsWindow) {
     editor.Start();
     desktop.Type(u"one two one");
-    Press({"Ctrl+f"});
-    editor.SettleIn(u"Найти");
+    editor.Press("Ctrl+f", u"Найти");
     desktop.Type(u"two");
     const Rect window = desktop.Place(editor.Window());
     desktop.Move(desktop.Find(u"Найти"), {window.left + 5, window.top + 60});
     editor.SettleIn(u"Найти");
-    Press({"Return"});
+    desktop.Press("Return");
     const Rect words = RectAt(window.left + 5, window.top + 80, 60, 20);
     desktop.WaitUntil("the words are seen", [&] {
         const Rect dialog = desktop.Place(desktop.Find(u"Найти"));
@@ -147,8 +117,7 @@ TEST_F(Searching, ADialogStepsAsideAndGoesWithItsWindow) {
     });
     editor.Settle();
     EXPECT_NE(desktop.Find(u"Найти"), 0U);
-    desktop.AskToClose(editor.Window());
-    EXPECT_EQ(editor.WaitForEnd(), 0);
+    EXPECT_EQ(editor.Close(), 0);
 }
 
 } // namespace

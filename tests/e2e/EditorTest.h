@@ -1,6 +1,8 @@
 #pragma once
 
+#include "base/Utf8.h"
 #include "harness/Editor.h"
+#include "harness/Iconv.h"
 #include "support/TestsFolder.h"
 
 #include <gtest/gtest.h>
@@ -18,6 +20,22 @@ protected:
     std::string Saved() {
         editor.SaveAs(Path("saved.txt"));
         return Contents(Path("saved.txt"));
+    }
+    /// What it is to hold then.
+    static std::string Bytes(const std::string& text) { return Iconv(text + "\r\n", "UTF-8", "CP1251"); }
+    /// What other programs need to know to come here.
+    Environment Elsewhere() const { return desktop.ProgramEnvironment(editor.home.Path()); }
+    /// Another program puts a text on the clipboard, or another selection, and gives it out as `how` tells.
+    Process StartCopying(const std::string& text, std::vector<std::string> how,
+                         const std::string& selection = "clipboard") {
+        Put(Path("clipboard.txt"), text);
+        how.insert(how.end(), {"-selection", selection, "-i", Path("clipboard.txt")});
+        return {"xclip", how, Elsewhere()};
+    }
+    void WaitUntilSeen(const std::string& text) {
+        desktop.WaitUntil("the text has been seen",
+                          [&] { return editor.Store().Is(Setting::ClipboardText, FromUtf8(text)); });
+        desktop.WaitUntilQuiet(editor.Program());
     }
 };
 

@@ -3,8 +3,6 @@
 
 #include "harness/Iconv.h"
 
-#include <string>
-
 namespace quillshift::e2e {
 namespace {
 
@@ -57,8 +55,7 @@ TEST_F(Menus, LookTheSameHoweverFastTheyWereOpened) {
         desktop.Press("Left");
         if (!isFast)
             WaitForMenu(1);
-        for (const char* key : {"Down", "Down", "Right"})
-            desktop.Press(key);
+        desktop.Press("Down Down Right");
         WaitForMenu(2);
         if (isFast)
             desktop.WaitUntil("the menus look as before", [&] { return desktop.Pixels(all) == slow; });
@@ -83,8 +80,7 @@ TEST_F(Menus, AnEntryIsTickedByTheMouse) {
         const auto isAbove = [&] { return desktop.IsAboveOthers(editor.Window()) == above; };
         desktop.WaitUntil("the window has its layer", isAbove);
         WaitUntilClosed();
-        desktop.AskToClose(editor.Window());
-        editor.WaitForEnd();
+        editor.Close();
         editor.Start();
         desktop.WaitUntil("the window has its layer at the next start, too", isAbove);
     }
@@ -99,13 +95,11 @@ TEST_F(Menus, CloseWhenAnotherWindowTakesTheKeyboardAndWithTheirOwn) {
     other.Launch();
     desktop.WaitUntil("the menu is closed", [&] { return Open().empty(); });
     other.Settle();
-    desktop.AskToClose(other.Window());
-    other.WaitForEnd();
+    other.Close();
     editor.Settle();
     OpenByKeyboard(0);
     WaitForMenu(1);
-    desktop.AskToClose(editor.Window());
-    EXPECT_EQ(editor.WaitForEnd(), 0);
+    EXPECT_EQ(editor.Close(), 0);
     EXPECT_TRUE(desktop.Popups().empty());
 }
 

@@ -5,9 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
-#include <string>
-
 namespace quillshift::e2e {
 
 /// A bus of its own, and the script that goes through a program there as a screen reader does.

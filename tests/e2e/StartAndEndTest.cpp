@@ -1,5 +1,7 @@
 #include "e2e/EditorTest.h"
 
+#include <csignal>
+
 namespace quillshift::e2e {
 namespace {
 
@@ -10,8 +12,7 @@ TEST_F(StartAndEnd, AStartWithoutAStoreTellsItsNoticeAndFillsIt) {
     for (int run = 0; run < 2; ++run) {
         editor.DeleteStore();
         if (run == 1) {
-            desktop.AskToClose(editor.Window());
-            editor.WaitForEnd();
+            editor.Close();
         }
         editor.Launch();
         editor.AnswerBox(BoxAnswer::Ok);
@@ -32,16 +33,14 @@ TEST_F(StartAndEnd, ASecondCopyIsRefusedAndTheStoreIsItsOwnersAlone) {
     fs::permissions(folder, fs::perms(0755));
     editor.Start();
     EXPECT_EQ(fs::status(folder).permissions(), fs::perms::owner_all);
-    Process second(QUILLSHIFT_PROGRAM, {}, desktop.ProgramEnvironment(editor.home.Path()));
+    Process second(QUILLSHIFT_PROGRAM, {}, Elsewhere());
     editor.AnswerBox(BoxAnswer::Ok);
     EXPECT_EQ(second.WaitForEnd(), 0);
     EXPECT_TRUE(editor.Runs());
 }
 
 TEST_F(StartAndEnd, LeavingAsksCleansUpAndKeepsThePlaceOfTheWindow) {
-    const Environment environment = desktop.ProgramEnvironment(editor.home.Path());
-    Put(Path("clipboard.txt"), "secret");
-    Process("xclip", {"-selection", "clipboard", "-i", Path("clipboard.txt")}, environment).WaitForEnd();
+    StartCopying("secret", {}).WaitForEnd();
     editor.Set(Setting::MessageOnExit, u"1").Set(Setting::ClearClipboard, u"1").Start();
     desktop.Resize(editor.Window(), {700, 500});
     const auto resized = [&] { return desktop.Place(editor.Window()).Width() == 700; };
@@ -49,9 +48,8 @@ TEST_F(StartAndEnd, LeavingAsksCleansUpAndKeepsThePlaceOfTheWindow) {
     const Rect place = desktop.Place(editor.Window());
 
     desktop.AskToClose(editor.Window());
-    editor.AnswerBox(BoxAnswer::No);
-    editor.Settle();
-    EXPECT_EQ(Process("xclip", {"-selection", "clipboard", "-o"}, environment).WaitForEnd(), 1)
+    editor.AnswerBox(BoxAnswer::No).Settle();
+    EXPECT_EQ(Process("xclip", {"-selection", "clipboard", "-o"}, Elsewhere()).WaitForEnd(), 1)
         << "the clipboard is emptied before the last question";
     desktop.AskToClose(editor.Window());
     editor.AnswerBox(BoxAnswer::Yes);
@@ -75,8 +73,7 @@ TEST_F(StartAndEnd, AWindowClosedWhileItAsksWhetherToCloseStays) {
         desktop.WaitUntil("it asks", [&] { return desktop.IsDialog(desktop.Active()); });
         desktop.AskToClose(window);
         desktop.WaitUntilQuiet(editor.Program());
-        desktop.Press("Escape");
-        editor.Settle();
+        editor.Press("Escape");
         EXPECT_EQ(desktop.Windows(), std::vector<XWindow>{window}) << byMenu;
     }
 }
@@ -93,8 +90,7 @@ TEST_F(StartAndEnd, AMaximisedWindowComesBackMaximisedAndKeepsItsOtherPlace) {
         desktop.WaitUntil("the window is as wide as the screen",
                           [&] { return desktop.Place(editor.Window()).Width() >= 1270; });
         desktop.WaitUntilQuiet(editor.Program());
-        desktop.AskToClose(editor.Window());
-        editor.WaitForEnd();
+        editor.Close();
         EXPECT_EQ(editor.Store().Text(Setting::WindowState), u"2");
         EXPECT_EQ(place(), u"1500 750 11700 9150 ");
     };
@@ -106,9 +102,103 @@ TEST_F(StartAndEnd, AMaximisedWindowComesBackMaximisedAndKeepsItsOtherPlace) {
         closeWhenWide();
     }
     editor.Set(Setting::WindowState, u"0").Start();
-    desktop.AskToClose(editor.Window());
-    editor.WaitForEnd();
+    editor.Close();
     EXPECT_EQ(place(), u"1500 750 11700 9150 ");
+}
+
+struct RecoveryInTheProgram : EditorTest {
+    static constexpr std::u16string_view kList = u"Восстановление текста";
+
+    std::filesystem::path Folder() const { return Path("state/quillshift/recovery"); }
+    std::string Kept() const {
+        std::string all;
+        std::error_code missing;
+        for (const auto& file : std::filesystem::directory_iterator(Folder(), missing))
+            if (file.path().extension() == ".text")
+                all += Contents(file.path());
+        return all;
+    }
+    /// Waits until a text that was just typed is kept.
+    void WaitUntilKept(const std::string& latin) {
+        std::string wide;
+        for (const char letter : latin)
+            (wide += letter) += '\0';
+        desktop.WaitUntil(latin + " is kept", [&] { return Kept().find(wide) != std::string::npos; });
+    }
+    void End(int signal) {
+        kill(editor.Program().Pid(), signal);
+        editor.WaitForEnd();
+    }
+    void StartAndRestore() {
+        editor.Launch();
+        editor.SettleIn(kList);
+        editor.Press("Return");
+    }
+};
+
+TEST_F(RecoveryInTheProgram, AKilledTextComesBackWithItsFileAndTheBackupIsNoEmptyLine) {
+    Put(Path("letter.txt"), "letter");
+    editor.Start().Open(Path("letter.txt"));
+    editor.SaveUnder(Path("letter.txt")); // as it is, so that plain Save has its target
+    editor.Settle();
+    desktop.Type(u"killed ");
+    WaitUntilKept("killed ");
+    End(SIGKILL);
+
+    editor.Set(Setting::StartAtStartup, u"1"); // which would bring another text, or tell that there is none
+    StartAndRestore();
+    desktop.Type(u"twice ");
+    WaitUntilKept("twice ");
+    End(SIGKILL);
+    StartAndRestore();
+    desktop.Press("Ctrl+s");
+    desktop.WaitUntil("it is saved",
+                      [&] { return Contents(Path("letter.txt")).starts_with("killed twice letter"); });
+    editor.Settle();
+    EXPECT_EQ(Contents(Path("letter.txt.bak")), "letter\r\n\r\n");
+    EXPECT_EQ(Kept(), "");
+    EXPECT_EQ(editor.Close(), 0);
+    EXPECT_TRUE(std::filesystem::is_empty(Folder()));
+}
+
+// What was typed a moment ago, too.
+TEST_F(RecoveryInTheProgram, ASignalKeepsTheTextAndAsksNobody) {
+    for (const int signal : {SIGTERM, SIGHUP}) {
+        editor.Start();
+        desktop.Type(u"last words");
+        editor.Settle();
+        End(signal);
+        StartAndRestore();
+        EXPECT_EQ(Saved(), "last words\r\n");
+        End(SIGKILL);
+    }
+}
+
+TEST_F(RecoveryInTheProgram, TheDisplaysEndKeepsTheText) {
+    editor.Start();
+    desktop.Type(u"last words");
+    editor.Settle();
+    desktop.CutOff(editor.Window());
+    editor.WaitForEnd();
+    WaitUntilKept("last words");
+}
+
+TEST_F(RecoveryInTheProgram, TheListThrowsAwayAndLeavesForLater) {
+    editor.Start();
+    desktop.Type(u"unwanted");
+    WaitUntilKept("unwanted");
+    End(SIGKILL);
+    editor.Launch();
+    editor.SettleIn(kList);
+    editor.Press("Escape");
+    End(SIGKILL);
+    editor.Launch();
+    editor.SettleIn(kList);
+    editor.Press("Tab space");
+    EXPECT_EQ(Kept(), "");
+    desktop.WaitUntil("it is in the trash",
+                      [&] { return std::filesystem::exists(Path("data/Trash/files")); });
+    EXPECT_EQ(Saved(), "\r\n");
 }
 
 } // namespace

@@ -7,15 +7,10 @@
 #include "platform/posix/FileBytes.h"
 #include "support/InProcess.h"
 
+#include <filesystem>
 #include <gtest/gtest.h>
-
 #include <sys/stat.h>
 #include <unistd.h>
-
-#include <filesystem>
-#include <functional>
-#include <string>
-#include <vector>
 
 namespace quillshift {
 

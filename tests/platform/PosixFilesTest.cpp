@@ -2,9 +2,9 @@
 
 #include "harness/Calls.h"
 
-#include <gmock/gmock.h>
-
 #include <fcntl.h>
+#include <filesystem>
+#include <gmock/gmock.h>
 #include <sys/file.h>
 #include <sys/mman.h>
 #include <sys/mount.h>
@@ -12,10 +12,6 @@
 #include <sys/stat.h>
 #include <sys/xattr.h>
 #include <unistd.h>
-
-#include <array>
-#include <filesystem>
-#include <functional>
 
 namespace quillshift {
 namespace {
@@ -40,11 +36,7 @@ TEST_F(PosixFilesTest, SaysWhyItCannotRead) {
     mkfifo((folder_ / "pipe").c_str(), 0666);
     const std::string huge = Make("huge");
     fs::resize_file(huge, PosixFiles::kLargestFile + 1);
-    const struct {
-        std::string path;
-        int number;
-        const char* description;
-    } cases[] = {
+    const std::tuple<std::string, int, const char*> cases[] = {
         {folder_ / "absent", 53, "Файл не найден"},
         {folder_ / "absent/letter", 76, "Папка не найдена"},
         {Make("plain") + "/letter", 76, "Папка не найдена"},
@@ -55,9 +47,9 @@ TEST_F(PosixFilesTest, SaysWhyItCannotRead) {
         {"/proc/self/mem", 75, "Ошибка чтения"},
         {"", 75, "имя"},
     };
-    for (const auto& one : cases) {
-        EXPECT_EQ(Read(one.path), one.number) << one.path;
-        EXPECT_THAT(description_, HasSubstr(one.description)) << one.path;
+    for (const auto& [path, number, description] : cases) {
+        EXPECT_EQ(Read(path), number) << path;
+        EXPECT_THAT(description_, HasSubstr(description)) << path;
     }
     // Neither the part before a zero nor a mended name is the file that was asked for.
     EXPECT_EQ(files_.Read(FromUtf8(Make("a")) + std::u16string(u"\0b", 2)).failure->number, 53);

@@ -1,15 +1,11 @@
 #include "platform/posix/SdlSound.h"
 #include "harness/TemporaryFolder.h"
-#include "support/IconFiles.h"
+#include "support/Pixels.h"
 
-#include <gmock/gmock.h>
-
-#include <algorithm>
 #include <chrono>
-#include <cstdint>
+#include <gmock/gmock.h>
 #include <sys/stat.h>
 #include <thread>
-#include <vector>
 
 namespace quillshift {
 namespace {
@@ -51,11 +47,7 @@ protected:
         const auto samples = Heard();
         return std::find(samples.begin(), samples.end(), sample) != samples.end();
     }
-    bool HearsSilenceAfter(std::int16_t sample) const {
-        const auto samples = Heard();
-        const bool silent = !samples.empty() && samples.back() == 0;
-        return silent && std::find(samples.begin(), samples.end(), sample) != samples.end();
-    }
+    bool HearsSilenceAfter(std::int16_t sample) const { return Hears(sample) && Heard().back() == 0; }
     template <typename Condition>
     static bool Soon(Condition condition) {
         for (int i = 0; i < 1000 && !condition(); ++i)

@@ -1,17 +1,103 @@
 #include "shell/Commands.h"
-
 #include "base/Utf8.h"
+#include "harness/TemporaryFolder.h"
 #include "platform/Keys.h"
 #include "shell/Catalogue.h"
 #include "support/TestProgram.h"
-
-#include <gtest/gtest.h>
-
-#include <string>
-#include <tuple>
+#include "support/TestsFolder.h"
 
 namespace quillshift {
 namespace {
+
+// The stored list: key, kind, caption, picture, tip, shortcut, what the command needs, how it is
+// called among the items to choose; a tab between them.
+using Line = std::array<std::string, 8>;
+
+std::vector<Line> StoredList() {
+    std::istringstream file(Contents(TestsFolder() / "shell/stored/catalogue.txt"));
+    std::vector<Line> lines;
+    for (std::string text; std::getline(file, text);) {
+        std::istringstream fields(text);
+        for (std::string& field : lines.emplace_back())
+            std::getline(fields, field, '\t');
+    }
+    return lines;
+}
+
+std::string Kind(const cButton& button, ButtonStyle style) {
+    return style == ButtonStyle::Separator ? "separator"
+           : style == ButtonStyle::Check   ? "check"
+           : style == ButtonStyle::Panel   ? "panel " + std::to_string(button.PanelWidth())
+           : button.ShowCaptionInToolbar() ? "caption shown"
+                                           : "normal";
+}
+
+// The files that the load read for a bar's small pictures, in order.
+std::vector<std::string> PicturesIn(const FakeFiles& files, std::string_view key) {
+    const std::u16string folder =
+        key.starts_with("MENU") ? u"/Data/icons/menu/" : u"/Data/icons/toolbars/small/";
+    std::vector<std::string> pictures;
+    for (const std::u16string& path : files.read)
+        if (const auto at = path.find(folder); at != std::u16string::npos)
+            pictures.push_back(ToUtf8(path.substr(at + folder.size())));
+    // Both toolbars take theirs from one folder, the recoding toolbar behind the other.
+    if (key.starts_with("TOOLBAR2"))
+        pictures.erase(pictures.begin(), pictures.begin() + 28);
+    return pictures;
+}
+
+TEST(Catalogue, StandsOnTheBarsAsTheStoredListTells) {
+    TestProgram test;
+    test.Start();
+    const auto lines = StoredList();
+    ASSERT_EQ(lines.size(), Catalogue().size());
+    std::map<std::string, std::vector<std::string>> bars;
+    for (const auto& [key, kind, caption, picture, tip, shortcut, need, item] : lines) {
+        const cButton button = test.Button(key);
+        const cButtonInt& record = *test.toolkit.Model().FindButton(key);
+        EXPECT_EQ(Kind(button, record.Style), kind) << key;
+        EXPECT_EQ(ToUtf8(button.Caption()), caption) << key;
+        EXPECT_EQ(ToUtf8(button.ToolTip()), tip) << key;
+        EXPECT_EQ(ToUtf8(record.ShortcutText()), shortcut) << key;
+        const auto pictures = PicturesIn(test.files, key);
+        EXPECT_EQ(button.IconIndex() < 0 ? "" : pictures.at(std::size_t(button.IconIndex())), picture) << key;
+        bars[key.substr(0, key.rfind(':'))].push_back(key);
+    }
+    for (const ItemBar bar : {ItemBar::Standart, ItemBar::Decode}) {
+        auto line = std::ranges::find(lines, bar == ItemBar::Standart ? "TOOLBAR:SEP1" : "TOOLBAR2:SEP1",
+                                      [](const Line& each) { return each[0]; });
+        const auto items = test.program.Parts().toolBars.Items(bar);
+        ASSERT_EQ(items.size(), bar == ItemBar::Standart ? 40u : 8u);
+        for (const ToolBarItem& item : items)
+            EXPECT_EQ(ToUtf8(item.text), (*line++)[7]);
+    }
+    // Each key with others below it has a bar of its own, with these in the order of the list.
+    const cCommandBars shown = test.program.Parts().bars.Bar(0).CommandBars();
+    for (const auto& [key, items] : bars) {
+        const auto buttons = shown.Item(key).Buttons();
+        ASSERT_EQ(std::size_t(buttons.count()), items.size()) << key;
+        for (std::size_t i = 0; i < items.size(); ++i)
+            EXPECT_EQ(buttons.Item(int(i) + 1).Key(), items[i]);
+        if (key.find(':') != std::string::npos) {
+            EXPECT_EQ(test.Button(key).Bar()->Key(), key);
+        }
+    }
+}
+
+TEST(Catalogue, EnablesEachCommandByWhatTheStoredListSaysItNeeds) {
+    using Case = std::pair<std::string, CommandInputs>;
+    for (const Line& line : StoredList()) {
+        const Command command = FindEntry(line[0])->action.command;
+        const std::string& need = line[6];
+        for (const auto& [given, inputs] :
+             {Case{"", {}}, Case{"", {.undoSteps = 1}}, Case{"selection", {.selection = true}},
+              Case{"text", {.text = true}}, Case{"clipboard", {.clipboardText = true}},
+              Case{"undo", {.undoSteps = 2}}, Case{"redo", {.redoSteps = 1}},
+              Case{"recoding", {.recodeUndo = true}}, Case{"reopen", {.reopen = true}},
+              Case{"save", {.save = true}}})
+            EXPECT_EQ(IsEnabled(command, inputs), need.empty() || need == given) << line[0] << " " << given;
+    }
+}
 
 const std::u16string kBefore = u"\u040F\u0430 Bb!"; // Пр as DOS letters are read, and Bb, which is selected
 
@@ -22,14 +108,12 @@ struct Situation : TestProgram {
         Start();
         OpenFile(u"/d/opened.txt", "from the disk");
         window.document.SetText(kBefore + u"1");
-        window.document.SetSelStart(kBefore.size());
-        window.document.SetSelLength(1);
+        window.document.Select(kBefore.size(), 1);
         window.document.SetSelText(u"");
         window.document.SetSelText(u"3");
         program.Run("MENU:EDIT:UNDO");
         program.Parts().recoding.SavedText = u"saved";
-        window.document.SetSelStart(3);
-        window.document.SetSelLength(2);
+        window.document.Select(3, 2);
         clipboard.SetText(u"copied");
         fileDialog.chosen = {u"/d/next.txt"};
         files.files[u"/d/next.txt"] = "next";
@@ -158,21 +242,16 @@ TEST(Commands, AnEmptyDocumentOpensNoRecodingDialog) {
 TEST(Commands, TheStatesFollowWhatHappens) {
     TestProgram test;
     FakeMainView& window = test.Start();
-    TextSurface& text = window.document;
+    FakeSurface& text = window.document;
     const auto enabled = [&] {
         test.timers.Tick();
         std::string letters;
-        for (const auto& [letter, key] :
-             std::initializer_list<std::pair<char, const char*>>{{'S', "TOOLBAR:CUT"},
-                                                                 {'T', "TOOLBAR:CLEAR"},
-                                                                 {'U', "TOOLBAR:UNDO"},
-                                                                 {'R', "TOOLBAR:REDO"},
-                                                                 {'C', "TOOLBAR:PASTE"},
-                                                                 {'D', "TOOLBAR2:UNDO"},
-                                                                 {'O', "TOOLBAR:REOPEN"},
-                                                                 {'V', "MENU:FILE:SAVE"}})
-            if (test.Button(key).Enabled())
-                letters += letter;
+        constexpr const char* kKeys[] = {"TOOLBAR:CUT",    "TOOLBAR:CLEAR", "TOOLBAR:UNDO",
+                                         "TOOLBAR:REDO",   "TOOLBAR:PASTE", "TOOLBAR2:UNDO",
+                                         "TOOLBAR:REOPEN", "MENU:FILE:SAVE"};
+        for (std::size_t i = 0; i < std::size(kKeys); ++i)
+            if (test.Button(kKeys[i]).Enabled())
+                letters += "STURCDOV"[i];
         EXPECT_EQ(window.directionsEnabled, letters.find('T') != std::string::npos);
         return letters;
     };
@@ -205,8 +284,7 @@ TEST(Commands, TheStatesFollowWhatHappens) {
     test.program.Run("MENU:EDIT:CLEAR");
     EXPECT_EQ(enabled(), "UDOV");
     text.SetSelText(u"zz");
-    text.SetSelStart(0);
-    text.SetSelLength(2);
+    text.Select(0, 2);
     test.system.input->KeyboardFilter({.key = 'X', .modifiers = modifier::kCtrl});
     EXPECT_EQ(text.Text(), u"") << "a shortcut in the same turn finds the states as they are";
 }

@@ -1,10 +1,8 @@
 #include "base/Error.h"
+#include "base/Utf8.h"
+#include "platform/Keys.h"
 #include "shell/Layout.h"
 #include "support/TestProgram.h"
-
-#include <gtest/gtest.h>
-
-#include <array>
 
 namespace quillshift {
 namespace {
@@ -47,32 +45,29 @@ TEST(Main, LaysTheTextAreaOutByIconsAndBars) {
 }
 
 TEST(Main, ShowsItsNoticeOnceAndRefusesASecondCopyBehindIt) {
-    struct Case {
-        const char16_t *firstRun, *manyCopies;
-        bool another;
-        std::vector<std::u16string> boxes; // how they begin
-    };
-    const Case cases[] = {{u"1", u"0", true, {u"Эта версия", u"Программа уже"}},
-                          {u"1", u"1", true, {u"Эта версия"}},
-                          {u"0", u"0", true, {u"Программа уже"}},
-                          {u"0", u"0", false, {}},
-                          {u"2", u"", true, {}}};
-    for (const Case& c : cases) {
+    // Two settings, whether another copy runs, and how the boxes begin.
+    const std::tuple<const char16_t*, const char16_t*, bool, std::vector<std::u16string>> cases[] = {
+        {u"1", u"0", true, {u"Эта версия", u"Программа уже"}},
+        {u"1", u"1", true, {u"Эта версия"}},
+        {u"0", u"0", true, {u"Программа уже"}},
+        {u"0", u"0", false, {}},
+        {u"2", u"", true, {}}};
+    for (const auto& [firstRun, manyCopies, another, expected] : cases) {
         TestProgram test;
-        test.Set(Setting::FirstRun, c.firstRun).Set(Setting::ManyCopies, c.manyCopies);
-        test.shell.anotherCopyRuns = c.another;
+        test.Set(Setting::FirstRun, firstRun).Set(Setting::ManyCopies, manyCopies);
+        test.shell.anotherCopyRuns = another;
         test.Start();
         std::vector<std::u16string> boxes;
         for (const auto& box : test.messageBox.shown)
             boxes.push_back(box.text.substr(0, box.text.find(u' ', box.text.find(u' ') + 1)));
-        EXPECT_EQ(boxes, c.boxes);
-        const bool refused = !c.boxes.empty() && c.boxes.back() == u"Программа уже";
+        EXPECT_EQ(boxes, expected);
+        const bool refused = !boxes.empty() && boxes.back() == u"Программа уже";
         EXPECT_EQ(test.shell.ended, refused);
         EXPECT_EQ(test.window.shown, !refused);
         EXPECT_NE(test.settings.Text(Setting::FirstRun), u"1") << "it shows once";
         if (!test.messageBox.shown.empty()) {
             EXPECT_EQ(test.messageBox.shown[0].icon,
-                      refused && c.boxes.size() == 1 ? BoxIcon::Information : BoxIcon::None);
+                      refused && boxes.size() == 1 ? BoxIcon::Information : BoxIcon::None);
         }
     }
 }
@@ -229,49 +224,208 @@ TEST(Links, ANoticeTellsThatNobodyOpensThem) {
     EXPECT_TRUE(test.shell.opened.back().starts_with(u"mailto:"));
 }
 
-/// A start with the switches of splash, welcome and getting started, and what has shown so far.
+TEST(Bars, OpenTheirMenuOnARightClickAsTheTextDoesButTheMenuNone) {
+    TestProgram test;
+    FakeMainView& window = test.Start();
+    MainBars& bars = test.program.Parts().bars;
+    std::vector<std::string> clicked;
+    bars.OnClick = [&](std::string_view key) { clicked.emplace_back(key); };
+    const auto opened = [&] { return test.toolkit.Find(test.toolkit.Menu().ActiveWindow); };
+    EXPECT_EQ(bars.Bar(0).Toolbar()->Key(), "MENU");
+    window.document.OnRightMouseDown({300, 300});
+    EXPECT_EQ(opened()->Toolbar()->Key(), "MENU:EDIT");
+    test.toolkit.Tracking().EndMenuMode();
+    for (const int bar : {0, 1, 2}) {
+        FakeBarWindow& strip = window.CmdBar(bar);
+        strip.listener->OnMousePress({700, 10}, MouseButton::Right);
+        ASSERT_EQ(opened() != nullptr, bar != 0);
+        if (bar == 0)
+            continue;
+        EXPECT_EQ(opened()->Toolbar()->Key(), "MENU:VIEW:TOOLBARS");
+        EXPECT_EQ(window.windows.back().ToScreen({}), strip.ToScreen({700, 10}));
+        for (const int key : {key::kDown, key::kEnter})
+            test.system.input->KeyboardFilter({.key = key});
+    }
+    EXPECT_EQ(clicked, std::vector<std::string>(2, "MENU:VIEW:TOOLBARS:TBSTANDART"));
+}
+
+TEST(Bars, AreAsHighAsTheirIconsWant) {
+    TestProgram test;
+    for (const auto& [bar, item] : {std::pair(ItemBar::Standart, 1), {ItemBar::Decode, 6}})
+        test.settings.ShowItem(bar, item, true);
+    test.Start();
+    MainBars& bars = test.program.Parts().bars;
+    for (const auto& [icons, height, width] :
+         {std::tuple(ToolBarIcons::Large, 29, 32), {ToolBarIcons::Small, 25, 24}})
+        for (const int bar : {1, 2}) {
+            bars.AttachToolBar(bar, icons);
+            EXPECT_EQ(test.window.CmdBar(bar).place.Height(), height) << bar;
+            EXPECT_EQ(AreaOf(bars.Bar(bar).Items()[bar == 1 ? 1 : 6]).Width(), width) << bar;
+        }
+}
+
+/// A start with windows switched on, each by its letter: splash, welcome and getting started.
 struct Start : TestProgram {
-    explicit Start(const std::array<bool, 3>& on) {
-        for (std::size_t i = 0; i < kSwitches.size(); ++i)
-            settings.Switch(kSwitches[i], on[i]);
+    explicit Start(const std::string& on) {
+        for (const auto& [kind, letter, shown] : kWindows)
+            settings.Switch(shown, on.find(letter) != std::string::npos);
         settings.Set(Setting::FormUnload, u"1");
         TestProgram::Start();
     }
-    // The one window that is up: a letter of S, W, B, the main window's M, or none.
+    // The one window that is up: its letter, the main window's M, or none.
     std::string Up() {
         std::string up;
-        for (const auto& [kind, letter] : kLetters)
+        for (const auto& [kind, letter, shown] : kWindows)
             if (dialogs->IsLoaded(kind))
                 up += letter;
         return up + (window.shown ? "M" : "");
     }
-    StartChain& Chain() { return program.Parts().start; }
 
-    static constexpr std::array kSwitches{Setting::Splash, Setting::Welcome, Setting::WorkBegin};
-    static constexpr std::pair<DialogKind, char> kLetters[] = {
-        {DialogKind::Splash, 'S'}, {DialogKind::Welcome, 'W'}, {DialogKind::WorkBegin, 'B'}};
+    static constexpr std::tuple<DialogKind, char, Setting> kWindows[] = {
+        {DialogKind::Splash, 'S', Setting::Splash},
+        {DialogKind::Welcome, 'W', Setting::Welcome},
+        {DialogKind::WorkBegin, 'B', Setting::WorkBegin}};
 };
 
 // Every combination of the switches, gone through by the buttons: one window at a time, in order.
 TEST(StartChainTest, ShowsWhatIsSwitchedOnOneAfterAnother) {
-    for (const char* const steps : {"M", "BM", "WM", "WBM", "SM", "SBM", "SWM", "SWBM"}) {
-        const std::string expected = steps;
-        const auto has = [&](char step) { return expected.find(step) != std::string::npos; };
-        Start test({has('S'), has('W'), has('B')});
+    for (const std::string expected : {"M", "BM", "WM", "WBM", "SM", "SBM", "SWM", "SWBM"}) {
+        Start test(expected);
         std::string seen = test.Up();
-        for (const auto& [kind, letter] : Start::kLetters) {
+        for (const auto& [kind, letter, shown] : Start::kWindows) {
             if (!test.dialogs->IsLoaded(kind))
                 continue;
             test.clipboard.Hold(u"meanwhile another program copies");
             if (kind != DialogKind::Splash)
-                test.Chain().GoOn(kind, false);
+                test.program.Parts().start.GoOn(kind, false);
             test.timers.Tick();
             seen += test.Up();
         }
         EXPECT_EQ(seen, expected);
         EXPECT_FALSE(test.shell.ended);
-        EXPECT_EQ(test.settings.Is(Setting::Welcome), has('W')) << "nobody asked for its end";
+        EXPECT_EQ(test.settings.Is(Setting::Welcome), expected.find('W') != std::string::npos)
+            << "nobody asked for its end";
     }
+}
+
+/// A program with a document and a lock that has a name, a password and a hint.
+struct ProgramLockTest : testing::Test, TestProgram {
+    ProgramLockTest() {
+        Set(Setting::User, u"Анна").Set(Setting::Password, u"Тайна 1").Set(Setting::ClipboardDetect, u"1");
+        Start();
+        timers.Tick();
+        window.document.SetText(u"letter");
+        timers.Tick();
+        messageBox.shown.clear();
+    }
+    // What is done while the dialog stands; then the right password opens it.
+    void WhileLocked(const std::function<void()>& what) {
+        const auto isKeptLocked = [this] {
+            const auto kept = ReadRecoveryFile(recovery.file.value_or(""));
+            return kept && kept->place.isLocked;
+        };
+        dialogs->whileModal = [&] {
+            EXPECT_TRUE(isKeptLocked()) << "what is shown at the next start";
+            what();
+            EXPECT_TRUE(lock.Enter(settings.Text(Setting::Password)));
+        };
+        program.Run("MENU:SERVICE:LOCKED");
+        EXPECT_FALSE(isKeptLocked());
+        EXPECT_TRUE(window.shown && dialogs->hidings == 0 && !shell.concealed && !lock.IsLocked());
+    }
+    ProgramLock& lock = program.Parts().lock;
+};
+
+TEST_F(ProgramLockTest, OpensToThePasswordAsItStoodWhenItCameAndToNothingElse) {
+    WhileLocked([this] {
+        Set(Setting::Password, u"changed");
+        for (const auto* wrong :
+             {u"", u"тайна 1", u"Тайна", u"Тайна 1 ", u"Тайна 1Тайна 1", u"changed", u"Анна"}) {
+            messageBox.shown.clear();
+            EXPECT_FALSE(lock.Enter(wrong));
+            EXPECT_EQ(LastBox(), u"Вы ввели неверный пароль. Попробуйте еще раз.");
+        }
+        Set(Setting::Password, u"Тайна 1");
+    });
+    EXPECT_FALSE(lock.IsLocked());
+}
+
+TEST_F(ProgramLockTest, NeedsANameOrAPassword) {
+    for (const auto& [user, password, stands] :
+         {std::tuple(u"", u"", false), {u"Анна", u"", true}, {u"", u"x", true}, {u"Анна", u"\u03C0", true}}) {
+        Set(Setting::User, user).Set(Setting::Password, password);
+        bool stood = false;
+        WhileLocked([&] { stood = true; });
+        EXPECT_EQ(stood, stands) << ToUtf8(password);
+        EXPECT_EQ(messageBox.shown.size(), stands ? 0U : 1U);
+        messageBox.shown.clear();
+    }
+}
+
+// Each is tried while the lock stands, and leaves everything hidden and the text as it is.
+TEST_F(ProgramLockTest, HasNoWayRoundIt) {
+    Set(Setting::SaveChange, u"1").Set(Setting::MessageOnExit, u"1");
+    const std::pair<const char*, std::function<void()>> ways[] = {
+        {"the main window's close", [this] { EXPECT_FALSE(window.OnClose()); }},
+        {"a shortcut", [this] { program.Run("MENU:FILE:NEW"); }},
+        {"a save", [this] { program.Run("TOOLBAR:SAVE"); }},
+        {"the full screen", [this] { program.Run("MENU:VIEW:FULLSCREEN"); }},
+        {"a second lock", [this] { program.Run("TOOLBAR:LOCKED"); }},
+        {"a file that has changed", [this] { window.OnActivate(); }},
+        {"a file that is dropped", [this] { window.document.OnFileDrop(u"/d/file"); }}};
+    files.files[u"/d/file"] = "dropped";
+    for (const auto& [name, way] : ways)
+        WhileLocked([&, this, name = name, &way = way] {
+            const auto before = dialogs->shown.size();
+            way();
+            timers.Tick();
+            EXPECT_EQ(dialogs->shown.size(), before) << name;
+            EXPECT_TRUE(!window.shown && dialogs->hidings == 1 && shell.concealed) << name;
+            EXPECT_TRUE(messageBox.shown.empty()) << name;
+            EXPECT_EQ(window.document.Text(), u"letter") << name;
+        });
+    EXPECT_FALSE(shell.ended);
+}
+
+// The notice waits for the keys that were pressed before it.
+TEST_F(ProgramLockTest, IsNotCoveredByTheNoticeOfAPasteBefore) {
+    clipboard.Hold(std::nullopt);
+    program.Run("MENU:EDIT:PASTE");
+    WhileLocked([this] {
+        timers.Tick();
+        EXPECT_TRUE(messageBox.shown.empty());
+        clipboard.Text(); // pasted as the password
+        timers.Tick();
+        EXPECT_EQ(messageBox.shown.size(), 1U);
+    });
+}
+
+TEST_F(ProgramLockTest, StandsBeforeATextThatWasLeftLocked) {
+    RecoveredTexts& recovered = program.Parts().recovered;
+    RecoveryPlace place;
+    place.isLocked = true;
+    place.path = u"/d/name";
+    recovery.left = {{.name = "1", .bytes = RecoveryFile(u"secret", place), .time = 0}};
+    recovered.Find();
+    EXPECT_EQ(recovered.At(0).name, u"(скрыт)");
+    EXPECT_EQ(recovered.At(0).path + recovered.At(0).firstLine, u"(программа была заблокирована)");
+    int stood = 0;
+    dialogs->whileModal = [&] { stood += lock.Enter(u"Тайна 1") ? 1 : 0; };
+    EXPECT_TRUE(recovered.Restore(0));
+    EXPECT_EQ(window.document.Text(), u"secret");
+    EXPECT_EQ(stood, 1);
+    Set(Setting::User, u"").Set(Setting::Password, u"");
+    EXPECT_TRUE(recovered.MaySeeLocked());
+    EXPECT_EQ(stood, 1);
+    EXPECT_TRUE(messageBox.shown.empty());
+}
+
+TEST_F(ProgramLockTest, EndsTheProgramWhenItsDialogIsTakenAway) {
+    dialogs->whileModal = [] {};
+    program.Run("MENU:SERVICE:LOCKED");
+    EXPECT_TRUE(shell.ended);
+    EXPECT_FALSE(window.shown);
+    EXPECT_TRUE(shell.concealed);
 }
 
 } // namespace

@@ -1,21 +1,20 @@
 #pragma once
 
 #include "harness/TemporaryFolder.h"
-
-#include <gtest/gtest.h>
+#include "support/TestsFolder.h"
 
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
-#include <string>
-#include <vector>
+#include <gtest/gtest.h>
 
 namespace quillshift {
 
-/// Compares what was drawn with the list that is stored, line by line. With REDRAW in the environment the
-/// list is stored anew instead, and the test is skipped: read what changed before you keep it.
-inline void ExpectAsStored(const std::filesystem::path& list, const std::vector<std::string>& drawn) {
+/// Compares what was drawn with the list that is stored under `name` among the tests, line by line. With
+/// REDRAW in the environment the list is stored anew instead, and the test is skipped: read what changed
+/// before you keep it.
+inline void ExpectAsStored(const std::string& name, const std::vector<std::string>& drawn) {
+    const std::filesystem::path list = TestsFolder() / name;
     if (std::getenv("REDRAW") != nullptr) {
         std::ofstream file(list);
         for (const std::string& line : drawn)

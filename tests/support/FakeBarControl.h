@@ -3,8 +3,11 @@
 #include "commandbar/BarControl.h"
 #include "commandbar/CommandBarHandles.h"
 #include "commandbar/CommandBarModel.h"
+#include "commandbar/ItemMeasure.h"
 #include "commandbar/PanelControl.h"
+#include "support/RecordingSurface.h"
 
+#include <deque>
 #include <map>
 #include <string>
 #include <utility>
@@ -33,7 +36,7 @@ public:
 
     WindowId Window() const override { return window_; }
     WindowId TopWindow() const override { return top_; }
-    bool IsPopup() const override { return popup; }
+    bool IsPopup() const override { return false; }
     void OnBarChanged(const cCommandBarInt& bar, ChangeReason reason, const cButtonInt* button) override {
         notices.push_back(bar.Key + " " + std::to_string(static_cast<int>(reason)) +
                           (button ? " " + button->Key : std::string()));
@@ -42,28 +45,26 @@ public:
     /// What came since the last call.
     std::vector<std::string> Notices() { return std::exchange(notices, {}); }
 
-    bool popup = false;
-    std::vector<std::string> notices;
-
 private:
+    std::vector<std::string> notices;
     WindowId window_;
     WindowId top_;
 };
 
 class FakePanel final : public PanelControl {
 public:
-    bool Visible() const override { return visible; }
-    void SetVisible(bool value) override { visible = value; }
-    WindowId Container() const override { return container; }
-    void SetContainer(WindowId control) override { container = control; }
+    bool Visible() const override { return true; }
+    void SetVisible(bool) override {}
+    WindowId Container() const override { return container_; }
+    void SetContainer(WindowId control) override { container_ = control; }
     int Height() const override { return 21; }
     int LeastWidth() const override { return least; }
-    void Move(const Rect& value) override { area = value; }
+    void Move(const Rect&) override {}
 
-    bool visible = false;
-    WindowId container = 0;
     int least = 0;
-    Rect area;
+
+private:
+    WindowId container_ = 0;
 };
 
 /// A model with the control of window 1, in the top-level window 100, open and reached through its handles.
@@ -101,5 +102,52 @@ struct TestBars {
         return keys;
     }
 };
+
+/// A bar put together in a test. Its buttons stay where they are.
+class TestBar {
+public:
+    ButtonRecord& Icon(int index = 0) {
+        ButtonRecord& button = Add();
+        button.IconIndex = index;
+        return button;
+    }
+    ButtonRecord& Caption(std::u16string caption) {
+        ButtonRecord& button = Add();
+        button.Caption = std::move(caption);
+        button.ShowCaptionInToolbar = true;
+        return button;
+    }
+    ButtonRecord& Separator() {
+        ButtonRecord& button = Add();
+        button.Style = ButtonStyle::Separator;
+        return button;
+    }
+    ButtonRecord& Add() {
+        pointers_.push_back(&records_.emplace_back());
+        return records_.back();
+    }
+    ButtonRecord& operator[](std::size_t index) { return records_[index]; }
+    BarButtons Buttons() const { return pointers_; }
+
+private:
+    std::deque<ButtonRecord> records_;
+    std::vector<const ButtonRecord*> pointers_;
+};
+
+/// Measures with text of a fixed pitch.
+inline ItemMeasure FixedPitchMeasure(const cMeasureButtonParams& params) {
+    return [&params](const ButtonRecord& button) { return MeasureItem(button, params, RecordingSurface()); };
+}
+
+/// Any bar, for a button that has to have one.
+inline cCommandBarInt* SomeBar() {
+    static int place = 0;
+    return reinterpret_cast<cCommandBarInt*>(&place);
+}
+inline PanelControl* SomePanel(int least = 0) {
+    static FakePanel panel;
+    panel.least = least;
+    return &panel;
+}
 
 } // namespace quillshift

@@ -22,7 +22,7 @@ public:
     Point ToScreen(Point at) const override { return {at.x + place.left, at.y + place.top}; }
     Point FromScreen(Point at) const override { return {at.x - place.left, at.y - place.top}; }
     const TextMeasurer& Texts() const override { return texts_; }
-    bool RightToLeft() const override { return rightToLeft; }
+    bool RightToLeft() const override { return false; }
     void SetDepth(int px, bool upright) override {
         Rect next = place;
         (upright ? next.right : next.bottom) = (upright ? next.left : next.top) + px;
@@ -34,7 +34,7 @@ public:
     }
     void SetPainted(bool on) override { painted = on; }
     void SetToolTip(std::u16string_view text) override { toolTip = text; }
-    void AnnounceItem(const BarPath& path) override { announced.push_back(path); }
+    void AnnounceItem(const BarPath&) override {}
     void ShowPopup(const Rect& screen) override {
         visible = true;
         MoveTo(screen);
@@ -60,12 +60,10 @@ public:
     BarWindowListener* listener = nullptr;
     bool visible = false;
     bool painted = true;
-    bool rightToLeft = false;
     int textScale = 1; ///< of the desktop's letters
     int shadows = 0;   ///< strips that are shown
     std::vector<Rect> repainted;
     std::u16string toolTip;
-    std::vector<BarPath> announced;
 
 private:
     WindowId id_;
@@ -92,7 +90,8 @@ public:
     WindowId WindowUnderPointer() const override { return underPointer; }
     WindowId ForegroundWindow() const override { return foreground; }
     std::vector<MonitorInfo> Monitors() const override {
-        return {{.handle = 1, .name = {}, .bounds = screen, .workArea = screen, .primary = true}};
+        constexpr Rect kScreen{0, 0, 1280, 800};
+        return {{.handle = 1, .name = {}, .bounds = kScreen, .workArea = kScreen, .primary = true}};
     }
     bool Layered() const override { return true; }
     ScreenCopy CopyOfScreen(const Rect&) const override { return {}; }
@@ -110,7 +109,6 @@ public:
     Point pointer;
     WindowId underPointer = 0;
     WindowId foreground = 0;
-    Rect screen{0, 0, 1280, 800};
 };
 
 } // namespace quillshift

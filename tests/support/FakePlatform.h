@@ -2,14 +2,13 @@
 
 #include "platform/Platform.h"
 #include "support/FakeFiles.h"
-#include "support/FakePrinters.h"
-#include "support/FakeRecoveryStore.h"
-#include "support/FakeSettings.h"
 
 #include <algorithm>
 #include <chrono>
 #include <deque>
 #include <functional>
+#include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <utility>
@@ -200,11 +199,9 @@ public:
 /// A job is long where the test says so: then it is time for a step at every `dueEach`th question.
 class FakeProgress final : public Progress {
 public:
-    std::unique_ptr<ProgressWindow> Begin(std::u16string_view what) override {
-        jobs.emplace_back(what);
+    std::unique_ptr<ProgressWindow> Begin(std::u16string_view) override {
         return std::make_unique<Window>(*this);
     }
-    std::vector<std::u16string> jobs;
     std::vector<double> steps;
     int dueEach = 0;
     std::function<bool()> atStep; ///< what happens there, and whether the job goes on
@@ -230,6 +227,175 @@ public:
     char16_t TimeSeparator() const override { return u'.'; }
 
     Moment now{2026, 3, 5, 9, 7, 8};
+};
+
+/// The settings tree in memory, which lets a test look at what is stored.
+class FakeSettings : public SettingsBackend {
+public:
+    std::optional<StoredValue> Read(std::string_view path, std::string_view name) override {
+        const auto found = values.find(KeyOf(path, name));
+        return found == values.end() ? std::nullopt : std::optional(found->second);
+    }
+    void Write(std::string_view path, std::string_view name, const StoredValue& value) override {
+        values[KeyOf(path, name)] = value;
+    }
+
+    using Key = std::pair<std::string, std::string>;
+    std::map<Key, StoredValue> values; ///< keys in lower case
+
+private:
+    static std::string Lower(std::string text) {
+        for (char& c : text)
+            c = c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+        return text;
+    }
+    static Key KeyOf(std::string_view path, std::string_view name) {
+        return {Lower(std::string(path)), Lower(std::string(name))};
+    }
+};
+
+/// A printer that writes down what it is told, in a word each: sheets of A4 with an edge of 100 and 200 twips
+/// that it can't reach.
+class FakePrinter final : public Printer {
+public:
+    bool SetPrintQuality(PrintQuality quality) override { return Take("quality", static_cast<int>(quality)); }
+    bool SetColorMode(PrintColour colours) override { return Take("colours", static_cast<int>(colours)); }
+    bool SetOrientation(PrintOrientation orientation) override {
+        return Take("orientation", static_cast<int>(orientation));
+    }
+    bool SetPaperSize(PrintPaper paper) override { return Take("paper", static_cast<int>(paper)); }
+    bool SetCopies(int copies) override { return Take("copies", copies); }
+    bool SetFont(const SurfaceFont& font) override { return Take("font", static_cast<int>(font.points)); }
+    bool IsFile() const override { return isFile; }
+    void SetFile(std::u16string_view path) override { file = path; }
+    std::optional<PrintFailure> Start(std::u16string_view name) override {
+        done.emplace_back("start");
+        documentName = name;
+        return atStart;
+    }
+    PrintSheet Sheet() const override {
+        return {11907_twips, 16839_twips, 100_twips, 200_twips, 11707_twips, 16439_twips};
+    }
+    int Passes() const override { return passes; }
+    void NewPage() override { done.emplace_back("page"); }
+    std::optional<PrintFailure> End(const std::function<bool()>& goesOn) override {
+        done.emplace_back("end");
+        while (isSlow)
+            if (!goesOn())
+                return std::nullopt;
+        return atEnd;
+    }
+    void Cancel() override { done.emplace_back("cancel"); }
+
+    std::vector<std::string> done;
+    std::string refused; ///< the properties that it does not take, with blanks between
+    bool isFile = false;
+    std::u16string file, documentName;
+    int passes = 1;
+    bool isSlow = false; ///< takes no document at its end
+    std::optional<PrintFailure> atStart, atEnd;
+
+private:
+    bool Take(const std::string& what, int value) {
+        done.push_back(what + " " + std::to_string(value));
+        return (' ' + refused + ' ').find(' ' + what + ' ') == std::string::npos;
+    }
+};
+
+class FakePrinters final : public Printers {
+public:
+    std::vector<std::u16string> Names() override { return names; }
+    bool AreKnown() const override { return known; }
+    bool MakeCurrent(std::u16string_view name) override {
+        const bool isThere = std::ranges::find(names, name) != names.end();
+        if (isThere) {
+            current = name;
+            printer.done.emplace_back("current");
+        }
+        return isThere;
+    }
+    Printer& Current() override { return printer; }
+    std::u16string CurrentName() const override { return current; }
+
+    std::vector<std::u16string> names{u"Laser", std::u16string(kIntoFile)};
+    bool known = true;
+    std::u16string current;
+    FakePrinter printer;
+};
+
+/// Does at once what it is told, in memory. `fails`: as on a full disk.
+class FakeRecoveryStore final : public RecoveryStore {
+public:
+    void Replace(std::function<std::string()> contents) override {
+        ++wholes;
+        hasFailed_ = false;
+        if (Can(true))
+            file = contents();
+    }
+    void Append(std::string bytes) override {
+        if (Can(file.has_value()))
+            *file += bytes;
+    }
+    void Rewrite(std::function<std::optional<std::string>(std::string_view)> shorten) override {
+        const auto shorter = file ? shorten(*file) : std::nullopt;
+        if (Can(shorter.has_value()))
+            file = shorter;
+        ++rewrites;
+    }
+    void SetAside() override { kept = std::exchange(file, std::nullopt); }
+    void Remove() override { file.reset(); }
+    void RemoveAll() override {
+        file.reset();
+        kept.reset();
+    }
+    void Take(const std::string& name) override {
+        const auto found = std::ranges::find(left, name, &LeftFile::name);
+        hasFailed_ = hasFailed_ || found == left.end();
+        if (found == left.end())
+            return;
+        file = found->bytes;
+        left.erase(found);
+    }
+    bool HasFailed() const override { return hasFailed_; }
+    void Finish() override { ++finishes; }
+
+    std::vector<LeftFile> FindLeft() override { return left; }
+    std::optional<FileFailure> PutIntoTrash(const LeftFile& thrown) override {
+        if (fails)
+            return FileFailure{61, u"На диске нет места"};
+        trash.push_back(thrown.name);
+        std::erase_if(left, [&](const LeftFile& one) { return one.name == thrown.name; });
+        return std::nullopt;
+    }
+    std::u16string PutAway(const std::string& name) override {
+        std::erase_if(left, [&](const LeftFile& one) { return one.name == name; });
+        return u"/away";
+    }
+    void Release() override {}
+
+    /// The event in which failures are told of.
+    void PassEvent() {
+        if (std::exchange(isUntold_, false))
+            OnFailure();
+    }
+
+    std::optional<std::string> file, kept;
+    std::vector<LeftFile> left;
+    std::vector<std::string> trash;
+    bool fails = false;
+    int wholes = 0;
+    int rewrites = 0;
+    int finishes = 0;
+
+private:
+    bool Can(bool possible) {
+        if (!hasFailed_ && (fails || !possible))
+            hasFailed_ = isUntold_ = true;
+        return !hasFailed_;
+    }
+
+    bool hasFailed_ = false;
+    bool isUntold_ = false;
 };
 
 /// All services at once.

@@ -7,9 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <vector>
-
 namespace quillshift {
 
 /// A surface without a window: no formatting but what was loaded, and no line wider than the window. Where
@@ -31,11 +28,12 @@ public:
     void LoadRich(const RichText& text) override { LoadPlain(text.text); }
 
     std::size_t SelStart() const override { return start_; }
-    void SetSelStart(std::size_t position) override { Select(Snapped(position), 0); }
+    void SetSelStart(std::size_t position) override { Move(Snapped(position), 0); }
     std::size_t SelLength() const override { return length_; }
     void SetSelLength(std::size_t length) override {
-        Select(start_, Snapped(start_ + std::min(length, text_.size() - start_)) - start_);
+        Move(start_, Snapped(start_ + std::min(length, text_.size() - start_)) - start_);
     }
+    void Select(std::size_t start, std::size_t length) { SetSelStart(start), SetSelLength(length); }
     std::u16string SelText() const override { return text_.substr(start_, length_); }
     void SetSelText(std::u16string_view text) override {
         const std::u16string came = WithWholeBreaks(text);
@@ -44,7 +42,7 @@ public:
         const std::u16string went = text_.substr(place, before + length_ + behind);
         const bool changes = SelText() != came;
         text_.replace(start_, length_, came);
-        Select(start_ + came.size(), 0);
+        Move(start_ + came.size(), 0);
         if (changes)
             Tell(place, went, before + came.size() + behind);
     }
@@ -172,7 +170,7 @@ private:
     std::size_t Snapped(std::size_t position) const {
         return IsInsideCharacter(text_, position) ? position - 1 : std::min(position, text_.size());
     }
-    void Select(std::size_t start, std::size_t length) {
+    void Move(std::size_t start, std::size_t length) {
         const bool moves = start != start_ || length != length_;
         start_ = start;
         length_ = length;

@@ -18,7 +18,6 @@ public:
     using Properties = std::map<std::string, MessageValue, std::less<>>;
 
     void Open(WindowId window) { windows_[window].handler = this; }
-    void Destroy(WindowId window) { windows_.erase(window); }
     /// Sends a message to whatever handles those of the window.
     MessageValue Send(WindowId window, int message) {
         return windows_.at(window).handler->HandleMessage(window, message, 0, 0);
@@ -34,21 +33,17 @@ public:
         return found == properties.end() ? 0 : found->second;
     }
     bool SetProperty(WindowId window, std::string_view name, MessageValue value) override {
-        if (failingWrite > 0 && --failingWrite == 0)
-            return false;
         auto& properties = windows_.at(window).properties;
         properties[std::string(name)] = value;
         std::erase_if(properties, [](const auto& property) { return property.second == 0; });
         return true;
     }
     WindowHandler* SetHandler(WindowId window, WindowHandler& handler) override {
-        return handlersFixed ? nullptr : std::exchange(windows_.at(window).handler, &handler);
+        return std::exchange(windows_.at(window).handler, &handler);
     }
 
     std::set<WindowId> foreign;
     std::vector<std::string> log;
-    int failingWrite = 0; ///< the write of a property that fails, counted from 1; 0 for none
-    bool handlersFixed = false;
 
 private:
     struct Window {
@@ -70,10 +65,9 @@ public:
         : name_(std::move(name)), log_(log), answer_(answer) {}
 
     MessageResponse MsgResponse() const override { return response; }
-    MessageValue WindowProc(WindowId, int, MessageValue first, MessageValue second) override {
+    MessageValue WindowProc(WindowId, int, MessageValue first, MessageValue) override {
         log_.push_back(name_);
         wParam = first;
-        lParam = second;
         if (react)
             react();
         return answer_;
@@ -82,7 +76,6 @@ public:
     MessageResponse response = MessageResponse::After;
     std::function<void()> react;
     MessageValue wParam = 0; ///< of the last message
-    MessageValue lParam = 0;
 
 private:
     std::string name_;

@@ -3,19 +3,12 @@
 #include "commandbar/qsCommandBar.h"
 #include "platform/Keys.h"
 #include "support/FakeBarWindow.h"
-#include "support/FakeDesktop.h"
 #include "support/FakePlatform.h"
 #include "support/FakeWindowMessages.h"
-
-#include <gtest/gtest.h>
+#include "support/RecordingSurface.h"
 
 #include <deque>
-#include <functional>
-#include <map>
-#include <sstream>
-#include <string>
-#include <utility>
-#include <vector>
+#include <gtest/gtest.h>
 
 namespace quillshift {
 
@@ -25,30 +18,23 @@ namespace quillshift {
 class ScriptedBars : public testing::Test {
 protected:
     static constexpr WindowId kTop = 1, kElsewhere = 99;
+    static constexpr Point kBeside{500, 10}; // the headings
 
     ScriptedBars() {
         messages.Open(kTop);
         menu = &AddControl(2, RectAt(100, 100, 600, 21));
         tools = &AddControl(3, RectAt(100, 121, 600, 24));
         menu->SetMainMenu(true);
-        Fill("VIEW", {{"Wide", u"&Wide"}});
-        Fill("MORE", {{"One", u"&One"}, {"Two", u"&Two"}, {"Late", u"&Late"}});
-        Fill("FILE", {{"Off", u"Of&f"},
-                      {"Open", u"&Open"},
-                      {"=1", u""},
-                      {"More", u"Mo&re", "MORE"},
-                      {"Tick", u"&Tick", "", ButtonStyle::Check},
-                      {"Ghost", u"&Ghost"},
-                      {"Gone", u"Go&ne"}});
-        Fill("MENU", {{"File", u"&File", "FILE"},
-                      {"Edit", u"&Edit", "VIEW"},
-                      {"View", u"&View", "VIEW"},
-                      {"Help", u"&Help", "MORE"}});
-        Fill("TOOLS", {{"Cut", u"", "", ButtonStyle::Check},
-                       {"=2", u""},
-                       {"Split", u"", "MORE", ButtonStyle::Split},
-                       {"List", u"", "VIEW"},
-                       {"Paste", u""}});
+        Fill("VIEW", {Entry{"Wide", u"&Wide"}});
+        Fill("MORE", {Entry{"One", u"&One"}, Entry{"Two", u"&Two"}, Entry{"Late", u"&Late"}});
+        Fill("FILE", {Entry{"Off", u"Of&f"}, Entry{"Open", u"&Open"}, Entry{"=1", u""},
+                      Entry{"More", u"Mo&re", "MORE"}, Entry{"Tick", u"&Tick", "", ButtonStyle::Check},
+                      Entry{"Ghost", u"&Ghost"}, Entry{"Gone", u"Go&ne"}});
+        Fill("MENU", {Entry{"File", u"&File", "FILE"}, Entry{"Edit", u"&Edit", "VIEW"},
+                      Entry{"View", u"&View", "VIEW"}, Entry{"Help", u"&Help", "MORE"}});
+        Fill("TOOLS", {Entry{"Cut", u"", "", ButtonStyle::Check}, Entry{"=2", u""},
+                       Entry{"Split", u"", "MORE", ButtonStyle::Split}, Entry{"List", u"", "VIEW"},
+                       Entry{"Paste", u""}});
         for (const char* off : {"Off", "Gone", "Edit", "Late"})
             Button(off).SetEnabled(false);
         Button("Ghost").SetVisible(false);
@@ -172,35 +158,29 @@ protected:
                 from.y < window.place.bottom)
                 window.listener->OnMouseLeave();
     }
+    void ShowFree(qsCommandBar& control, const std::string& bar) {
+        control.ShowPopupMenu({300, 300}, menu->CommandBars().Item(bar));
+    }
     void Do(const std::string& step) {
         const std::map<std::string, std::function<void(const std::string&)>> steps{
             {"wait", [&](auto&) { platform.timers.Tick(); }},
             {"away", [&](auto&) { Leave(); }},
-            {"beside",
-             [&](auto&) {
-                 WindowOf(*menu).listener->OnMouseMove({500, 10});
-             }},
+            {"beside", [&](auto&) { WindowOf(*menu).listener->OnMouseMove(kBeside); }},
             {"Alt", [&](auto&) { Key("Alt"), Key("Alt", true); }},
             {"hold", [&](auto& key) { Key(key); }},
             {"let-go", [&](auto& key) { Key(key, true); }},
             {"repeat", [&](auto& key) { Key(key, false, true); }},
             {"press",
              [&](auto& where) {
-                 system.pointer = WindowOf(*menu).ToScreen({500, 10});
+                 system.pointer = WindowOf(*menu).ToScreen(kBeside);
                  system.Press(where == "desk" ? 0 : where == "strip" ? menu->Window() : kElsewhere);
              }},
             {"interrupt", [&](auto&) { system.input->OnInterruption(); }},
             {"deactivate", [&](auto&) { messages.Send(kTop, message::kActivateApplication); }},
             {"foreground", [&](auto& who) { system.foreground = who == "none" ? 0 : kElsewhere; }},
             {"switch", [&](auto& menuState) { menu->SetEnabled(menuState == "on"); }},
-            {"free",
-             [&](auto& bar) {
-                 menu->ShowPopupMenu({300, 300}, menu->CommandBars().Item(bar));
-             }},
-            {"nest", [&](auto& bar) {
-                 toolkit.Find(toolkit.Menu().ActiveWindow)
-                     ->ShowPopupMenu({400, 300}, menu->CommandBars().Item(bar));
-             }}};
+            {"free", [&](auto& bar) { ShowFree(*menu, bar); }},
+            {"nest", [&](auto& bar) { ShowFree(*toolkit.Find(toolkit.Menu().ActiveWindow), bar); }}};
         const auto colon = step.find(':');
         const std::string what = step.substr(0, colon);
         if (const auto found = steps.find(what); found != steps.end())

@@ -1,12 +1,8 @@
 #include "platform/qt/Appearance.h"
 #include "platform/qt/Looks.h"
 
+#include <QtWidgets/QtWidgets>
 #include <gtest/gtest.h>
-
-#include <QApplication>
-#include <QCheckBox>
-#include <QPalette>
-#include <QStyle>
 
 namespace quillshift {
 namespace {

@@ -3,17 +3,9 @@
 #include "shell/Catalogue.h"
 #include "support/WidgetBars.h"
 
+#include <QtTest/QtTest>
+#include <QtWidgets/QtWidgets>
 #include <gtest/gtest.h>
-
-#include <QAccessible>
-#include <QApplication>
-#include <QComboBox>
-#include <QDialog>
-#include <QTest>
-#include <QTextEdit>
-#include <QWindow>
-
-#include <map>
 #include <random>
 
 namespace quillshift {

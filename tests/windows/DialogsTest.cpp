@@ -1,22 +1,12 @@
 #include "controls/Dialog.h"
+#include "harness/TemporaryFolder.h"
 #include "platform/qt/Appearance.h"
 #include "shell/ProgramDialogs.h"
 #include "support/TestProgram.h"
 #include "support/TestsFolder.h"
 
-#include <gtest/gtest.h>
-
-#include <QAbstractButton>
-#include <QApplication>
-#include <QKeySequence>
-#include <QLabel>
-#include <QLayout>
-#include <QScreen>
-#include <QSet>
-
+#include <QtWidgets/QtWidgets>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 namespace quillshift {
 namespace {
@@ -39,15 +29,14 @@ struct AllDialogs : testing::TestWithParam<DialogKind> {
     /// The pictures and texts that dialogs show.
     void LoadDataFiles() {
         namespace fs = std::filesystem;
-        const auto load = [this](const fs::directory_entry& entry) {
-            std::ifstream file(entry.path(), std::ios::binary);
+        const fs::path root = TestsFolder().parent_path();
+        const auto load = [&](const fs::directory_entry& entry) {
+            const fs::path name = "/program" / fs::relative(entry.path(), root);
             if (entry.is_regular_file())
-                test.files.files[u"/program/" +
-                                 fs::relative(entry.path(), TestsFolder().parent_path()).u16string()] =
-                    std::string(std::istreambuf_iterator<char>(file), {});
+                test.files.files[name.u16string()] = Contents(entry.path());
         };
-        std::ranges::for_each(fs::directory_iterator(TestsFolder().parent_path()), load);
-        std::ranges::for_each(fs::recursive_directory_iterator(TestsFolder().parent_path() / "Data"), load);
+        std::ranges::for_each(fs::directory_iterator(root), load);
+        std::ranges::for_each(fs::recursive_directory_iterator(root / "Data"), load);
     }
     /// Of each page, where there are several.
     void LeavePictures() {

@@ -10,17 +10,8 @@
 #include "support/FindControl.h"
 #include "support/TestProgram.h"
 
-#include <gtest/gtest.h>
-
-#include <QAccessible>
-#include <QApplication>
-#include <QCheckBox>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QTest>
-#include <QTimer>
+#include <QtTest/QtTest>
+#include <QtWidgets/QtWidgets>
 
 namespace quillshift {
 namespace {
@@ -124,19 +115,19 @@ TEST_F(RecodingDialogs, RecodesByThePairThatIsChosenAndByNoneOfOneSet) {
                                                              {"MAC", "MACCYRILLIC"}};
     frmDecode dialog(context, parts.job);
     dialog.show();
-    EXPECT_TRUE(Find<QRadioButton>(dialog, "OptionDOS1").isChecked());
-    EXPECT_TRUE(Find<QRadioButton>(dialog, "OptionWIN2").isChecked());
-    EXPECT_FALSE(Find<QRadioButton>(dialog, "OptionDOS2").isEnabled());
+    const auto option = [&](const std::string& set, char side) -> QRadioButton& {
+        return Find<QRadioButton>(dialog, ("Option" + set + side).c_str());
+    };
+    EXPECT_TRUE(option("DOS", '1').isChecked() && option("WIN", '2').isChecked());
+    EXPECT_FALSE(option("DOS", '2').isEnabled());
     for (const auto& [source, sourceSet] : kSets)
         for (const auto& [target, targetSet] : kSets) {
             const std::u16string before = windows1251::Decode(Iconv("Жук", "UTF-8", sourceSet));
             test.window.document.SetText(before);
-            Find<QRadioButton>(dialog, (std::string("Option") + source + "1").c_str()).setChecked(true);
-            Find<QRadioButton>(dialog, (std::string("Option") + target + "2").c_str()).setChecked(true);
+            option(source, '1').setChecked(true);
+            option(target, '2').setChecked(true);
             for (const auto& [other, set] : kSets)
-                EXPECT_EQ(
-                    Find<QRadioButton>(dialog, (std::string("Option") + other + "2").c_str()).isEnabled(),
-                    other != source);
+                EXPECT_EQ(option(other, '2').isEnabled(), other != source);
             const auto shown = test.dialogs->shown.size();
             QTest::keyClick(&dialog, Qt::Key_Return);
             EXPECT_EQ(test.dialogs->shown.size() - shown, source == target ? 0U : 1U);
@@ -146,10 +137,7 @@ TEST_F(RecodingDialogs, RecodesByThePairThatIsChosenAndByNoneOfOneSet) {
 }
 
 TEST_F(RecodingDialogs, PlayTheirSoundsAtLoadMovePressAndUnload) {
-    for (const SoundEvent& event : kSoundEvents) {
-        test.settings.Switch(event.on, true);
-        test.settings.Set(event.path, event.defaultFile);
-    }
+    test.SwitchSoundsOn();
     {
         frmDecode dialog(context, parts.job);
         dialog.show();
@@ -158,14 +146,6 @@ TEST_F(RecodingDialogs, PlayTheirSoundsAtLoadMovePressAndUnload) {
     }
     EXPECT_EQ(test.sound.played, (std::vector<std::u16string>{u"FormLoad.wav", u"ButtonMove.wav",
                                                               u"ButtonClick.wav", u"FormUnload.wav"}));
-}
-
-TEST_F(RecodingDialogs, StayAboveOthersWhereTheMainWindowDoes) {
-    for (const bool above : {false, true}) {
-        test.settings.Switch(Setting::TopMost, above);
-        const frmDecode dialog(context, parts.job);
-        EXPECT_EQ(dialog.windowFlags().testFlag(Qt::WindowStaysOnTopHint), above);
-    }
 }
 
 TEST_F(RecodingDialogs, BeginAnewEachTimeThatTheyAreShown) {

@@ -3,12 +3,8 @@
 #include "support/FindControl.h"
 #include "support/TestProgram.h"
 
-#include <gtest/gtest.h>
-
-#include <QFrame>
-#include <QTest>
-
-#include <functional>
+#include <QtTest/QtTest>
+#include <QtWidgets/QtWidgets>
 
 namespace quillshift {
 namespace {

@@ -9,16 +9,8 @@
 #include "support/RandomText.h"
 #include "support/TestProgram.h"
 
-#include <gtest/gtest.h>
-
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QRegularExpression>
-#include <QTest>
-
-#include <tuple>
+#include <QtTest/QtTest>
+#include <QtWidgets/QtWidgets>
 
 namespace quillshift {
 namespace {

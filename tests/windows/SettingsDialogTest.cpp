@@ -6,18 +6,9 @@
 #include "support/FindControl.h"
 #include "support/TestProgram.h"
 
+#include <QtTest/QtTest>
+#include <QtWidgets/QtWidgets>
 #include <gmock/gmock.h>
-
-#include <QAccessible>
-#include <QAction>
-#include <QApplication>
-#include <QComboBox>
-#include <QFontDatabase>
-#include <QLineEdit>
-#include <QMetaProperty>
-#include <QTabBar>
-#include <QTest>
-#include <QTimer>
 
 namespace quillshift {
 namespace {
@@ -33,6 +24,8 @@ public:
     }
     std::u16string next;
 };
+
+using Stored = std::pair<Setting, std::u16string>;
 
 struct SettingsDialog : testing::Test {
     TestProgram test;
@@ -131,7 +124,7 @@ TEST_F(SettingsDialog, WritesNothingThatWasNotToldAndNoNonsense) {
     EXPECT_EQ(test.settings.Text(Setting::BackupFolder), u"/b") << "nothing was to be applied";
     Give("txtLeft", QString());
     dialog->Apply();
-    for (const auto& [setting, stored] : {std::pair(Setting::PositionLeft, u"20"),
+    for (const auto& [setting, stored] : {Stored{Setting::PositionLeft, u"20"},
                                           {Setting::BackupFolder, u""},
                                           {Setting::Style, u"Odd"},
                                           {Setting::FontSize, u"12"},
@@ -300,7 +293,7 @@ TEST_F(SettingsDialog, ResetsWhatIsToldAfterItsQuestionsAndLeavesTheRest) {
         EXPECT_EQ(test.settings.Whole(field.setting), row.firstNumber) << field.name;
     }
     EXPECT_EQ(reset, 33);
-    for (const auto& [setting, stored] : {std::pair(Setting::Recovery, u"1"),
+    for (const auto& [setting, stored] : {Stored{Setting::Recovery, u"1"},
                                           {Setting::PrinterName, u"Laser"},
                                           {Setting::DecodeClipboard, u"1"},
                                           {Setting::FormLoadPath, u"/program/Sounds/FormLoad.wav"},

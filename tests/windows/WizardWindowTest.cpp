@@ -1,47 +1,22 @@
 #include "base/Utf8.h"
-#include "harness/Iconv.h"
-#include "harness/TemporaryFolder.h"
 #include "support/FakePlatform.h"
 #include "support/FindControl.h"
+#include "wizard/Letters.h"
 #include "wizard/rescue/DiskFiles.h"
 #include "wizard/window/frmWizard.h"
 
+#include <QtTest/QtTest>
+#include <QtWidgets/QtWidgets>
 #include <gtest/gtest.h>
-
-#include <QComboBox>
-#include <QLabel>
-#include <QMimeData>
-#include <QRadioButton>
-#include <QScreen>
-#include <QTest>
-#include <QTreeView>
 
 namespace quillshift::wizard {
 namespace {
 
-namespace fs = std::filesystem;
-
-const std::string text = "Старая мельница стоит у самой воды, ещё и мелет.\n";
-const std::string koi = Iconv(text, "UTF-8", "KOI8-R");
-
 /// The window over real files.
-struct WizardWindow : testing::Test, FakePlatform {
-    WizardWindow() { setenv("XDG_STATE_HOME", (root / "state").c_str(), 1); }
-    ~WizardWindow() override { unsetenv("XDG_STATE_HOME"); }
-
-    std::string Make(const std::string& name, const std::string& bytes) {
-        fs::create_directories(root / "letters");
-        Put(root / "letters" / name, bytes);
-        return root / "letters" / name;
-    }
+struct WizardWindow : testing::Test, FakePlatform, Letters {
     void Show() {
         window.show();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    }
-    void List() {
-        Show();
-        window.List({root / "letters"});
-        Wait();
     }
     void Wait() {
         ASSERT_TRUE(QTest::qWaitFor([this] { return rescue.WhatIsDone() == Doing::Nothing; }, 20000));
@@ -63,7 +38,6 @@ struct WizardWindow : testing::Test, FakePlatform {
         EXPECT_EQ(drop.dropAction(), Qt::CopyAction) << "or the other program deletes its own";
     }
 
-    TemporaryFolder root;
     Settings settings{store};
     SoundEvents sounds{settings, sound};
     DiskFiles disk;
@@ -72,13 +46,13 @@ struct WizardWindow : testing::Test, FakePlatform {
 };
 
 TEST_F(WizardWindow, RescuesADroppedFolderAndBringsItBack) {
-    const std::string letter = Make("1.txt", koi), few = Make("2.txt", "\xF7\xCF\xD4 \xF7"),
+    const std::string letter = Make("1.txt", koi), brief = Make("2.txt", few),
                       odd = Make("\xF7.txt", Iconv(text, "UTF-8", "CP866"));
     EXPECT_FALSE(Files().isVisible());
     for (const char* name : {"cmdRepair", "cmdReturn", "cmdClear"})
         EXPECT_FALSE(IsOn(name)) << name;
     QMimeData dropped;
-    const QString folder = QString::fromStdString(root / "letters");
+    const QString folder = QString::fromStdString(folder_);
     dropped.setUrls({QUrl::fromLocalFile(folder), QUrl(QStringLiteral("file://") + folder + "/%F7.txt")});
     Show();
     Drop(dropped);
@@ -96,7 +70,7 @@ TEST_F(WizardWindow, RescuesADroppedFolderAndBringsItBack) {
     Press("cmdRepair");
     Wait();
     EXPECT_EQ(Contents(letter), text);
-    EXPECT_EQ(Contents(few), "Вот В");
+    EXPECT_EQ(Contents(brief), "Вот В");
     EXPECT_EQ(Contents(odd), text);
     EXPECT_FALSE(IsOn("cmdRepair"));
     EXPECT_FALSE(Option(1).isEnabled()) << "it is done";
@@ -131,13 +105,13 @@ TEST_F(WizardWindow, ListsTenThousandFilesInShortTurnsAndStopsAtEscape) {
     for (int i = 0; i < 10000; ++i)
         Make(std::to_string(i), i % 100 == 0 ? koi : "x");
     Show();
-    window.List({root / "letters"});
+    window.List({folder_});
     ASSERT_TRUE(QTest::qWaitFor([this] { return Files().model()->rowCount() > 100; }, 20000));
     EXPECT_LT(Files().model()->rowCount(), 10000) << "they come bit by bit";
     QTest::keyClick(&window, Qt::Key_Escape);
     Wait();
     EXPECT_TRUE(window.isVisible()) << "the first Escape stops";
-    window.List({root / "letters"});
+    window.List({folder_});
     Wait();
     EXPECT_EQ(Files().model()->rowCount(), 10000);
     QTest::keyClick(&window, Qt::Key_Escape);
@@ -146,10 +120,12 @@ TEST_F(WizardWindow, ListsTenThousandFilesInShortTurnsAndStopsAtEscape) {
 
 // By what a reader and a keyboard need; the order is that of reading.
 TEST_F(WizardWindow, IsThereForTheKeyboardAndScreenReaders) {
-    Make("1.txt", "\xF7\xCF\xD4 \xF7");
+    Make("1.txt", few);
     Make("2.txt", koi);
     Make("3.txt", text);
-    List();
+    Show();
+    window.List({folder_});
+    Wait();
     QStringList names;
     QWidget* widget = &Find<QPushButton>(window, "cmdFiles");
     do {
@@ -182,7 +158,7 @@ TEST_F(WizardWindow, CutsNoCaptionHoweverLargeTheTextIs) {
     QApplication::setFont(QFont(usual.family(), 30));
     frmWizard large({platform, settings, sounds, nullptr}, rescue);
     large.show();
-    large.List({Make("1.txt", "\xF7\xCF\xD4 \xF7")});
+    large.List({Make("1.txt", few)});
     Wait();
     ASSERT_TRUE(QTest::qWaitFor([&] { return Find<QPushButton>(large, "cmdLikeIt").isVisible(); }));
     QCoreApplication::processEvents();

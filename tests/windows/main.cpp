@@ -1,10 +1,8 @@
 #include "platform/qt/Appearance.h"
 #include "platform/qt/Looks.h"
 
+#include <QtWidgets/QtWidgets>
 #include <gtest/gtest.h>
-
-#include <QApplication>
-#include <QPalette>
 
 // Real widgets and real events, without a display; with DARK as a dark desktop shows them, with BLACK as one
 // of high contrast, with POINTS as one with that size of text.

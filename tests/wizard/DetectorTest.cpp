@@ -2,7 +2,6 @@
 #include "wizard/detect/Repair.h"
 
 #include <gtest/gtest.h>
-#include <sstream>
 
 namespace quillshift::wizard {
 
@@ -32,16 +31,12 @@ TEST(Detector, NamesASet) {
 
 TEST(Detector, UndoesWrongReadings) {
     // Written in the first set, read as the second, saved as UTF-8; and so on.
-    const std::vector<std::vector<const char*>> ways = {
-        {"UTF-8", "CP1251"},
-        {"KOI8-R", "CP1251"},
-        {"CP1251", "CP866"},
-        {"UTF-8", "ISO-8859-1"},
-        {"CP866", "MAC-CYRILLIC"},
-        {"KOI8-R", "CP866", "UTF-8", "CP437"},
-        {"UTF-8", "ISO-8859-1", "UTF-8", "ISO-8859-1"},
-        {"CP1251", "KOI8-R", "UTF-8", "CP866", "UTF-8", "CP437"}};
-    for (const auto& way : ways) {
+    using Way = std::vector<const char*>;
+    for (const auto& way :
+         {Way{"UTF-8", "CP1251"}, Way{"KOI8-R", "CP1251"}, Way{"CP1251", "CP866"}, Way{"UTF-8", "ISO-8859-1"},
+          Way{"CP866", "MAC-CYRILLIC"}, Way{"KOI8-R", "CP866", "UTF-8", "CP437"},
+          Way{"UTF-8", "ISO-8859-1", "UTF-8", "ISO-8859-1"},
+          Way{"CP1251", "KOI8-R", "UTF-8", "CP866", "UTF-8", "CP437"}}) {
         // A letter that Windows-1251 leaves open in UTF-8 can't be garbled by the system's table.
         std::string written = way[1] == std::string("CP1251") && way[0] == std::string("UTF-8")
                                   ? "Поздно вечером, когда погасло всё, старый смотритель обошёл причал."

@@ -1,15 +1,12 @@
 #include "wizard/rescue/Rescue.h"
 #include "base/Utf8.h"
-#include "harness/Iconv.h"
-#include "harness/TemporaryFolder.h"
 #include "support/FakePlatform.h"
+#include "wizard/Letters.h"
 #include "wizard/rescue/DiskFiles.h"
 #include "wizard/rescue/Proposals.h"
 #include "wizard/rescue/RescueWords.h"
 
 #include <gmock/gmock.h>
-
-#include <set>
 #include <thread>
 
 namespace quillshift::wizard {
@@ -20,11 +17,6 @@ namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::StartsWith;
-
-const std::string text = "Старая мельница стоит у самой воды, ещё и мелет.\r\n";
-const std::string koi = Iconv(text, "UTF-8", "KOI8-R");
-const std::string twice = Iconv(koi, "CP866", "UTF-8");
-const std::string few = "\xF7\xCF\xD4 \xF7"; // too few letters to be sure
 
 /// The disk, with what fails on it.
 class FailingFiles final : public RescueFiles {
@@ -53,16 +45,11 @@ public:
     std::set<std::string> fails;
 };
 
-class RescueTest : public testing::Test, public FakePlatform {
+class RescueTest : public testing::Test, public FakePlatform, protected Letters {
 protected:
-    RescueTest() { setenv("XDG_STATE_HOME", (root_ / "state").c_str(), 1); }
-    ~RescueTest() override { unsetenv("XDG_STATE_HOME"); }
-
     std::string Make(const std::string& name, const std::string& bytes) {
-        fs::create_directories((folder_ / name).parent_path());
-        Put(folder_ / name, bytes);
         made_[folder_ / name] = bytes;
-        return folder_ / name;
+        return Letters::Make(name, bytes);
     }
     void Remove(const std::string& path) {
         made_.erase(path);
@@ -114,8 +101,6 @@ protected:
         return all == made_;
     }
 
-    TemporaryFolder root_;
-    fs::path folder_ = root_ / "letters";
     std::map<std::string, std::string> made_;
     FailingFiles files_;
     Rescue rescue_{files_, clipboard};
@@ -327,17 +312,9 @@ TEST(Proposals, MarkTheWordsThatDiffer) {
 }
 
 TEST(RescueWords, CountAsTheLanguageDoes) {
-    for (const auto& [number, words] :
-         std::initializer_list<std::pair<std::size_t, const char*>>{{0, "0 файлов"},
-                                                                    {1, "1 файл"},
-                                                                    {3, "3 файла"},
-                                                                    {5, "5 файлов"},
-                                                                    {11, "11 файлов"},
-                                                                    {14, "14 файлов"},
-                                                                    {21, "21 файл"},
-                                                                    {102, "102 файла"},
-                                                                    {112, "112 файлов"}})
-        EXPECT_EQ(Counted(number, "файл", "файла", "файлов"), words);
+    for (const std::string words : {"0 файлов", "1 файл", "3 файла", "5 файлов", "11 файлов", "14 файлов",
+                                    "21 файл", "102 файла", "112 файлов"})
+        EXPECT_EQ(Counted(std::stoul(words), "файл", "файла", "файлов"), words);
 }
 
 } // namespace

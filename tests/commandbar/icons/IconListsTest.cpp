@@ -5,13 +5,9 @@
 #include "commandbar/icons/clsImageList.h"
 #include "support/DrawnList.h"
 #include "support/FailureOf.h"
-#include "support/FakeDesktop.h"
 #include "support/FakePlatform.h"
-#include "support/IconFiles.h"
+#include "support/Pixels.h"
 #include "support/RecordingSurface.h"
-#include "support/TestsFolder.h"
-
-#include <gtest/gtest.h>
 
 namespace quillshift {
 namespace {
@@ -43,15 +39,10 @@ protected:
 
 // Dark, coloured, white, the two greys of shadows and a neighbour of theirs, a soft edge, and nothing.
 TEST_F(IconLists, LooksAsStored) {
-    for (const Pixel& pixel : {Pixel{0, 0, 0, 255},
-                               {50, 100, 200, 255},
-                               {255, 255, 255, 255},
-                               {227, 227, 227, 255},
-                               {221, 221, 221, 255},
-                               {227, 227, 221, 255},
-                               {0, 0, 0, 128},
-                               {227, 227, 227, 128},
-                               {255, 255, 255, 0}})
+    for (const Pixel& pixel :
+         {Pixel{0, 0, 0, 255}, Pixel{50, 100, 200, 255}, Pixel{255, 255, 255, 255}, Pixel{227, 227, 227, 255},
+          Pixel{221, 221, 221, 255}, Pixel{227, 227, 221, 255}, Pixel{0, 0, 0, 128},
+          Pixel{227, 227, 227, 128}, Pixel{255, 255, 255, 0}})
         Add(pixel);
     bar.InitialiseFromVariant(list.hIml());
     for (int icon = 0; icon < list.ImageCount(); ++icon) {
@@ -74,7 +65,7 @@ TEST_F(IconLists, LooksAsStored) {
         bar.InitialiseFromVariant(list.hIml());
         bar.Draw(surface, 0, IconMode::Disabled, 0, 0);
     }
-    ExpectAsStored(TestsFolder() / "commandbar/drawn/IconLooks.txt", surface.drawn);
+    ExpectAsStored("commandbar/drawn/IconLooks.txt", surface.drawn);
 }
 
 TEST_F(IconLists, DrawingsAsStored) {
@@ -95,7 +86,7 @@ TEST_F(IconLists, DrawingsAsStored) {
     Heading("nothing of a list that is gone");
     other.Destroy();
     list.DrawImage(1, surface, {0, 0}, {.otherList = other.hIml()});
-    ExpectAsStored(TestsFolder() / "commandbar/drawn/IconDrawings.txt", surface.drawn);
+    ExpectAsStored("commandbar/drawn/IconDrawings.txt", surface.drawn);
 }
 
 TEST_F(IconLists, GreysAsStored) {
@@ -108,7 +99,7 @@ TEST_F(IconLists, GreysAsStored) {
             list.DrawImage(list.ImageCount(), surface, {0, 0});
         }
     }
-    ExpectAsStored(TestsFolder() / "commandbar/drawn/IconGreys.txt", surface.drawn);
+    ExpectAsStored("commandbar/drawn/IconGreys.txt", surface.drawn);
 }
 
 TEST_F(IconLists, SizesAsStored) {
@@ -125,7 +116,7 @@ TEST_F(IconLists, SizesAsStored) {
             for (const auto& [width, height] : {std::pair{-1, -1}, {99, 3}, {2, 99}, {0, 3}})
                 bar.Draw(surface, 0, mode, 3, 4, width, height);
     }
-    ExpectAsStored(TestsFolder() / "commandbar/drawn/IconSizes.txt", surface.drawn);
+    ExpectAsStored("commandbar/drawn/IconSizes.txt", surface.drawn);
 }
 
 TEST_F(IconLists, StripAsStored) {
@@ -141,7 +132,7 @@ TEST_F(IconLists, StripAsStored) {
     EXPECT_EQ(bar.IndexOf(11, IconMode::Disabled), 0);
     EXPECT_EQ(bar.IconIndexOf(12), 11);
     EXPECT_EQ(bar.IconIndexOf(13), -1);
-    ExpectAsStored(TestsFolder() / "commandbar/drawn/IconStrip.txt", surface.drawn);
+    ExpectAsStored("commandbar/drawn/IconStrip.txt", surface.drawn);
 }
 
 TEST_F(IconLists, KeepNumbersRightWhenAFileIsMissing) {
@@ -188,11 +179,7 @@ TEST(IconFile, GivesTheImageThatSuitsTheSize) {
 TEST(IconFile, ReadsEveryDepthWithItsMask) {
     const std::string mask("\x40\0\0\0", 4);
     const std::string palette("\xFF\0\0\0\0\xFF\0\0", 8);
-    struct Case {
-        std::string image;
-        Pixel first, second;
-    };
-    const std::vector<Case> cases{
+    const std::tuple<std::string, Pixel, Pixel> cases[] = {
         {BitmapHeader(2, 2, 1) + palette + std::string("\x40\0\0\0", 4) + mask, kBlue, {0, 255, 0, 0}},
         {BitmapHeader(2, 2, 4, 2) + palette + std::string("\x01\0\0\0", 4) + mask, kBlue, {0, 255, 0, 0}},
         {BitmapHeader(2, 2, 8, 2) + palette + std::string("\0\1\0\0", 4) + mask, kBlue, {0, 255, 0, 0}},
@@ -203,10 +190,11 @@ TEST(IconFile, ReadsEveryDepthWithItsMask) {
         {BitmapHeader(2, 2, 32) + std::string("\xFF\0\0\0\0\xFF\0\0", 8) + mask, kBlue, {0, 255, 0, 0}},
         {BitmapHeader(2, 2, 32) + std::string("\xFF\0\0\x80\0\xFF\0\1", 8), {255, 0, 0, 128}, {0, 255, 0, 1}},
     };
-    for (const Case& c : cases) {
-        const auto icon = ReadIcon(IconFile({c.image}), {2, 1});
-        EXPECT_EQ(Corner(icon), c.first) << &c - cases.data();
-        EXPECT_EQ(icon ? PixelOf(icon->hDib(), 1, 0) : Pixel{}, c.second) << &c - cases.data();
+    for (const auto& row : cases) {
+        const auto& [image, first, second] = row;
+        const auto icon = ReadIcon(IconFile({image}), {2, 1});
+        EXPECT_EQ(Corner(icon), first) << &row - cases;
+        EXPECT_EQ(icon ? PixelOf(icon->hDib(), 1, 0) : Pixel{}, second) << &row - cases;
     }
 }
 

@@ -3,21 +3,17 @@
 #include "base/Utf8.h"
 #include "document/rtf/RtfCodePages.h"
 #include "harness/Iconv.h"
+#include "harness/TemporaryFolder.h"
 #include "support/RichTextInvariants.h"
 #include "support/TestsFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <fstream>
-#include <iterator>
-
 namespace quillshift {
 namespace {
 
 std::string Sample(const std::string& name) {
-    std::ifstream file(TestsFolder() / "samples/rtf" / name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    return Contents(TestsFolder() / "samples/rtf" / name);
 }
 
 RichText Read(const std::string& body) {
@@ -39,14 +35,9 @@ CharacterFormat FormatOf(const RichText& rich, std::u16string_view wanted) {
     return {};
 }
 
-struct Case {
-    const char* rtf;
-    std::u16string_view text;
-};
-
-void ExpectTexts(std::initializer_list<Case> cases) {
-    for (const Case& c : cases)
-        EXPECT_EQ(Read(c.rtf).text, c.text) << c.rtf;
+void ExpectTexts(std::initializer_list<std::pair<const char*, std::u16string_view>> cases) {
+    for (const auto& [rtf, text] : cases)
+        EXPECT_EQ(Read(rtf).text, text) << rtf;
 }
 
 TEST(RtfReader, KnowsRtfByItsContent) {
