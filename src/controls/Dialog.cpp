@@ -6,6 +6,7 @@
 #include "platform/qt/Appearance.h"
 
 #include <QKeyEvent>
+#include <QScreen>
 #include <QVBoxLayout>
 #include <QWindow>
 
@@ -46,13 +47,16 @@ bool Dialog::event(QEvent* event) {
         if (shows || (event->type() == QEvent::LayoutRequest && isVisible()))
             FitTheScreen();
     }
+    if (event->type() == QEvent::WindowActivate && y() < screen()->availableGeometry().top())
+        move(x(), screen()->availableGeometry().top()); // a high one is placed as if it had no title
     return QDialog::event(event);
 }
 
 // All that is in it becomes the contents of one part that scrolls, with its layout.
 void Dialog::FitTheScreen() {
+    const QSize room = RoomOnScreen(*this);
     const QSize least = minimumSize().expandedTo(layout()->totalMinimumSize());
-    if (least.boundedTo(RoomOnScreen(*this)) == least)
+    if (least.boundedTo(room) == least)
         return;
     QWidget* const focus = focusWidget();
     auto* const all = new QWidget(this);
@@ -63,7 +67,7 @@ void Dialog::FitTheScreen() {
     auto* const only = new QVBoxLayout(this);
     only->setContentsMargins({});
     only->addWidget(area);
-    resize(area->sizeHint());
+    resize(size().expandedTo(area->sizeHint()).boundedTo(room));
     if (focus != nullptr)
         focus->setFocus();
 }

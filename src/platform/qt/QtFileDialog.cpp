@@ -8,6 +8,7 @@
 #include <QFileDialog>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QScreen>
 #include <QStandardPaths>
 #include <QStyledItemDelegate>
 #include <QTreeView>
@@ -114,7 +115,10 @@ void CompletingDialog::ShowDetailsWhole() {
     details->header()->setStretchLastSection(false);
     details->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     details->header()->setSectionResizeMode(0, QHeaderView::Stretch);
-    resize(sizeHint().expandedTo({fontMetrics().averageCharWidth() * 110, 0}));
+    constexpr double kBesideFrame = 0.93;
+    resize(sizeHint()
+               .expandedTo({fontMetrics().averageCharWidth() * 110, 0})
+               .boundedTo(screen()->availableSize() * kBesideFrame));
 }
 
 // A file that is there by the name as it was typed is opened.

@@ -1,6 +1,7 @@
 #include "wizard/window/frmWizard.h"
 
 #include "base/Utf8.h"
+#include "controls/FittingArea.h"
 #include "controls/ProgressBarWidget.h"
 #include "platform/qt/Appearance.h"
 #include "platform/qt/FileKinds.h"
@@ -34,7 +35,7 @@ namespace {
 
 constexpr std::chrono::milliseconds kBetweenLooks(60);
 constexpr QSize kFirstSize(920, 660);
-constexpr int kLeastList = 200;
+constexpr int kLeastList = 100;
 
 std::string NativeName(const QString& path) {
     return QFile::encodeName(path).toStdString();
@@ -104,7 +105,7 @@ frmWizard::frmWizard(const DialogContext& context, Rescue& rescue)
     rows->addWidget(Sources());
     rows->addWidget(halves, 1);
     rows->addWidget(Work());
-    resize(Larger(kFirstSize.width()), Larger(kFirstSize.height()));
+    resize(QSize(Larger(kFirstSize.width()), Larger(kFirstSize.height())).boundedTo(RoomOnScreen(*this)));
     ConnectAll();
     ChooseTarget();
     ShowRow();
