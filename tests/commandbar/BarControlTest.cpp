@@ -131,19 +131,6 @@ TEST_F(Bars, AToolbarOffersWhatItHasNoRoomFor) {
     EXPECT_EQ(tools->Items().size(), 5U);
 }
 
-TEST_F(Bars, AToolbarIsAsHighAsItIsTold) {
-    for (const char* shown : {"all", "none"}) {
-        tools->SetHeight(25);
-        EXPECT_EQ(WindowOf(*tools).place.Height(), 25) << shown;
-        tools->SetHeight(29);
-        EXPECT_EQ(WindowOf(*tools).place.Height(), 29) << shown;
-        for (const char* tool : {"Cut", "=2", "Split", "List", "Paste"}) {
-            EXPECT_TRUE(!Button(tool).Visible() || tools->Items()[Find(tool).second].Bottom == 29) << tool;
-            Button(tool).SetVisible(false);
-        }
-    }
-}
-
 TEST_F(Bars, OneThatIsLaidOutForgetsWhatIsHotUnlessAMenuIsOpen) {
     Run("over:Cut");
     EXPECT_EQ(WindowOf(*tools).toolTip, u"Cut out (Ctrl+X)");

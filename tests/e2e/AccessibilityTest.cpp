@@ -6,8 +6,6 @@
 #include "shell/Catalogue.h"
 #include "shell/Commands.h"
 
-#include <filesystem>
-
 namespace quillshift::e2e {
 namespace {
 

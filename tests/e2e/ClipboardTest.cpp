@@ -1,5 +1,5 @@
-#include "e2e/ClipboardManager.h"
 #include "e2e/EditorTest.h"
+#include "harness/ClipboardManager.h"
 
 namespace quillshift::e2e {
 namespace {

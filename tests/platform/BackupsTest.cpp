@@ -2,7 +2,6 @@
 #include "harness/TemporaryFolder.h"
 #include "platform/posix/PosixRecoveryStore.h"
 
-#include <cstdlib>
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <sys/mount.h>

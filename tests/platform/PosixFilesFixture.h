@@ -7,7 +7,6 @@
 #include "platform/posix/FileBytes.h"
 #include "support/InProcess.h"
 
-#include <filesystem>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>

@@ -3,7 +3,6 @@
 #include "harness/Calls.h"
 
 #include <fcntl.h>
-#include <filesystem>
 #include <gmock/gmock.h>
 #include <sys/file.h>
 #include <sys/mman.h>
@@ -224,8 +223,6 @@ TEST_F(PosixFilesTest, OnlyWhatIsExpectedIsReplaced) {
     EXPECT_THAT(Names(folder_), UnorderedElementsAre("letter", "linked", "other", "new"));
 }
 
-// Two copies of the program, each of which reads the file, adds a letter and saves it if it is still the
-// same.
 TEST_F(PosixFilesTest, TheMarkTellsOtherContentsFromThoseReadOrWritten) {
     const std::string file = Make("a.txt");
     fs::create_hard_link(Make("linked.txt"), folder_ / "other name"); // written in place
@@ -285,6 +282,7 @@ TEST_F(PosixFilesTest, WhatCannotBeLookedAtIsNotTakenForNothing) {
     EXPECT_FALSE(files_.Read(behind).isUnknown) << "nothing is there";
 }
 
+// Each reads the file, adds a letter and saves it if it is still the same.
 TEST_F(PosixFilesTest, CopiesThatSaveOneFileAtOnceLoseNothing) {
     constexpr int kEach = 25;
     for (const bool linked : {false, true}) {

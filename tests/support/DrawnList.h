@@ -3,9 +3,6 @@
 #include "harness/TemporaryFolder.h"
 #include "support/TestsFolder.h"
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
 
 namespace quillshift {

@@ -5,7 +5,6 @@
 
 #include <QtTest/QtTest>
 #include <QtWidgets/QtWidgets>
-#include <cstdlib>
 #include <gtest/gtest.h>
 
 namespace quillshift {

@@ -6,7 +6,6 @@
 #include "support/TestsFolder.h"
 
 #include <QtWidgets/QtWidgets>
-#include <filesystem>
 
 namespace quillshift {
 namespace {

@@ -329,11 +329,10 @@ TEST_F(ToolBarsDialog, HidesItemsByTheKeyboardAndTheBarsFollowBehindIt) {
     EXPECT_FALSE(CanApply());
     const std::string hidden(4, '\0');
     const std::string shown(4, '\xFF');
-    for (const auto& [bar, name, value] : {std::tuple("standart", "00", shown),
-                                           {"standart", "01", hidden},
-                                           {"standart", "39", hidden},
-                                           {"decode", "00", hidden},
-                                           {"decode", "02", shown}})
+    using Row = std::tuple<const char*, const char*, std::string>;
+    for (const auto& [bar, name, value] :
+         {Row{"standart", "00", shown}, Row{"standart", "01", hidden}, Row{"standart", "39", hidden},
+          Row{"decode", "00", hidden}, Row{"decode", "02", shown}})
         EXPECT_EQ(Item(bar, name).data, value) << bar << name;
     EXPECT_TRUE(test.Button("TOOLBAR:NEW").Visible());
     test.timers.Tick();

@@ -176,11 +176,9 @@ TEST_F(RescueTest, AChoiceByHandServesTheOtherUnsureFilesOfItsFolderOnly) {
     Repair();
     EXPECT_EQ(Sure("odd.txt"), "оставлен: что-то потерялось бы");
     const std::string chosen = Iconv(Iconv(few, "CP1251", "KOI8-R"), "MAC-CYRILLIC", "UTF-8");
-    for (const auto& [name, bytes] : {std::pair{"a/1.txt", chosen},
-                                      {"a/2.txt", chosen},
-                                      {"a/3.txt", few},
-                                      {"b/4.txt", few},
-                                      {"a/clean.txt", text}})
+    using File = std::pair<const char*, std::string>;
+    for (const auto& [name, bytes] : {File{"a/1.txt", chosen}, File{"a/2.txt", chosen}, File{"a/3.txt", few},
+                                      File{"b/4.txt", few}, File{"a/clean.txt", text}})
         EXPECT_EQ(Contents(folder_ / name), bytes) << name;
     rescue_.Choose(first, std::nullopt); // what is written already is no matter of choice
     EXPECT_EQ(Sure("1.txt"), "исправлен");

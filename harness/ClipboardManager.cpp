@@ -1,4 +1,4 @@
-#include "e2e/ClipboardManager.h"
+#include "harness/ClipboardManager.h"
 
 #include <X11/Xutil.h>
 #include <unistd.h>
