@@ -41,8 +41,10 @@ void FullScreen::Attach(TextSurface& screen) {
 }
 
 void FullScreen::Detach(const TextSurface& screen) {
-    if (screen_ == &screen)
-        screen_ = nullptr;
+    if (screen_ != &screen)
+        return;
+    screen_ = nullptr;
+    services_.follow(services_.document);
 }
 
 // Who has only had a look comes back to where the document stood.

@@ -94,9 +94,13 @@ void PassOn(QAccessibleEvent* event) {
     if ((!goes && !IsOnScreen(event->object())) || !IsWindowOfItsOwn(event->object()) ||
         IsToldOfDocument(*event))
         return;
-    QAccessibleEvent changed(event->object(), QAccessible::VisibleDataChanged);
     QAccessible::installUpdateHandler(nullptr);
-    QAccessible::updateAccessibility(LettersIn(*event) > kMostTold ? &changed : event);
+    if (LettersIn(*event) > kMostTold) {
+        QAccessibleEvent changed(event->object(), QAccessible::VisibleDataChanged);
+        QAccessible::updateAccessibility(&changed);
+    } else {
+        QAccessible::updateAccessibility(event);
+    }
     QAccessible::installUpdateHandler(PassOn);
 }
 
